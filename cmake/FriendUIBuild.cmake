@@ -1,0 +1,49 @@
+# Compiler settings and helpers that every target of the tree uses.
+
+set(CMAKE_CXX_STANDARD 17)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_AUTOMOC ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE_PROGRAM}")
+endif()
+
+set(FRIENDUI_SANITIZE "" CACHE STRING "Sanitizers to build with, such as address,undefined or thread")
+option(FRIENDUI_COVERAGE "Instrument for gcov" OFF)
+
+add_library(friendui_settings INTERFACE)
+target_compile_definitions(friendui_settings INTERFACE
+    QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+    QT_DEPRECATED_WARNINGS QT_DISABLE_DEPRECATED_BEFORE=0x050F00)
+if(MSVC)
+    target_compile_options(friendui_settings INTERFACE /W4 /utf-8 /permissive- /Zc:__cplusplus)
+else()
+    target_compile_options(friendui_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
+endif()
+if(FRIENDUI_SANITIZE)
+    target_compile_options(friendui_settings INTERFACE
+        -fsanitize=${FRIENDUI_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
+    target_link_options(friendui_settings INTERFACE -fsanitize=${FRIENDUI_SANITIZE})
+endif()
+if(FRIENDUI_COVERAGE)
+    target_compile_options(friendui_settings INTERFACE --coverage)
+    target_link_options(friendui_settings INTERFACE --coverage)
+endif()
+
+# friendui_library(NAME SOURCES... [LINK targets...])
+# A static link target of the product. Its own folder is not an include path:
+# files are included as "folder/file.h" from the root of the tree.
+function(friendui_library name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    add_library(${name} STATIC ${ARG_SOURCES})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE friendui_settings)
+endfunction()

@@ -1,0 +1,59 @@
+// The front end of the log: builds an entry on the calling thread and hands it
+// to the log thread of the host.
+#pragma once
+
+#include <QMutex>
+#include <QObject>
+#include <QString>
+#include <QTextStream>
+
+#include <atomic>
+
+class CLogThread;
+class LogFileWriter;
+
+class CLogManger : public QObject
+{
+    Q_OBJECT
+
+public:
+    static CLogManger &instance();
+
+    // The level of the entry being built: 1 TRACE .. 6 FATAL.
+    std::atomic<int> level{2};
+
+    // The base name of `file` and the line.
+    void setLocation(const char *file, int line);
+
+    // Adds UTF-8 text to the entry; the exact text "\n" ends it. Without a log
+    // thread in the context the entry is dropped.
+    CLogManger &append(const char *text);
+    CLogManger &append(const QString &text);
+
+    // One complete entry in one call, from any thread.
+    void log(int entryLevel, const QString &location, const QString &message);
+
+    void clear();
+    void flush();
+
+private:
+    CLogManger();
+    bool attach();
+    void finishEntry();
+
+    LogFileWriter *m_writer = nullptr;
+    CLogThread *m_thread = nullptr;
+    QString m_location;
+    QString m_buffer;
+    QTextStream m_stream;
+    QMutex m_mutex;
+};
+
+inline CLogManger &operator<<(CLogManger &log, const char *text)
+{
+    return log.append(text);
+}
+inline CLogManger &operator<<(CLogManger &log, const QString &text)
+{
+    return log.append(text);
+}

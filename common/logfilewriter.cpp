@@ -1,0 +1,138 @@
+#include "common/logfilewriter.h"
+
+#include <QDateTime>
+
+LogFileWriter::LogFileWriter(const QString &fileName) : m_fileName(fileName)
+{
+    open();
+}
+
+LogFileWriter::~LogFileWriter()
+{
+    close();
+}
+
+void LogFileWriter::open()
+{
+    const QMutexLocker lock(&m_mutex);
+    m_file = std::make_unique<QFile>(m_fileName);
+    m_open = m_file->open(QIODevice::ReadWrite | QIODevice::Text);
+    if (!m_open)
+        return;
+    m_file->setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    m_stream = std::make_unique<QTextStream>(m_file.get());
+    m_stream->setCodec("UTF-8");
+    // One byte before the end: a continued file's last line break is overwritten
+    // on purpose; in a new file the seek fails and the position stays 0.
+    m_stream->seek(m_file->size() - 1);
+}
+
+bool LogFileWriter::isOpen() const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_open;
+}
+
+bool LogFileWriter::isEnabled(qint32 level) const
+{
+    const QMutexLocker lock(&m_mutex);
+    return m_threshold <= level;
+}
+
+void LogFileWriter::setThreshold(qint32 level)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_threshold = level;
+}
+
+void LogFileWriter::setMaximumFileSize(qint64 kilobytes)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_maximumSize = kilobytes * 1024;
+}
+
+void LogFileWriter::setMaximumBackupIndex(qint32 index)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_maximumBackupIndex = index;
+}
+
+void LogFileWriter::write(qint32 level, const QString &location, const QString &message)
+{
+    const QString time =
+        QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
+    bool rollOverDue = false;
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (!m_open || level < m_threshold || !m_file || !m_stream)
+            return;
+        *m_stream << '[' << time << "][" << levelName(level) << "][" << location << "]: " << message
+                  << '\n';
+        // Without the flush the size below would be that of before the line.
+        m_stream->flush();
+        rollOverDue = m_file->size() >= m_maximumSize;
+    }
+    if (rollOverDue)
+        rollOver();
+}
+
+void LogFileWriter::flush()
+{
+    const QMutexLocker lock(&m_mutex);
+    if (m_open && m_stream)
+        m_stream->flush();
+}
+
+void LogFileWriter::closeLocked()
+{
+    if (!m_open)
+        return;
+    m_open = false;
+    m_stream->flush();
+    m_stream.reset();
+    m_file.reset();
+}
+
+void LogFileWriter::close()
+{
+    const QMutexLocker lock(&m_mutex);
+    closeLocked();
+}
+
+void LogFileWriter::clear()
+{
+    close();
+    QFile::remove(m_fileName);
+    open();
+}
+
+void LogFileWriter::rollOver()
+{
+    close();
+    {
+        const QMutexLocker lock(&m_mutex);
+        if (m_maximumBackupIndex > 0) {
+            const auto backup = [this](qint32 index) {
+                return m_fileName + QLatin1Char('.') + QString::number(index);
+            };
+            QString target = backup(m_maximumBackupIndex);
+            QFile::remove(target);
+            for (qint32 i = m_maximumBackupIndex - 1; i >= 1; --i) {
+                const QString source = backup(i);
+                if (QFile::exists(source))
+                    QFile::rename(source, target);
+                target = source;
+            }
+            QFile::rename(m_fileName, target);
+        }
+        closeLocked();
+    }
+    QFile::remove(m_fileName);
+    open();
+}
+
+QString LogFileWriter::levelName(qint32 level)
+{
+    static const char *const names[] = {"", "TRACE", "DEBUG", "INFO", "WARN", "ERROR", "FATAL"};
+    return QString::fromLatin1(level >= 1 && level <= 6 ? names[level] : "");
+}

@@ -1,0 +1,107 @@
+// What the reference host needs of a messaging server: roster, groups, presence,
+// profiles, rooms, messages. The host's event bus talks only to this class, so
+// that a client of a real server can take the embedded core's place.
+//
+// Reads answer from what is known locally. Requests return at once and are
+// answered by a signal, never inside the call; a request that fails answers with
+// its success flag false, or with the failure signal named beside it. Records
+// and jids are those of hostapi. GUI thread only.
+#pragma once
+
+#include "hostapi/hostrecords.h"
+
+#include <QMap>
+#include <QObject>
+#include <QStringList>
+
+class MessagingCore : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+    // --- Identity -----------------------------------------------------------
+    virtual QString ownUid() const = 0;
+    virtual QString serverDomain() const = 0;
+    virtual QString companyCode() const = 0;
+    virtual bool isConnected() const = 0;
+    QString ownJid() const { return ownUid() + QLatin1Char('@') + serverDomain(); }
+
+    // --- Reads --------------------------------------------------------------
+    virtual QList<GroupData> groups(bool inner) const = 0;
+    virtual QList<FriendData> contacts() const = 0; // inner and external
+    virtual bool contact(const QString &jid, FriendData *out) const = 0;
+    virtual PresenceData presence(const QString &jid) const = 0;
+    virtual QMap<QString, PresenceData> allPresence() const = 0; // only who is online
+    virtual bool cooperates(const QString &jid, bool *value) const = 0;
+    virtual bool profile(const QString &jid, VcardInfo *out) const = 0;
+    virtual QList<MucData> rooms() const = 0;
+    virtual bool room(const QString &jid, MucData *out) const = 0;
+    virtual QList<MucMemberData> roomMembers(const QString &jid) const = 0;
+    virtual int roomRole(const QString &jid) const = 0; // 0 member, 1 manager, 2 owner
+    // The newest `limit` messages of a conversation, oldest first.
+    virtual QList<MessageData> messages(const QString &jid, int limit) const = 0;
+
+    // --- Requests: session --------------------------------------------------
+    virtual void setConnected(bool connected) = 0;                 // connectionChanged
+    virtual void setOwnPresence(const PresenceData &presence) = 0; // ownPresenceChanged
+
+    // --- Requests: roster ---------------------------------------------------
+    virtual void requestGroups(bool inner) = 0; // groupsReceived or groupsFailed
+    virtual void requestContacts() = 0;         // contactsReceived
+    virtual void createGroup(const QString &name, bool inner) = 0;
+    virtual void renameGroup(const QString &groupId, const QString &name, bool inner) = 0;
+    virtual void deleteGroup(const QString &groupId, bool inner) = 0; // contacts are kept
+    virtual void moveContact(const QString &jid, const QString &oldGroupId,
+                             const QString &newGroupId, bool inner) = 0;
+    virtual void removeContact(const QString &jid, bool inner) = 0;
+    virtual void setRemark(const QString &jid, const QString &remark) = 0;
+    virtual void requestPolicy(const QString &jid) = 0;
+    virtual void addContact(const QString &jid, const QString &validation, const QString &groupId,
+                            const QString &remark) = 0; // requestAnswered or additionFailed
+    virtual void addContacts(const QStringList &uids, const QString &groupId) = 0;
+    virtual void requestProfile(const QString &jid, bool full) = 0; // or profileFailed
+    virtual void storeOwnProfile(const VcardInfo &profile) = 0;
+
+    // --- Requests: rooms and messages ---------------------------------------
+    virtual void createRoom(const QStringList &jids, const QString &subject) = 0;
+    virtual void renameRoom(const QString &roomJid, const QString &subject) = 0;
+    virtual void quitRoom(const QString &roomJid) = 0;
+    virtual void dismissRoom(const QString &roomJid) = 0;
+    virtual void classifyRoom(const QString &roomJid, MucData::MucClassify classify) = 0;
+    virtual void sendMessage(const QString &jid, MessageData::Kind kind, const QString &body) = 0;
+
+signals:
+    void connectionChanged(bool connected);
+    void ownPresenceChanged();
+
+    void groupsReceived(const QList<GroupData> &groups, bool inner);
+    void groupsFailed(bool inner);
+    void contactsReceived(const QList<FriendData> &contacts);
+    void groupCreated(const QString &groupId, const QString &name, bool success, bool inner);
+    void groupRenamed(const QString &groupId, const QString &name, bool success, bool inner);
+    void groupDeleted(const QString &groupId, bool success, bool inner);
+    void contactMoved(bool success, const QString &jid, const QString &oldGroupId,
+                      const QString &newGroupId, bool inner);
+    void contactAdded(const QString &jid);
+    void contactRemoved(const QString &jid, bool inner);
+    void contactRemovalFailed(const QString &jid, bool inner);
+    void remarkChanged(const QString &jid, const QString &remark);
+    void presenceChanged(const QMap<QString, PresenceData> &presence);
+    void policyReceived(const QString &jid, const QString &config, const QString &displayName);
+    void contactRequested(const QString &jid, const QString &text, const QString &time);
+    void requestAnswered(const QString &jid, bool added, const QString &time);
+    void additionFailed(const QString &jid);
+    void batchAdditionFailed(const QStringList &uids);
+    void profileReceived(const QString &jid, const VcardInfo &profile, bool full);
+    void profileFailed(const QString &jid);
+    void ownProfileStored();
+
+    void roomAdded(const MucData &room);
+    void roomRenamed(const QString &roomJid, const QString &subject, const QString &modifier);
+    void roomLeft(const QString &roomJid);
+    void roomDismissed(const QString &roomJid);
+    void roomClassified(const QString &roomJid, int classify);
+    void messageReceived(bool received, const MessageData &message);
+};

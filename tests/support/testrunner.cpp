@@ -1,0 +1,56 @@
+#include "tests/support/testrunner.h"
+
+#include <QApplication>
+#include <QMap>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+QMap<QByteArray, TestFactory> &factories()
+{
+    static QMap<QByteArray, TestFactory> map;
+    return map;
+}
+} // namespace
+
+bool registerTestClass(const char *name, const TestFactory &factory)
+{
+    factories().insert(name, factory);
+    return true;
+}
+
+int runTestClasses(int argc, char **argv)
+{
+    QTemporaryDir home;
+    for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
+        qputenv(variable, home.path().toUtf8());
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication app(argc, argv);
+
+    QStringList arguments = app.arguments();
+    QByteArray only;
+    if (arguments.size() > 1 && factories().contains(arguments.at(1).toLatin1()))
+        only = arguments.takeAt(1).toLatin1();
+    else if (arguments.size() > 1 && arguments.at(1).startsWith(QLatin1String("Tst"))) {
+        std::fprintf(stderr, "no test class %s in this executable\n", argv[1]);
+        return 1;
+    }
+
+    int failed = 0;
+    for (auto at = factories().constBegin(); at != factories().constEnd(); ++at) {
+        if (!only.isEmpty() && at.key() != only)
+            continue;
+        const std::unique_ptr<QObject> test(at.value()());
+        failed += QTest::qExec(test.get(), arguments) == 0 ? 0 : 1;
+    }
+    return failed;
+}
+
+int main(int argc, char **argv)
+{
+    return runTestClasses(argc, argv);
+}

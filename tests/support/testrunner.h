@@ -1,0 +1,21 @@
+// One test executable holds several test classes. A class announces itself with
+// FRIENDUI_TEST(Class) in its .cpp; the executable's arguments are the name of
+// the class to run (all, without one) and Qt Test's own.
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+using TestFactory = std::function<QObject *()>;
+
+// Returns a value so that it can initialise a static.
+bool registerTestClass(const char *name, const TestFactory &factory);
+
+// Runs the classes in a home and configuration folder of their own, which is
+// removed at the end. The result is the number of classes that failed.
+int runTestClasses(int argc, char **argv);
+
+#define FRIENDUI_TEST(Class)                                                                       \
+    static const bool registered_##Class =                                                         \
+        registerTestClass(#Class, [] { return static_cast<QObject *>(new Class); });
