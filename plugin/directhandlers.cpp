@@ -4,8 +4,8 @@
 #include "common/cserversettings.h"
 #include "common/logging.h"
 #include "hostapi/eventcatalogue.h"
-#include "plugin/frienduimessageprocess.h"
 #include "plugin/paneactions.h"
+#include "plugin/payloadreader.h"
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -17,34 +17,19 @@ FriendUISignalSender *hub()
     return FriendUISignalSender::instance();
 }
 
-void logDropped(const BaseEvent &event)
-{
-    const EventInfo *info = EventCatalogue::find(EventInfo::ToPlugin, event.code);
-    LOG_WARN("event " << QString::number(event.code) << " " << (info ? info->name : "")
-                      << " dropped: nobody is there to act on it");
-}
-
-enum class Needs
-{
-    Actions,
-    Pane // a page of the pane as well
-};
-
 // The actions to call for the event, or null after its one line in the log.
-PaneActions *actionsFor(const BaseEvent &event, Needs needs)
+PaneActions *actionsFor(const BaseEvent &event)
 {
     PaneActions *actions = paneActions();
-    if (actions && (needs == Needs::Actions || FriendUIMessageProcess::instance()->hasPane()))
-        return actions;
-    logDropped(event);
-    return nullptr;
+    if (!actions)
+        DirectHandlers::drop(event);
+    return actions;
 }
 
 // Reads the payload in the order of the action's parameters and calls it.
-template <class... Params>
-void act(const BaseEvent &event, Needs needs, void (PaneActions::*action)(Params...))
+template <class... Params> void act(const BaseEvent &event, void (PaneActions::*action)(Params...))
 {
-    if (PaneActions *actions = actionsFor(event, needs)) {
+    if (PaneActions *actions = actionsFor(event)) {
         auto arguments = readPayload<Params...>(event.payload);
         std::apply([=](auto &...argument) { (actions->*action)(argument...); }, arguments);
     }
@@ -58,6 +43,13 @@ void logDetailFailure()
 } // namespace
 
 void DirectHandlers::nothing(BaseEvent &) {}
+
+void DirectHandlers::drop(const BaseEvent &event)
+{
+    const EventInfo *info = EventCatalogue::find(EventInfo::ToPlugin, event.code);
+    LOG_WARN("event " << QString::number(event.code) << " " << (info ? info->name : "")
+                      << " dropped: nobody is there to act on it");
+}
 
 void DirectHandlers::contactRemoved(BaseEvent &event)
 {
@@ -89,7 +81,7 @@ void DirectHandlers::loginChanged(BaseEvent &event)
 void DirectHandlers::allOffline(BaseEvent &event)
 {
     emit hub()->signal_doalloffline();
-    if (PaneActions *actions = actionsFor(event, Needs::Actions))
+    if (PaneActions *actions = actionsFor(event))
         actions->hideContactCard(QString());
 }
 
@@ -121,42 +113,42 @@ void DirectHandlers::openOwnDetail(BaseEvent &)
 
 void DirectHandlers::showContactCard(BaseEvent &event)
 {
-    act(event, Needs::Actions, &PaneActions::showContactCard);
+    act(event, &PaneActions::showContactCard);
 }
 
 void DirectHandlers::hideContactCard(BaseEvent &event)
 {
-    act(event, Needs::Actions, &PaneActions::hideContactCard);
+    act(event, &PaneActions::hideContactCard);
 }
 
 void DirectHandlers::hideOfflineInitialised(BaseEvent &event)
 {
-    act(event, Needs::Pane, &PaneActions::hideOfflineInitialised);
+    act(event, &PaneActions::hideOfflineInitialised);
 }
 
 void DirectHandlers::locateContact(BaseEvent &event)
 {
-    act(event, Needs::Pane, &PaneActions::locateContact);
+    act(event, &PaneActions::locateContact);
 }
 
 void DirectHandlers::externalContactAnswer(BaseEvent &event)
 {
-    act(event, Needs::Pane, &PaneActions::externalContactAnswer);
+    act(event, &PaneActions::externalContactAnswer);
 }
 
 void DirectHandlers::openServiceNumber(BaseEvent &event)
 {
-    act(event, Needs::Pane, &PaneActions::openServiceNumber);
+    act(event, &PaneActions::openServiceNumber);
 }
 
 void DirectHandlers::openServiceNumberSearch(BaseEvent &event)
 {
-    act(event, Needs::Pane, &PaneActions::openServiceNumberSearch);
+    act(event, &PaneActions::openServiceNumberSearch);
 }
 
 void DirectHandlers::reloadChannels(BaseEvent &event)
 {
-    act(event, Needs::Pane, &PaneActions::reloadChannels);
+    act(event, &PaneActions::reloadChannels);
 }
 
 void DirectHandlers::virtualTeamsChanged(BaseEvent &event)
@@ -166,7 +158,7 @@ void DirectHandlers::virtualTeamsChanged(BaseEvent &event)
     const QString type = object.value(QLatin1String("type")).toString();
 
     if (type == QLatin1String("audit") || type == QLatin1String("join")) {
-        if (PaneActions *actions = actionsFor(event, Needs::Pane))
+        if (PaneActions *actions = actionsFor(event))
             actions->virtualTeamEvent(type, object.value(QLatin1String("vtId")).toString(),
                                       object.value(QLatin1String("member")).toString());
     } else {

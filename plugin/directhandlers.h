@@ -1,9 +1,8 @@
 // The events that are more than one signal: those that act on a view, answer a
 // question, or choose between signals. Rows of the inbound table.
 //
-// Those that act on a view go through paneActions(). Without actions, and where a
-// page of the pane is meant while there is no pane, such an event is dropped with
-// one line in the log: an event never makes the pane.
+// Those that act on a view go through paneActions(); without actions such an event
+// is dropped with one line in the log.
 #pragma once
 
 class BaseEvent;
@@ -11,6 +10,9 @@ class BaseEvent;
 namespace DirectHandlers {
 
 void nothing(BaseEvent &event);
+
+// Writes the one line about an event that nobody can act on.
+void drop(const BaseEvent &event);
 
 void contactRemoved(BaseEvent &event);
 void connectionChanged(BaseEvent &event);

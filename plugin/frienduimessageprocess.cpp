@@ -70,6 +70,6 @@ void FriendUIMessageProcess::customEvent(QEvent *event)
     // A copy: the handler may take itself out of the table while it runs.
     if (const Handler registered = m_registered.value(hostEvent->code))
         registered(*hostEvent);
-    else if (const InboundHandler handle = inboundHandler(hostEvent->code))
-        handle(*hostEvent);
+    else
+        handleInbound(*hostEvent, hasPane());
 }

@@ -11,10 +11,17 @@ namespace {
 
 using Hub = FriendUISignalSender;
 
+enum class Needs
+{
+    Nothing,
+    Pane
+};
+
 struct Row
 {
     qint32 code;
-    InboundHandler handle;
+    void (*handle)(BaseEvent &);
+    Needs needs = Needs::Nothing;
 };
 
 // clang-format off
@@ -47,7 +54,7 @@ constexpr Row rows[] = {
     {Inbound::ServiceNumberUpdated, emits<&Hub::signal_notifyUpdateServiceNum>},
     {Inbound::Ignored4179, DirectHandlers::nothing},
     {Inbound::MayAddContact, DirectHandlers::mayAddContact},
-    {Inbound::HideOfflineInitialised, DirectHandlers::hideOfflineInitialised},
+    {Inbound::HideOfflineInitialised, DirectHandlers::hideOfflineInitialised, Needs::Pane},
     {Inbound::LoginChanged, DirectHandlers::loginChanged},
     {Inbound::RoomLeft, emits<&Hub::signal_removedRoom>},
     {Inbound::ShowContactCard, DirectHandlers::showContactCard},
@@ -81,8 +88,8 @@ constexpr Row rows[] = {
     {Inbound::ProfileUnchanged, emits<&Hub::signal_GetVcardSuccessNoChange>},
     {Inbound::OpenContactDetailAlso, DirectHandlers::openContactDetail},
     {Inbound::LocateInOrganisation, emits<&Hub::signal_position_orgstruct>},
-    {Inbound::OpenServiceNumber, DirectHandlers::openServiceNumber},
-    {Inbound::ReloadChannels, DirectHandlers::reloadChannels},
+    {Inbound::OpenServiceNumber, DirectHandlers::openServiceNumber, Needs::Pane},
+    {Inbound::ReloadChannels, DirectHandlers::reloadChannels, Needs::Pane},
     {Inbound::CooperationChanged, emits<&Hub::signal_notifyCooperate>},
     {Inbound::RemarkChanged, emits<&Hub::signal_notifyFriendRemarkName>},
     {Inbound::ChannelRemoved, emits<&Hub::signal_notifyRemoveChannel>},
@@ -90,11 +97,11 @@ constexpr Row rows[] = {
     {Inbound::VirtualTeamsChanged, DirectHandlers::virtualTeamsChanged},
     {Inbound::VirtualTeamRefresh, emits<&Hub::signal_refresh_virtualTeam>},
     {Inbound::VirtualTeamMembersPicked, emits<&Hub::signal_addMembersToVirtualTeam>},
-    {Inbound::OpenServiceNumberSearch, DirectHandlers::openServiceNumberSearch},
+    {Inbound::OpenServiceNumberSearch, DirectHandlers::openServiceNumberSearch, Needs::Pane},
     {Inbound::OpenOwnDetail, DirectHandlers::openOwnDetail},
-    {Inbound::ExternalContactAnswer, DirectHandlers::externalContactAnswer},
+    {Inbound::ExternalContactAnswer, DirectHandlers::externalContactAnswer, Needs::Pane},
     {Inbound::OrganisationChanged, emits<&Hub::signal_refreshOrganization>},
-    {Inbound::LocateContact, DirectHandlers::locateContact},
+    {Inbound::LocateContact, DirectHandlers::locateContact, Needs::Pane},
     {Inbound::ChannelHeadChanged, emits<&Hub::signal_notifyUpdateChannelHead>},
 };
 // clang-format on
@@ -112,10 +119,15 @@ static_assert(rowsAreSorted(), "the table stands in the order of its codes");
 
 } // namespace
 
-InboundHandler inboundHandler(qint32 code)
+void handleInbound(BaseEvent &event, bool hasPane)
 {
     const auto row = std::lower_bound(
-        std::begin(rows), std::end(rows), code,
+        std::begin(rows), std::end(rows), event.code,
         [](const Row &candidate, qint32 wanted) { return candidate.code < wanted; });
-    return row != std::end(rows) && row->code == code ? row->handle : nullptr;
+    if (row == std::end(rows) || row->code != event.code)
+        return;
+    if (row->needs == Needs::Pane && !hasPane)
+        DirectHandlers::drop(event);
+    else
+        row->handle(event);
 }

@@ -11,25 +11,13 @@
 #include <tuple>
 #include <type_traits>
 
-namespace PayloadReader {
-
-// A stream that has failed goes on delivering whatever bytes come next, so
-// nothing is read from it any more.
-template <class T> void readNext(QDataStream &in, T &argument)
-{
-    if (in.status() == QDataStream::Ok)
-        RecordStream::read(in, argument);
-}
-
-} // namespace PayloadReader
-
 // The arguments in wire order. Whatever the payload lacks, or holds broken, is a
 // default value; so is every argument behind it.
 template <class... Args> std::tuple<std::decay_t<Args>...> readPayload(const QByteArray &payload)
 {
     std::tuple<std::decay_t<Args>...> arguments{};
     QDataStream in(payload);
-    std::apply([&in](auto &...argument) { (PayloadReader::readNext(in, argument), ...); },
+    std::apply([&in](auto &...argument) { (RecordStream::readNext(in, argument), ...); },
                arguments);
     return arguments;
 }
