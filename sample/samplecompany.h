@@ -33,11 +33,14 @@ struct SampleDepartment
 {
     QString id, parentId; // the parent of the topmost ones is the company code
     QString name;
-    int level = 1;       // 1 to 3
-    int head = -1;       // index of a person
-    int firstLeaf = 0;   // the departments without children are numbered through;
-    int leafCount = 0;   // these are the ones at or below this department
-    bool isLeaf = false; // people belong to leaves only
+    int parent = -1; // index of the parent department; -1: the company
+    int level = 1;   // 1 to 3
+    int kind = 0;    // which line of work; the same below one topmost department
+    int head = -1;   // index of a person
+    // People belong to departments without children. Those are numbered through;
+    // these are the ones at or below this department.
+    int firstLeaf = 0, leafCount = 0;
+    bool isLeaf = false;
 };
 
 struct SampleGroup
@@ -106,10 +109,13 @@ public:
 private:
     quint64 draw(int index, int field) const; // the same for the same three numbers
     void buildDepartments();
+    void addDepartments(int division, int leaves);
+    int addDepartment(int parent, int kind, const QString &name, int leaves, bool isLeaf);
     void buildFriendGroups();
     int leafOf(int index) const;
     int headOfLeaf(int leaf) const;
     QString leaderOf(int index) const;
+    QString dutyOf(int index) const;
     void fillContact(SamplePerson *person) const;
 
     int m_people;
