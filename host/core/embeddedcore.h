@@ -14,9 +14,10 @@
 #include "host/messagingcore.h"
 #include "sample/samplecompany.h"
 
-#include <QElapsedTimer>
+#include <QQueue>
 #include <QScopedPointer>
 #include <QSet>
+#include <QVector>
 
 #include <functional>
 
@@ -157,13 +158,19 @@ public:
     void sendMessage(const QString &jid, MessageData::Kind kind, const QString &body) override;
 
 private:
-    // Answers later: `answer` is told whether the operation may succeed.
+    // Calls `answer` after the delay, behind every earlier request's answer, and
+    // tells it whether the operation may succeed.
     void later(Operation operation, std::function<void(bool)> answer);
+    void enqueue(std::function<void()> work);
     void seedPresence();
-    bool addNow(const QString &jid, const QString &groupId, const QString &remark);
-    void confirmLater(const QString &jid, const QString &groupId, const QString &remark);
+    PresenceData presenceAtStart(const FriendData &contact) const;
+    QString fullJid(const QString &uidOrJid) const;
     SampleCompany::Policy policyOf(const QString &jid, bool *known) const;
     QString displayName(const QString &jid) const;
+    bool addNow(const QString &jid, const QString &groupId, const QString &remark);
+    void answerRequest(const QString &jid, const QString &groupId, const QString &remark);
+    void requestAccepted(const QString &jid, const QString &groupId, const QString &remark);
+    bool importOne(const ImportedContact &imported, ImportCounts *counts);
 
     Options m_options;
     SampleCompany m_company;
@@ -171,9 +178,10 @@ private:
     QScopedPointer<RosterBook> m_roster;
     QScopedPointer<RoomBook> m_rooms;
     QMap<QString, PresenceData> m_presence; // only who is online
-    PresenceData m_ownPresence;
     bool m_connected = true;
     int m_answerDelay = 30;
     int m_confirmationDelay = 3000;
     QSet<int> m_failing, m_silent;
+    QQueue<std::function<void()>> m_queue;          // answers to come
+    QVector<std::function<void()>> m_whenConnected; // what others did in the meantime
 };

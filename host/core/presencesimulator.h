@@ -2,6 +2,8 @@
 // and somebody writes. The same seed gives the same course of events.
 #pragma once
 
+#include "hostapi/roomrecords.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -32,13 +34,13 @@ public:
 
 private:
     quint64 next();
-    void replyTo(const struct MessageData &message);
+    QString text();
+    void replyTo(bool received, const MessageData &message);
 
     EmbeddedCore *m_core;
     quint64 m_state;
     QTimer m_presenceTimer, m_messageTimer;
     int m_people = 3;
-    int m_messageInterval = 0;
     bool m_replies = true;
     bool m_running = false;
 };
