@@ -230,7 +230,7 @@ bool RosterBook::profile(const QString &jid, VcardInfo *out) const
 bool RosterBook::nameIsFree(const QString &name, bool inner) const
 {
     return !name.isEmpty() && name != defaultGroupName() && name != frequentGroupName() &&
-           groupIdOf(name, inner).isNull();
+           !table(inner).ids.contains(name);
 }
 
 bool RosterBook::isFixed(const QString &id, bool inner) const
@@ -252,8 +252,10 @@ bool RosterBook::createGroup(const QString &name, bool inner, QString *id)
 bool RosterBook::ensureGroup(const QString &name, QString *id)
 {
     const QString trimmed = name.trimmed();
+    if (!trimmed.isEmpty() && !m_inner.ids.contains(trimmed))
+        return appendGroup(trimmed, true, id);
     *id = trimmed.isEmpty() ? QString::fromLatin1("") : m_inner.ids.value(trimmed);
-    return !id->isNull() || appendGroup(trimmed, true, id);
+    return true;
 }
 
 bool RosterBook::appendGroup(const QString &name, bool inner, QString *id)
