@@ -84,7 +84,7 @@ public:
                                  .arg(index.data(EntryRole::Id).toString());
         const QPoint middle = option.rect.center();
         painter->drawPixmap(middle.x() - IconSize / 2, option.rect.top() + 10,
-                            picture(icon, IconSize, painter->device()->devicePixelRatioF(), color));
+                            loadPicture(icon, IconSize, painter->device()->devicePixelRatioF(), color));
         painter->setFont(skinFont(TextPixels, current ? QFont::DemiBold : QFont::Normal));
         painter->setPen(current ? colors.theme : colors.text);
         const QRect textArea(option.rect.left() + 3, option.rect.top() + 37,

@@ -40,13 +40,13 @@ void FriendTreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
                faded);
     row.presence(presence);
     if (index.data(FriendTreeRole::Cooperate).toBool()) {
-        row.markAtRight(picture(QStringLiteral("Resources/images/icon/ic_cooperate.png"),
+        row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_cooperate.png"),
                                 RowPainter::MarkSize, ratio));
     }
     if (index.data(FriendTreeRole::Kind).toInt() == ExternalContactRow) {
-        row.markAtRight(picture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
+        row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
                                 RowPainter::MarkSize, ratio));
     }
-    row.texts(name, displayText(index.data(FriendTreeRole::Sign).toString()), faded);
+    row.texts(name, ::displayText(index.data(FriendTreeRole::Sign).toString()), faded);
     painter->restore();
 }

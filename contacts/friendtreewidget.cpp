@@ -71,29 +71,29 @@ void FriendTreeWidget::connectHub()
 {
     const FriendUISignalSender *hub = FriendUISignalSender::instance();
     using Hub = FriendUISignalSender;
-    using Tree = FriendTreeWidget;
-    connect(hub, &Hub::signal_addFriend, this, &Tree::slot_addFriend);
-    connect(hub, &Hub::signal_addAllFriend, this, &Tree::slot_addAllFriend);
-    connect(hub, &Hub::signal_delFriend, this, &Tree::slot_delFriend);
-    connect(hub, &Hub::signal_delFriendFail, this, &Tree::slot_delFriendFail);
-    connect(hub, &Hub::signal_FriendVcardInfo, this, &Tree::slot_updatefriend_new);
-    connect(hub, &Hub::signal_FriendFullVcardInfo, this, &Tree::slot_updatefriend_new);
-    connect(hub, &Hub::signal_notifyFriendRemarkName, this, &Tree::slot_updateFriendRemarkName);
-    connect(hub, &Hub::signal_UpdateFrdHead, this, &Tree::slot_updateFriendHead);
-    connect(hub, &Hub::signal_BatchAddFriendFial, this, &Tree::slot_BatchAddFriendFial);
-    connect(hub, &Hub::signal_updateFriendPresence, this, &Tree::slot_updateFriendPresence);
-    connect(hub, &Hub::signal_myStatusChanged, this, &Tree::slot_myStatusChanged);
-    connect(hub, &Hub::signal_myProfileRecv, this, &Tree::slot_updateMySelfInfo);
-    connect(hub, &Hub::signal_notifyCooperate, this, &Tree::slot_notifyCooperate);
-    connect(hub, &Hub::signal_addGroup, this, &Tree::slot_addGroup);
-    connect(hub, &Hub::signal_addAllGroup, this, &Tree::slot_addAllGroup);
-    connect(hub, &Hub::signal_delGroup, this, &Tree::slot_delGroup);
-    connect(hub, &Hub::signal_changeGroupName, this, &Tree::slot_renameGroupName);
-    connect(hub, &Hub::signal_moveitem, this, &Tree::slot_moveFriendToNewGroup);
-    connect(hub, &Hub::signal_getGroupFail, this, &Tree::slot_getGroupAgain);
-    connect(hub, &Hub::signal_hidealloff, this, &Tree::slot_hidealloffline);
-    connect(hub, &Hub::signal_doalloffline, this, &Tree::slot_doalloffline);
-    connect(hub, &Hub::signal_login, this, &Tree::loadFromContext);
+    using Page = FriendTreeWidget;
+    connect(hub, &Hub::signal_addFriend, this, &Page::slot_addFriend);
+    connect(hub, &Hub::signal_addAllFriend, this, &Page::slot_addAllFriend);
+    connect(hub, &Hub::signal_delFriend, this, &Page::slot_delFriend);
+    connect(hub, &Hub::signal_delFriendFail, this, &Page::slot_delFriendFail);
+    connect(hub, &Hub::signal_FriendVcardInfo, this, &Page::slot_updatefriend_new);
+    connect(hub, &Hub::signal_FriendFullVcardInfo, this, &Page::slot_updatefriend_new);
+    connect(hub, &Hub::signal_notifyFriendRemarkName, this, &Page::slot_updateFriendRemarkName);
+    connect(hub, &Hub::signal_UpdateFrdHead, this, &Page::slot_updateFriendHead);
+    connect(hub, &Hub::signal_BatchAddFriendFial, this, &Page::slot_BatchAddFriendFial);
+    connect(hub, &Hub::signal_updateFriendPresence, this, &Page::slot_updateFriendPresence);
+    connect(hub, &Hub::signal_myStatusChanged, this, &Page::slot_myStatusChanged);
+    connect(hub, &Hub::signal_myProfileRecv, this, &Page::slot_updateMySelfInfo);
+    connect(hub, &Hub::signal_notifyCooperate, this, &Page::slot_notifyCooperate);
+    connect(hub, &Hub::signal_addGroup, this, &Page::slot_addGroup);
+    connect(hub, &Hub::signal_addAllGroup, this, &Page::slot_addAllGroup);
+    connect(hub, &Hub::signal_delGroup, this, &Page::slot_delGroup);
+    connect(hub, &Hub::signal_changeGroupName, this, &Page::slot_renameGroupName);
+    connect(hub, &Hub::signal_moveitem, this, &Page::slot_moveFriendToNewGroup);
+    connect(hub, &Hub::signal_getGroupFail, this, &Page::slot_getGroupAgain);
+    connect(hub, &Hub::signal_hidealloff, this, &Page::slot_hidealloffline);
+    connect(hub, &Hub::signal_doalloffline, this, &Page::slot_doalloffline);
+    connect(hub, &Hub::signal_login, this, &Page::loadFromContext);
 }
 
 // --- States ----------------------------------------------------------------------

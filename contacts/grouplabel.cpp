@@ -9,6 +9,7 @@
 #include <QContextMenuEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QStyle>
 
 namespace {
 constexpr int ArrowSize = 16;
@@ -79,7 +80,7 @@ void GroupLabel::paintEvent(QPaintEvent *)
     const QString arrow = m_expanded ? QStringLiteral("Resources/images/contacts/arrow_down.png")
                                      : QStringLiteral("Resources/images/contacts/arrow_right.png");
     painter.drawPixmap(placed(QRect(SideMargin, (height() - ArrowSize) / 2, ArrowSize, ArrowSize)),
-                       picture(arrow, ArrowSize, devicePixelRatioF(), colors.secondary));
+                       loadPicture(arrow, ArrowSize, devicePixelRatioF(), colors.secondary));
 
     // The counts stay whole; only the name is cut.
     const int split = text().lastIndexOf(QLatin1Char(' '));

@@ -9,6 +9,7 @@
 #include <QPainterPath>
 #include <QRunnable>
 #include <QTextBoundaryFinder>
+#include <QtMath>
 
 namespace {
 

@@ -7,6 +7,7 @@
 #include <QIcon>
 #include <QPainter>
 #include <QPixmapCache>
+#include <QtMath>
 
 QString resourcePath(const QString &relativePath)
 {
@@ -19,7 +20,7 @@ QString resourcePath(const QString &relativePath)
     return QStringLiteral(":/FriendUI/") + relativePath;
 }
 
-QPixmap picture(const QString &relativePath, int size, qreal pixelRatio, const QColor &tint)
+QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio, const QColor &tint)
 {
     const QString key =
         QStringLiteral("friendui|%1|%2|%3|%4")

@@ -3,7 +3,6 @@
 #include "common/context.h"
 #include "plugin/frienduisignalsender.h"
 
-#include <QFont>
 #include <QStringList>
 #include <QWidget>
 

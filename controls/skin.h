@@ -5,6 +5,7 @@
 #include "hostapi/skinrecord.h"
 
 #include <QColor>
+#include <QFont>
 #include <QObject>
 #include <QPalette>
 
