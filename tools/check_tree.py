@@ -27,12 +27,9 @@ LAYERS = {
     "ExternalFriend": CONTROLS | {"contacts"},
 }
 FEATURES = {"contacts", "detail", "org", "virtualteam", "servicenum", "messages", "ExternalFriend"}
-# The page that assembles the features, and the module's entry, stand above their folders.
-ABOVE = {
-    "contacts/friendwidget": CONTROLS | FEATURES,
-    "plugin/friendui_plugin": CONTROLS | FEATURES,
-    "plugin/paneassembly": CONTROLS | FEATURES,
-}
+# The pane, which assembles the features, and the module's entry stand above their folders.
+ABOVE = {name: CONTROLS | FEATURES for name in
+         ("contacts/assembly", "contacts/friendwidget", "plugin/friendui_plugin")}
 CODE = {".h", ".cpp"}
 MAX_LINES = 500
 DATA_TABLES = {"common/pinyintable.cpp", "common/pinyintable.h"}
