@@ -61,11 +61,10 @@ def layer_findings(name, includes):
         return
     for included in includes:
         target = included.split("/", 1)[0]
-        lower = target in allowed and component(included) not in ABOVE
-        if "/" in included and target != folder and not lower and target in LAYERS:
-            yield f'{name}: includes "{included}", which is not below {folder}/'
         if component(included) in ABOVE and component(name) not in ABOVE:
             yield f'{name}: includes "{included}", which stands above its folder'
+        elif target in LAYERS and target != folder and target not in allowed:
+            yield f'{name}: includes "{included}", which is not below {folder}/'
 
 
 def loops(graph):
