@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks of the source tree that no compiler makes: layers, include loops, file
-sizes, forbidden calls. Prints one line per finding; exits with 1 when there is any.
+sizes, forbidden calls, pictures that do not exist. Prints one line per finding;
+exits with 1 when there is any.
 
     tools/check_tree.py [ROOT]
 """
@@ -36,6 +37,7 @@ DATA_TABLES = {"common/pinyintable.cpp", "common/pinyintable.h"}
 FORBIDDEN = {
     r"\bignoreSslErrors\s*\(": "TLS errors are never ignored",
 }
+PICTURE = re.compile(r'"(Resources/[^"%]+\.(?:png|gif|xml))"')
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
 
 
@@ -102,6 +104,8 @@ def check(root):
         if lines > MAX_LINES and name not in DATA_TABLES:
             findings.append(f"{name}: {lines} lines, more than {MAX_LINES}")
         if not name.startswith("tests/"):
+            findings += [f"{name}: there is no {picture}" for picture in PICTURE.findall(text)
+                         if not (root / picture).is_file()]
             findings += [f"{name}: {reason}" for pattern, reason in FORBIDDEN.items()
                          if re.search(pattern, text)]
     findings += ["include loop: " + " -> ".join(loop) for loop in loops(graph)]
