@@ -38,6 +38,7 @@ FORBIDDEN = {
     r"\bignoreSslErrors\s*\(": "TLS errors are never ignored",
 }
 PICTURE = re.compile(r'"(Resources/[^"%]+\.(?:png|gif|xml))"')
+COMMENT = re.compile(r"//.*")
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
 
 
@@ -104,7 +105,7 @@ def check(root):
         if lines > MAX_LINES and name not in DATA_TABLES:
             findings.append(f"{name}: {lines} lines, more than {MAX_LINES}")
         if not name.startswith("tests/"):
-            findings += [f"{name}: there is no {picture}" for picture in PICTURE.findall(text)
+            findings += [f"{name}: there is no {picture}" for picture in PICTURE.findall(COMMENT.sub("", text))
                          if not (root / picture).is_file()]
             findings += [f"{name}: {reason}" for pattern, reason in FORBIDDEN.items()
                          if re.search(pattern, text)]

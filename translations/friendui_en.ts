@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>addfail</source>
-        <translation>Could not add these </translation>
+        <translation>Adding failed. Please try again.</translation>
     </message>
     <message>
         <source>addfailreadd</source>
@@ -149,7 +149,7 @@
     </message>
     <message>
         <source>conatct</source>
-        <translation>contacts</translation>
+        <translation>Contacts</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>

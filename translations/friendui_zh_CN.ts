@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>addfail</source>
-        <translation>添加失败的</translation>
+        <translation>添加失败，请重试！</translation>
     </message>
     <message>
         <source>addfailreadd</source>
