@@ -106,7 +106,7 @@ QVariant FriendTreeModel::groupData(const Group &group, int role) const
     case FriendTreeRole::TotalCount:
         return group.total();
     case Qt::AccessibleTextRole:
-        return QObject::tr("groupAccessible")
+        return QStringLiteral("%1, %2/%3")
             .arg(displayText(group.name), QString::number(group.online),
                  QString::number(group.total()));
     default:
@@ -145,9 +145,9 @@ QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
     case Qt::ToolTipRole:
         return toolTipText(displayText(contactDisplayName(record)));
     case Qt::AccessibleTextRole:
-        return QObject::tr("contactAccessible")
-            .arg(displayText(contactDisplayName(record)), presenceText(contact.presence()),
-                 displayText(contact.group->name));
+        return QStringList{displayText(contactDisplayName(record)),
+                           presenceText(contact.presence()), displayText(contact.group->name)}
+            .join(QStringLiteral(", "));
     default:
         return QVariant();
     }

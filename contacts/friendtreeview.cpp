@@ -69,7 +69,12 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     connect(this, &QTreeView::clicked, this, &FriendTreeView::slot_click);
     connect(this, &QTreeView::expanded, this, &FriendTreeView::slot_expanded);
     connect(this, &QTreeView::collapsed, this, &FriendTreeView::slot_collapsed);
-    connect(m_finder, &TypeFinder::found, this, &FriendTreeView::reveal);
+    connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
+        reveal(index);
+        // Clear of the typed text, which stands over the last rows.
+        if (visualRect(index).bottom() > viewport()->height() - 2 * visualRect(index).height())
+            scrollTo(index, PositionAtCenter);
+    });
     connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
             QOverload<>::of(&QWidget::update));
     connect(m_labels, &GroupLabels::labelMade, this, [this](GroupLabel *label) {
