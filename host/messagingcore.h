@@ -4,8 +4,8 @@
 //
 // Reads answer from what is known locally. Requests return at once and are
 // answered by a signal, never inside the call; a request that fails answers with
-// its success flag false, or with the failure signal named beside it. Records
-// and jids are those of hostapi. GUI thread only.
+// its success flag false, with the failure signal named beside it, or else with
+// requestFailed. Records and jids are those of hostapi. GUI thread only.
 #pragma once
 
 #include "hostapi/hostrecords.h"
@@ -75,6 +75,9 @@ public:
 signals:
     void connectionChanged(bool connected);
     void ownPresenceChanged();
+    // A request without a failure answer of its own; `request` is its function's
+    // name, `jid` what it was about, empty for none.
+    void requestFailed(const QString &request, const QString &jid);
 
     void groupsReceived(const QList<GroupData> &groups, bool inner);
     void groupsFailed(bool inner);

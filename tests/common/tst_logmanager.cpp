@@ -1,12 +1,16 @@
 // From the logging call to the file: entries, the thread and its queue.
 #include "common/clogthread.h"
+#include "common/logfilewriter.h"
 #include "common/logging.h"
-#include "tests/support/sharedlog.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
+#include <QFileInfo>
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QTest>
 
+#include <memory>
 #include <thread>
 
 namespace {
@@ -23,6 +27,7 @@ class TstLogManager : public QObject
 
 private:
     FakeContext m_host;
+    std::unique_ptr<LogCapture> m_log;
 
 private slots:
     void initTestCase()
@@ -33,15 +38,14 @@ private slots:
         CLogManger::instance().clear();
         setHostContext(&m_host);
         LOG_ERROR("nor this");
-        SharedLog::instance().attachTo(&m_host);
     }
-    void init() { SharedLog::instance().clear(); }
+    void init() { m_log = std::make_unique<LogCapture>(m_host); }
     void cleanupTestCase() { setHostContext(nullptr); }
 
     void entriesAreWrittenOnceTheContextHasALog()
     {
         LOG_INFO("heard");
-        const QStringList lines = SharedLog::instance().lines();
+        const QStringList lines = m_log->lines();
         QCOMPARE(lines.size(), 1);
         QVERIFY2(lines.first().contains(QRegularExpression(
                      QStringLiteral("\\]\\[INFO\\]\\[tst_logmanager\\.cpp:\\d+\\]: heard$"))),
@@ -55,7 +59,7 @@ private slots:
         log << "\n"; // an empty message
         log << "one\n"
             << "two" << QStringLiteral("\n");
-        const QStringList lines = SharedLog::instance().lines();
+        const QStringList lines = m_log->lines();
         QCOMPARE(lines.size(), 3);
         QCOMPARE(messageOf(lines.at(0)), QString());
         QCOMPARE(messageOf(lines.at(1)), QStringLiteral("one"));
@@ -65,8 +69,7 @@ private slots:
     void literalsAreUtf8()
     {
         LOG_ERROR("组名不存在 " << QString::fromUtf8("群组") << " é");
-        QCOMPARE(messageOf(SharedLog::instance().lines().value(0)),
-                 QString::fromUtf8("组名不存在 群组 é"));
+        QCOMPARE(messageOf(m_log->lines().value(0)), QString::fromUtf8("组名不存在 群组 é"));
     }
 
     void scopeWritesEntryAndExit()
@@ -75,7 +78,7 @@ private slots:
             LOG_SCOPE("A::f(int)");
             LOG_WARN("between");
         }
-        const QStringList lines = SharedLog::instance().lines();
+        const QStringList lines = m_log->lines();
         QCOMPARE(lines.size(), 3);
         QCOMPARE(messageOf(lines.at(0)), QStringLiteral("entry fun A::f(int)"));
         QCOMPARE(messageOf(lines.at(2)), QStringLiteral("exit fun A::f(int)"));
@@ -96,7 +99,7 @@ private slots:
         first.join();
         second.join();
         QMap<QString, int> next;
-        const QStringList lines = SharedLog::instance().lines();
+        const QStringList lines = m_log->lines();
         QCOMPARE(lines.size(), 2 * Entries);
         for (const QString &line : lines) {
             const QString name = messageOf(line).section(QLatin1Char(' '), 0, 0);

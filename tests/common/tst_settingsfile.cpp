@@ -1,10 +1,11 @@
 // Settings files as people, other programs and attackers leave them.
 #include "common/initext.h"
 #include "common/settingsfile.h"
-#include "tests/support/sharedlog.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
+#include <QFile>
 #include <QRandomGenerator>
 #include <QRect>
 #include <QTemporaryDir>
@@ -46,21 +47,18 @@ class TstSettingsFile : public QObject
 
 private:
     FakeContext m_host;
+    std::unique_ptr<LogCapture> m_log;
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
 
 private slots:
-    void initTestCase()
-    {
-        SharedLog::instance().attachTo(&m_host);
-        setHostContext(&m_host);
-    }
+    void initTestCase() { setHostContext(&m_host); }
     void cleanupTestCase() { setHostContext(nullptr); }
     void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
         m_file = m_folder->filePath(QStringLiteral("s.ini"));
-        SharedLog::instance().clear();
+        m_log = std::make_unique<LogCapture>(m_host);
     }
 
     void valuesAreReadTolerantly_data()
@@ -167,7 +165,7 @@ private slots:
         QVERIFY(!file.setValue(key, value));
         QVERIFY(file.save());
         QVERIFY(!contentOf(m_file).contains("k="));
-        QCOMPARE(SharedLog::instance().errors().size(), 1);
+        QCOMPARE(m_log->linesWith("][ERROR][").size(), 1);
     }
 
     void filesThatHoldObjectsAreFound_data()
@@ -268,7 +266,7 @@ private slots:
             QVERIFY(!file.setValue(key, 2));
             QVERIFY(!file.remove(key));
             QVERIFY(!file.save());
-            QVERIFY(SharedLog::instance().errors().size() >= attempt);
+            QVERIFY(m_log->linesWith("][ERROR][").size() >= attempt);
         }
         QVERIFY(contentOf(m_file) == content);
 
@@ -310,7 +308,7 @@ private slots:
         SettingsFile file(path.isEmpty() ? path : m_folder->filePath(path));
         file.setValue(key, 1);
         QVERIFY(!file.save());
-        QVERIFY(!SharedLog::instance().errors().isEmpty());
+        QVERIFY(!m_log->linesWith("][ERROR][").isEmpty());
         QCOMPARE(contentOf(m_folder->filePath(QStringLiteral("file"))), QByteArray("x"));
     }
 

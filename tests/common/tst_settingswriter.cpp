@@ -1,7 +1,7 @@
 // Changes of settings files on the writer's thread.
 #include "common/cmodifyconfigfile.h"
 #include "common/settingsfile.h"
-#include "tests/support/sharedlog.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
@@ -18,6 +18,7 @@ class TstSettingsWriter : public QObject
 
 private:
     FakeContext m_host;
+    std::unique_ptr<LogCapture> m_log;
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
     std::unique_ptr<CModifyConfigFile> m_writer;
@@ -34,18 +35,14 @@ private:
     }
 
 private slots:
-    void initTestCase()
-    {
-        SharedLog::instance().attachTo(&m_host);
-        setHostContext(&m_host);
-    }
+    void initTestCase() { setHostContext(&m_host); }
     void cleanupTestCase() { setHostContext(nullptr); }
     void init()
     {
         m_folder = std::make_unique<QTemporaryDir>();
         m_file = m_folder->filePath(QStringLiteral("u1/newConfig.ini"));
         m_writer = std::make_unique<CModifyConfigFile>();
-        SharedLog::instance().clear();
+        m_log = std::make_unique<LogCapture>(m_host);
     }
     void cleanup() { m_writer.reset(); }
 
@@ -66,7 +63,7 @@ private slots:
         QVERIFY(content().contains("[RectNew]\nwidth=300\n"));
         QVERIFY(content().contains("evremindList=a, b\n"));
         QVERIFY(!content().contains("skipped"));
-        QCOMPARE(SharedLog::instance().errors(), QStringList());
+        QCOMPARE(m_log->linesWith("][ERROR]["), QStringList());
     }
 
     void changesKeepTheirOrderAndAreFinishedAtTheEnd()
@@ -116,7 +113,7 @@ private slots:
         change("/a/b", 3);
         QVERIFY(m_writer->finish());
         QCOMPARE(content(), before);
-        const QStringList errors = SharedLog::instance().errors();
+        const QStringList errors = m_log->linesWith("][ERROR][");
         QVERIFY2(errors.filter(QLatin1String("is left as it is")).size() == 2,
                  qPrintable(errors.join(QLatin1Char('\n'))));
     }

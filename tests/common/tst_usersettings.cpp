@@ -3,12 +3,14 @@
 #include "common/settingsfile.h"
 #include "common/settingskeys.h"
 #include "common/usersettings.h"
-#include "tests/support/sharedlog.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <memory>
 
 class TstUserSettings : public QObject
 {
@@ -16,6 +18,7 @@ class TstUserSettings : public QObject
 
 private:
     FakeContext m_host;
+    std::unique_ptr<LogCapture> m_log;
     QTemporaryDir *m_folder = nullptr;
 
     void fill(const QByteArray &content)
@@ -32,11 +35,7 @@ private:
     }
 
 private slots:
-    void initTestCase()
-    {
-        SharedLog::instance().attachTo(&m_host);
-        setHostContext(&m_host);
-    }
+    void initTestCase() { setHostContext(&m_host); }
     void cleanupTestCase() { setHostContext(nullptr); }
     void init()
     {
@@ -120,14 +119,13 @@ private slots:
     {
         const QByteArray bomb = "[basicSetting]\nautoLogin=1\nx=@Variant(\\0\\0\\0\\x7f)\n";
         fill(bomb);
-        SharedLog::instance().clear();
+        m_log = std::make_unique<LogCapture>(m_host);
         const UserSettings settings = loadUserSettings();
         QCOMPARE(settings.autoLogin, QString());
         QCOMPARE(settings.chatFont.size, 14.0);
         QCOMPARE(settings.canBeSearched, QStringLiteral("1"));
         QCOMPARE(content(), bomb);
-        QVERIFY(SharedLog::instance()
-                    .errors()
+        QVERIFY(m_log->linesWith("][ERROR][")
                     .join(QLatin1Char(' '))
                     .contains(QLatin1String("newConfig.ini")));
     }

@@ -1,0 +1,25 @@
+// Fills the friend tree of an EmbeddedCore from a vCard file. A contact's id comes
+// from its UID (without one, from its name and addresses), so that importing the
+// file again updates the contacts instead of doubling them. Remarks and moves that
+// the user made since are kept, unless the contact's category in the file changed.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class EmbeddedCore;
+
+struct VCardImportSummary
+{
+    bool ok = false; // the file was read; some of its cards may still be skipped
+    int added = 0;
+    int updated = 0;
+    int unchanged = 0;
+    int skipped = 0;      // cards that could not be used
+    QStringList problems; // "line 12: ...", in the order of the file
+
+    // Two lines at most, for a status bar or a console.
+    QString text() const;
+};
+
+VCardImportSummary importVCardFile(const QString &fileName, EmbeddedCore *core);
