@@ -105,18 +105,23 @@ bool IniText::holdsObjects(const QByteArray &ini)
     return false;
 }
 
+bool IniText::hasByteOrderMark(const QByteArray &ini)
+{
+    return ini.startsWith("\xef\xbb\xbf");
+}
+
 bool IniText::isWellFormed(const QByteArray &ini)
 {
-    static const QByteArray byteOrderMark("\xef\xbb\xbf");
-    int at = ini.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+    int at = hasByteOrderMark(ini) ? 3 : 0;
     while (at < ini.size()) {
         const int end = endOfLine(ini, at);
         if (end < 0)
             return false;
-        const QByteArray line = ini.mid(at, end - at).trimmed();
-        const bool isSection = line.startsWith('[') && line.contains(']');
-        const bool isSetting = !line.startsWith('[') && line.contains('=');
-        if (!line.isEmpty() && !line.startsWith(';') && !isSection && !isSetting)
+        while (at < end && uchar(ini.at(at)) <= ' ')
+            ++at;
+        const char first = at < end ? ini.at(at) : ';';
+        const char *const line = ini.constData() + at;
+        if (first != ';' && !std::memchr(line, first == '[' ? ']' : '=', size_t(end - at)))
             return false;
         at = end + 1;
     }

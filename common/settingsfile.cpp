@@ -36,7 +36,6 @@ std::unique_ptr<QSettings> openIni(const QString &path)
 {
     auto settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
     settings->setIniCodec(IniCodec::instance());
-    (void)settings->allKeys(); // parses all of the file, for the status
     return settings;
 }
 
@@ -92,10 +91,9 @@ SettingsFile::SettingsFile(const QString &path, Format format) : m_path(path)
     if (!examine())
         return;
     m_settings = openIni(path);
-    if (m_damaged) {
-        logFailure(__LINE__, path + QLatin1String(" has lines that are no settings"));
-    } else if (m_settings->status() == QSettings::FormatError) {
-        // A byte order mark, as editors leave it, would make every write look failed.
+    if (m_marked) {
+        // For QSettings the mark is an error, of which it tells once.
+        (void)m_settings->allKeys();
         m_settings = openIni(path);
     }
 }
@@ -122,6 +120,7 @@ bool SettingsFile::examine()
         return false;
     }
     m_damaged = !IniText::isWellFormed(bytes);
+    m_marked = IniText::hasByteOrderMark(bytes);
     return true;
 }
 

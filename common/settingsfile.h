@@ -63,5 +63,6 @@ private:
 
     const QString m_path;
     std::unique_ptr<QSettings> m_settings;
-    bool m_damaged = false;
+    bool m_damaged = false; // has lines that are no settings
+    bool m_marked = false;  // begins with a byte order mark
 };
