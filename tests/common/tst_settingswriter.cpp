@@ -66,25 +66,25 @@ private slots:
         QCOMPARE(m_log->linesWith("][ERROR]["), QStringList());
     }
 
-    void changesKeepTheirOrderAndAreFinishedAtTheEnd()
+    void changesKeepTheirOrder()
     {
-        constexpr int Changes = 300;
+        constexpr int Changes = 100;
         for (int i = 1; i <= Changes; ++i)
             change("/a/last", i);
-        QVERIFY(m_writer->finish());
-        QVERIFY(content().contains("last=300\n"));
+        m_writer.reset(); // waits as long as it takes
+        QVERIFY(content().contains("last=100\n"));
     }
 
     void quittingApplicationWaitsForTheChanges()
     {
-        constexpr int Changes = 100;
+        constexpr int Changes = 10;
         QTimer::singleShot(0, this, [this] {
             for (int i = 1; i <= Changes; ++i)
                 change("/a/last", i);
             QCoreApplication::quit();
         });
         QCoreApplication::exec();
-        QVERIFY(content().contains("last=100\n"));
+        QVERIFY(content().contains("last=10\n"));
     }
 
     void removingAnEmptyKeyRemovesNothing()
