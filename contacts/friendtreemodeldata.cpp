@@ -68,7 +68,7 @@ Qt::ItemFlags FriendTreeModel::flags(const QModelIndex &index) const
     const auto *group = static_cast<const Group *>(index.internalPointer());
     if (group) {
         flags |= Qt::ItemNeverHasChildren;
-        if (group->rows[size_t(index.row())]->record.jid != m_ownJid)
+        if (group->rows[size_t(index.row())].contact->record.jid != m_ownJid)
             flags |= Qt::ItemIsDragEnabled;
     }
     return flags;
@@ -84,7 +84,7 @@ QVariant FriendTreeModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return QVariant();
     const auto *group = static_cast<const Group *>(index.internalPointer());
-    return group ? contactData(*group->rows[size_t(index.row())], role)
+    return group ? contactData(*group->rows[size_t(index.row())].contact, role)
                  : groupData(*m_groups[size_t(index.row())], role);
 }
 
