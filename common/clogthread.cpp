@@ -119,7 +119,9 @@ bool CLogThread::isDrained() const
 
 void CLogThread::waitForEntries(QMutexLocker &lock)
 {
-    for (int i = 0; i < Pauses && m_queue.empty(); ++i) {
+    const int pauses = m_writing ? Pauses : 0;
+    m_writing = false;
+    for (int i = 0; i < pauses && m_queue.empty(); ++i) {
         lock.unlock();
         msleep(PauseMilliseconds);
         lock.relock();
@@ -138,7 +140,6 @@ qint64 CLogThread::takeQueue(std::vector<WaitingEntry> *batch, LogFileWriter **w
     size_t first = 0;
     {
         QMutexLocker lock(&m_mutex);
-        m_writing = false;
         waitForEntries(lock);
         m_queue.swap(*batch);
         std::swap(first, m_first);
