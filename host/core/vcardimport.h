@@ -22,7 +22,7 @@ struct VCardImportSummary
     int updated = 0;
     int unchanged = 0;
     int skipped = 0;      // cards that could not be used, or came twice
-    QStringList problems; // "line 12: ...", in the order of the file
+    QStringList problems; // "line 12: ..."; first the unreadable, then the repeated
 
     // One line for a status bar or a console.
     QString text() const;
