@@ -11,6 +11,7 @@
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/hostlanguage.h"
+#include "host/hostskin.h"
 #include "host/levermenu.h"
 #include "host/mainwindow.h"
 #include "host/panearea.h"
@@ -62,6 +63,7 @@ int HostApplication::start()
     m_context = new HostContext(m_core.get(), m_folder);
     setHostContext(m_context);
     LOG_INFO("the reference host starts");
+    HostSkin::setFont();
     buildWindow();
 
     m_pluginFile = m_options.pluginFile.isEmpty() ? defaultPluginFile() : m_options.pluginFile;

@@ -64,6 +64,17 @@ SysUIData HostSkin::record(const QString &name)
     return skin;
 }
 
+void HostSkin::setFont()
+{
+    // Without a desktop's settings the toolkit falls back to a large font that
+    // lacks Chinese.
+    QFont font = QApplication::font();
+    font.setFamilies({QStringLiteral("Microsoft YaHei"), QStringLiteral("Noto Sans CJK SC"),
+                      QStringLiteral("Noto Sans"), font.family()});
+    font.setPointSizeF(10);
+    QApplication::setFont(font);
+}
+
 void HostSkin::apply(const QString &name)
 {
     // A platform theme's style keeps colours of its own; Fusion paints with the

@@ -15,4 +15,7 @@ SysUIData record(const QString &name);
 // Gives the application the palette and a style that follows it everywhere.
 void apply(const QString &name);
 
+// A font with Chinese characters in a size for lists. Before the first widget.
+void setFont();
+
 } // namespace HostSkin

@@ -75,7 +75,7 @@ void MainWindow::buildCentre()
     splitter->setStretchFactor(1, 1);
     splitter->setSizes({380, 740});
     splitter->setChildrenCollapsible(false);
-    splitter->setHandleWidth(1);
+    splitter->setHandleWidth(5);
     setCentralWidget(splitter);
 }
 
@@ -103,8 +103,8 @@ void MainWindow::buildActions()
 {
     m_online = new QAction(this);
     m_online->setObjectName(QStringLiteral("toggleOnline"));
-    m_online->setCheckable(true);
-    connect(m_online, &QAction::triggered, this, &MainWindow::setConnected);
+    connect(m_online, &QAction::triggered, this,
+            [this] { setConnected(!m_parts.core->isConnected()); });
     m_quit = new QAction(this);
     m_quit->setShortcut(QKeySequence::Quit);
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
@@ -259,7 +259,6 @@ void MainWindow::showNote(const QString &text)
 void MainWindow::showConnection()
 {
     const bool connected = m_parts.core->isConnected();
-    m_online->setChecked(connected);
     m_online->setText(connected ? tr("Go offline") : tr("Go online"));
     m_online->setIcon(
         PresencePicture::icon(connected ? PresenceData::Available : PresenceData::Offline));

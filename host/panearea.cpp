@@ -50,9 +50,11 @@ QWidget *PaneArea::buildErrorPage()
 {
     auto *page = new QWidget(this);
     page->setObjectName(QStringLiteral("paneErrorPage"));
-    auto *picture = new QLabel(page);
-    picture->setAlignment(Qt::AlignCenter);
-    picture->setPixmap(disconnectedPicture(palette().color(QPalette::Link), devicePixelRatioF()));
+    page->setAutoFillBackground(true);
+    page->setBackgroundRole(QPalette::Base);
+    m_picture = new QLabel(page);
+    m_picture->setAlignment(Qt::AlignCenter);
+    paintPicture();
     m_title = new QLabel(page);
     m_text = new QLabel(page);
     m_file = new QLabel(page);
@@ -68,12 +70,11 @@ QWidget *PaneArea::buildErrorPage()
     layout->setContentsMargins(28, 20, 28, 20);
     layout->setSpacing(12);
     layout->addStretch(2);
-    layout->addWidget(picture);
+    layout->addWidget(m_picture);
     for (QLabel *label : {m_title, m_text, m_file}) {
         label->setTextFormat(Qt::PlainText);
         label->setAlignment(Qt::AlignCenter);
         label->setWordWrap(true);
-        label->setTextInteractionFlags(Qt::TextSelectableByMouse);
         layout->addWidget(label);
     }
     layout->addSpacing(4);
@@ -113,7 +114,15 @@ void PaneArea::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    else if (event->type() == QEvent::PaletteChange)
+        paintPicture();
     QStackedWidget::changeEvent(event);
+}
+
+void PaneArea::paintPicture()
+{
+    m_picture->setPixmap(
+        disconnectedPicture(palette().color(QPalette::PlaceholderText), devicePixelRatioF()));
 }
 
 void PaneArea::retranslate()

@@ -31,9 +31,11 @@ protected:
 private:
     QWidget *buildErrorPage();
     void chooseFile();
+    void paintPicture();
     void retranslate();
 
     QWidget *m_pane = nullptr;
+    QLabel *m_picture;
     QLabel *m_title;
     QLabel *m_text;
     QLabel *m_file;

@@ -94,8 +94,8 @@ void EventMonitor::buildTable()
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
-    const int em = m_table->fontMetrics().horizontalAdvance(QLatin1Char('m'));
-    const int widths[] = {10, 9, 5, 16, 8, 8, 30};
+    const int em = m_table->fontMetrics().averageCharWidth();
+    const int widths[] = {15, 13, 8, 24, 11, 11, 40};
     for (int column = 0; column < EventModel::ColumnCount; ++column)
         m_table->setColumnWidth(column, widths[column] * em);
     m_table->horizontalHeader()->setStretchLastSection(true);
@@ -114,7 +114,7 @@ QWidget *EventMonitor::buildBar()
     m_codes = new QLineEdit(bar);
     m_codes->setObjectName(QStringLiteral("eventCodeFilter"));
     m_codes->setClearButtonEnabled(true);
-    m_codes->setMaximumWidth(170);
+    m_codes->setMinimumWidth(190);
     m_direction = new QComboBox(bar);
     m_direction->setObjectName(QStringLiteral("eventDirectionFilter"));
     for (int direction : {EventFilter::Both, EventFilter::ToPlugin, EventFilter::FromPlugin})
@@ -135,8 +135,8 @@ QWidget *EventMonitor::buildBar()
 
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_text, 1);
-    layout->addWidget(m_codes);
+    layout->addWidget(m_text, 2);
+    layout->addWidget(m_codes, 1);
     layout->addWidget(m_direction);
     for (QAction *action : {m_pause, m_clear, m_copy, m_copyJson})
         layout->addWidget(buttonFor(action, bar));
@@ -199,7 +199,7 @@ void EventMonitor::updateState()
     const int shown = m_filter->rowCount();
     const int all = m_model->rowCount();
     QString text =
-        shown == all ? tr("%n event(s)", nullptr, all) : tr("%1 of %2 events").arg(shown).arg(all);
+        shown == all ? tr("%1 events").arg(all) : tr("%1 of %2 events").arg(shown).arg(all);
     if (m_model->dropped() > 0)
         text += QLatin1String(", ") + tr("%1 older ones dropped").arg(m_model->dropped());
     if (m_pause->isChecked())
@@ -225,8 +225,7 @@ void EventMonitor::showDetails()
         QStringLiteral("\n%1 → %2\n\n")
             .arg(record.sender, record.receiver.isEmpty() ? tr("every plug-in") : record.receiver);
     text += decoded.text();
-    text +=
-        QLatin1Char('\n') + tr("%n byte(s)", nullptr, record.payload.size()) + QLatin1Char('\n');
+    text += QLatin1Char('\n') + tr("%1 bytes").arg(record.payload.size()) + QLatin1Char('\n');
     if (!decoded.hasSecrets)
         text += PayloadDecoder::hexDump(record.payload);
     m_details->setPlainText(text);

@@ -41,15 +41,17 @@ void TourDriver::start()
 QString TourDriver::pictureFile() const
 {
     const Chosen &chosen = m_steps[m_step];
-    return QDir(m_folder).filePath(QStringLiteral("%1-%2.png")
-                                       .arg(chosen.number, 2, 10, QLatin1Char('0'))
-                                       .arg(QLatin1String(chosen.step->name)));
+    return QDir(m_folder).filePath(
+        QStringLiteral("%1-%2%3.png")
+            .arg(chosen.number, 2, 10, QLatin1Char('0'))
+            .arg(QLatin1String(chosen.step->name), QLatin1String(m_stepFailed ? "-failed" : "")));
 }
 
 void TourDriver::beginStep()
 {
     m_move = 0;
     m_childRunning = false;
+    m_stepFailed = false;
     beginMove();
 }
 
@@ -107,6 +109,7 @@ void TourDriver::fail(const QString &why)
 {
     const QString line =
         QStringLiteral("%1: %2").arg(QLatin1String(m_steps[m_step].step->name), why);
+    m_stepFailed = true;
     m_failures.append(line);
     std::fprintf(stderr, "tour: FAILED %s\n", qPrintable(line));
     endStep();
@@ -114,17 +117,25 @@ void TourDriver::fail(const QString &why)
 
 void TourDriver::endStep()
 {
-    const QString file = pictureFile();
+    // A process of its own has left the picture itself.
     if (!m_childRunning) {
-        if (!picture(&m_stage->window()).save(file))
-            m_failures.append(QStringLiteral("%1 cannot be written").arg(file));
+        savePicture();
         m_stage->closeEverything();
     }
-    std::fprintf(stdout, "tour: %s\n", qPrintable(file));
-    std::fflush(stdout);
     ++m_step;
     if (m_step < m_steps.size())
         beginStep();
+}
+
+void TourDriver::savePicture()
+{
+    const QString file = pictureFile();
+    if (picture(&m_stage->window()).save(file)) {
+        std::fprintf(stdout, "tour: %s\n", qPrintable(file));
+        std::fflush(stdout);
+    } else {
+        m_failures.append(QStringLiteral("%1 cannot be written").arg(file));
+    }
 }
 
 void TourDriver::runOwnProcess()

@@ -43,6 +43,7 @@ private:
     void fail(const QString &why);
     void runOwnProcess();
     QString pictureFile() const;
+    void savePicture();
 
     TourStage *m_stage;
     QString m_folder;
@@ -51,6 +52,7 @@ private:
     size_t m_move = 0;
     bool m_acted = false;
     bool m_childRunning = false;
+    bool m_stepFailed = false;
     QElapsedTimer m_since;
     QTimer m_ticker;
     QStringList m_failures;

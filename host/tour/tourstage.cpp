@@ -178,7 +178,7 @@ void TourStage::contextMenu(const QModelIndex &index) const
         below = tree()->viewport();
     const QPoint inBelow = below->mapFrom(tree()->viewport(), at);
     QApplication::postEvent(below, new QContextMenuEvent(QContextMenuEvent::Mouse, inBelow,
-                                                          below->mapToGlobal(inBelow)));
+                                                         below->mapToGlobal(inBelow)));
 }
 
 void TourStage::trigger(QMenu *menu, const QString &action) const
