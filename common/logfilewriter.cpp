@@ -1,5 +1,7 @@
 #include "common/logfilewriter.h"
 
+#include "common/platform.h"
+
 #include <QDateTime>
 
 LogFileWriter::LogFileWriter(const QString &fileName) : m_fileName(fileName)
@@ -16,10 +18,14 @@ void LogFileWriter::open()
 {
     const QMutexLocker lock(&m_mutex);
     m_file = std::make_unique<QFile>(m_fileName);
-    m_open = m_file->open(QIODevice::ReadWrite | QIODevice::Text);
-    if (!m_open)
+    // Unbuffered, since the buffer of a file on a full disk keeps what it cannot
+    // write, and grows with every line.
+    m_open = m_file->open(QIODevice::ReadWrite | QIODevice::Text | QIODevice::Unbuffered);
+    if (!m_open) {
+        m_file.reset();
         return;
-    m_file->setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    }
+    Platform::restrictToOwner(m_fileName);
     m_stream = std::make_unique<QTextStream>(m_file.get());
     m_stream->setCodec("UTF-8");
     // One byte before the end: a continued file's last line break is overwritten
@@ -70,6 +76,8 @@ void LogFileWriter::write(qint32 level, const QString &location, const QString &
                   << '\n';
         // Without the flush the size below would be that of before the line.
         m_stream->flush();
+        // After a line that failed, the stream would refuse all others.
+        m_stream->resetStatus();
         rollOverDue = m_file->size() >= m_maximumSize;
     }
     if (rollOverDue)

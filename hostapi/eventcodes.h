@@ -80,7 +80,7 @@
     X(4748, RemarkChanged, "QString jid, QString remark", "a contact's remark was stored") \
     X(4802, ChannelRemoved, "QString channelId", "a customer-service channel was removed") \
     X(4803, ChannelAdded, "CSChannelData channel", "a customer-service channel was added") \
-    X(4842, VirtualTeamsChanged, "QString ids, QString data", "comma-separated ids of teams that changed, and optional JSON data") \
+    X(4842, VirtualTeamsChanged, "QString ids, QString data", "teams that changed, ids separated by commas; data: empty, or a JSON object with type (audit, join: open that window; else the teams are loaded again), vtId and member") \
     X(4843, VirtualTeamRefresh, "QString teamId", "one team is to be loaded again") \
     X(4845, VirtualTeamMembersPicked, "QString teamId, QStringList userIds, int groupId", "people picked for a team's group") \
     X(4887, OpenServiceNumberSearch, "", "open the service-number search") \

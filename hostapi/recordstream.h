@@ -101,6 +101,15 @@ template <class Key, class Value> void read(QDataStream &stream, QMap<Key, Value
     }
 }
 
+// Reads the next value of a sequence. A stream that has failed goes on delivering
+// whatever bytes come next, so nothing is read from it any more: the value stays
+// as it is.
+template <class T> void readNext(QDataStream &stream, T &value)
+{
+    if (stream.status() == QDataStream::Ok)
+        read(stream, value);
+}
+
 } // namespace RecordStream
 
 template <class Record>
@@ -116,7 +125,7 @@ template <class Record>
 std::enable_if_t<RecordStream::IsRecord<Record>::value, QDataStream &>
 operator>>(QDataStream &stream, Record &record)
 {
-    std::apply([&stream](auto &...field) { (RecordStream::read(stream, field), ...); },
+    std::apply([&stream](auto &...field) { (RecordStream::readNext(stream, field), ...); },
                Record::fieldsOf(record));
     return stream;
 }

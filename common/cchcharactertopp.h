@@ -1,0 +1,32 @@
+// Pinyin of Chinese names, for ordering and finding people.
+//
+// Every character of GB2312 has exactly one syllable, in capitals and without a
+// tone (ü is written V, üe is UE). The conversion answers as a walk over the GBK
+// bytes of the text would: ASCII stays, a symbol or a character that GBK lacks
+// becomes "?", a character that only GBK has leaves nothing.
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+
+class CChCharacterToPP
+{
+public:
+    virtual ~CChCharacterToPP();
+
+    // The syllables one after another, or that of the first character alone.
+    QString toPinyin(const QString &text, bool firstCharacterOnly) const;
+
+    // Appends what toPinyin() returns for the whole text, without a string between.
+    static void appendPinyin(const QString &text, QString *out);
+
+    // The first letter of each syllable; ASCII letters and digits as they are,
+    // everything else left out: "A3" for "啊3!".
+    static QString initials(const QString &text);
+
+    // Empty for everything but a GB2312 character. Static data, never freed.
+    static QLatin1String syllable(QChar character);
+
+    // Bytes of read-only data behind the conversion.
+    static int tableSize();
+};

@@ -1,0 +1,255 @@
+#include "common/settingsfile.h"
+
+#include "common/initext.h"
+#include "common/logging.h"
+#include "common/platform.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QMutex>
+
+#include <cmath>
+
+namespace {
+// In one call: settings are also written off the GUI thread.
+void logFailure(int line, const QString &text)
+{
+    CLogManger::instance().log(
+        LogError, QStringLiteral("settingsfile.cpp:") + QString::number(line), logText(text));
+}
+
+// QSettings tells of unreadable lines only when it parses the file. Until the
+// file changes, later objects are served from its cache as if all was well.
+class DamagedFiles
+{
+public:
+    void insert(const QString &path)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_stamps.insert(path, stampOf(path));
+    }
+    bool contains(const QString &path)
+    {
+        const QMutexLocker lock(&m_mutex);
+        const auto at = m_stamps.find(path);
+        if (at == m_stamps.end())
+            return false;
+        if (at.value() == stampOf(path))
+            return true;
+        m_stamps.erase(at);
+        return false;
+    }
+
+private:
+    using Stamp = QPair<QDateTime, qint64>;
+    static Stamp stampOf(const QString &path)
+    {
+        const QFileInfo info(path);
+        return {info.lastModified(), info.size()};
+    }
+
+    QMutex m_mutex;
+    QHash<QString, Stamp> m_stamps;
+};
+
+DamagedFiles &damagedFiles()
+{
+    static DamagedFiles files;
+    return files;
+}
+
+bool hasFormat(const QString &path, SettingsFile::Format format)
+{
+    if (path.isEmpty())
+        return false;
+#ifdef Q_OS_WIN
+    Q_UNUSED(format)
+    return true;
+#else
+    // QSettings would make a file of that name in the working folder.
+    return format == SettingsFile::Ini && !path.startsWith(QLatin1String("HKEY_"));
+#endif
+}
+
+// The value in a form that needs no "@" in the file; invalid when there is none.
+QVariant plainValue(const QVariant &value)
+{
+    switch (int(value.type())) {
+    case QMetaType::UnknownType:
+        return QStringLiteral("");
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+        return value;
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList: {
+        const QStringList texts = value.toStringList();
+        return IniText::isWritable(texts.join(QLatin1Char(','))) ? QVariant(texts) : QVariant();
+    }
+    default:
+        break;
+    }
+    if (!value.canConvert<QString>())
+        return QVariant();
+    const QString text = value.toString();
+    return IniText::isWritable(text) ? QVariant(text) : QVariant();
+}
+} // namespace
+
+SettingsFile::SettingsFile(const QString &path, Format format) : m_path(path)
+{
+    if (!hasFormat(path, format))
+        return;
+    if (format == Native) {
+        m_settings = std::make_unique<QSettings>(path, QSettings::NativeFormat);
+        return;
+    }
+    if (!isAcceptable())
+        return;
+    m_settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    m_settings->setIniCodec("UTF-8");
+    if (m_settings->status() == QSettings::FormatError) {
+        damagedFiles().insert(path);
+        logFailure(__LINE__, path + QLatin1String(" has lines that are no settings"));
+    }
+    m_damaged = damagedFiles().contains(path);
+}
+
+SettingsFile::~SettingsFile() = default;
+
+bool SettingsFile::isAcceptable() const
+{
+    QFile file(m_path);
+    if (!file.exists())
+        return true;
+    // Saving replaces the file by a new one, even one that cannot be read.
+    if (!QFileInfo(m_path).isFile() || !file.open(QIODevice::ReadOnly)) {
+        logFailure(__LINE__, m_path + QLatin1String(" cannot be read"));
+        return false;
+    }
+    if (file.size() > MaximumSize) {
+        logFailure(__LINE__, m_path + QLatin1String(" is too large for a settings file"));
+        return false;
+    }
+    const QByteArray bytes = file.readAll();
+    if (bytes.contains('\0') || IniText::holdsObjects(bytes)) {
+        logFailure(__LINE__, m_path + QLatin1String(" holds values that are refused"));
+        return false;
+    }
+    return true;
+}
+
+bool SettingsFile::contains(const QString &key) const
+{
+    return value(key).isValid();
+}
+
+QVariant SettingsFile::value(const QString &key) const
+{
+    if (!m_settings || key.isEmpty())
+        return QVariant();
+    const QVariant found = m_settings->value(key);
+    switch (int(found.type())) {
+    case QMetaType::QString:
+    case QMetaType::QStringList:
+    case QMetaType::Bool:
+    case QMetaType::Int:
+    case QMetaType::UInt:
+    case QMetaType::LongLong:
+    case QMetaType::ULongLong:
+    case QMetaType::Double:
+        return found;
+    default:
+        return QVariant();
+    }
+}
+
+QString SettingsFile::text(const QString &key, const QString &fallback) const
+{
+    const QVariant found = value(key);
+    if (!found.isValid())
+        return fallback;
+    return int(found.type()) == QMetaType::QStringList ? found.toStringList().join(QLatin1Char(','))
+                                                       : found.toString();
+}
+
+QStringList SettingsFile::list(const QString &key) const
+{
+    const QVariant found = value(key);
+    if (int(found.type()) == QMetaType::QStringList)
+        return found.toStringList();
+    // A list of one is stored as a text.
+    const QString only = found.toString();
+    return only.isEmpty() ? QStringList() : QStringList(only);
+}
+
+bool SettingsFile::flag(const QString &key) const
+{
+    return QVariant(text(key)).toBool();
+}
+
+int SettingsFile::number(const QString &key) const
+{
+    return text(key).toInt();
+}
+
+double SettingsFile::real(const QString &key) const
+{
+    const double number = text(key).toDouble();
+    return std::isfinite(number) ? number : 0;
+}
+
+bool SettingsFile::setValue(const QString &key, const QVariant &value)
+{
+    if (!isWritable() || key.isEmpty())
+        return false;
+    const QVariant plain = plainValue(value);
+    if (!plain.isValid()) {
+        logFailure(__LINE__, key + QLatin1String(" cannot be set to this value"));
+        return false;
+    }
+    m_settings->setValue(key, plain);
+    return true;
+}
+
+bool SettingsFile::remove(const QString &key)
+{
+    // An empty key would remove everything.
+    if (!isWritable() || key.isEmpty())
+        return false;
+    m_settings->remove(key);
+    return true;
+}
+
+bool SettingsFile::save()
+{
+    if (!isWritable()) {
+        logFailure(__LINE__, QLatin1Char('"') + m_path + QLatin1String("\" is left as it is"));
+        return false;
+    }
+    if (m_settings->format() == QSettings::IniFormat)
+        makeFileForOwner();
+    m_settings->sync();
+    if (m_settings->status() == QSettings::NoError)
+        return true;
+    logFailure(__LINE__, m_path + QLatin1String(" cannot be written, status ") +
+                             QString::number(m_settings->status()));
+    return false;
+}
+
+// The file is made before its content, since QSettings gives a new file the
+// permissions that the system has by default, and keeps those of an old one.
+void SettingsFile::makeFileForOwner() const
+{
+    if (!QFile::exists(m_path)) {
+        QDir().mkpath(QFileInfo(m_path).path());
+        QFile(m_path).open(QIODevice::WriteOnly | QIODevice::NewOnly);
+    }
+    Platform::restrictToOwner(m_path);
+}

@@ -1,0 +1,102 @@
+#include "contacts/assembly.h"
+
+#include "common/logging.h"
+#include "contacts/friendtreewidget.h"
+#include "contacts/friendwidget.h"
+#include "plugin/frienduieventprocess.h"
+#include "plugin/frienduimessageprocess.h"
+#include "plugin/paneactions.h"
+
+namespace {
+
+// The pages and windows of features that are not part of this build are empty:
+// their actions raise the page, if it has one, and leave a line in the log.
+class Actions : public PaneActions
+{
+public:
+    void hideOfflineInitialised(bool hide) override
+    {
+        if (FriendWidget *widget = pane())
+            widget->friendTree()->slot_inithidealloffline(hide);
+    }
+    void locateContact(const QString &jid) override
+    {
+        FriendWidget *widget = pane();
+        if (!widget)
+            return;
+        widget->raisePage(QStringLiteral("friends"));
+        if (!widget->friendTree()->locate(jid))
+            LOG_DEBUG("there is no row of " << logText(jid));
+    }
+    void raisePage(const QString &id) override
+    {
+        FriendWidget *widget = pane();
+        if (widget && !widget->raisePage(id))
+            LOG_DEBUG("there is no page " << logText(id));
+    }
+
+    bool canOpenContactDetail() const override { return false; }
+    bool openContactDetail(const QString &jid) override
+    {
+        missing("contact detail", jid);
+        return false;
+    }
+    bool openOwnDetail() override
+    {
+        missing("own detail", QString());
+        return false;
+    }
+    void showContactCard(const QString &jid, int, int, int, bool) override
+    {
+        missing("contact card", jid);
+    }
+    void hideContactCard(const QString &jid) override { missing("contact card", jid); }
+
+    void addContact(const QString &jid) override { missing("adding a contact", jid); }
+    void externalContactAnswer(const QString &jid, bool, int, int) override
+    {
+        missing("external contacts", jid);
+    }
+
+    void locateInOrganisation(const QString &uid, bool) override
+    {
+        raisePage(QStringLiteral("organizationTree"));
+        missing("organisation", uid);
+    }
+    void virtualTeamEvent(const QString &, const QString &teamId, const QString &) override
+    {
+        missing("virtual teams", teamId);
+    }
+    void openServiceNumber(const QString &code) override { missing("service numbers", code); }
+    void openServiceNumberSearch() override
+    {
+        raisePage(QStringLiteral("serviceNumbers"));
+        missing("service-number search", QString());
+    }
+    void reloadChannels() override
+    {
+        raisePage(QStringLiteral("customer"));
+        missing("customer-service channels", QString());
+    }
+
+private:
+    static FriendWidget *pane()
+    {
+        FriendUIMessageProcess *hub = FriendUIMessageProcess::instance();
+        return hub->hasPane() ? qobject_cast<FriendWidget *>(hub->getFriendWidget()) : nullptr;
+    }
+    static void missing(const char *feature, const QString &what)
+    {
+        LOG_DEBUG("not in this build: " << feature << " " << logText(what));
+    }
+};
+
+} // namespace
+
+void assemblePane()
+{
+    static auto *actions = new Actions;
+    setPaneActions(actions);
+    FriendUIMessageProcess::instance()->setPaneFactory(
+        []() -> QWidget * { return new FriendWidget; });
+}

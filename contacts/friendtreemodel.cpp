@@ -1,0 +1,455 @@
+#include "contacts/friendtreemodel.h"
+
+#include "common/context.h"
+#include "common/displaytext.h"
+
+#include <algorithm>
+
+namespace {
+// A larger batch of presence changes in one group is sorted at once instead of
+// moved row by row.
+constexpr size_t SortInsteadOfMoving = 24;
+} // namespace
+
+FriendTreeModel::FriendTreeModel(RowKind contactKind, QObject *parent)
+    : QAbstractItemModel(parent), m_contactKind(contactKind)
+{
+}
+
+FriendTreeModel::~FriendTreeModel() = default;
+
+void FriendTreeModel::setOwnJid(const QString &jid)
+{
+    if (jid == m_ownJid)
+        return;
+    const QString old = m_ownJid;
+    m_ownJid = jid;
+    for (const QString &changed : {old, jid}) {
+        if (Contact *contact = find(changed))
+            replace(contact);
+    }
+}
+
+// --- Contacts ----------------------------------------------------------------
+
+FriendTreeContact *FriendTreeModel::find(const QString &jid) const
+{
+    const auto at = m_contacts.find(jid);
+    return at == m_contacts.end() ? nullptr : &at->second;
+}
+
+FriendTreeContact *FriendTreeModel::create(const FriendData &record)
+{
+    Contact &contact = m_contacts[record.jid];
+    contact.record = record;
+    const PresenceData presence = presenceFor(record.jid);
+    contact.pcShow = qint8(presence.pcShow);
+    contact.mobile = qint8(presence.mobile);
+    bool cooperates = false;
+    contact.cooperates = ctx().cooperates(record.jid, &cooperates) && cooperates;
+    return &contact;
+}
+
+PresenceData FriendTreeModel::presenceFor(const QString &jid)
+{
+    const auto early = m_presenceOfStrangers.constFind(jid);
+    if (early != m_presenceOfStrangers.constEnd()) {
+        const PresenceData presence = *early;
+        m_presenceOfStrangers.erase(early);
+        return presence;
+    }
+    return m_allOffline ? PresenceData() : ctx().presence(jid);
+}
+
+void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
+{
+    m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
+    for (const FriendData &record : contacts) {
+        if (record.jid.isEmpty())
+            continue;
+        if (Contact *known = find(record.jid)) {
+            // The same new jid may stand twice in one batch.
+            if (known->group)
+                applyRecord(known, record);
+            else
+                known->record = record;
+            continue;
+        }
+        Contact *contact = create(record);
+        groupFor(record)->arrivals.push_back(contact);
+    }
+    for (size_t i = 0; i < m_groups.size(); ++i)
+        attachArrivals(m_groups[i].get());
+}
+
+void FriendTreeModel::attachArrivals(Group *group)
+{
+    if (group->arrivals.empty())
+        return;
+    Rows shown;
+    Rows hidden;
+    for (Contact *contact : group->arrivals) {
+        contact->group = group;
+        contact->place = placeOf(contact);
+        contact->hidden = shouldHide(contact);
+        (contact->hidden ? hidden : shown).push_back(contact);
+        group->online += contact->presence().isOnline() ? 1 : 0;
+    }
+    Rows().swap(group->arrivals);
+    group->hidden.insert(group->hidden.end(), hidden.begin(), hidden.end());
+    FriendTreeOrder::sort(group->hidden);
+    FriendTreeOrder::sort(shown);
+    insertRuns(group, shown);
+    groupChanged(group);
+}
+
+void FriendTreeModel::insertRuns(Group *group, const Rows &sorted)
+{
+    Rows &rows = group->rows;
+    rows.reserve(rows.size() + sorted.size());
+    for (size_t first = 0; first < sorted.size();) {
+        const FriendTreeContact *head = sorted[first];
+        const int at = FriendTreeOrder::placeFor(rows, head->place, head->record.jid);
+        size_t last = first + 1;
+        if (at == int(rows.size())) {
+            last = sorted.size();
+        } else {
+            while (last < sorted.size() && FriendTreeOrder::before(sorted[last], rows[size_t(at)]))
+                ++last;
+        }
+        beginInsertRows(indexOf(group), at, at + int(last - first) - 1);
+        rows.insert(rows.begin() + at, sorted.begin() + std::ptrdiff_t(first),
+                    sorted.begin() + std::ptrdiff_t(last));
+        endInsertRows();
+        first = last;
+    }
+}
+
+void FriendTreeModel::applyRecord(Contact *contact, const FriendData &record)
+{
+    if (sameFields(contact->record, record))
+        return;
+    contact->record = record;
+    Group *group = groupFor(record);
+    if (group != contact->group) {
+        detach(contact);
+        attach(contact, group);
+        return;
+    }
+    replace(contact);
+    contactChanged(contact);
+}
+
+bool FriendTreeModel::changeContact(const QString &jid,
+                                    const std::function<void(FriendData &)> &change)
+{
+    Contact *contact = find(jid);
+    if (!contact)
+        return false;
+    FriendData record = contact->record;
+    record.groupId = contact->group->id;
+    change(record);
+    record.jid = jid;
+    applyRecord(contact, record);
+    return true;
+}
+
+bool FriendTreeModel::removeContact(const QString &jid)
+{
+    Contact *contact = find(jid);
+    if (!contact)
+        return false;
+    detach(contact);
+    m_outOfPlace.erase(std::remove(m_outOfPlace.begin(), m_outOfPlace.end(), contact),
+                       m_outOfPlace.end());
+    m_contacts.erase(jid);
+    return true;
+}
+
+bool FriendTreeModel::moveContact(const QString &jid, const QString &groupId)
+{
+    Contact *contact = find(jid);
+    Group *target = group(groupId);
+    if (!contact || !target)
+        return false;
+    if (contact->group != target) {
+        contact->record.groupId = groupId;
+        detach(contact);
+        attach(contact, target);
+    }
+    return true;
+}
+
+bool FriendTreeModel::hasContact(const QString &jid) const
+{
+    return find(jid) != nullptr;
+}
+
+bool FriendTreeModel::contact(const QString &jid, FriendData *out) const
+{
+    const Contact *contact = find(jid);
+    if (!contact)
+        return false;
+    *out = contact->record;
+    out->groupId = contact->group->id;
+    out->groupName = contact->group->name;
+    return true;
+}
+
+QString FriendTreeModel::groupOf(const QString &jid) const
+{
+    const Contact *contact = find(jid);
+    return contact ? contact->group->id : QString();
+}
+
+QStringList FriendTreeModel::contactsOfGroup(const QString &groupId) const
+{
+    QStringList jids;
+    if (const Group *wanted = group(groupId)) {
+        for (const Rows *rows : {&wanted->rows, &wanted->hidden}) {
+            for (const Contact *contact : *rows)
+                jids.append(contact->record.jid);
+        }
+    }
+    return jids;
+}
+
+// --- Places ------------------------------------------------------------------
+
+FriendTreePlace FriendTreeModel::placeOf(const Contact *contact) const
+{
+    const QString name = contactDisplayName(contact->record);
+    return {FriendTreeSort::prefix(
+                FriendTreeSort::block(contact->record, contact->presence(), m_ownJid), name),
+            name};
+}
+
+bool FriendTreeModel::shouldHide(const Contact *contact) const
+{
+    return m_hideOffline && !contact->presence().isOnline() && contact->record.jid != m_ownJid;
+}
+
+void FriendTreeModel::detach(Contact *contact)
+{
+    Group *group = contact->group;
+    Rows &rows = group->list(contact->hidden);
+    const int row = FriendTreeOrder::rowOf(rows, contact);
+    if (contact->hidden) {
+        rows.erase(rows.begin() + row);
+    } else {
+        beginRemoveRows(indexOf(group), row, row);
+        rows.erase(rows.begin() + row);
+        endRemoveRows();
+    }
+    group->online -= contact->presence().isOnline() ? 1 : 0;
+    contact->group = nullptr;
+    groupChanged(group);
+}
+
+void FriendTreeModel::attach(Contact *contact, Group *group)
+{
+    contact->group = group;
+    contact->hidden = shouldHide(contact);
+    contact->place = placeOf(contact);
+    Rows &rows = group->list(contact->hidden);
+    const int row = FriendTreeOrder::placeFor(rows, contact->place, contact->record.jid);
+    if (contact->hidden) {
+        rows.insert(rows.begin() + row, contact);
+    } else {
+        beginInsertRows(indexOf(group), row, row);
+        rows.insert(rows.begin() + row, contact);
+        endInsertRows();
+    }
+    group->online += contact->presence().isOnline() ? 1 : 0;
+    groupChanged(group);
+}
+
+void FriendTreeModel::replace(Contact *contact)
+{
+    if (m_orderFrozen) {
+        if (!contact->outOfPlace) {
+            contact->outOfPlace = true;
+            m_outOfPlace.push_back(contact);
+        }
+        return;
+    }
+    if (contact->hidden != shouldHide(contact)) {
+        Group *group = contact->group;
+        detach(contact);
+        attach(contact, group);
+        return;
+    }
+    moveWithin(contact, placeOf(contact));
+}
+
+void FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
+{
+    Rows &rows = contact->group->list(contact->hidden);
+    const int from = FriendTreeOrder::rowOf(rows, contact);
+    const int to = FriendTreeOrder::placeFor(rows, place, contact->record.jid);
+    contact->place = place;
+    if (to == from || to == from + 1)
+        return;
+    if (!contact->hidden) {
+        const QModelIndex parent = indexOf(contact->group);
+        beginMoveRows(parent, from, from, parent, to);
+    }
+    const auto begin = rows.begin();
+    if (to > from)
+        std::rotate(begin + from, begin + from + 1, begin + to);
+    else
+        std::rotate(begin + to, begin + from, begin + from + 1);
+    if (!contact->hidden)
+        endMoveRows();
+}
+
+void FriendTreeModel::sortGroup(Group *group, const Rows &changed)
+{
+    const QList<QPersistentModelIndex> parents{indexOf(group)};
+    emit layoutAboutToBeChanged(parents, QAbstractItemModel::VerticalSortHint);
+    QModelIndexList before;
+    Rows held;
+    const QModelIndexList persistent = persistentIndexList();
+    for (const QModelIndex &index : persistent) {
+        if (index.internalPointer() == group) {
+            before.append(index);
+            held.push_back(group->rows[size_t(index.row())]);
+        }
+    }
+    for (Contact *contact : changed)
+        contact->place = placeOf(contact);
+    FriendTreeOrder::sort(group->rows);
+    QModelIndexList after;
+    for (const Contact *contact : held)
+        after.append(indexOf(contact));
+    changePersistentIndexList(before, after);
+    emit layoutChanged(parents, QAbstractItemModel::VerticalSortHint);
+}
+
+void FriendTreeModel::setOrderFrozen(bool frozen)
+{
+    m_orderFrozen = frozen;
+    if (frozen)
+        return;
+    const Rows waiting = std::exchange(m_outOfPlace, Rows());
+    for (Contact *contact : waiting) {
+        contact->outOfPlace = false;
+        replace(contact);
+    }
+}
+
+// --- Presence ----------------------------------------------------------------
+
+bool FriendTreeModel::changePresence(Contact *contact, const PresenceData &presence)
+{
+    const PresenceData old = contact->presence();
+    if (old == presence)
+        return false;
+    contact->pcShow = qint8(presence.pcShow);
+    contact->mobile = qint8(presence.mobile);
+    contact->group->online += int(presence.isOnline()) - int(old.isOnline());
+    return true;
+}
+
+void FriendTreeModel::setPresence(const QMap<QString, PresenceData> &presence)
+{
+    m_allOffline = false;
+    QHash<Group *, Rows> changed;
+    for (auto at = presence.constBegin(); at != presence.constEnd(); ++at) {
+        Contact *contact = find(at.key());
+        if (!contact)
+            m_presenceOfStrangers.insert(at.key(), at.value());
+        else if (changePresence(contact, at.value()))
+            changed[contact->group].push_back(contact);
+    }
+    for (auto at = changed.constBegin(); at != changed.constEnd(); ++at) {
+        const Rows &contacts = at.value();
+        if (contacts.size() >= SortInsteadOfMoving && !m_hideOffline && !m_orderFrozen) {
+            sortGroup(at.key(), contacts);
+        } else {
+            for (Contact *contact : contacts)
+                replace(contact);
+        }
+        for (const Contact *contact : contacts)
+            contactChanged(contact);
+        groupChanged(at.key());
+    }
+}
+
+void FriendTreeModel::setAllOffline()
+{
+    QMap<QString, PresenceData> offline;
+    for (const auto &entry : m_contacts)
+        offline.insert(entry.first, PresenceData());
+    m_presenceOfStrangers.clear();
+    setPresence(offline);
+    m_allOffline = true;
+}
+
+void FriendTreeModel::setPresenceUnknown(bool unknown)
+{
+    m_presenceUnknown = unknown;
+    for (const auto &entry : m_contacts)
+        contactChanged(&entry.second);
+}
+
+void FriendTreeModel::setCooperation(const QMap<QString, bool> &relations)
+{
+    for (auto at = relations.constBegin(); at != relations.constEnd(); ++at) {
+        Contact *contact = find(at.key());
+        if (contact && contact->cooperates != at.value()) {
+            contact->cooperates = at.value();
+            contactChanged(contact);
+        }
+    }
+}
+
+int FriendTreeModel::onlineCount() const
+{
+    int count = 0;
+    for (const auto &group : m_groups)
+        count += group->online;
+    return count;
+}
+
+void FriendTreeModel::setHideOffline(bool hide)
+{
+    if (hide == m_hideOffline)
+        return;
+    m_hideOffline = hide;
+    for (const auto &group : m_groups) {
+        if (hide)
+            hideRows(group.get());
+        else
+            showRows(group.get());
+    }
+}
+
+void FriendTreeModel::hideRows(Group *group)
+{
+    Rows &rows = group->rows;
+    for (int last = int(rows.size()) - 1; last >= 0; --last) {
+        if (!shouldHide(rows[size_t(last)]))
+            continue;
+        int first = last;
+        while (first > 0 && shouldHide(rows[size_t(first) - 1]))
+            --first;
+        beginRemoveRows(indexOf(group), first, last);
+        for (int row = first; row <= last; ++row) {
+            rows[size_t(row)]->hidden = true;
+            group->hidden.push_back(rows[size_t(row)]);
+        }
+        rows.erase(rows.begin() + first, rows.begin() + last + 1);
+        endRemoveRows();
+        last = first;
+    }
+    FriendTreeOrder::sort(group->hidden);
+}
+
+void FriendTreeModel::showRows(Group *group)
+{
+    const Rows shown = std::exchange(group->hidden, Rows());
+    for (Contact *contact : shown)
+        contact->hidden = false;
+    insertRuns(group, shown);
+}

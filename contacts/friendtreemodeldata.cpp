@@ -1,0 +1,167 @@
+// What views read from the friend tree's model.
+#include "common/displaytext.h"
+#include "contacts/friendtreemodel.h"
+#include "controls/presencetext.h"
+
+QModelIndex FriendTreeModel::indexOf(const Group *group) const
+{
+    return createIndex(group->row, 0, nullptr);
+}
+
+QModelIndex FriendTreeModel::indexOf(const Contact *contact) const
+{
+    if (contact->hidden || !contact->group)
+        return QModelIndex();
+    return createIndex(FriendTreeOrder::rowOf(contact->group->rows, contact), 0, contact->group);
+}
+
+QModelIndex FriendTreeModel::contactIndex(const QString &jid) const
+{
+    const Contact *contact = find(jid);
+    return contact ? indexOf(contact) : QModelIndex();
+}
+
+QModelIndex FriendTreeModel::groupIndex(const QString &id) const
+{
+    const Group *known = group(id);
+    return known ? indexOf(known) : QModelIndex();
+}
+
+// A contact's index points to its group, a group's index to nothing.
+QModelIndex FriendTreeModel::index(int row, int column, const QModelIndex &parent) const
+{
+    if (column != 0 || row < 0 || row >= rowCount(parent))
+        return QModelIndex();
+    return createIndex(row, 0, parent.isValid() ? m_groups[size_t(parent.row())].get() : nullptr);
+}
+
+QModelIndex FriendTreeModel::parent(const QModelIndex &child) const
+{
+    const auto *group = static_cast<const Group *>(child.internalPointer());
+    return group ? indexOf(group) : QModelIndex();
+}
+
+int FriendTreeModel::rowCount(const QModelIndex &parent) const
+{
+    if (!parent.isValid())
+        return int(m_groups.size());
+    if (parent.internalPointer() || parent.column() != 0)
+        return 0;
+    return int(m_groups[size_t(parent.row())]->rows.size());
+}
+
+int FriendTreeModel::columnCount(const QModelIndex &) const
+{
+    return 1;
+}
+
+bool FriendTreeModel::hasChildren(const QModelIndex &parent) const
+{
+    return rowCount(parent) > 0;
+}
+
+Qt::ItemFlags FriendTreeModel::flags(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return Qt::NoItemFlags;
+    Qt::ItemFlags flags = Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemIsDropEnabled;
+    const auto *group = static_cast<const Group *>(index.internalPointer());
+    if (group) {
+        flags |= Qt::ItemNeverHasChildren;
+        if (group->rows[size_t(index.row())]->record.jid != m_ownJid)
+            flags |= Qt::ItemIsDragEnabled;
+    }
+    return flags;
+}
+
+QStringList FriendTreeModel::mimeTypes() const
+{
+    return {QStringLiteral("application/x-friendui-contacts")};
+}
+
+QVariant FriendTreeModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    const auto *group = static_cast<const Group *>(index.internalPointer());
+    return group ? contactData(*group->rows[size_t(index.row())], role)
+                 : groupData(*m_groups[size_t(index.row())], role);
+}
+
+QVariant FriendTreeModel::groupData(const Group &group, int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+        return displayText(group.name);
+    case FriendTreeRole::Name:
+        return group.name;
+    case FriendTreeRole::Id:
+        return group.id;
+    case FriendTreeRole::SortKey:
+        return FriendTreeSort::groupKey(group.name);
+    case FriendTreeRole::Kind:
+        return int(GroupRow);
+    case FriendTreeRole::OnlineCount:
+        return group.online;
+    case FriendTreeRole::TotalCount:
+        return group.total();
+    case Qt::AccessibleTextRole:
+        return QStringLiteral("%1, %2/%3")
+            .arg(displayText(group.name), QString::number(group.online),
+                 QString::number(group.total()));
+    default:
+        return QVariant();
+    }
+}
+
+QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
+{
+    const FriendData &record = contact.record;
+    switch (role) {
+    case Qt::DisplayRole:
+        return displayText(contactDisplayName(record));
+    case FriendTreeRole::Name:
+        return contactDisplayName(record);
+    case FriendTreeRole::Id:
+        return record.jid;
+    case FriendTreeRole::HeadPath:
+        return record.headPath;
+    case FriendTreeRole::Presence:
+        return m_presenceUnknown ? int(PresenceData::Available) : int(contact.pcShow);
+    case FriendTreeRole::MobilePresence:
+        return m_presenceUnknown ? QVariant() : QVariant(int(contact.mobile));
+    case FriendTreeRole::SortKey:
+        return FriendTreeSort::contactKey(
+            FriendTreeSort::block(record, contact.presence(), m_ownJid),
+            contactDisplayName(record));
+    case FriendTreeRole::Cooperate:
+        return contact.cooperates;
+    case FriendTreeRole::Kind:
+        return int(m_contactKind);
+    case FriendTreeRole::Sign:
+        return record.sign;
+    case FriendTreeRole::OnJob:
+        return record.onJob != 0;
+    case Qt::ToolTipRole:
+        return toolTipText(displayText(contactDisplayName(record)));
+    case Qt::AccessibleTextRole:
+        return QStringList{displayText(contactDisplayName(record)),
+                           presenceText(contact.presence()), displayText(contact.group->name)}
+            .join(QStringLiteral(", "));
+    default:
+        return QVariant();
+    }
+}
+
+void FriendTreeModel::contactChanged(const Contact *contact)
+{
+    const QModelIndex index = indexOf(contact);
+    if (index.isValid())
+        emit dataChanged(index, index);
+}
+
+void FriendTreeModel::groupChanged(const Group *group)
+{
+    const QModelIndex index = indexOf(group);
+    emit dataChanged(index, index);
+}

@@ -1,0 +1,374 @@
+#include "contacts/friendtreeview.h"
+
+#include "common/desktopshortcut.h"
+#include "common/logging.h"
+#include "contacts/friendcommands.h"
+#include "contacts/friendtreedelegate.h"
+#include "contacts/friendtreemodel.h"
+#include "contacts/grouplabel.h"
+#include "contacts/grouplabels.h"
+#include "contacts/mydrag.h"
+#include "contacts/typefinder.h"
+#include "controls/avatarstore.h"
+#include "controls/scrollanchor.h"
+#include "controls/skin.h"
+#include "plugin/paneactions.h"
+
+#include <QCoreApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QScrollBar>
+
+namespace {
+constexpr int GroupTimeOutMs = 10000;
+// A pointer that rests over the list this long no longer holds up the order.
+constexpr int PointerAtRestMs = 30000;
+constexpr int ScrollStep = 22;
+} // namespace
+
+FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *parent)
+    : QTreeView(parent),
+      m_model(model),
+      m_inner(inner),
+      m_commands(new FriendCommands(model, inner, this)),
+      m_labels(new GroupLabels(this))
+{
+    setObjectName(QStringLiteral("FriendTreeView"));
+    setModel(model);
+    setItemDelegate(new FriendTreeDelegate(this));
+    m_anchor = new ScrollAnchor(this);
+    m_finder = new TypeFinder(this);
+    setHeaderHidden(true);
+    header()->setStretchLastSection(true);
+    setUniformRowHeights(true);
+    setIndentation(0);
+    setRootIsDecorated(false);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(ExtendedSelection);
+    setVerticalScrollMode(ScrollPerPixel);
+    verticalScrollBar()->setSingleStep(ScrollStep);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(NoFrame);
+    setMouseTracking(true);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDragDropMode(DragDrop);
+    setDropIndicatorShown(false);
+    setAutoScroll(true);
+    followSkin(this);
+    setUpMenus();
+
+    m_groupTimeOut.setSingleShot(true);
+    m_groupTimeOut.setInterval(GroupTimeOutMs);
+    m_pointerAtRest.setSingleShot(true);
+    m_pointerAtRest.setInterval(PointerAtRestMs);
+
+    connect(&m_groupTimeOut, &QTimer::timeout, this, &FriendTreeView::slot_loadGroupTimeOut);
+    connect(&m_pointerAtRest, &QTimer::timeout, this, &FriendTreeView::updateFreeze);
+    connect(this, &QTreeView::clicked, this, &FriendTreeView::slot_click);
+    connect(this, &QTreeView::expanded, this, &FriendTreeView::slot_expanded);
+    connect(this, &QTreeView::collapsed, this, &FriendTreeView::slot_collapsed);
+    connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
+        reveal(index);
+        // Clear of the typed text, which stands over the last rows.
+        if (visualRect(index).bottom() > viewport()->height() - 2 * visualRect(index).height())
+            scrollTo(index, PositionAtCenter);
+    });
+    connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
+            QOverload<>::of(&QWidget::update));
+    connect(m_labels, &GroupLabels::labelMade, this, [this](GroupLabel *label) {
+        connect(label, &GroupLabel::signal_clickgroup, this, &FriendTreeView::slot_clickLabel);
+        connect(label, &GroupLabel::signal_mousepress, this, &FriendTreeView::slot_labelpress);
+        connect(label, &GroupLabel::signal_contextMenu, this, &FriendTreeView::slot_contextMenu);
+        connect(label, &GroupLabel::signal_dropPos, this, &FriendTreeView::slot_dropEvent);
+    });
+}
+
+// --- Layout ------------------------------------------------------------------
+
+void FriendTreeView::doItemsLayout()
+{
+    QTreeView::doItemsLayout();
+    m_anchor->restore();
+    m_labels->sync();
+}
+
+void FriendTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                 const QVector<int> &)
+{
+    // The base class would search the row on screen, which takes time in
+    // proportion to the rows for each change. One repaint a frame is cheaper.
+    viewport()->update();
+    for (int row = topLeft.row(); row <= bottomRight.row() && !topLeft.parent().isValid(); ++row) {
+        if (GroupLabel *label = m_labels->labelOf(m_model->index(row, 0)))
+            label->refresh();
+    }
+}
+
+void FriendTreeView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    m_labels->sync();
+    m_finder->place();
+}
+
+void FriendTreeView::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    m_labels->sync();
+    m_finder->place();
+}
+
+void FriendTreeView::reveal(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    if (index.parent().isValid())
+        setExpanded(index.parent(), true);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
+}
+
+void FriendTreeView::slot_expanded(QModelIndex expandedIndex)
+{
+    LOG_SCOPE("FriendTreeView::slot_expanded(QModelIndex expandedIndex)");
+    m_labels->sync();
+    emit signal_isexpand(true, expandedIndex.data(FriendTreeRole::Name).toString());
+}
+
+void FriendTreeView::slot_collapsed(QModelIndex collapsedIndex)
+{
+    LOG_SCOPE("FriendTreeView::slot_collapsed(QModelIndex collapsedIndex)");
+    m_labels->sync();
+    emit signal_isexpand(false, collapsedIndex.data(FriendTreeRole::Name).toString());
+}
+
+// --- Selection and activation ------------------------------------------------
+
+bool FriendTreeView::isGroup(const QModelIndex &index) const
+{
+    return index.isValid() && !index.parent().isValid();
+}
+
+QStringList FriendTreeView::selectedContacts() const
+{
+    QStringList jids;
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    for (const QModelIndex &row : rows) {
+        if (!isGroup(row))
+            jids.append(row.data(FriendTreeRole::Id).toString());
+    }
+    return jids;
+}
+
+void FriendTreeView::slot_click(QModelIndex index)
+{
+    LOG_SCOPE("FriendTreeView::slot_click(QModelIndex index)");
+    m_finder->clear();
+    if (index.isValid() && !isGroup(index))
+        emit signal_stopactive(index.data(FriendTreeRole::Id).toString());
+}
+
+void FriendTreeView::activate(const QModelIndex &index)
+{
+    if (isGroup(index)) {
+        setExpanded(index, !isExpanded(index));
+        return;
+    }
+    if (!index.isValid())
+        return;
+    const QString jid = index.data(FriendTreeRole::Id).toString();
+    emit signal_stopactive(jid);
+    m_commands->openChat(jid);
+}
+
+void FriendTreeView::mousePressEvent(QMouseEvent *event)
+{
+    m_finder->clear();
+    if (!indexAt(event->pos()).isValid())
+        clearSelection();
+    QTreeView::mousePressEvent(event);
+}
+
+void FriendTreeView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    if (event->button() == Qt::LeftButton && index.isValid() && !isGroup(index))
+        activate(index);
+    else
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+void FriendTreeView::slot_labelpress()
+{
+    LOG_SCOPE("FriendTreeView::slot_labelpress()");
+    const auto *label = qobject_cast<GroupLabel *>(sender());
+    if (!label || !label->index().isValid())
+        return;
+    setFocus(Qt::MouseFocusReason);
+    m_finder->clear();
+    selectionModel()->setCurrentIndex(label->index(), QItemSelectionModel::ClearAndSelect);
+}
+
+void FriendTreeView::slot_clickLabel()
+{
+    LOG_SCOPE("FriendTreeView::slot_clickLabel()");
+    const auto *label = qobject_cast<GroupLabel *>(sender());
+    if (label && label->index().isValid())
+        activate(label->index());
+}
+
+void FriendTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    m_labels->sync();
+    emit signal_selectionChanged(current);
+}
+
+void FriendTreeView::selectionChanged(const QItemSelection &selected,
+                                      const QItemSelection &deselected)
+{
+    QTreeView::selectionChanged(selected, deselected);
+    m_labels->sync();
+}
+
+void FriendTreeView::focusInEvent(QFocusEvent *event)
+{
+    QTreeView::focusInEvent(event);
+    m_labels->sync();
+}
+
+void FriendTreeView::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    m_labels->sync();
+}
+
+// --- Keys --------------------------------------------------------------------
+
+void FriendTreeView::keyPressEvent(QKeyEvent *event)
+{
+    if (m_finder->handleKey(event))
+        return;
+    const QModelIndex current = currentIndex();
+    const QString id = current.data(FriendTreeRole::Id).toString();
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        activate(current);
+        return;
+    case Qt::Key_F2:
+        if (isGroup(current))
+            m_commands->renameGroup(id);
+        else if (current.isValid())
+            m_commands->changeRemark(id);
+        return;
+    case Qt::Key_Delete:
+        if (isGroup(current))
+            m_commands->deleteGroup(id);
+        else if (current.isValid())
+            m_commands->deleteContact(id);
+        return;
+    case Qt::Key_Escape:
+        if (selectedContacts().size() > 1) {
+            selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+void FriendTreeView::keyboardSearch(const QString &search)
+{
+    m_finder->type(search);
+}
+
+// --- What must not move under the pointer -------------------------------------
+
+bool FriendTreeView::viewportEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+    case QEvent::MouseMove:
+    case QEvent::HoverMove:
+        m_pointerAtRest.start();
+        m_model->setOrderFrozen(true);
+        break;
+    case QEvent::Leave:
+        m_pointerAtRest.stop();
+        updateFreeze();
+        break;
+    default:
+        break;
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+void FriendTreeView::updateFreeze()
+{
+    const bool menuOpen =
+        m_groupMenu->isVisible() || m_contactMenu->isVisible() || m_selectMoreMenu->isVisible();
+    m_model->setOrderFrozen(m_pointerAtRest.isActive() || menuOpen || m_drag);
+}
+
+// --- Loading -----------------------------------------------------------------
+
+void FriendTreeView::slot_getGroupAgain()
+{
+    LOG_SCOPE("FriendTreeView::slot_getGroupAgain()");
+    m_groupTimeOut.start();
+    m_commands->refreshGroups();
+}
+
+void FriendTreeView::slot_loadGroupTimeOut()
+{
+    LOG_SCOPE("FriendTreeView::slot_loadGroupTimeOut()");
+    emit signal_loadGroupTimeOut();
+}
+
+void FriendTreeView::setHideOffline(bool hide)
+{
+    m_hideOffline = hide;
+}
+
+void FriendTreeView::slot_signShow()
+{
+    LOG_SCOPE("FriendTreeView::slot_signShow()");
+    const QModelIndex index = currentIndex();
+    PaneActions *actions = paneActions();
+    if (!actions || !index.isValid() || isGroup(index))
+        return;
+    const QRect row = visualRect(index);
+    const QPoint corner = viewport()->mapToGlobal(row.topRight());
+    actions->showContactCard(index.data(FriendTreeRole::Id).toString(), corner.x(), corner.y(),
+                             row.width(), false);
+}
+
+void FriendTreeView::slot_unsubscribeServiceFinished(QString strServiceCode, QString strGroupID,
+                                                     bool bSuccess)
+{
+    // Service numbers have a page of their own; no row of this tree is one.
+    LOG_DEBUG("FriendTreeView::slot_unsubscribeServiceFinished "
+              << logText(strServiceCode) << " " << logText(strGroupID)
+              << (bSuccess ? " true" : " false"));
+}
+
+// --- Desktop shortcuts ---------------------------------------------------------
+
+void FriendTreeView::BuildShortCutToDesk(QString frdjid)
+{
+    LOG_SCOPE("FriendTreeView::BuildShortCutToDesk(QString frdjid)");
+    if (!DesktopShortcut::create(frdjid))
+        LOG_ERROR("the desktop shortcut of " << logText(frdjid) << " could not be made");
+}
+
+void FriendTreeView::RemoveShortCut(QString frdjid)
+{
+    LOG_SCOPE("FriendTreeView::RemoveShortCut(QString frdjid)");
+    if (!DesktopShortcut::remove(frdjid))
+        LOG_DEBUG("there is no desktop shortcut of " << logText(frdjid));
+}

@@ -1,0 +1,129 @@
+// The friend tree on screen: headers, menus, keys, drag and drop. Shows a
+// FriendTreeModel and turns what the user does into FriendCommands.
+#pragma once
+
+#include "controls/skinmenu.h"
+
+#include <QPointer>
+#include <QStringList>
+#include <QTimer>
+#include <QTreeView>
+
+class FriendCommands;
+class FriendTreeModel;
+class GroupLabel;
+class GroupLabels;
+class MyDrag;
+class ScrollAnchor;
+class TypeFinder;
+
+class FriendTreeView : public QTreeView
+{
+    Q_OBJECT
+
+public:
+    // `inner`: the roster's contacts; false: the external ones.
+    FriendTreeView(FriendTreeModel *model, bool inner, QWidget *parent = nullptr);
+
+    FriendCommands *commands() const { return m_commands; }
+    // The user's switch in the menu, as opposed to what the list shows.
+    void setHideOffline(bool hide);
+
+    // The host has delivered the groups: nobody waits for them any more.
+    void groupsArrived() { m_groupTimeOut.stop(); }
+
+    // Makes a row current, opens its group and scrolls to it.
+    void reveal(const QModelIndex &index);
+
+    SkinMenu *creatCommonGroupMenu();
+    SkinMenu *creatCommonSigaleMenu();
+    SkinMenu *creatNullGroupMenu();
+    SkinMenu *creatSelectMoreMenu();
+
+    void doItemsLayout() override;
+    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                     const QVector<int> &roles = QVector<int>()) override;
+    void keyboardSearch(const QString &search) override;
+
+signals:
+    void signal_stopactive(QString jid);
+    void signal_isexpand(bool isexpanded, QString groupname);
+    void signal_expandContact(bool bExpandContact);
+    void signal_addfriend(QString frdjid);
+    void signal_selectionChanged(QModelIndex index);
+    void signal_loadGroupTimeOut();
+    void signal_orgClickItem();
+
+public slots:
+    void groupMenuClick(QAction *action);
+    void menuClick(QAction *action);
+    void slot_nullmenu(QAction *action);
+    void slot_dMenu(QAction *action);
+    void FriendMove(QAction *action);
+    void slot_dropend(bool candrag, QString parameter);
+    void slot_dropEvent(QPoint pos);
+    void slot_contextMenu(QPoint pos);
+    void slot_vScrollBarContextMenu(QPoint pos);
+    void slot_click(QModelIndex index);
+    void slot_expanded(QModelIndex expandedIndex);
+    void slot_collapsed(QModelIndex collapsedIndex);
+    void slot_clickLabel();
+    void slot_labelpress();
+    void slot_getGroupAgain();
+    void slot_loadGroupTimeOut();
+    void slot_signShow();
+    void slot_sendMail(bool b);
+    void slot_unsubscribeServiceFinished(QString strServiceCode, QString strGroupID, bool bSuccess);
+    void BuildShortCutToDesk(QString frdjid);
+    void RemoveShortCut(QString frdjid);
+
+protected:
+    bool viewportEvent(QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void selectionChanged(const QItemSelection &selected,
+                          const QItemSelection &deselected) override;
+    void startDrag(Qt::DropActions actions) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dragMoveEvent(QDragMoveEvent *event) override;
+    void dragLeaveEvent(QDragLeaveEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void setUpMenus();
+    void popUp(SkinMenu *menu, QPoint pos);
+    void prepareGroupMenu(const QString &groupId);
+    void prepareContactMenu(const QString &jid);
+    void fillMoveMenu(const QString &jid);
+    void activate(const QModelIndex &index);
+    void updateFreeze();
+    QStringList selectedContacts() const;
+    QModelIndex groupAt(QPoint pos) const; // the group of whatever row is there
+    bool isGroup(const QModelIndex &index) const;
+
+    FriendTreeModel *m_model;
+    const bool m_inner;
+    FriendCommands *m_commands;
+    GroupLabels *m_labels;
+    ScrollAnchor *m_anchor;
+    TypeFinder *m_finder;
+    SkinMenu *m_groupMenu = nullptr;
+    SkinMenu *m_contactMenu = nullptr;
+    SkinMenu *m_nullMenu = nullptr;
+    SkinMenu *m_selectMoreMenu = nullptr;
+    SkinMenu *m_moveMenu = nullptr;
+    QString m_menuGroup;   // the group that the open menu is about
+    QString m_menuContact; // the contact that the open menu is about
+    QPointer<MyDrag> m_drag;
+    QStringList m_dragItems; // jids under way
+    QTimer m_groupTimeOut;
+    QTimer m_pointerAtRest;
+    bool m_hideOffline = false;
+};

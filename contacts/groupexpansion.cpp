@@ -1,0 +1,93 @@
+#include "contacts/groupexpansion.h"
+
+#include "common/clientpaths.h"
+#include "common/cmodifyconfigfile.h"
+#include "common/settingsfile.h"
+#include "contacts/friendtreeroles.h"
+
+#include <QScopedValueRollback>
+#include <QTreeView>
+
+GroupExpansion::GroupExpansion(QTreeView *view, const QString &key)
+    : QObject(view), m_view(view), m_key(key)
+{
+}
+
+void GroupExpansion::load()
+{
+    m_expanded.clear();
+    m_known = false;
+    const QString file = ClientPaths::userSettingsFile();
+    if (!file.isEmpty()) {
+        const SettingsFile settings(file);
+        m_known = settings.contains(m_key);
+        const QStringList names = settings.list(m_key);
+        m_expanded = QSet<QString>(names.begin(), names.end());
+    }
+    restore(0, m_view->model()->rowCount() - 1);
+}
+
+void GroupExpansion::restore(int first, int last)
+{
+    const QScopedValueRollback<bool> applying(m_applying, true);
+    for (int row = first; row <= last; ++row) {
+        const QModelIndex index = m_view->model()->index(row, 0);
+        const QString name = index.data(FriendTreeRole::Name).toString();
+        m_view->setExpanded(index, m_known ? m_expanded.contains(name) : row == 0);
+    }
+}
+
+void GroupExpansion::note(bool expanded, const QString &groupName)
+{
+    if (m_applying)
+        return;
+    if (!m_known) {
+        // From now on the list says it all, also of the groups that are open by default.
+        m_known = true;
+        for (int row = 0; row < m_view->model()->rowCount(); ++row) {
+            const QModelIndex index = m_view->model()->index(row, 0);
+            if (m_view->isExpanded(index))
+                m_expanded.insert(index.data(FriendTreeRole::Name).toString());
+        }
+    }
+    if (expanded)
+        m_expanded.insert(groupName);
+    else
+        m_expanded.remove(groupName);
+    store();
+}
+
+void GroupExpansion::noteRename(const QString &oldName, const QString &newName)
+{
+    if (m_known && m_expanded.remove(oldName)) {
+        m_expanded.insert(newName);
+        store();
+    }
+}
+
+void GroupExpansion::setAll(bool expanded)
+{
+    m_known = true;
+    m_expanded.clear();
+    {
+        const QScopedValueRollback<bool> applying(m_applying, true);
+        if (expanded)
+            m_view->expandAll();
+        else
+            m_view->collapseAll();
+    }
+    for (int row = 0; expanded && row < m_view->model()->rowCount(); ++row)
+        m_expanded.insert(m_view->model()->index(row, 0).data(FriendTreeRole::Name).toString());
+    store();
+}
+
+void GroupExpansion::store() const
+{
+    const QString file = ClientPaths::userSettingsFile();
+    if (file.isEmpty())
+        return;
+    QStringList names = m_expanded.values();
+    names.sort();
+    emit CModifyConfigFile::instance().signal_changeConfigValue(file, m_key, names,
+                                                                SettingsFile::Ini);
+}

@@ -1,0 +1,36 @@
+// Which groups of a contact tree are open: kept in the user's settings across
+// restarts, by group name. Before anything was stored the first group is open.
+#pragma once
+
+#include <QObject>
+#include <QSet>
+#include <QString>
+
+class QTreeView;
+
+class GroupExpansion : public QObject
+{
+    Q_OBJECT
+
+public:
+    // `key` is the settings key of the list.
+    GroupExpansion(QTreeView *view, const QString &key);
+
+    // Reads the user's list and opens and closes the groups accordingly.
+    void load();
+    // Gives the groups first..last the state that is known of them.
+    void restore(int first, int last);
+    // The user opened or closed a group.
+    void note(bool expanded, const QString &groupName);
+    void noteRename(const QString &oldName, const QString &newName);
+    void setAll(bool expanded);
+
+private:
+    void store() const;
+
+    QTreeView *m_view;
+    const QString m_key;
+    QSet<QString> m_expanded;
+    bool m_known = false; // a list was stored or the user has chosen
+    bool m_applying = false;
+};

@@ -1,0 +1,28 @@
+#include "contacts/mydrag.h"
+
+#include <QMimeData>
+#include <QWidget>
+
+MyDrag::MyDrag(QWidget *source) : QDrag(source)
+{
+    auto *marker = new QMimeData;
+    marker->setData(QStringLiteral("application/x-friendui-contacts"), QByteArray("1"));
+    setMimeData(marker);
+}
+
+void MyDrag::setTarget(const QString &groupId)
+{
+    m_taken = true;
+    m_target = groupId;
+}
+
+void MyDrag::run()
+{
+    exec(Qt::MoveAction);
+    emit signal_dropEnd(m_taken, m_target);
+}
+
+bool MyDrag::isFrom(const QDropEvent *event, const QWidget *viewport)
+{
+    return event->source() && viewport && event->source() == viewport->parentWidget();
+}

@@ -1,0 +1,56 @@
+// Round avatars, ready to paint. A picture file is decoded on another thread;
+// until it is there, and for who has none, an avatar is made of the name.
+#pragma once
+
+#include <QCache>
+#include <QImage>
+#include <QObject>
+#include <QPixmap>
+#include <QSet>
+#include <QThreadPool>
+
+class AvatarStore : public QObject
+{
+    Q_OBJECT
+
+public:
+    // A picture beyond these is refused unseen: its header is read, its pixels are not.
+    static constexpr int MaximumSide = 8192;
+    static constexpr qint64 MaximumPixels = 16 * 1000 * 1000;
+    static constexpr qint64 MaximumFileSize = 8 * 1024 * 1024;
+
+    static AvatarStore &instance();
+
+    // The avatar of `id`, `size` device-independent pixels square. `file` may be
+    // empty, missing, or hostile; `name` is anybody's text.
+    QPixmap avatar(const QString &file, const QString &id, const QString &name, int size,
+                   qreal pixelRatio);
+
+    // Forgets what is known of a file, because it was written anew.
+    void refresh(const QString &file);
+
+    // Whether any picture is being decoded.
+    bool isBusy() const { return !m_pending.isEmpty(); }
+
+    // One or two characters that stand for a name: the last two of a Chinese
+    // name, the initials of a Latin one.
+    static QString monogram(const QString &name);
+
+    // Reads and scales a picture within the limits above; a null image when it
+    // is none, too large, or of a format that is not PNG, JPEG, GIF or BMP.
+    static QImage load(const QString &file, int pixels);
+
+signals:
+    // A picture arrived; whoever shows `file` repaints.
+    void pictureReady(const QString &file);
+
+private:
+    AvatarStore();
+    QPixmap generated(const QString &id, const QString &name, int size, qreal pixelRatio);
+    void decode(const QString &file, const QString &key, int size, qreal pixelRatio);
+    void store(const QString &file, const QString &key, const QImage &image, qreal pixelRatio);
+
+    QCache<QString, QPixmap> m_cache; // a null pixmap: the file has no usable picture
+    QSet<QString> m_pending;
+    QThreadPool m_pool;
+};

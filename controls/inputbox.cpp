@@ -1,0 +1,43 @@
+#include "controls/inputbox.h"
+
+#include "controls/tipbox.h"
+
+InputBox::InputBox(QWidget *parent) : QInputDialog(parent)
+{
+    setObjectName(QStringLiteral("InputBox"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setInputMode(QInputDialog::TextInput);
+    setOkButtonText(QObject::tr("sure"));
+    setCancelButtonText(QObject::tr("cancel"));
+}
+
+InputBox *InputBox::ask(QWidget *parent, const QString &title, const QString &label,
+                        const QString &preset, const Check &check, const Accepted &accepted)
+{
+    auto *box = new InputBox(parent);
+    box->setWindowTitle(title);
+    box->setLabelText(label);
+    box->setTextValue(preset);
+    box->m_check = check;
+    box->m_accepted = accepted;
+    box->resize(320, box->sizeHint().height());
+    box->open();
+    return box;
+}
+
+void InputBox::done(int result)
+{
+    if (result == QDialog::Accepted) {
+        const QString refusal = m_check ? m_check(textValue()) : QString();
+        if (!refusal.isEmpty()) {
+            TipBox::tell(this, refusal);
+            return;
+        }
+    }
+    const Accepted accepted = result == QDialog::Accepted ? m_accepted : Accepted();
+    const QString text = textValue();
+    m_accepted = nullptr;
+    QInputDialog::done(result);
+    if (accepted)
+        accepted(text);
+}

@@ -1,0 +1,15 @@
+// Where pictures come from.
+#pragma once
+
+#include <QColor>
+#include <QPixmap>
+#include <QString>
+
+// The file behind a path such as "Resources/images/icon/x.png": in the current
+// folder, beside the executable, or inside the module, in this order.
+QString resourcePath(const QString &relativePath);
+
+// A picture as a pixmap `size` device-independent pixels square, sharp at the
+// given pixel ratio; a valid colour replaces the colours of a glyph. Cached.
+QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio,
+                const QColor &tint = QColor());

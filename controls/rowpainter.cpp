@@ -1,0 +1,155 @@
+#include "controls/rowpainter.h"
+
+#include "controls/skin.h"
+
+#include <QApplication>
+#include <QPainterPath>
+#include <QStyle>
+#include <QWidget>
+
+namespace {
+constexpr int PresenceSize = 12;
+constexpr int Gap = 10;
+constexpr int NamePixels = 14;
+constexpr int SecondPixels = 12;
+constexpr qreal FadedOpacity = 0.55;
+
+void drawPhone(QPainter *painter, const QRectF &area, const QColor &color)
+{
+    const QRectF body(area.center().x() - area.width() * 0.28, area.top(), area.width() * 0.56,
+                      area.height());
+    painter->setBrush(color);
+    painter->drawRoundedRect(body, 1.5, 1.5);
+    painter->setBrush(Qt::white);
+    painter->drawRect(body.adjusted(1.5, 1.8, -1.5, -3));
+}
+} // namespace
+
+RowPainter::RowPainter(QPainter *painter, const QStyleOptionViewItem &option)
+    : m_painter(painter), m_option(option), m_left(option.rect.adjusted(Margin, 0, -Margin, 0))
+{
+}
+
+void RowPainter::background()
+{
+    QStyleOptionViewItem panel = m_option;
+    const Skin::Colors &colors = Skin::instance().colors();
+    const bool selected = panel.state.testFlag(QStyle::State_Selected);
+    if (!selected && panel.state.testFlag(QStyle::State_MouseOver))
+        panel.backgroundBrush = colors.hover;
+    panel.state.setFlag(QStyle::State_MouseOver, false);
+    panel.palette.setColor(QPalette::Highlight, colors.selected);
+    const QStyle *style = panel.widget ? panel.widget->style() : QApplication::style();
+    style->drawPrimitive(QStyle::PE_PanelItemViewItem, &panel, m_painter, panel.widget);
+    if (panel.state.testFlag(QStyle::State_HasFocus)) {
+        m_painter->setPen(QPen(colors.theme, 1));
+        m_painter->setBrush(Qt::NoBrush);
+        m_painter->drawRect(m_option.rect.adjusted(0, 0, -1, -1));
+    }
+}
+
+void RowPainter::avatar(const QPixmap &pixmap, bool faded)
+{
+    m_avatar = QRect(m_left.left(), m_left.center().y() - AvatarSize / 2, AvatarSize, AvatarSize);
+    m_avatar = QStyle::visualRect(m_option.direction, m_option.rect, m_avatar);
+    const qreal opacity = m_painter->opacity();
+    m_painter->setOpacity(faded ? FadedOpacity : opacity);
+    m_painter->drawPixmap(m_avatar, pixmap);
+    m_painter->setOpacity(opacity);
+    m_left.setLeft(m_left.left() + AvatarSize + Gap);
+}
+
+void RowPainter::presence(const PresenceData &presence)
+{
+    const QRectF area(m_avatar.right() - PresenceSize + 3, m_avatar.bottom() - PresenceSize + 3,
+                      PresenceSize, PresenceSize);
+    drawPresence(m_painter, area, presence);
+}
+
+void RowPainter::drawPresence(QPainter *painter, const QRectF &area, const PresenceData &presence)
+{
+    const Skin::Colors &colors = Skin::instance().colors();
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    // A rim in the background's colour sets the mark off the avatar.
+    painter->setBrush(colors.background);
+    painter->drawEllipse(area);
+    const QRectF mark = area.adjusted(1.5, 1.5, -1.5, -1.5);
+    const QPointF middle = mark.center();
+    QPen line(Qt::white, 1.4, Qt::SolidLine, Qt::RoundCap);
+    switch (presence.pcShow) {
+    case PresenceData::Available:
+    case PresenceData::FreeForChat:
+        painter->setBrush(colors.online);
+        painter->drawEllipse(mark);
+        if (presence.pcShow == PresenceData::FreeForChat) {
+            painter->setPen(line);
+            painter->drawLine(middle - QPointF(2, 0), middle + QPointF(2, 0));
+            painter->drawLine(middle - QPointF(0, 2), middle + QPointF(0, 2));
+        }
+        break;
+    case PresenceData::Away:
+    case PresenceData::ExtendedAway:
+        painter->setBrush(colors.away);
+        painter->drawEllipse(mark);
+        painter->setPen(line);
+        painter->drawLine(middle, middle - QPointF(0, 2.6));
+        painter->drawLine(middle, middle + QPointF(2, 0));
+        break;
+    case PresenceData::DoNotDisturb:
+        painter->setBrush(colors.busy);
+        painter->drawEllipse(mark);
+        painter->setPen(line);
+        painter->drawLine(middle - QPointF(2.2, 0), middle + QPointF(2.2, 0));
+        break;
+    case PresenceData::Offline:
+        if (presence.mobile != PresenceData::NoMobile) {
+            drawPhone(painter, mark, colors.online);
+            break;
+        }
+        painter->setBrush(Qt::NoBrush);
+        painter->setPen(QPen(colors.offline, 1.6));
+        painter->drawEllipse(mark.adjusted(0.8, 0.8, -0.8, -0.8));
+        break;
+    }
+    painter->restore();
+}
+
+void RowPainter::markAtRight(const QPixmap &glyph)
+{
+    QRect area(m_left.right() - MarkSize + 1, m_left.center().y() - MarkSize / 2, MarkSize,
+               MarkSize);
+    m_painter->drawPixmap(QStyle::visualRect(m_option.direction, m_option.rect, area), glyph);
+    m_left.setRight(m_left.right() - MarkSize - Gap / 2);
+}
+
+void RowPainter::texts(const QString &first, const QString &second, bool faded)
+{
+    const Skin::Colors &colors = Skin::instance().colors();
+    const QFont firstFont = skinFont(NamePixels);
+    const QFont secondFont = skinFont(SecondPixels);
+    const QFontMetrics firstMetrics(firstFont);
+    const QFontMetrics secondMetrics(secondFont);
+    const Qt::Alignment side =
+        QStyle::visualAlignment(m_option.direction, Qt::AlignLeft) | Qt::AlignVCenter;
+
+    QRect upper = m_left;
+    if (!second.isEmpty()) {
+        constexpr int NameLine = NamePixels + 6;
+        constexpr int SecondLine = SecondPixels + 5;
+        const int top = m_left.center().y() - (NameLine + SecondLine) / 2;
+        upper = QRect(m_left.left(), top, m_left.width(), NameLine);
+        const QRect lower(m_left.left(), top + NameLine, m_left.width(), SecondLine);
+        m_painter->setFont(secondFont);
+        m_painter->setPen(colors.secondary);
+        m_painter->drawText(QStyle::visualRect(m_option.direction, m_option.rect, lower),
+                            int(side) | Qt::TextSingleLine,
+                            secondMetrics.elidedText(second, Qt::ElideRight, lower.width()));
+    }
+    m_painter->setFont(firstFont);
+    m_painter->setPen(faded ? colors.secondary : colors.text);
+    m_painter->drawText(QStyle::visualRect(m_option.direction, m_option.rect, upper),
+                        int(side) | Qt::TextSingleLine,
+                        firstMetrics.elidedText(first, Qt::ElideRight, upper.width()));
+}

@@ -1,0 +1,44 @@
+// Paints the parts that rows of all lists share: background, avatar with its
+// presence mark, one or two lines of text.
+#pragma once
+
+#include "hostapi/rosterrecords.h"
+
+#include <QFont>
+#include <QPainter>
+#include <QStyleOptionViewItem>
+
+class RowPainter
+{
+public:
+    static constexpr int RowHeight = 44; // device-independent pixels, as all below
+    static constexpr int AvatarSize = 32;
+    static constexpr int MarkSize = 16;
+    static constexpr int Margin = 12;
+
+    RowPainter(QPainter *painter, const QStyleOptionViewItem &option);
+
+    // The style's item panel in the skin's colours, and the focus frame.
+    void background();
+
+    // At the left of what is left of the row. `faded` for who is offline.
+    void avatar(const QPixmap &pixmap, bool faded);
+
+    // Over the lower right of the avatar; the kinds differ in shape, not only in
+    // colour.
+    void presence(const PresenceData &presence);
+
+    // A mark at the right of what is left of the row.
+    void markAtRight(const QPixmap &glyph);
+
+    // `second` may be empty; texts are cut with an ellipsis.
+    void texts(const QString &first, const QString &second, bool faded);
+
+    static void drawPresence(QPainter *painter, const QRectF &area, const PresenceData &presence);
+
+private:
+    QPainter *m_painter;
+    const QStyleOptionViewItem &m_option;
+    QRect m_left; // the part of the row that nothing was painted on yet
+    QRect m_avatar;
+};

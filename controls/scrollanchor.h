@@ -1,0 +1,30 @@
+// Keeps what the user looks at in its place while rows come, go and move above
+// it: the row at the top of the view stays at the top.
+#pragma once
+
+#include <QObject>
+#include <QPersistentModelIndex>
+
+class QTreeView;
+
+class ScrollAnchor : public QObject
+{
+    Q_OBJECT
+
+public:
+    // Follows the model that the view has now. The view calls restore() when it
+    // has laid out its items.
+    explicit ScrollAnchor(QTreeView *view);
+
+    void restore();
+
+private:
+    void hold();
+    // Rows first..last below parent go away or elsewhere: holds on to a neighbour.
+    void leaveRows(const QModelIndex &parent, int first, int last);
+
+    QTreeView *m_view;
+    QPersistentModelIndex m_index;
+    int m_top = 0; // of the anchor's row, in viewport coordinates
+    bool m_held = false;
+};

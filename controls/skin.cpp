@@ -1,0 +1,106 @@
+#include "controls/skin.h"
+
+#include "common/context.h"
+#include "plugin/frienduisignalsender.h"
+
+#include <QStringList>
+#include <QWidget>
+
+namespace {
+const Skin::Colors lightColors{QColor(255, 255, 255), QColor(245, 246, 248), QColor(31, 35, 41),
+                               QColor(112, 118, 128), QColor(242, 243, 245), QColor(221, 232, 255),
+                               QColor(38, 99, 235),   QColor(222, 224, 227), QColor(204, 48, 48),
+                               QColor(22, 140, 68),   QColor(200, 120, 0),   QColor(204, 48, 48),
+                               QColor(150, 155, 163)};
+const Skin::Colors darkColors{QColor(27, 29, 33),    QColor(20, 22, 25),   QColor(232, 234, 238),
+                              QColor(158, 163, 172), QColor(40, 43, 49),   QColor(42, 64, 112),
+                              QColor(92, 148, 255),  QColor(54, 57, 64),   QColor(255, 105, 97),
+                              QColor(74, 201, 120),  QColor(255, 181, 71), QColor(255, 105, 97),
+                              QColor(124, 129, 139)};
+
+bool namesADarkSkin(const SysUIData &record)
+{
+    if (record.skinName.contains(QLatin1String("dark"), Qt::CaseInsensitive))
+        return true;
+    // A host with skin names of its own tells by its text colour.
+    const QColor text = Skin::color(record.textColor, QColor());
+    return text.isValid() && text.lightness() > 128;
+}
+} // namespace
+
+Skin &Skin::instance()
+{
+    static auto *skin = new Skin;
+    return *skin;
+}
+
+Skin::Skin()
+{
+    setRecord(ctx().skin());
+    connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_SkinChange, this,
+            &Skin::setRecord);
+}
+
+QColor Skin::color(const QString &text, const QColor &fallback)
+{
+    const QStringList parts = text.split(QLatin1Char(','));
+    if (parts.size() != 3)
+        return fallback;
+    int rgb[3];
+    for (int i = 0; i < 3; ++i) {
+        bool ok = false;
+        rgb[i] = parts.at(i).trimmed().toInt(&ok);
+        if (!ok || rgb[i] < 0 || rgb[i] > 255)
+            return fallback;
+    }
+    return QColor(rgb[0], rgb[1], rgb[2]);
+}
+
+void Skin::setRecord(const SysUIData &record)
+{
+    m_dark = namesADarkSkin(record);
+    m_colors = m_dark ? darkColors : lightColors;
+    m_colors.theme = color(record.themeColor, m_colors.theme);
+    m_colors.text = color(record.textColor, m_colors.text);
+    m_colors.secondary = color(record.secondaryColor, m_colors.secondary);
+    m_colors.hover = color(record.hoverColor, m_colors.hover);
+    m_colors.selected = color(record.selectedColor, m_colors.selected);
+    emit changed();
+}
+
+QPalette Skin::palette() const
+{
+    QPalette palette(m_colors.text, m_colors.background, m_colors.background.lighter(110),
+                     m_colors.background.darker(130), m_colors.border, m_colors.text,
+                     m_dark ? m_colors.text : QColor(Qt::black), m_colors.background,
+                     m_colors.background);
+    palette.setColor(QPalette::Highlight, m_colors.selected);
+    palette.setColor(QPalette::HighlightedText, m_colors.text);
+    palette.setColor(QPalette::Button, m_dark ? m_colors.hover : QColor(246, 247, 249));
+    palette.setColor(QPalette::ButtonText, m_colors.text);
+    palette.setColor(QPalette::PlaceholderText, m_colors.secondary);
+    palette.setColor(QPalette::Disabled, QPalette::Text, m_colors.offline);
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, m_colors.offline);
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, m_colors.offline);
+    palette.setColor(QPalette::ToolTipBase, m_colors.background);
+    palette.setColor(QPalette::ToolTipText, m_colors.text);
+    palette.setColor(QPalette::Link, m_colors.theme);
+    return palette;
+}
+
+void followSkin(QWidget *widget)
+{
+    widget->setPalette(Skin::instance().palette());
+    QObject::connect(&Skin::instance(), &Skin::changed, widget,
+                     [widget] { widget->setPalette(Skin::instance().palette()); });
+}
+
+QFont skinFont(int pixelSize, QFont::Weight weight)
+{
+    QFont font;
+    font.setFamilies({QStringLiteral("Microsoft Yahei"), QStringLiteral("Noto Sans CJK SC"),
+                      QStringLiteral("WenQuanYi Micro Hei")});
+    font.setPixelSize(pixelSize);
+    font.setWeight(weight);
+    return font;
+}

@@ -1,0 +1,59 @@
+#include "controls/statepage.h"
+
+#include "controls/pictures.h"
+#include "controls/skin.h"
+
+#include <QEvent>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+constexpr int PictureSize = 120;
+}
+
+StatePage::StatePage(const char *key, const QString &picture, const char *buttonKey,
+                     QWidget *parent)
+    : QWidget(parent), m_key(key), m_buttonKey(buttonKey), m_text(new QLabel(this))
+{
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(24, 24, 24, 24);
+    layout->setSpacing(12);
+    layout->addStretch(2);
+    if (!picture.isEmpty()) {
+        auto *image = new QLabel(this);
+        image->setPixmap(QIcon(resourcePath(picture)).pixmap(PictureSize, PictureSize));
+        image->setAlignment(Qt::AlignCenter);
+        layout->addWidget(image);
+    }
+    m_text->setTextFormat(Qt::PlainText);
+    m_text->setAlignment(Qt::AlignCenter);
+    m_text->setWordWrap(true);
+    m_text->setFont(skinFont(13));
+    m_text->setForegroundRole(QPalette::PlaceholderText);
+    layout->addWidget(m_text);
+    if (buttonKey) {
+        m_button = new QPushButton(this);
+        m_button->setObjectName(QLatin1String(buttonKey));
+        m_button->setFont(skinFont(13));
+        layout->addWidget(m_button, 0, Qt::AlignCenter);
+        connect(m_button, &QPushButton::clicked, this, &StatePage::buttonClicked);
+    }
+    layout->addStretch(3);
+    retranslate();
+}
+
+void StatePage::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void StatePage::retranslate()
+{
+    m_text->setText(QObject::tr(m_key));
+    if (m_button)
+        m_button->setText(QObject::tr(m_buttonKey));
+}

@@ -1,0 +1,33 @@
+// The page that stands where a list would be while there is nothing to list:
+// loading, empty, failed. A picture, a sentence, and a button as the way on.
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QPushButton;
+
+class StatePage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // `key` is the sentence's translation key; `buttonKey` that of the button,
+    // null for none; `picture` a path below Resources, empty for none.
+    StatePage(const char *key, const QString &picture, const char *buttonKey,
+              QWidget *parent = nullptr);
+
+signals:
+    void buttonClicked();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void retranslate();
+
+    const char *m_key;
+    const char *m_buttonKey;
+    QLabel *m_text;
+    QPushButton *m_button = nullptr;
+};

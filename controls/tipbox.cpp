@@ -1,0 +1,66 @@
+#include "controls/tipbox.h"
+
+#include <QPushButton>
+
+namespace {
+TipBox::Answer s_answer = TipBox::ShowBox;
+QString s_lastText;
+int s_count = 0;
+} // namespace
+
+TipBox::TipBox(QWidget *parent, const QString &text) : QMessageBox(parent)
+{
+    setObjectName(QStringLiteral("TipBox"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setWindowTitle(QObject::tr("tip"));
+    setTextFormat(Qt::PlainText);
+    setText(text);
+}
+
+bool TipBox::answeredByTest(const QString &text, const std::function<void()> &whenSure)
+{
+    s_lastText = text;
+    ++s_count;
+    if (s_answer == ShowBox)
+        return false;
+    if (s_answer == Sure && whenSure)
+        whenSure();
+    return true;
+}
+
+void TipBox::tell(QWidget *parent, const QString &text, const QString &button)
+{
+    if (answeredByTest(text, {}))
+        return;
+    auto *box = new TipBox(parent, text);
+    box->setIcon(QMessageBox::Information);
+    box->addButton(button.isEmpty() ? QObject::tr("sure") : button, QMessageBox::AcceptRole);
+    box->open();
+}
+
+void TipBox::ask(QWidget *parent, const QString &text, const std::function<void()> &whenSure)
+{
+    if (answeredByTest(text, whenSure))
+        return;
+    auto *box = new TipBox(parent, text);
+    box->setIcon(QMessageBox::Question);
+    QPushButton *sure = box->addButton(QObject::tr("sure"), QMessageBox::AcceptRole);
+    QPushButton *cancel = box->addButton(QObject::tr("cancel"), QMessageBox::RejectRole);
+    box->setDefaultButton(cancel);
+    box->setEscapeButton(cancel);
+    connect(sure, &QPushButton::clicked, parent, whenSure);
+    box->open();
+}
+
+void TipBox::setNextAnswers(Answer answer)
+{
+    s_answer = answer;
+}
+QString TipBox::lastText()
+{
+    return s_lastText;
+}
+int TipBox::count()
+{
+    return s_count;
+}

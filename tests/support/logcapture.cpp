@@ -1,0 +1,61 @@
+#include "tests/support/logcapture.h"
+
+#include "common/clogthread.h"
+#include "common/logfilewriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+namespace {
+
+struct ProcessLog
+{
+    QString path = QDir::homePath() + QStringLiteral("/capture.log");
+    LogFileWriter writer{path};
+    CLogThread thread;
+
+    ProcessLog()
+    {
+        writer.setMaximumFileSize(1024 * 1024);
+        thread.setWriter(&writer);
+        thread.start();
+    }
+};
+
+// Never destroyed: the log manager keeps the first thread that it sees.
+ProcessLog &processLog()
+{
+    static auto *log = new ProcessLog;
+    return *log;
+}
+
+QStringList writtenLines()
+{
+    ProcessLog &log = processLog();
+    if (!QTest::qWaitFor([&log] { return log.thread.isDrained(); }, 30000))
+        QTest::qFail("the log thread does not come to an end", __FILE__, __LINE__);
+    log.writer.flush();
+    QFile file(log.path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+}
+
+} // namespace
+
+LogCapture::LogCapture(FakeContext &context) : m_skip(writtenLines().size())
+{
+    context.writer = &processLog().writer;
+    context.thread = &processLog().thread;
+}
+
+QStringList LogCapture::lines() const
+{
+    return writtenLines().mid(m_skip);
+}
+
+QStringList LogCapture::linesWith(const char *text) const
+{
+    return lines().filter(QString::fromUtf8(text));
+}

@@ -1,0 +1,963 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name>QObject</name>
+    <message>
+        <source>accountOrMobile</source>
+        <translation>Account or mobile number</translation>
+    </message>
+    <message>
+        <source>addcon</source>
+        <translation>Add contact</translation>
+    </message>
+    <message>
+        <source>addcontactsfailed</source>
+        <translation>The contact could not be added.</translation>
+    </message>
+    <message>
+        <source>addfail</source>
+        <translation>Could not add these </translation>
+    </message>
+    <message>
+        <source>addfailreadd</source>
+        <translation>Adding failed. Please add again.</translation>
+    </message>
+    <message>
+        <source>addfriendslimited</source>
+        <translation>Your contact list is full; no more can be added.</translation>
+    </message>
+    <message>
+        <source>addgroupfailed</source>
+        <translation>The group could not be created. Please try again.</translation>
+    </message>
+    <message>
+        <source>addInviteCompany</source>
+        <translation>Please select the company members to invite.</translation>
+    </message>
+    <message>
+        <source>addOutsideFriendslimited</source>
+        <translation>You have reached the limit of external contacts.</translation>
+    </message>
+    <message>
+        <source>addOutsideFriendslimited2</source>
+        <translation>This person has reached the limit of external contacts.</translation>
+    </message>
+    <message>
+        <source>addreply</source>
+        <translation>The request is sent. Please wait for the answer.</translation>
+    </message>
+    <message>
+        <source>addService</source>
+        <translation>Add service number</translation>
+    </message>
+    <message>
+        <source>addsuccess</source>
+        <translation>Added</translation>
+    </message>
+    <message>
+        <source>addTeamGroupName</source>
+        <translation>New sub-group</translation>
+    </message>
+    <message>
+        <source>addTeamMember</source>
+        <translation>Add members</translation>
+    </message>
+    <message>
+        <source>addToContactList</source>
+        <translation>Add to contact list</translation>
+    </message>
+    <message>
+        <source>administrator</source>
+        <translation>Administrator</translation>
+    </message>
+    <message>
+        <source>agree</source>
+        <translation>Agree</translation>
+    </message>
+    <message>
+        <source>allowfriends</source>
+        <translation> accepts every contact request</translation>
+    </message>
+    <message>
+        <source>back</source>
+        <translation>Back</translation>
+    </message>
+    <message>
+        <source>batDeleteTeamMembers</source>
+        <translation>Delete members</translation>
+    </message>
+    <message>
+        <source>batMoveTeamMembers</source>
+        <translation>Move members</translation>
+    </message>
+    <message>
+        <source>cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>cancelGroupToppest</source>
+        <translation>Unpin</translation>
+    </message>
+    <message>
+        <source>cancelPersionAdmin</source>
+        <translation>Remove as sub-administrator</translation>
+    </message>
+    <message>
+        <source>cancelSubscribe</source>
+        <translation>Unsubscribe</translation>
+    </message>
+    <message>
+        <source>cannotChangeThemeForSelfOffLine</source>
+        <translation>You are offline and cannot rename the group chat.</translation>
+    </message>
+    <message>
+        <source>cannotSearchForOtherInfoForSelfOffLine</source>
+        <translation>You are offline and cannot look up other people.</translation>
+    </message>
+    <message>
+        <source>changemanage</source>
+        <translation>Hand over management</translation>
+    </message>
+    <message>
+        <source>changeRemark</source>
+        <translation>Change remark</translation>
+    </message>
+    <message>
+        <source>changeRemarkName</source>
+        <translation>Change remark</translation>
+    </message>
+    <message>
+        <source>checkAccount</source>
+        <translation>Please check the account or mobile number.</translation>
+    </message>
+    <message>
+        <source>clearLatest</source>
+        <translation>Clear recent contacts</translation>
+    </message>
+    <message>
+        <source>clickToLookup</source>
+        <translation>Click to view</translation>
+    </message>
+    <message>
+        <source>close</source>
+        <translation>Close</translation>
+    </message>
+    <message>
+        <source>collapseAll</source>
+        <translation>Collapse all</translation>
+    </message>
+    <message>
+        <source>conatct</source>
+        <translation>contacts</translation>
+    </message>
+    <message>
+        <source>confirmDeleteContact</source>
+        <translation>Delete the contact “%1”?</translation>
+    </message>
+    <message>
+        <source>confirmDeleteContacts</source>
+        <translation>Delete the %1 selected contacts?</translation>
+    </message>
+    <message>
+        <source>confirmDeleteGroup</source>
+        <translation>Delete the group “%1”? Its contacts move to “我的好友”.</translation>
+    </message>
+    <message>
+        <source>contactCooperates</source>
+        <translation>Partner contact</translation>
+    </message>
+    <message>
+        <source>contactDetail</source>
+        <translation>Contact profile</translation>
+    </message>
+    <message>
+        <source>contactEntries</source>
+        <translation>Contact sections</translation>
+    </message>
+    <message>
+        <source>contactGroupMultiDeviceSynchronous</source>
+        <translation>No group chats in the address book yet</translation>
+    </message>
+    <message>
+        <source>contactOfGroup</source>
+        <translation>%1, %2, in group %3</translation>
+    </message>
+    <message>
+        <source>contactOnMobile</source>
+        <translation>Mobile</translation>
+    </message>
+    <message>
+        <source>contactsDeleted</source>
+        <translation>Deleted contacts</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
+        <source>create</source>
+        <translation>Create</translation>
+    </message>
+    <message>
+        <source>createDesktopShortcut</source>
+        <translation>Create desktop shortcut</translation>
+    </message>
+    <message>
+        <source>createdulicatedteam</source>
+        <translation>That name is reserved for a system group.</translation>
+    </message>
+    <message>
+        <source>createexistedteam</source>
+        <translation>There already is a group of that name. Please choose another.</translation>
+    </message>
+    <message>
+        <source>createMuc</source>
+        <translation>Start group chat</translation>
+    </message>
+    <message>
+        <source>customer</source>
+        <translation>Customer service</translation>
+    </message>
+    <message>
+        <source>defaltInvitReasion</source>
+        <translation>Please join our virtual team.</translation>
+    </message>
+    <message>
+        <source>deleteContactFailed</source>
+        <translation>“%1” could not be deleted. Please try again.</translation>
+    </message>
+    <message>
+        <source>deleteFromContact</source>
+        <translation>Remove from address book</translation>
+    </message>
+    <message>
+        <source>deleteMyFriend</source>
+        <translation>Delete friend</translation>
+    </message>
+    <message>
+        <source>deleteOutsideFriendFailed</source>
+        <translation>The external contact could not be deleted. Please try again.</translation>
+    </message>
+    <message>
+        <source>deleteTeamGroupTip</source>
+        <translation>Delete this group?</translation>
+    </message>
+    <message>
+        <source>deleteTeamMembers</source>
+        <translation>Delete member</translation>
+    </message>
+    <message>
+        <source>delFriend</source>
+        <translation>Delete contact</translation>
+    </message>
+    <message>
+        <source>delGroup</source>
+        <translation>Delete group</translation>
+    </message>
+    <message>
+        <source>delMuc</source>
+        <translation>Delete group</translation>
+    </message>
+    <message>
+        <source>department</source>
+        <translation>Department</translation>
+    </message>
+    <message>
+        <source>dismissmuc</source>
+        <translation>Dissolve group chat</translation>
+    </message>
+    <message>
+        <source>dismissTeam</source>
+        <translation>Dissolve team</translation>
+    </message>
+    <message>
+        <source>editNickName</source>
+        <translation>Change nickname</translation>
+    </message>
+    <message>
+        <source>enterprisesCard</source>
+        <translation>Business card</translation>
+    </message>
+    <message>
+        <source>existVirtualTeam</source>
+        <translation>Leave team</translation>
+    </message>
+    <message>
+        <source>expandAll</source>
+        <translation>Expand all</translation>
+    </message>
+    <message>
+        <source>failaddfrd</source>
+        <translation>The request could not be sent.</translation>
+    </message>
+    <message>
+        <source>filenotexistscannotmodify</source>
+        <translation>The file does not exist; the picture was not changed.</translation>
+    </message>
+    <message>
+        <source>fileTransfer</source>
+        <translation>File transfer</translation>
+    </message>
+    <message>
+        <source>filetype</source>
+        <translation>Pictures (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>findResult</source>
+        <translation>%1, match %2 of %3</translation>
+    </message>
+    <message>
+        <source>forbidden</source>
+        <translation>Muted</translation>
+    </message>
+    <message>
+        <source>freshPersionInfo</source>
+        <translation>Refresh people</translation>
+    </message>
+    <message>
+        <source>friendsAllHidden</source>
+        <translation>No contact is online</translation>
+    </message>
+    <message>
+        <source>friendsEmpty</source>
+        <translation>No contacts yet</translation>
+    </message>
+    <message>
+        <source>friendsEmptyHint</source>
+        <translation>Add colleagues from the organization, or create a group.</translation>
+    </message>
+    <message>
+        <source>friendsFailed</source>
+        <translation>The contacts could not be loaded</translation>
+    </message>
+    <message>
+        <source>friendsLoading</source>
+        <translation>Loading contacts…</translation>
+    </message>
+    <message>
+        <source>friendsOffline</source>
+        <translation>You are offline; the contact list may be out of date.</translation>
+    </message>
+    <message>
+        <source>friendTree</source>
+        <translation>Contact list</translation>
+    </message>
+    <message>
+        <source>getfriendsfailed</source>
+        <translation>The external contacts could not be loaded. Please try again.</translation>
+    </message>
+    <message>
+        <source>gettinginformation</source>
+        <translation>Looking up this person…</translation>
+    </message>
+    <message>
+        <source>groupChat</source>
+        <translation>Group chats</translation>
+    </message>
+    <message>
+        <source>groupCollapsed</source>
+        <translation>collapsed</translation>
+    </message>
+    <message>
+        <source>groupExpanded</source>
+        <translation>expanded</translation>
+    </message>
+    <message>
+        <source>groupNameColon</source>
+        <translation>Group name:</translation>
+    </message>
+    <message>
+        <source>iamsomebodywantadd</source>
+        <translation>wants to add you as a contact</translation>
+    </message>
+    <message>
+        <source>idNoExist</source>
+        <translation>There is no such account.</translation>
+    </message>
+    <message>
+        <source>inputNameIDTel</source>
+        <translation>Name, employee code or mobile number</translation>
+    </message>
+    <message>
+        <source>invitechat</source>
+        <translation>Start chat</translation>
+    </message>
+    <message>
+        <source>inviteCompany</source>
+        <translation>Invite a company</translation>
+    </message>
+    <message>
+        <source>inviteReasion</source>
+        <translation>Reason (up to 100 characters)</translation>
+    </message>
+    <message>
+        <source>inviteYouJoin</source>
+        <translation>Invites you to join</translation>
+    </message>
+    <message>
+        <source>inviteYourCompanyJoin</source>
+        <translation>Invites your company to join</translation>
+    </message>
+    <message>
+        <source>isOfflinePleaseLogin</source>
+        <translation>You are offline. Please log in first.</translation>
+    </message>
+    <message>
+        <source>latestContact</source>
+        <translation>Recent contacts</translation>
+    </message>
+    <message>
+        <source>latestEmpty</source>
+        <translation>No recent conversations</translation>
+    </message>
+    <message>
+        <source>loadErrorAndCrazyRetry</source>
+        <translation>Loading failed. Click to try again</translation>
+    </message>
+    <message>
+        <source>loading</source>
+        <translation>Loading…</translation>
+    </message>
+    <message>
+        <source>localGroup</source>
+        <translation>Local groups</translation>
+    </message>
+    <message>
+        <source>locateSelf</source>
+        <translation>Locate myself</translation>
+    </message>
+    <message>
+        <source>locateToMe</source>
+        <translation>Show my place</translation>
+    </message>
+    <message>
+        <source>messageSetting</source>
+        <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>minimize</source>
+        <translation>Minimize</translation>
+    </message>
+    <message>
+        <source>modifyGroupName</source>
+        <translation>Rename group chat</translation>
+    </message>
+    <message>
+        <source>modifyGroupNameFail</source>
+        <translation>The group could not be renamed. Please try again.</translation>
+    </message>
+    <message>
+        <source>modifyTeamGroupName</source>
+        <translation>Rename group</translation>
+    </message>
+    <message>
+        <source>moveTeamMembers</source>
+        <translation>Move members</translation>
+    </message>
+    <message>
+        <source>moveToGroup</source>
+        <translation>Move to group</translation>
+    </message>
+    <message>
+        <source>msgrecord</source>
+        <translation>Message history</translation>
+    </message>
+    <message>
+        <source>name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>newgroup</source>
+        <translation>New group</translation>
+    </message>
+    <message>
+        <source>noapp</source>
+        <translation>No service numbers subscribed yet</translation>
+    </message>
+    <message>
+        <source>NoAuthSubscrip</source>
+        <translation>You may not subscribe to this service number.</translation>
+    </message>
+    <message>
+        <source>nocustomer</source>
+        <translation>No customer-service channels</translation>
+    </message>
+    <message>
+        <source>nofrd_toadd</source>
+        <translation>No external contacts yet. Add the first one</translation>
+    </message>
+    <message>
+        <source>noMatch</source>
+        <translation>No contact matches</translation>
+    </message>
+    <message>
+        <source>notaddcontacts</source>
+        <translation>You cannot add yourself as a contact.</translation>
+    </message>
+    <message>
+        <source>notaddcontactslist</source>
+        <translation>There is nobody to add.</translation>
+    </message>
+    <message>
+        <source>notaddcontactslistwithunused</source>
+        <translation>These accounts are not in use yet and cannot be added.</translation>
+    </message>
+    <message>
+        <source>notaddduplicatecontacts</source>
+        <translation>All of these people are your contacts already.</translation>
+    </message>
+    <message>
+        <source>notaddwhite</source>
+        <translation>This contact cannot be put on the white list.</translation>
+    </message>
+    <message>
+        <source>notexecuteoperation</source>
+        <translation>You are offline; this cannot be done now.</translation>
+    </message>
+    <message>
+        <source>notgroupcall</source>
+        <translation>A group call is not possible now.</translation>
+    </message>
+    <message>
+        <source>notInENterprise</source>
+        <translation>You do not belong to a company yet</translation>
+    </message>
+    <message>
+        <source>notInOrganization</source>
+        <translation>This person is not in the organization.</translation>
+    </message>
+    <message>
+        <source>notmodify</source>
+        <translation>Nothing has been changed.</translation>
+    </message>
+    <message>
+        <source>notransferfile</source>
+        <translation>Files cannot be sent to this person.</translation>
+    </message>
+    <message>
+        <source>nottransferfilewithunusedaccount</source>
+        <translation>This account is not in use yet; files cannot be sent to it.</translation>
+    </message>
+    <message>
+        <source>noVirtualTeamTip</source>
+        <translation>You have no virtual team yet</translation>
+    </message>
+    <message>
+        <source>noVirtualTeamTip2</source>
+        <translation>Create one to work with people of other departments and companies.</translation>
+    </message>
+    <message>
+        <source>noVirtualTeamTip3</source>
+        <translation>Its members are shown here in their groups.</translation>
+    </message>
+    <message>
+        <source>offlineCannotAdd</source>
+        <translation>You are offline and cannot add contacts.</translation>
+    </message>
+    <message>
+        <source>offlineNoInviteMember</source>
+        <translation>You are offline and cannot invite members.</translation>
+    </message>
+    <message>
+        <source>offlineNotice</source>
+        <translation>You are offline</translation>
+    </message>
+    <message>
+        <source>onlineCountOf</source>
+        <translation>%1, %2 of %3 online</translation>
+    </message>
+    <message>
+        <source>onlyShowOnlineUser</source>
+        <translation>Show online contacts only</translation>
+    </message>
+    <message>
+        <source>openChat</source>
+        <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>openOrClose</source>
+        <translation>Expand or collapse</translation>
+    </message>
+    <message>
+        <source>operationFailed</source>
+        <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
+        <source>organizationTree</source>
+        <translation>Organization</translation>
+    </message>
+    <message>
+        <source>OrgNotPremissionText</source>
+        <translation>You may not view the organization</translation>
+    </message>
+    <message>
+        <source>orgStructureManage</source>
+        <translation>Manage the organization</translation>
+    </message>
+    <message>
+        <source>orgWidgetLoading</source>
+        <translation>Loading the organization…</translation>
+    </message>
+    <message>
+        <source>outfrdaccept</source>
+        <translation>Accept</translation>
+    </message>
+    <message>
+        <source>outsidefrd</source>
+        <translation>External contacts</translation>
+    </message>
+    <message>
+        <source>pembateam</source>
+        <translation>Product team</translation>
+    </message>
+    <message>
+        <source>persionnalAcountConnotAdd</source>
+        <translation>Personal accounts cannot join a virtual team.</translation>
+    </message>
+    <message>
+        <source>presenceAway</source>
+        <translation>Away</translation>
+    </message>
+    <message>
+        <source>presenceChat</source>
+        <translation>Free to chat</translation>
+    </message>
+    <message>
+        <source>presenceDnd</source>
+        <translation>Do not disturb</translation>
+    </message>
+    <message>
+        <source>presenceMobile</source>
+        <translation>Online on mobile</translation>
+    </message>
+    <message>
+        <source>presenceOffline</source>
+        <translation>Offline</translation>
+    </message>
+    <message>
+        <source>presenceOnline</source>
+        <translation>Online</translation>
+    </message>
+    <message>
+        <source>presenceXa</source>
+        <translation>Away for long</translation>
+    </message>
+    <message>
+        <source>productName</source>
+        <translation>Enterprise Messenger</translation>
+    </message>
+    <message>
+        <source>quitfiletransfer</source>
+        <translation>A file transfer is running and will be cancelled. Continue?</translation>
+    </message>
+    <message>
+        <source>quitmuc</source>
+        <translation>Leave group chat</translation>
+    </message>
+    <message>
+        <source>readd</source>
+        <translation>Add again</translation>
+    </message>
+    <message>
+        <source>recipients50SendSub</source>
+        <translation>There are more than 50 recipients. Please send in parts.</translation>
+    </message>
+    <message>
+        <source>recivenoremind</source>
+        <translation>Receive without notifying</translation>
+    </message>
+    <message>
+        <source>reciveremind</source>
+        <translation>Receive and notify</translation>
+    </message>
+    <message>
+        <source>refresh</source>
+        <translation>Refresh</translation>
+    </message>
+    <message>
+        <source>refreshFriendList</source>
+        <translation>Refresh contact list</translation>
+    </message>
+    <message>
+        <source>refuse</source>
+        <translation>Decline</translation>
+    </message>
+    <message>
+        <source>refusefriends</source>
+        <translation> accepts no contact requests</translation>
+    </message>
+    <message>
+        <source>registerEnterprise</source>
+        <translation>Register a company</translation>
+    </message>
+    <message>
+        <source>remarkColon</source>
+        <translation>Remark:</translation>
+    </message>
+    <message>
+        <source>removeDesktopShortcut</source>
+        <translation>Remove desktop shortcut</translation>
+    </message>
+    <message>
+        <source>removeLatest</source>
+        <translation>Remove from list</translation>
+    </message>
+    <message>
+        <source>renameMuc</source>
+        <translation>Rename group</translation>
+    </message>
+    <message>
+        <source>restore</source>
+        <translation>Restore</translation>
+    </message>
+    <message>
+        <source>retry</source>
+        <translation>Try again</translation>
+    </message>
+    <message>
+        <source>saveToAddresslist</source>
+        <translation>Save to address book</translation>
+    </message>
+    <message>
+        <source>searchTooMuch</source>
+        <translation>Too many searches. Please try again in a moment.</translation>
+    </message>
+    <message>
+        <source>selectpic</source>
+        <translation>Choose a picture</translation>
+    </message>
+    <message>
+        <source>sendCustomerMessage</source>
+        <translation>Send message</translation>
+    </message>
+    <message>
+        <source>sendemail</source>
+        <translation>Send email</translation>
+    </message>
+    <message>
+        <source>sendFile</source>
+        <translation>Send file</translation>
+    </message>
+    <message>
+        <source>sendGroupMessage</source>
+        <translation>Send message</translation>
+    </message>
+    <message>
+        <source>serviceDetail</source>
+        <translation>Service number</translation>
+    </message>
+    <message>
+        <source>serviceNoChat</source>
+        <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>setAdmin</source>
+        <translation>Sub-administrators</translation>
+    </message>
+    <message>
+        <source>setGroupToppest</source>
+        <translation>Pin to top</translation>
+    </message>
+    <message>
+        <source>setPersionAdmin</source>
+        <translation>Make sub-administrator</translation>
+    </message>
+    <message>
+        <source>setting</source>
+        <translation>Settings</translation>
+    </message>
+    <message>
+        <source>shortcutFailed</source>
+        <translation>The desktop shortcut could not be created.</translation>
+    </message>
+    <message>
+        <source>showAllUsers</source>
+        <translation>Show all contacts</translation>
+    </message>
+    <message>
+        <source>showhistory</source>
+        <translation>Show history</translation>
+    </message>
+    <message>
+        <source>showlocalgroup</source>
+        <translation>No local group chats yet</translation>
+    </message>
+    <message>
+        <source>subscribe</source>
+        <translation>Subscribe</translation>
+    </message>
+    <message>
+        <source>subscribed</source>
+        <translation>Subscribed</translation>
+    </message>
+    <message>
+        <source>sure</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>sureCancelAdmin</source>
+        <translation>Remove this member as sub-administrator?</translation>
+    </message>
+    <message>
+        <source>sureDeleteTeamMember</source>
+        <translation>Delete this member?</translation>
+    </message>
+    <message>
+        <source>sureExistTeam</source>
+        <translation>Leave this team?</translation>
+    </message>
+    <message>
+        <source>sureSetAdmin</source>
+        <translation>Make this member a sub-administrator?</translation>
+    </message>
+    <message>
+        <source>sureToClearLatest</source>
+        <translation>Clear all recent contacts?</translation>
+    </message>
+    <message>
+        <source>sureToDismissTheGroup</source>
+        <translation>Dissolve this group chat?</translation>
+    </message>
+    <message>
+        <source>sureToSignOutTheGroup</source>
+        <translation>Leave this group chat?</translation>
+    </message>
+    <message>
+        <source>sureTransAuth</source>
+        <translation>Hand over the management?</translation>
+    </message>
+    <message>
+        <source>sureTransAuthTip</source>
+        <translation>You become an ordinary member afterwards.</translation>
+    </message>
+    <message>
+        <source>teamCountMoreTwo</source>
+        <translation>Please select at least two members.</translation>
+    </message>
+    <message>
+        <source>teamcreatefailed</source>
+        <translation>The group could not be created. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamexisted</source>
+        <translation>That group exists already.</translation>
+    </message>
+    <message>
+        <source>teamNameNotempty</source>
+        <translation>The team name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamnotcreate</source>
+        <translation>You are offline and cannot create a group.</translation>
+    </message>
+    <message>
+        <source>teamnotempty</source>
+        <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>tip</source>
+        <translation>Notice</translation>
+    </message>
+    <message>
+        <source>toTopCustomer</source>
+        <translation>Pin to top</translation>
+    </message>
+    <message>
+        <source>transAuth</source>
+        <translation>Hand over management</translation>
+    </message>
+    <message>
+        <source>typeerrorcannotmodify</source>
+        <translation>This is not a JPG or PNG picture; the picture was not changed.</translation>
+    </message>
+    <message>
+        <source>typeToFind</source>
+        <translation>Type a name to find it</translation>
+    </message>
+    <message>
+        <source>uploadFail</source>
+        <translation>The upload failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>userHadAdded</source>
+        <translation>This member is selected already.</translation>
+    </message>
+    <message>
+        <source>viewdetail</source>
+        <translation>View profile</translation>
+    </message>
+    <message>
+        <source>virtemModGrpName</source>
+        <translation>Rename team</translation>
+    </message>
+    <message>
+        <source>virtemModPostName</source>
+        <translation>Change position</translation>
+    </message>
+    <message>
+        <source>virtualTeamCreateFail</source>
+        <translation>The team could not be created. Please try again.</translation>
+    </message>
+    <message>
+        <source>virtualTeamCreateFailReasion1</source>
+        <translation>The team was not created: its name or its members are not allowed.</translation>
+    </message>
+    <message>
+        <source>virtualTeamCreateFailReasion2</source>
+        <translation>The team was not created: you have a team of that name already.</translation>
+    </message>
+    <message>
+        <source>virtualTeamCreateSuccess</source>
+        <translation>The team is created.</translation>
+    </message>
+    <message>
+        <source>virtualTeamCreateSuccessAndWait</source>
+        <translation>The team is created and waits for approval.</translation>
+    </message>
+    <message>
+        <source>virtualTeamInviteFail</source>
+        <translation>The invitation failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>virtualTeamInviteFail1</source>
+        <translation>The invitation failed: only members of other companies can be invited.</translation>
+    </message>
+    <message>
+        <source>virtualTeamInviteFail2</source>
+        <translation>The invitation failed: you may not invite, or the company has joined already.</translation>
+    </message>
+    <message>
+        <source>virtualTeamInviteSuccess</source>
+        <translation>The invitation is sent.</translation>
+    </message>
+    <message>
+        <source>virtureteam</source>
+        <translation>Virtual teams</translation>
+    </message>
+    <message>
+        <source>waitfriendsconfirm</source>
+        <translation>This person confirms each request. Please introduce yourself.</translation>
+    </message>
+    <message>
+        <source>welcomeuseim</source>
+        <translation>Welcome to Enterprise Messenger</translation>
+    </message>
+    <message>
+        <source>whiteexplane</source>
+        <translation>Contacts on the white list can message you directly.</translation>
+    </message>
+    <message>
+        <source>yesterday</source>
+        <translation>Yesterday</translation>
+    </message>
+    <message>
+        <source>yourImIsOffline</source>
+        <translation>You are offline</translation>
+    </message>
+    <message>
+        <source>yourself</source>
+        <translation>Yourself</translation>
+    </message>
+</context>
+</TS>
