@@ -154,9 +154,11 @@ CoreStore::Outcome CoreStore::tryOpen(QString *problem)
         return isDamage(query.lastError()) ? Damaged : Refused;
     if (query.value(0).toString() != QLatin1String("ok"))
         return Damaged;
-    if (failed(SetUp) || failed(FasterSync))
-        return isDamage(query.lastError()) ? Damaged : Refused;
-    return prepareSchema(problem);
+    const Outcome outcome = prepareSchema(problem);
+    // Last, because it writes: a file that cannot serve stays as it is.
+    if (outcome == Usable && (failed(SetUp) || failed(FasterSync)))
+        return Refused;
+    return outcome;
 }
 
 CoreStore::Outcome CoreStore::prepareSchema(QString *problem)
