@@ -48,6 +48,13 @@ void CoreNotifier::forwardRoster()
     row(&Core::batchAdditionFailed, Inbound::BatchAdditionFailed);
     row(&Core::ownPresenceChanged, Inbound::OwnStatusChanged);
 
+    // Contacts follow the groups that they belong to, also when those come late.
+    connect(m_core, &Core::groupsReceived, this, [this](const QList<GroupData> &, bool inner) {
+        if (inner && m_contactsDue) {
+            m_contactsDue = false;
+            m_core->requestContacts();
+        }
+    });
     connect(m_core, &Core::groupDeleted, this, [this](const QString &id, bool success, bool inner) {
         m_bus->notify(Inbound::GroupDeleted, success, id, inner);
     });
@@ -105,7 +112,7 @@ void CoreNotifier::startSession()
     m_bus->notify(Inbound::ConnectionChanged, m_core->isConnected());
     m_core->requestGroups(true);
     m_core->requestGroups(false);
-    m_core->requestContacts();
+    m_contactsDue = true;
     if (m_core->isConnected())
         announcePresence();
 

@@ -31,4 +31,5 @@ private:
     MessagingCore *m_core;
     HostBus *m_bus;
     CServerSettings *m_settings;
+    bool m_contactsDue = false; // wanted, but the groups have not come yet
 };

@@ -114,6 +114,7 @@ void HostApplication::buildWindow()
     for (const QString &operation : m_options.silent)
         m_levers->setSilent(operation, true);
     m_levers->setSimulating(m_options.simulation);
+    startWithoutRoster();
 
     QObject::connect(m_window->paneArea(), &PaneArea::retryWanted, m_window.get(),
                      [this] { loadPane(m_pluginFile); });
@@ -121,6 +122,17 @@ void HostApplication::buildWindow()
                      [this](const QString &file) { loadPane(file); });
     if (!m_core->notice().isEmpty())
         m_window->showNote(m_core->notice());
+}
+
+// A group list that fails is seen only where no earlier one is shown instead.
+void HostApplication::startWithoutRoster()
+{
+    const QStringList levers = m_options.failing + m_options.silent;
+    if (!levers.contains(QLatin1String("all")) && !levers.contains(QLatin1String("RequestGroups")))
+        return;
+    m_context->setRosterKnown(false);
+    QObject::connect(m_core.get(), &MessagingCore::groupsReceived, m_window.get(),
+                     [this] { m_context->setRosterKnown(true); });
 }
 
 bool HostApplication::loadPane(const QString &file)

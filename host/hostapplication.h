@@ -42,6 +42,7 @@ public:
 private:
     int openCore();
     void buildWindow();
+    void startWithoutRoster();
     bool loadPane(const QString &file);
     int importPeople();
 

@@ -91,11 +91,11 @@ CServerSettings *HostContext::serverSettings() const
 }
 QList<GroupData> HostContext::groups(bool inner) const
 {
-    return m_core->groups(inner);
+    return m_rosterKnown ? m_core->groups(inner) : QList<GroupData>();
 }
 QList<FriendData> HostContext::friends() const
 {
-    return m_core->contacts();
+    return m_rosterKnown ? m_core->contacts() : QList<FriendData>();
 }
 bool HostContext::friendData(const QString &jid, FriendData *out) const
 {

@@ -33,6 +33,9 @@ public:
     CServerSettings &settings() { return m_settings; }
     void setSkin(const SysUIData &skin) { m_skin = skin; }
     void setSessionTop(const QString &jid, bool top);
+    // False: answers as a client does at its first log-in, before the server has
+    // delivered groups and contacts. True at first.
+    void setRosterKnown(bool known) { m_rosterKnown = known; }
 
     LogFileWriter *logWriter() const override;
     CLogThread *logThread() const override;
@@ -73,4 +76,5 @@ private:
     mutable QScopedPointer<ConversationStore> m_conversations;
     QSqlDatabase m_allUsers;
     SysUIData m_skin;
+    bool m_rosterKnown = true;
 };

@@ -27,6 +27,7 @@
 
 namespace {
 constexpr int NoteMs = 8000;
+constexpr int MonitorHeight = 300;
 constexpr int CountMs = 300;
 
 enum Counted
@@ -248,6 +249,8 @@ void MainWindow::setConnected(bool connected)
 void MainWindow::showMonitor(bool shown)
 {
     m_dock->setVisible(shown);
+    if (shown)
+        resizeDocks({m_dock}, {MonitorHeight}, Qt::Vertical);
 }
 
 void MainWindow::showNote(const QString &text)

@@ -54,12 +54,6 @@ template <class... Args> Call reads(void (*function)(const Services &, Args...))
     };
 }
 
-void refreshGroups(const Services &services, bool inner)
-{
-    services.core->requestGroups(inner);
-    services.core->requestContacts();
-}
-
 void addContact(const Services &services, const QString &jid, const QString &validation,
                 const QString &groupId, const QString &remark, qint32)
 {
@@ -76,7 +70,7 @@ const std::vector<RequestRow> &requestRows()
 {
     static const std::vector<RequestRow> rows{
         // Roster
-        {Outbound::RefreshGroups, reads(&refreshGroups)},
+        {Outbound::RefreshGroups, calls(&MessagingCore::requestGroups)},
         {Outbound::CreateGroup, calls(&MessagingCore::createGroup)},
         {Outbound::DeleteGroup, calls(&MessagingCore::deleteGroup)},
         {Outbound::RenameGroup, calls(&MessagingCore::renameGroup)},

@@ -117,8 +117,6 @@ void ChatPage::loadHistory()
     const QList<MessageData> messages = m_core->messages(m_jid, HistoryLength);
     for (const MessageData &message : messages)
         addMessage(message);
-    if (messages.isEmpty())
-        addNote(tr("No messages yet."));
 }
 
 void ChatPage::addMessage(const MessageData &message)
@@ -190,6 +188,7 @@ void ChatPage::retranslate()
 {
     m_title->setText(title());
     m_input->setPlaceholderText(tr("Message; Enter sends, Shift+Enter begins a line"));
+    m_view->setPlaceholderText(tr("No messages yet"));
     m_send->setText(tr("Send"));
     showState();
 }

@@ -28,6 +28,7 @@ namespace {
 constexpr int FrameMs = 16;
 constexpr int HiddenMs = 500;
 constexpr int TypingPauseMs = 200;
+constexpr int CellPadding = 14;
 
 QToolButton *buttonFor(QAction *action, QWidget *parent)
 {
@@ -59,7 +60,7 @@ EventMonitor::EventMonitor(EventLog *log, QWidget *parent)
     splitter->addWidget(m_details);
     splitter->setStretchFactor(0, 3);
     splitter->setStretchFactor(1, 2);
-    splitter->setSizes({640, 360});
+    splitter->setSizes({760, 340});
     splitter->setChildrenCollapsible(false);
 
     auto *layout = new QVBoxLayout(this);
@@ -94,10 +95,13 @@ void EventMonitor::buildTable()
     m_table->verticalHeader()->hide();
     m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
-    const int em = m_table->fontMetrics().averageCharWidth();
-    const int widths[] = {15, 13, 8, 24, 11, 11, 40};
-    for (int column = 0; column < EventModel::ColumnCount; ++column)
-        m_table->setColumnWidth(column, widths[column] * em);
+    const QString widest[] = {
+        QStringLiteral("00:00:00.000"), QStringLiteral("← plug-in"),
+        QStringLiteral("00000"),        QStringLiteral("ContactRequestAnswer"),
+        QStringLiteral("friendui"),     QStringLiteral("everybody")};
+    for (int column = 0; column < EventModel::Payload; ++column)
+        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(widest[column]) +
+                                            CellPadding);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->horizontalHeader()->setHighlightSections(false);
     m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);

@@ -130,6 +130,12 @@ void TourDriver::endStep()
 void TourDriver::savePicture()
 {
     const QString file = pictureFile();
+    // Of an earlier tour, which may have ended otherwise.
+    const QString stem = QString::fromLatin1(m_steps[m_step].step->name);
+    const QStringList earlier = QDir(m_folder).entryList(
+        {QStringLiteral("??-%1.png").arg(stem), QStringLiteral("??-%1-failed.png").arg(stem)});
+    for (const QString &name : earlier)
+        QFile::remove(QDir(m_folder).filePath(name));
     if (picture(&m_stage->window()).save(file)) {
         std::fprintf(stdout, "tour: %s\n", qPrintable(file));
         std::fflush(stdout);

@@ -5,16 +5,20 @@
 #include "host/chat/chatarea.h"
 #include "host/chat/chatpage.h"
 #include "host/core/embeddedcore.h"
+#include "host/eventmonitor/eventmodel.h"
 #include "host/eventmonitor/eventmonitor.h"
 #include "host/hostapplication.h"
+#include "host/levermenu.h"
 #include "host/mainwindow.h"
 #include "host/tour/tourstage.h"
+#include "hostapi/eventcodes.h"
 
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QDialog>
 #include <QKeyEvent>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTableView>
 #include <QTreeView>
 
@@ -24,7 +28,7 @@ using Stage = TourStage;
 
 const QString newGroupName()
 {
-    return QString::fromUtf8("项目组");
+    return QString::fromUtf8("新品发布组");
 }
 const QString renamedGroupName()
 {
@@ -102,7 +106,7 @@ std::vector<TourStep> treeSteps()
            [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; }},
           choose("commonGroupMenu", "newgroup", "QInputDialog"),
           {"the new group is in the tree", [](Stage &s) { s.answer(newGroupName()); },
-           [](Stage &s) { return s.group(newGroupName()).isValid(); }},
+           [](Stage &s) { return s.group(newGroupName()).isValid() && !s.openDialog("QDialog"); }},
           {"it is scrolled to", [](Stage &s) { s.tree()->scrollTo(s.group(newGroupName())); },
            [](Stage &s) { return !s.tree()->visualRect(s.group(newGroupName())).isEmpty(); }}}},
         {"group-renamed",
@@ -212,8 +216,12 @@ std::vector<TourStep> hostSteps()
          {{"a chat is open",
            [](Stage &s) {
                const QList<FriendData> contacts = s.host().core()->contacts();
-               if (!contacts.isEmpty())
-                   s.window().chats()->open(contacts.first().jid, MessageData::Person);
+               for (const FriendData &contact : contacts) {
+                   if (contact.jid == s.host().core()->ownJid())
+                       continue;
+                   s.window().chats()->open(contact.jid, MessageData::Person);
+                   return;
+               }
            },
            [](Stage &s) { return s.window().chats()->count() > 0; }}}},
         {"light",
@@ -248,7 +256,18 @@ std::vector<TourStep> hostSteps()
          TourStep::HostOnly,
          {{"events are listed", [](Stage &s) { s.window().showMonitor(true); },
            [](Stage &s) { return s.window().monitor()->table()->model()->rowCount() > 0; }},
-          {"one is chosen", [](Stage &s) { s.window().monitor()->table()->selectRow(0); },
+          {"one is chosen",
+           [](Stage &s) {
+               const QAbstractItemModel *model = s.window().monitor()->table()->model();
+               for (int row = 0; row < model->rowCount(); ++row) {
+                   if (model->index(row, 0).data(EventModel::CodeRole) == Inbound::GroupCreated) {
+                       s.window().monitor()->table()->selectRow(row);
+                       s.window().monitor()->table()->scrollTo(model->index(row, 0));
+                       return;
+                   }
+               }
+               s.window().monitor()->table()->selectRow(0);
+           },
            [](Stage &s) {
                return s.window().monitor()->table()->selectionModel()->hasSelection();
            }}}},
@@ -269,16 +288,29 @@ std::vector<TourStep> hostSteps()
 
 // --- States that only a start shows ---------------------------------------------
 
+TourMove groupsFailed()
+{
+    return {"a way to try again is offered", {}, [](Stage &s) {
+                return s.shownWidget(QStringLiteral("friendsFailed")) != nullptr;
+            }};
+}
+
 std::vector<TourStep> ownProcessSteps()
 {
+    const QStringList withoutGroups{QStringLiteral("--fail"), QStringLiteral("RequestGroups")};
     return {
-        {"groups-failed",
+        {"groups-failed", TourStep::Pane, {groupsFailed()}, withoutGroups},
+        {"groups-tried-again",
          TourStep::Pane,
-         {{"a way to try again is offered",
-           {},
-           [](Stage &s) { return s.shownWidget(QStringLiteral("btnReLoad")) != nullptr; }}},
-         {QStringLiteral("--fail"), QStringLiteral("RequestGroups"), QStringLiteral("--fail"),
-          QStringLiteral("RequestContacts")}},
+         {groupsFailed(),
+          {"the tree shows groups",
+           [](Stage &s) {
+               s.host().levers()->setFailing(QStringLiteral("RequestGroups"), false);
+               if (auto *retry = s.window().findChild<QPushButton *>(QStringLiteral("retry")))
+                   retry->click();
+           },
+           [](Stage &s) { return s.firstGroupWithContacts().isValid(); }}},
+         withoutGroups},
         {"scale-2x",
          TourStep::Pane,
          {treeFilled(), expandAndRemember(1)},

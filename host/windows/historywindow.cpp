@@ -25,7 +25,6 @@ HistoryWindow::HistoryWindow(const MessagingCore &core, const QString &jid, QWid
     for (const MessageData &message : messages)
         view->addMessage(message, ChatPage::nameOf(core, message.fromJid),
                          message.fromJid == core.ownJid());
-    if (messages.isEmpty())
-        view->addNote(tr("No messages yet."));
+    view->setPlaceholderText(tr("No messages yet"));
     resize(520, 480);
 }
