@@ -119,7 +119,6 @@ QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
     const FriendData &record = contact.record;
     switch (role) {
     case Qt::DisplayRole:
-        return displayText(contactDisplayName(record));
     case FriendTreeRole::Name:
         return contactDisplayName(record);
     case FriendTreeRole::Id:
@@ -143,10 +142,10 @@ QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
     case FriendTreeRole::OnJob:
         return record.onJob != 0;
     case Qt::ToolTipRole:
-        return toolTipText(displayText(contactDisplayName(record)));
+        return toolTipText(contactDisplayName(record));
     case Qt::AccessibleTextRole:
-        return QStringList{displayText(contactDisplayName(record)),
-                           presenceText(contact.presence()), displayText(contact.group->name)}
+        return QStringList{contactDisplayName(record), presenceText(contact.presence()),
+                           displayText(contact.group->name)}
             .join(QStringLiteral(", "));
     default:
         return QVariant();

@@ -194,8 +194,7 @@ void FriendTreeWidget::slot_delFriendFail(QString friendJid, bool bInnerGroup)
     if (!bInnerGroup || !m_model->contact(friendJid, &contact))
         return;
     LOG_ERROR("the contact " << logText(friendJid) << " could not be deleted");
-    TipBox::tell(this,
-                 QObject::tr("deleteContactFailed").arg(displayText(contactDisplayName(contact))));
+    TipBox::tell(this, QObject::tr("deleteContactFailed").arg(contactDisplayName(contact)));
 }
 
 void FriendTreeWidget::getFriendDataFromItem(const QString &friendJid, FriendData &friendData)
@@ -254,7 +253,7 @@ void FriendTreeWidget::slot_BatchAddFriendFial(QStringList listUids)
     for (const QString &uid : listUids.mid(0, MaximumNamesTold)) {
         FriendData contact;
         const bool known = ctx().friendData(makeJid(uid), &contact);
-        names.append(displayText(known ? contactDisplayName(contact) : uid));
+        names.append(known ? contactDisplayName(contact) : displayText(uid));
     }
     if (listUids.size() > MaximumNamesTold)
         names.append(QStringLiteral("..."));

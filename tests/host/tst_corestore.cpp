@@ -157,6 +157,22 @@ private slots:
         QVERIFY2(problem.contains(QLatin1String("newer")), qPrintable(problem));
         QCOMPARE(QFileInfo(m_file).dir().entryList({QStringLiteral("*damaged*")}), QStringList());
 
+        // Another program holds it: busy is not damaged.
+        const QString held = m_folder->filePath(QStringLiteral("held.db"));
+        {
+            QSqlDatabase other =
+                QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("holder"));
+            other.setDatabaseName(held);
+            QVERIFY(other.open());
+            QVERIFY(QSqlQuery(other).exec(QStringLiteral("BEGIN EXCLUSIVE")));
+            CoreStore busy(held);
+            problem.clear();
+            QVERIFY(!busy.open(&problem));
+            QVERIFY(!problem.isEmpty());
+        }
+        QSqlDatabase::removeDatabase(QStringLiteral("holder"));
+        QCOMPARE(QFileInfo(held).dir().entryList({QStringLiteral("*damaged*")}), QStringList());
+
         // A file where the folder should be.
         writeFile(m_folder->filePath(QStringLiteral("plain")), "x");
         CoreStore nowhere(m_folder->filePath(QStringLiteral("plain/core.db")));
