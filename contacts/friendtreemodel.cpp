@@ -22,10 +22,12 @@ void FriendTreeModel::setOwnJid(const QString &jid)
 {
     if (jid == m_ownJid)
         return;
-    const QString old = m_ownJid;
+    Contact *old = find(m_ownJid);
+    Contact *now = find(jid);
     m_ownJid = jid;
-    for (const QString &changed : {old, jid}) {
-        if (Contact *contact = find(changed))
+    m_ownContact = now;
+    for (Contact *contact : {old, now}) {
+        if (contact)
             replace(contact);
     }
 }
@@ -41,6 +43,8 @@ FriendTreeContact *FriendTreeModel::find(const QString &jid) const
 void FriendTreeModel::setUp(Contact *contact, const FriendData &record)
 {
     contact->record = record;
+    if (record.jid == m_ownJid)
+        m_ownContact = contact;
     const PresenceData presence = presenceFor(record.jid);
     contact->pcShow = qint8(presence.pcShow);
     contact->mobile = qint8(presence.mobile);
@@ -57,9 +61,10 @@ PresenceData FriendTreeModel::presenceFor(const QString &jid)
 
 void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
 {
+    const bool external = m_contactKind == ExternalContactRow;
     m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
     for (const FriendData &record : contacts) {
-        if (record.jid.isEmpty())
+        if (record.jid.isEmpty() || (record.outside != 0) != external)
             continue;
         const auto [at, isNew] = m_contacts.try_emplace(record.jid);
         Contact *contact = &at->second;
@@ -164,6 +169,8 @@ bool FriendTreeModel::removeContact(const QString &jid)
     detach(contact);
     m_outOfPlace.erase(std::remove(m_outOfPlace.begin(), m_outOfPlace.end(), contact),
                        m_outOfPlace.end());
+    if (contact == m_ownContact)
+        m_ownContact = nullptr;
     m_contacts.erase(jid);
     return true;
 }
@@ -221,12 +228,12 @@ QStringList FriendTreeModel::contactsOfGroup(const QString &groupId) const
 FriendTreePlace FriendTreeModel::placeOf(const Contact *contact) const
 {
     return {contactDisplayName(contact->record),
-            FriendTreeSort::block(contact->record, contact->presence(), m_ownJid)};
+            FriendTreeSort::block(contact->record, contact->presence(), contact == m_ownContact)};
 }
 
 bool FriendTreeModel::shouldHide(const Contact *contact) const
 {
-    return m_hideOffline && !contact->presence().isOnline() && contact->record.jid != m_ownJid;
+    return m_hideOffline && !contact->presence().isOnline() && contact != m_ownContact;
 }
 
 void FriendTreeModel::detach(Contact *contact)

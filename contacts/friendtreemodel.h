@@ -17,6 +17,7 @@
 #include <QAbstractItemModel>
 #include <QHash>
 #include <QMap>
+#include <QSet>
 
 #include <functional>
 #include <memory>
@@ -47,7 +48,8 @@ public:
     QString frequentGroupId() const { return m_frequentGroupId; }
 
     // --- Contacts -------------------------------------------------------------
-    // Adds, or updates by jid. Records without jid are ignored.
+    // Adds, or updates by jid. Records without jid, and those of the other kind,
+    // are ignored.
     void mergeContacts(const QList<FriendData> &contacts);
     bool removeContact(const QString &jid);
     bool moveContact(const QString &jid, const QString &groupId);
@@ -132,15 +134,18 @@ private:
     QModelIndex indexOf(const Group *group) const;
     void contactChanged(const Contact *contact);
     void groupChanged(const Group *group);
+    void announceChangedGroups();
     QVariant groupData(const Group &group, int role) const;
     QVariant contactData(const Contact &contact, int role) const;
 
     const RowKind m_contactKind;
     QString m_ownJid;
+    const Contact *m_ownContact = nullptr;        // the row of m_ownJid, if there is one
     std::vector<std::unique_ptr<Group>> m_groups; // in the order of the rows
     QHash<QString, Group *> m_groupById;
     mutable std::unordered_map<QString, Contact, JidHash> m_contacts;
     QHash<QString, PresenceData> m_presenceOfStrangers;
+    QSet<const Group *> m_changedGroups;
     QString m_frequentGroupId;
     Contacts m_outOfPlace; // while the order is frozen
     bool m_orderFrozen = false;

@@ -166,6 +166,7 @@ bool FriendTreeModel::removeGroup(const QString &id)
     const int row = removed->row;
     beginRemoveRows(QModelIndex(), row, row);
     m_groupById.remove(id);
+    m_changedGroups.remove(removed);
     const std::unique_ptr<Group> kept = std::move(m_groups[size_t(row)]);
     m_groups.erase(m_groups.begin() + row);
     renumberGroups(row);

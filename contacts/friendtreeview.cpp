@@ -39,6 +39,8 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     setModel(model);
     setItemDelegate(new FriendTreeDelegate(this));
     setHeaderHidden(true);
+    // The header is never seen, but would look up its section for every change.
+    disconnect(model, &QAbstractItemModel::dataChanged, header(), nullptr);
     header()->setStretchLastSection(true);
     setUniformRowHeights(true);
     setIndentation(0);
