@@ -38,14 +38,18 @@ Prefix prefix(Block block, const QString &name)
 {
     Prefix result;
     constexpr int LettersPerWord = 8;
-    const QString pinyin = CChCharacterToPP().toPinyin(name.left(16), false);
+    constexpr int Letters = 2 * LettersPerWord - 1;
+    QString pinyin = CChCharacterToPP().toPinyin(name.left(Letters + 1), false);
+    // Some characters have no pinyin: the beginning may not fill the prefix.
+    if (pinyin.size() < Letters && name.size() > Letters + 1)
+        pinyin = CChCharacterToPP().toPinyin(name, false);
     // The block takes the place of the first letter.
-    for (int i = 0; i < 2 * LettersPerWord; ++i) {
+    for (int i = 0; i <= Letters; ++i) {
         quint64 letter = 0;
         if (i == 0)
             letter = quint64(block);
         else if (i <= pinyin.size())
-            letter = pinyin.at(i - 1).toUpper().unicode() & 0x7f;
+            letter = pinyin.at(i - 1).toLower().unicode() & 0x7f;
         result.letters[size_t(i / LettersPerWord)] |=
             letter << (8 * (LettersPerWord - 1 - i % LettersPerWord));
     }
