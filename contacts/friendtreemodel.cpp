@@ -71,22 +71,41 @@ PresenceData FriendTreeModel::presenceFor(const QString &jid)
 void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
 {
     m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
+    bool regrouped = false;
     for (const FriendData &record : contacts) {
         if (record.jid.isEmpty())
             continue;
-        if (Contact *known = find(record.jid)) {
-            // The same new jid may stand twice in one batch.
-            if (known->group)
-                applyRecord(known, record);
-            else
-                known->record = record;
+        Contact *contact = find(record.jid);
+        if (contact && contact->group) {
+            applyRecord(contact, record);
             continue;
         }
-        Contact *contact = create(record);
+        if (contact) {
+            // The same new jid stands twice in the batch; the last one counts.
+            contact->record = record;
+            regrouped = true;
+        } else {
+            contact = create(record);
+        }
         groupFor(record)->arrivals.push_back(contact);
     }
-    for (size_t i = 0; i < m_groups.size(); ++i)
+    for (size_t i = 0; i < m_groups.size(); ++i) {
+        if (regrouped)
+            dropStaleArrivals(m_groups[i].get());
         attachArrivals(m_groups[i].get());
+    }
+}
+
+void FriendTreeModel::dropStaleArrivals(Group *group)
+{
+    Rows &arrivals = group->arrivals;
+    arrivals.erase(std::remove_if(arrivals.begin(), arrivals.end(),
+                                  [&](const Contact *contact) {
+                                      return groupFor(contact->record) != group;
+                                  }),
+                   arrivals.end());
+    std::sort(arrivals.begin(), arrivals.end(), std::less<>());
+    arrivals.erase(std::unique(arrivals.begin(), arrivals.end()), arrivals.end());
 }
 
 void FriendTreeModel::attachArrivals(Group *group)

@@ -108,6 +108,7 @@ private:
     FriendTreePlace placeOf(const Contact *contact) const;
     void detach(Contact *contact);
     void attach(Contact *contact, Group *group);
+    void dropStaleArrivals(Group *group); // of contacts that a batch holds twice
     void attachArrivals(Group *group);
     void insertRuns(Group *group, const Rows &sorted);
     void replace(Contact *contact); // to its place, unless the order is frozen
