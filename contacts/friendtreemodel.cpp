@@ -173,9 +173,8 @@ bool FriendTreeModel::changeContact(const QString &jid,
     if (!contact)
         return false;
     FriendData record = contact->record;
-    record.groupId = contact->group->id;
     change(record);
-    record.jid = jid;
+    record.jid = contact->record.jid;
     applyRecord(contact, record);
     return true;
 }

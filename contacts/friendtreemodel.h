@@ -98,7 +98,9 @@ private:
     Group *groupFor(const FriendData &record);
     int groupRowFor(const QString &id, const QString &name) const;
     void renumberGroups(int first);
-    void adoptStrays(); // files contacts whose group has arrived after them
+    // Files contacts whose group has arrived after them, and drops the default group
+    // that was made for them.
+    void adoptStrays();
     void noteFrequentGroup(const Group *group, const QString &oldName);
 
     Contact *find(const QString &jid) const;
@@ -133,6 +135,7 @@ private:
     mutable std::unordered_map<QString, Contact> m_contacts;
     QHash<QString, PresenceData> m_presenceOfStrangers;
     QString m_frequentGroupId;
+    bool m_defaultMadeHere = false; // the default group, since the host had none
     Rows m_outOfPlace; // while the order is frozen
     bool m_orderFrozen = false;
     bool m_hideOffline = false;

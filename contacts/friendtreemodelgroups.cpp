@@ -80,12 +80,17 @@ FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &nam
 
 FriendTreeGroup *FriendTreeModel::defaultGroup()
 {
-    if (Group *unnamed = group(QString()))
+    // The host's own group of that name comes before one that was made here.
+    Group *unnamed = group(QString());
+    if (unnamed && !m_defaultMadeHere)
         return unnamed;
     for (const auto &known : m_groups) {
-        if (known->name == FriendTreeSort::defaultGroupName())
+        if (known->name == FriendTreeSort::defaultGroupName() && known.get() != unnamed)
             return known.get();
     }
+    if (unnamed)
+        return unnamed;
+    m_defaultMadeHere = true;
     return addGroup(QStringLiteral(""), FriendTreeSort::defaultGroupName());
 }
 
@@ -114,11 +119,16 @@ void FriendTreeModel::adoptStrays()
         detach(stray);
         attach(stray, home);
     }
+    const Group *unnamed = group(QString());
+    if (m_defaultMadeHere && unnamed && unnamed->total() == 0)
+        removeGroup(QString());
 }
 
 void FriendTreeModel::mergeGroups(const QList<GroupData> &groups)
 {
     for (const GroupData &data : groups) {
+        if (data.id.isEmpty())
+            m_defaultMadeHere = false;
         if (hasGroup(data.id))
             renameGroup(data.id, data.name);
         else if (!data.name.isEmpty())
