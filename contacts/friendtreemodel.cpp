@@ -32,8 +32,10 @@ void FriendTreeModel::setOwnJid(const QString &jid)
     const QString old = m_ownJid;
     m_ownJid = jid;
     for (const QString &changed : {old, jid}) {
-        if (Contact *contact = find(changed))
+        if (Contact *contact = find(changed)) {
             replace(contact);
+            contactChanged(contact);
+        }
     }
 }
 

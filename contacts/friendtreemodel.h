@@ -101,7 +101,7 @@ private:
     // Files contacts whose group has arrived after them, and drops the default group
     // that was made for them.
     void adoptStrays();
-    void noteFrequentGroup(const Group *group, const QString &oldName);
+    void noteFrequentGroup(const QString &oldName, const QString &newName);
 
     Contact *find(const QString &jid) const;
     Contact *create(const FriendData &record);

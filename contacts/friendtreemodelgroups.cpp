@@ -54,12 +54,12 @@ void FriendTreeModel::renumberGroups(int first)
         m_groups[row]->row = int(row);
 }
 
-void FriendTreeModel::noteFrequentGroup(const Group *group, const QString &oldName)
+void FriendTreeModel::noteFrequentGroup(const QString &oldName, const QString &newName)
 {
-    if (group->name == FriendTreeSort::frequentGroupName())
-        m_frequentGroupId = group->id;
-    else if (oldName == FriendTreeSort::frequentGroupName())
-        m_frequentGroupId.clear();
+    const QString frequent = FriendTreeSort::frequentGroupName();
+    // Looked up: a host may send two groups of that name.
+    if (oldName == frequent || newName == frequent)
+        m_frequentGroupId = groupIdByName(frequent);
 }
 
 FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &name)
@@ -74,7 +74,7 @@ FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &nam
     m_groupById.insert(id, group);
     renumberGroups(row);
     endInsertRows();
-    noteFrequentGroup(group, QString());
+    noteFrequentGroup(QString(), name);
     return group;
 }
 
@@ -159,7 +159,7 @@ bool FriendTreeModel::renameGroup(const QString &id, const QString &name)
         renumberGroups(qMin(from, to));
         endMoveRows();
     }
-    noteFrequentGroup(renamed, oldName);
+    noteFrequentGroup(oldName, name);
     groupChanged(renamed);
     return true;
 }
@@ -171,7 +171,6 @@ bool FriendTreeModel::removeGroup(const QString &id)
         return false;
     Rows orphans = removed->rows;
     orphans.insert(orphans.end(), removed->hidden.begin(), removed->hidden.end());
-    const bool wasFrequent = removed->name == FriendTreeSort::frequentGroupName();
 
     const int row = removed->row;
     beginRemoveRows(QModelIndex(), row, row);
@@ -180,8 +179,7 @@ bool FriendTreeModel::removeGroup(const QString &id)
     m_groups.erase(m_groups.begin() + row);
     renumberGroups(row);
     endRemoveRows();
-    if (wasFrequent)
-        m_frequentGroupId.clear();
+    noteFrequentGroup(kept->name, QString());
 
     if (!orphans.empty()) {
         Group *home = defaultGroup();
