@@ -62,6 +62,13 @@ void sort(FriendTreeRows &rows);
 // Where a contact with this place and jid belongs.
 int placeFor(const FriendTreeRows &rows, const FriendTreePlace &place, const QString &jid);
 
+// Of `sorted`, the contacts from `first` that fall into the same gap, before row
+// `at`, as the first of them: returns where they end.
+size_t runEnd(const FriendTreeRows &rows, int at, const FriendTreeRows &sorted, size_t first);
+
+// Into how many gaps of `rows` the contacts of `sorted` fall; counts up to `limit`.
+int runCount(const FriendTreeRows &rows, const FriendTreeRows &sorted, int limit);
+
 // The row of a contact that is in `rows`.
 int rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact);
 
