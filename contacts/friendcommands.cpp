@@ -132,8 +132,7 @@ void FriendCommands::deleteContact(const QString &jid)
     FriendData contact;
     if (jid == ctx().ownJid() || !m_model->contact(jid, &contact))
         return;
-    const QString question =
-        QObject::tr("confirmDeleteContact").arg(displayText(contactDisplayName(contact)));
+    const QString question = QObject::tr("confirmDeleteContact").arg(contactDisplayName(contact));
     TipBox::ask(m_view, question, [this, jid] {
         if (m_model->hasContact(jid))
             FriendUIEventProcess::deleteContact(jid, m_inner);

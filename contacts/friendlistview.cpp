@@ -31,7 +31,8 @@ constexpr Entry entries[] = {
     {"00008", "latestContact", true, "latestContact", 4, ApplicationContext::Latest},
 };
 
-constexpr int EntryHeight = 62;
+constexpr int EntryHeight = 68;
+constexpr int LineHeight = 15;
 constexpr int IconSize = 24;
 constexpr int TextPixels = 11;
 constexpr int MarkWidth = 3;
@@ -40,13 +41,25 @@ constexpr int MarkWidth = 3;
 class EntryItem : public QStandardItem
 {
 public:
+    explicit EntryItem(const Entry &entry) : m_text(entry.text), m_isKey(entry.isKey)
+    {
+        setData(QString::fromUtf8(entry.text), EntryRole::TextKey);
+        setData(QString::fromLatin1(entry.id), EntryRole::Id);
+        setData(QString::fromLatin1(entry.sortKey), EntryRole::SortKey);
+        setData(true, EntryRole::IsEntry);
+        setData(entry.type, EntryRole::Type);
+    }
+
     QVariant data(int role) const override
     {
         if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole && role != Qt::ToolTipRole)
             return QStandardItem::data(role);
-        const QString text = QStandardItem::data(EntryRole::TextKey).toString();
-        return QObject::tr(text.toUtf8().constData());
+        return m_isKey ? QObject::tr(m_text) : QString::fromUtf8(m_text);
     }
+
+private:
+    const char *m_text;
+    const bool m_isKey;
 };
 
 class EntryDelegate : public QStyledItemDelegate
@@ -83,17 +96,35 @@ public:
         const QString icon = QStringLiteral("Resources/images/contacts/entry_%1.png")
                                  .arg(index.data(EntryRole::Id).toString());
         const QPoint middle = option.rect.center();
-        painter->drawPixmap(middle.x() - IconSize / 2, option.rect.top() + 10,
-                            loadPicture(icon, IconSize, painter->device()->devicePixelRatioF(), color));
+        painter->drawPixmap(
+            middle.x() - IconSize / 2, option.rect.top() + 10,
+            loadPicture(icon, IconSize, painter->device()->devicePixelRatioF(), color));
         painter->setFont(skinFont(TextPixels, current ? QFont::DemiBold : QFont::Normal));
         painter->setPen(current ? colors.theme : colors.text);
-        const QRect textArea(option.rect.left() + 3, option.rect.top() + 37,
-                             option.rect.width() - 6, 18);
-        const QString text = index.data(Qt::DisplayRole).toString();
-        painter->drawText(
-            textArea, Qt::AlignCenter | Qt::TextSingleLine,
-            painter->fontMetrics().elidedText(text, Qt::ElideRight, textArea.width()));
+        const QRect textArea(option.rect.left() + 3, option.rect.top() + 36,
+                             option.rect.width() - 6, 2 * LineHeight);
+        drawText(painter, textArea, index.data(Qt::DisplayRole).toString());
         painter->restore();
+    }
+
+private:
+    // Two lines at most, divided between words.
+    static void drawText(QPainter *painter, const QRect &area, const QString &text)
+    {
+        const QFontMetrics metrics = painter->fontMetrics();
+        const auto line = [&](int row, const QString &words) {
+            painter->drawText(
+                QRect(area.left(), area.top() + row * LineHeight, area.width(), LineHeight),
+                Qt::AlignCenter | Qt::TextSingleLine,
+                metrics.elidedText(words, Qt::ElideRight, area.width()));
+        };
+        const int blank = text.indexOf(QLatin1Char(' '));
+        if (blank < 0 || metrics.horizontalAdvance(text) <= area.width()) {
+            line(0, text);
+            return;
+        }
+        line(0, text.left(blank));
+        line(1, text.mid(blank + 1));
     }
 };
 
@@ -115,13 +146,7 @@ FriendListView::FriendListView(QWidget *parent)
     for (const Entry &entry : entries) {
         if (entry.right >= 0 && !ctx().hasRight(entry.right))
             continue;
-        auto *item = new EntryItem;
-        item->setData(QString::fromUtf8(entry.text), EntryRole::TextKey);
-        item->setData(QString::fromLatin1(entry.id), EntryRole::Id);
-        item->setData(QString::fromLatin1(entry.sortKey), EntryRole::SortKey);
-        item->setData(true, EntryRole::IsEntry);
-        item->setData(entry.type, EntryRole::Type);
-        m_model->appendRow(item);
+        m_model->appendRow(new EntryItem(entry));
     }
     const auto recolor = [this] {
         QPalette colors = Skin::instance().palette();

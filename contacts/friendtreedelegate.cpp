@@ -41,11 +41,11 @@ void FriendTreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     row.presence(presence);
     if (index.data(FriendTreeRole::Cooperate).toBool()) {
         row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_cooperate.png"),
-                                RowPainter::MarkSize, ratio));
+                                    RowPainter::MarkSize, ratio));
     }
     if (index.data(FriendTreeRole::Kind).toInt() == ExternalContactRow) {
         row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
-                                RowPainter::MarkSize, ratio));
+                                    RowPainter::MarkSize, ratio));
     }
     row.texts(name, ::displayText(index.data(FriendTreeRole::Sign).toString()), faded);
     painter->restore();

@@ -2,7 +2,6 @@
 #include "contacts/friendtreemodel.h"
 
 #include <algorithm>
-#include <iterator>
 
 FriendTreeGroup *FriendTreeModel::group(const QString &id) const
 {
@@ -54,12 +53,12 @@ void FriendTreeModel::renumberGroups(int first)
         m_groups[row]->row = int(row);
 }
 
-void FriendTreeModel::noteFrequentGroup(const QString &oldName, const QString &newName)
+void FriendTreeModel::noteFrequentGroup(const Group *group, const QString &oldName)
 {
-    const QString frequent = FriendTreeSort::frequentGroupName();
-    // Looked up: a host may send two groups of that name.
-    if (oldName == frequent || newName == frequent)
-        m_frequentGroupId = groupIdByName(frequent);
+    if (group->name == FriendTreeSort::frequentGroupName())
+        m_frequentGroupId = group->id;
+    else if (oldName == FriendTreeSort::frequentGroupName())
+        m_frequentGroupId.clear();
 }
 
 FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &name)
@@ -74,23 +73,18 @@ FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &nam
     m_groupById.insert(id, group);
     renumberGroups(row);
     endInsertRows();
-    noteFrequentGroup(QString(), name);
+    noteFrequentGroup(group, QString());
     return group;
 }
 
 FriendTreeGroup *FriendTreeModel::defaultGroup()
 {
-    // The host's own group of that name comes before one that was made here.
-    Group *unnamed = group(QString());
-    if (unnamed && !m_defaultMadeHere)
+    if (Group *unnamed = group(QString()))
         return unnamed;
     for (const auto &known : m_groups) {
-        if (known->name == FriendTreeSort::defaultGroupName() && known.get() != unnamed)
+        if (known->name == FriendTreeSort::defaultGroupName())
             return known.get();
     }
-    if (unnamed)
-        return unnamed;
-    m_defaultMadeHere = true;
     return addGroup(QStringLiteral(""), FriendTreeSort::defaultGroupName());
 }
 
@@ -102,16 +96,17 @@ FriendTreeGroup *FriendTreeModel::groupFor(const FriendData &record)
 
 void FriendTreeModel::adoptStrays()
 {
-    Rows strays;
+    Contacts strays;
     for (const auto &group : m_groups) {
         const bool isHome =
             group->id.isEmpty() || group->name == FriendTreeSort::defaultGroupName();
         if (!isHome)
             continue;
         for (const Rows *rows : {&group->rows, &group->hidden}) {
-            std::copy_if(
-                rows->begin(), rows->end(), std::back_inserter(strays),
-                [&](const Contact *contact) { return groupFor(contact->record) != group.get(); });
+            for (const FriendTreeRow &row : *rows) {
+                if (groupFor(row.contact->record) != group.get())
+                    strays.push_back(row.contact);
+            }
         }
     }
     for (Contact *stray : strays) {
@@ -119,16 +114,11 @@ void FriendTreeModel::adoptStrays()
         detach(stray);
         attach(stray, home);
     }
-    const Group *unnamed = group(QString());
-    if (m_defaultMadeHere && unnamed && unnamed->total() == 0)
-        removeGroup(QString());
 }
 
 void FriendTreeModel::mergeGroups(const QList<GroupData> &groups)
 {
     for (const GroupData &data : groups) {
-        if (data.id.isEmpty())
-            m_defaultMadeHere = false;
         if (hasGroup(data.id))
             renameGroup(data.id, data.name);
         else if (!data.name.isEmpty())
@@ -159,7 +149,7 @@ bool FriendTreeModel::renameGroup(const QString &id, const QString &name)
         renumberGroups(qMin(from, to));
         endMoveRows();
     }
-    noteFrequentGroup(oldName, name);
+    noteFrequentGroup(renamed, oldName);
     groupChanged(renamed);
     return true;
 }
@@ -171,21 +161,25 @@ bool FriendTreeModel::removeGroup(const QString &id)
         return false;
     Rows orphans = removed->rows;
     orphans.insert(orphans.end(), removed->hidden.begin(), removed->hidden.end());
+    const bool wasFrequent = removed->name == FriendTreeSort::frequentGroupName();
 
     const int row = removed->row;
     beginRemoveRows(QModelIndex(), row, row);
     m_groupById.remove(id);
+    m_changedGroups.remove(removed);
     const std::unique_ptr<Group> kept = std::move(m_groups[size_t(row)]);
     m_groups.erase(m_groups.begin() + row);
     renumberGroups(row);
     endRemoveRows();
-    noteFrequentGroup(kept->name, QString());
+    if (wasFrequent)
+        m_frequentGroupId.clear();
 
     if (!orphans.empty()) {
         Group *home = defaultGroup();
-        for (Contact *orphan : orphans)
-            orphan->record.groupId = home->id;
-        home->arrivals = std::move(orphans);
+        for (const FriendTreeRow &orphan : orphans) {
+            orphan.contact->record.groupId = home->id;
+            arrive(orphan.contact, home);
+        }
         attachArrivals(home);
     }
     return true;

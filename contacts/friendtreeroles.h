@@ -6,7 +6,7 @@
 namespace FriendTreeRole {
 enum Role
 {
-    Name = Qt::UserRole + 1,           // text as it came; displayText() before it is shown
+    Name = Qt::UserRole + 1,           // a display text
     Id = Qt::UserRole + 2,             // a contact's jid, a group's id
     HeadPath = Qt::UserRole + 3,       // local picture file, or empty
     Presence = Qt::UserRole + 4,       // PresenceData::ePcShowType

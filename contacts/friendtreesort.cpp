@@ -4,11 +4,11 @@
 
 namespace FriendTreeSort {
 
-Block block(const FriendData &contact, const PresenceData &presence, const QString &ownJid)
+Block block(const FriendData &contact, const PresenceData &presence, bool own)
 {
     if (contact.onJob == 0)
         return Block::Left;
-    if (contact.jid == ownJid)
+    if (own)
         return Block::Own;
     return presence.isOnline() ? Block::Online : Block::Offline;
 }
@@ -34,26 +34,69 @@ QString defaultGroupName()
     return QString::fromUtf8("我的好友");
 }
 
+namespace {
+
+// The pinyin's first letters, as many as fit behind the block's byte.
+class LetterBuffer
+{
+public:
+    static constexpr int Size = 15;
+
+    bool isFull() const { return m_count == Size; }
+    void add(char16_t letter)
+    {
+        if (letter >= u'a' && letter <= u'z')
+            letter -= u'a' - u'A';
+        m_letters[m_count++] = quint8(letter & 0x7f);
+    }
+    Prefix prefix(Block block) const
+    {
+        Prefix result;
+        result.letters[0] = quint64(block) << 56;
+        for (int i = 0; i < m_count; ++i) {
+            const int place = i + 1;
+            result.letters[size_t(place / 8)] |= quint64(m_letters[i]) << (8 * (7 - place % 8));
+        }
+        return result;
+    }
+
+private:
+    quint8 m_letters[Size];
+    int m_count = 0;
+};
+
+// False when a character is neither ASCII nor has a syllable: only the converter
+// knows what becomes of it.
+bool addSimpleName(const QString &name, LetterBuffer *letters)
+{
+    for (const QChar character : name) {
+        if (letters->isFull())
+            return true;
+        if (character.unicode() < 0x80) {
+            letters->add(character.unicode());
+            continue;
+        }
+        const QLatin1String syllable = CChCharacterToPP::syllable(character);
+        if (syllable.isEmpty())
+            return false;
+        for (int i = 0; i < syllable.size() && !letters->isFull(); ++i)
+            letters->add(char16_t(syllable.at(i).unicode()));
+    }
+    return true;
+}
+
+} // namespace
+
 Prefix prefix(Block block, const QString &name)
 {
-    Prefix result;
-    constexpr int LettersPerWord = 8;
-    constexpr int Letters = 2 * LettersPerWord - 1;
-    QString pinyin = CChCharacterToPP().toPinyin(name.left(Letters + 1), false);
-    // Some characters have no pinyin: the beginning may not fill the prefix.
-    if (pinyin.size() < Letters && name.size() > Letters + 1)
-        pinyin = CChCharacterToPP().toPinyin(name, false);
-    // The block takes the place of the first letter.
-    for (int i = 0; i <= Letters; ++i) {
-        quint64 letter = 0;
-        if (i == 0)
-            letter = quint64(block);
-        else if (i <= pinyin.size())
-            letter = pinyin.at(i - 1).toLower().unicode() & 0x7f;
-        result.letters[size_t(i / LettersPerWord)] |=
-            letter << (8 * (LettersPerWord - 1 - i % LettersPerWord));
+    LetterBuffer letters;
+    if (!addSimpleName(name, &letters)) {
+        letters = LetterBuffer();
+        const QString pinyin = CChCharacterToPP().toPinyin(name, false);
+        for (int i = 0; i < pinyin.size() && !letters.isFull(); ++i)
+            letters.add(pinyin.at(i).unicode());
     }
-    return result;
+    return letters.prefix(block);
 }
 
 int compareNames(const QString &a, const QString &b)

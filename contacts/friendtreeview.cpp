@@ -31,14 +31,16 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
       m_model(model),
       m_inner(inner),
       m_commands(new FriendCommands(model, inner, this)),
-      m_labels(new GroupLabels(this))
+      m_labels(new GroupLabels(this)),
+      m_anchor(new ScrollAnchor(this, model)),
+      m_finder(new TypeFinder(this))
 {
     setObjectName(QStringLiteral("FriendTreeView"));
     setModel(model);
     setItemDelegate(new FriendTreeDelegate(this));
-    m_anchor = new ScrollAnchor(this);
-    m_finder = new TypeFinder(this);
     setHeaderHidden(true);
+    // The header is never seen, but would look up its section for every change.
+    disconnect(model, &QAbstractItemModel::dataChanged, header(), nullptr);
     header()->setStretchLastSection(true);
     setUniformRowHeights(true);
     setIndentation(0);
@@ -69,7 +71,12 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     connect(this, &QTreeView::clicked, this, &FriendTreeView::slot_click);
     connect(this, &QTreeView::expanded, this, &FriendTreeView::slot_expanded);
     connect(this, &QTreeView::collapsed, this, &FriendTreeView::slot_collapsed);
-    connect(m_finder, &TypeFinder::found, this, &FriendTreeView::reveal);
+    connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
+        reveal(index);
+        // Clear of the typed text, which stands over the last rows.
+        if (visualRect(index).bottom() > viewport()->height() - 2 * visualRect(index).height())
+            scrollTo(index, PositionAtCenter);
+    });
     connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
             QOverload<>::of(&QWidget::update));
     connect(m_labels, &GroupLabels::labelMade, this, [this](GroupLabel *label) {

@@ -154,8 +154,7 @@ void FriendTreeWidget::slot_addFriend(QString friendJid)
     FriendData contact;
     if (!ctx().friendData(friendJid, &contact))
         contact.jid = friendJid;
-    if (contact.outside == 0)
-        m_model->mergeContacts({contact});
+    m_model->mergeContacts({contact});
     showState();
 }
 
@@ -166,9 +165,6 @@ void FriendTreeWidget::slot_addAllFriend(QList<FriendData> listFriendData)
         LOG_DEBUG("entry fun FriendTreeWidget::slot_addAllFriend()：listFriendData is 0");
         return;
     }
-    listFriendData.erase(std::remove_if(listFriendData.begin(), listFriendData.end(),
-                                        [](const FriendData &c) { return c.outside != 0; }),
-                         listFriendData.end());
     m_model->mergeContacts(listFriendData);
     showState();
 }
@@ -194,8 +190,7 @@ void FriendTreeWidget::slot_delFriendFail(QString friendJid, bool bInnerGroup)
     if (!bInnerGroup || !m_model->contact(friendJid, &contact))
         return;
     LOG_ERROR("the contact " << logText(friendJid) << " could not be deleted");
-    TipBox::tell(this,
-                 QObject::tr("deleteContactFailed").arg(displayText(contactDisplayName(contact))));
+    TipBox::tell(this, QObject::tr("deleteContactFailed").arg(contactDisplayName(contact)));
 }
 
 void FriendTreeWidget::getFriendDataFromItem(const QString &friendJid, FriendData &friendData)
@@ -254,7 +249,7 @@ void FriendTreeWidget::slot_BatchAddFriendFial(QStringList listUids)
     for (const QString &uid : listUids.mid(0, MaximumNamesTold)) {
         FriendData contact;
         const bool known = ctx().friendData(makeJid(uid), &contact);
-        names.append(displayText(known ? contactDisplayName(contact) : uid));
+        names.append(known ? contactDisplayName(contact) : displayText(uid));
     }
     if (listUids.size() > MaximumNamesTold)
         names.append(QStringLiteral("..."));

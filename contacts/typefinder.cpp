@@ -50,6 +50,9 @@ TypeFinder::TypeFinder(QTreeView *view)
 {
     m_label->setObjectName(QStringLiteral("typeFinderLabel"));
     m_label->setTextFormat(Qt::PlainText);
+    // A child of an item view would inherit the view's roles.
+    m_label->setBackgroundRole(QPalette::Window);
+    m_label->setForegroundRole(QPalette::WindowText);
     m_label->setAutoFillBackground(true);
     m_label->setContentsMargins(10, 6, 10, 6);
     m_label->setFont(skinFont(13));

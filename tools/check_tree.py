@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """Checks of the source tree that no compiler makes: layers, include loops, file
-sizes, forbidden calls. Prints one line per finding; exits with 1 when there is any.
+sizes, forbidden calls, pictures that do not exist. Prints one line per finding;
+exits with 1 when there is any.
 
     tools/check_tree.py [ROOT]
 """
@@ -27,18 +28,16 @@ LAYERS = {
     "ExternalFriend": CONTROLS | {"contacts"},
 }
 FEATURES = {"contacts", "detail", "org", "virtualteam", "servicenum", "messages", "ExternalFriend"}
-# The page that assembles the features, and the module's entry, stand above their folders.
-ABOVE = {
-    "contacts/friendwidget": CONTROLS | FEATURES,
-    "plugin/friendui_plugin": CONTROLS | FEATURES,
-    "plugin/paneassembly": CONTROLS | FEATURES,
-}
+# The pane, which assembles the features, and the module's entry stand above their folders.
+ABOVE = {name: CONTROLS | FEATURES for name in
+         ("contacts/assembly", "contacts/friendwidget", "plugin/friendui_plugin")}
 CODE = {".h", ".cpp"}
 MAX_LINES = 500
-DATA_TABLES = {"common/pinyintable.cpp", "common/pinyintable.h"}
 FORBIDDEN = {
     r"\bignoreSslErrors\s*\(": "TLS errors are never ignored",
 }
+PICTURE = re.compile(r'"(Resources/[^"%]+\.(?:png|gif|xml))"')
+COMMENT = re.compile(r"//.*")
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.M)
 
 
@@ -64,11 +63,10 @@ def layer_findings(name, includes):
         return
     for included in includes:
         target = included.split("/", 1)[0]
-        lower = target in allowed and component(included) not in ABOVE
-        if "/" in included and target != folder and not lower and target in LAYERS:
-            yield f'{name}: includes "{included}", which is not below {folder}/'
         if component(included) in ABOVE and component(name) not in ABOVE:
             yield f'{name}: includes "{included}", which stands above its folder'
+        elif target in LAYERS and target != folder and target not in allowed:
+            yield f'{name}: includes "{included}", which is not below {folder}/'
 
 
 def loops(graph):
@@ -103,9 +101,11 @@ def check(root):
             if component(included) != component(name) and (root / included).is_file():
                 graph.setdefault(component(name), set()).add(component(included))
         lines = text.count("\n")
-        if lines > MAX_LINES and name not in DATA_TABLES:
+        if lines > MAX_LINES:
             findings.append(f"{name}: {lines} lines, more than {MAX_LINES}")
         if not name.startswith("tests/"):
+            findings += [f"{name}: there is no {picture}" for picture in PICTURE.findall(COMMENT.sub("", text))
+                         if not (root / picture).is_file()]
             findings += [f"{name}: {reason}" for pattern, reason in FORBIDDEN.items()
                          if re.search(pattern, text)]
     findings += ["include loop: " + " -> ".join(loop) for loop in loops(graph)]

@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>addfail</source>
-        <translation>Could not add these </translation>
+        <translation>Adding failed. Please try again.</translation>
     </message>
     <message>
         <source>addfailreadd</source>
@@ -149,7 +149,7 @@
     </message>
     <message>
         <source>conatct</source>
-        <translation>contacts</translation>
+        <translation>Contacts</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -164,8 +164,8 @@
         <translation>Delete the group “%1”? Its contacts move to “我的好友”.</translation>
     </message>
     <message>
-        <source>contactCooperates</source>
-        <translation>Partner contact</translation>
+        <source>contactAccessible</source>
+        <translation>%1, %2, in group %3</translation>
     </message>
     <message>
         <source>contactDetail</source>
@@ -180,20 +180,8 @@
         <translation>No group chats in the address book yet</translation>
     </message>
     <message>
-        <source>contactOfGroup</source>
-        <translation>%1, %2, in group %3</translation>
-    </message>
-    <message>
-        <source>contactOnMobile</source>
-        <translation>Mobile</translation>
-    </message>
-    <message>
         <source>contactsDeleted</source>
         <translation>Deleted contacts</translation>
-    </message>
-    <message>
-        <source>copy</source>
-        <translation>Copy</translation>
     </message>
     <message>
         <source>create</source>
@@ -304,10 +292,6 @@
         <translation>Pictures (*.jpg *.jpeg *.png)</translation>
     </message>
     <message>
-        <source>findResult</source>
-        <translation>%1, match %2 of %3</translation>
-    </message>
-    <message>
         <source>forbidden</source>
         <translation>Muted</translation>
     </message>
@@ -352,16 +336,12 @@
         <translation>Looking up this person…</translation>
     </message>
     <message>
+        <source>groupAccessible</source>
+        <translation>%1, %2 of %3 online</translation>
+    </message>
+    <message>
         <source>groupChat</source>
         <translation>Group chats</translation>
-    </message>
-    <message>
-        <source>groupCollapsed</source>
-        <translation>collapsed</translation>
-    </message>
-    <message>
-        <source>groupExpanded</source>
-        <translation>expanded</translation>
     </message>
     <message>
         <source>groupNameColon</source>
@@ -560,14 +540,6 @@
         <translation>You are offline and cannot invite members.</translation>
     </message>
     <message>
-        <source>offlineNotice</source>
-        <translation>You are offline</translation>
-    </message>
-    <message>
-        <source>onlineCountOf</source>
-        <translation>%1, %2 of %3 online</translation>
-    </message>
-    <message>
         <source>onlyShowOnlineUser</source>
         <translation>Show online contacts only</translation>
     </message>
@@ -578,10 +550,6 @@
     <message>
         <source>openOrClose</source>
         <translation>Expand or collapse</translation>
-    </message>
-    <message>
-        <source>operationFailed</source>
-        <translation>That did not work. Please try again.</translation>
     </message>
     <message>
         <source>organizationTree</source>
@@ -954,10 +922,6 @@
     <message>
         <source>yourImIsOffline</source>
         <translation>You are offline</translation>
-    </message>
-    <message>
-        <source>yourself</source>
-        <translation>Yourself</translation>
     </message>
 </context>
 </TS>

@@ -17,7 +17,7 @@
     </message>
     <message>
         <source>addfail</source>
-        <translation>添加失败的</translation>
+        <translation>添加失败，请重试！</translation>
     </message>
     <message>
         <source>addfailreadd</source>
@@ -164,8 +164,8 @@
         <translation>确定删除分组“%1”吗？其中的联系人会移到“我的好友”。</translation>
     </message>
     <message>
-        <source>contactCooperates</source>
-        <translation>合作联系人</translation>
+        <source>contactAccessible</source>
+        <translation>%1，%2，分组 %3</translation>
     </message>
     <message>
         <source>contactDetail</source>
@@ -180,20 +180,8 @@
         <translation>通讯录中还没有讨论组</translation>
     </message>
     <message>
-        <source>contactOfGroup</source>
-        <translation>%1，%2，分组 %3</translation>
-    </message>
-    <message>
-        <source>contactOnMobile</source>
-        <translation>手机</translation>
-    </message>
-    <message>
         <source>contactsDeleted</source>
         <translation>已删除的联系人</translation>
-    </message>
-    <message>
-        <source>copy</source>
-        <translation>复制</translation>
     </message>
     <message>
         <source>create</source>
@@ -304,10 +292,6 @@
         <translation>图片文件 (*.jpg *.jpeg *.png)</translation>
     </message>
     <message>
-        <source>findResult</source>
-        <translation>%1，第 %2 个，共 %3 个</translation>
-    </message>
-    <message>
         <source>forbidden</source>
         <translation>消息免打扰</translation>
     </message>
@@ -352,16 +336,12 @@
         <translation>正在获取对方资料，请稍候…</translation>
     </message>
     <message>
+        <source>groupAccessible</source>
+        <translation>%1，%2 人在线，共 %3 人</translation>
+    </message>
+    <message>
         <source>groupChat</source>
         <translation>讨论组</translation>
-    </message>
-    <message>
-        <source>groupCollapsed</source>
-        <translation>已收起</translation>
-    </message>
-    <message>
-        <source>groupExpanded</source>
-        <translation>已展开</translation>
     </message>
     <message>
         <source>groupNameColon</source>
@@ -560,14 +540,6 @@
         <translation>您已离线，不能邀请成员。</translation>
     </message>
     <message>
-        <source>offlineNotice</source>
-        <translation>您已离线</translation>
-    </message>
-    <message>
-        <source>onlineCountOf</source>
-        <translation>%1，%2 人在线，共 %3 人</translation>
-    </message>
-    <message>
         <source>onlyShowOnlineUser</source>
         <translation>仅显示在线联系人</translation>
     </message>
@@ -578,10 +550,6 @@
     <message>
         <source>openOrClose</source>
         <translation>展开/收起</translation>
-    </message>
-    <message>
-        <source>operationFailed</source>
-        <translation>操作失败，请重试。</translation>
     </message>
     <message>
         <source>organizationTree</source>
@@ -954,10 +922,6 @@
     <message>
         <source>yourImIsOffline</source>
         <translation>您已离线</translation>
-    </message>
-    <message>
-        <source>yourself</source>
-        <translation>我自己</translation>
     </message>
 </context>
 </TS>

@@ -63,6 +63,12 @@ class ChecksTest(unittest.TestCase):
         self.write("common/long.cpp", "reply->ignoreSslErrors();\n")
         self.assert_finds(check_tree.check, "TLS")
 
+    def test_pictures_named_in_the_code(self):
+        self.write("contacts/a.cpp", 'f("Resources/images/a.png", "Resources/images/b%1.png");\n')
+        self.assert_finds(check_tree.check, "Resources/images/a.png")
+        self.write("Resources/images/a.png", "")
+        self.assertEqual(check_tree.check(self.root), [])
+
     def test_translations(self):
         good = [("tip", "", "Notice"), ("ask", "", "Delete %1?")]
         cases = {
