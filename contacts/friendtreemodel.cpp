@@ -9,6 +9,13 @@ namespace {
 // A larger batch of presence changes in one group is sorted at once instead of
 // moved row by row.
 constexpr size_t SortInsteadOfMoving = 24;
+
+// A presence value of the host's as a row keeps it: an unknown one stays other
+// than zero, which means offline.
+qint8 kept(qint32 value)
+{
+    return qint8(qBound(-128, int(value), 127));
+}
 } // namespace
 
 FriendTreeModel::FriendTreeModel(RowKind contactKind, QObject *parent)
@@ -46,8 +53,8 @@ void FriendTreeModel::setUp(Contact *contact, const FriendData &record)
     if (record.jid == m_ownJid)
         m_ownContact = contact;
     const PresenceData presence = presenceFor(record.jid);
-    contact->pcShow = qint8(presence.pcShow);
-    contact->mobile = qint8(presence.mobile);
+    contact->pcShow = kept(presence.pcShow);
+    contact->mobile = kept(presence.mobile);
     bool cooperates = false;
     contact->cooperates = ctx().cooperates(record.jid, &cooperates) && cooperates;
 }
@@ -359,12 +366,14 @@ void FriendTreeModel::setOrderFrozen(bool frozen)
 
 bool FriendTreeModel::changePresence(Contact *contact, const PresenceData &presence)
 {
-    const PresenceData old = contact->presence();
-    if (old == presence)
+    const bool wasOnline = contact->presence().isOnline();
+    const qint8 pcShow = kept(presence.pcShow);
+    const qint8 mobile = kept(presence.mobile);
+    if (contact->pcShow == pcShow && contact->mobile == mobile)
         return false;
-    contact->pcShow = qint8(presence.pcShow);
-    contact->mobile = qint8(presence.mobile);
-    contact->group->online += int(presence.isOnline()) - int(old.isOnline());
+    contact->pcShow = pcShow;
+    contact->mobile = mobile;
+    contact->group->online += int(presence.isOnline()) - int(wasOnline);
     return true;
 }
 
