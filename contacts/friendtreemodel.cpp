@@ -70,6 +70,7 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
 {
     const bool external = m_contactKind == ExternalContactRow;
     m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
+    QList<FriendData> repeated;
     for (const FriendData &record : contacts) {
         if (record.jid.isEmpty() || (record.outside != 0) != external)
             continue;
@@ -78,13 +79,17 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
         if (isNew) {
             setUp(contact, record);
             arrive(contact, groupFor(record));
-        } else if (!contact->arriving) {
-            // A new jid that stands twice in one batch is what its first record says.
+        } else if (contact->arriving) {
+            repeated.append(record);
+        } else {
             applyRecord(contact, record);
         }
     }
     for (size_t i = 0; i < m_groups.size(); ++i)
         attachArrivals(m_groups[i].get());
+    // A new jid that stands twice in one batch is what its last record says.
+    for (const FriendData &record : qAsConst(repeated))
+        applyRecord(find(record.jid), record);
 }
 
 void FriendTreeModel::arrive(Contact *contact, Group *group)
