@@ -34,8 +34,10 @@ void FriendTreeModel::setOwnJid(const QString &jid)
     m_ownJid = jid;
     m_ownContact = now;
     for (Contact *contact : {old, now}) {
-        if (contact)
+        if (contact) {
             replace(contact);
+            contactChanged(contact);
+        }
     }
 }
 
@@ -166,7 +168,6 @@ bool FriendTreeModel::changeContact(const QString &jid,
     if (!contact)
         return false;
     FriendData record = contact->record;
-    record.groupId = contact->group->id;
     change(record);
     record.jid = jid;
     applyRecord(contact, record);
