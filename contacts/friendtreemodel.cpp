@@ -9,6 +9,9 @@ namespace {
 // A larger batch of presence changes in one group is sorted at once instead of
 // moved row by row.
 constexpr size_t SortInsteadOfMoving = 24;
+// Arrivals that fall into more gaps between the rows of a group are appended and
+// sorted in, so that views get two signals instead of one for each gap.
+constexpr int MaximumInsertions = 64;
 
 // A presence value of the host's as a row keeps it: an unknown one stays other
 // than zero, which means offline.
@@ -126,18 +129,23 @@ void FriendTreeModel::attachArrivals(Group *group)
 void FriendTreeModel::insertRuns(Group *group, const Rows &sorted)
 {
     Rows &rows = group->rows;
-    rows.reserve(rows.size() + sorted.size());
+    if (sorted.size() > 1)
+        rows.reserve(rows.size() + sorted.size());
+    if (!m_orderFrozen &&
+        FriendTreeOrder::runCount(rows, sorted, MaximumInsertions + 1) > MaximumInsertions) {
+        // Between the two signals rows are found by number only.
+        const int at = int(rows.size());
+        beginInsertRows(indexOf(group), at, at + int(sorted.size()) - 1);
+        rows.insert(rows.end(), sorted.begin(), sorted.end());
+        endInsertRows();
+        sortGroup(group);
+        return;
+    }
     for (size_t first = 0; first < sorted.size();) {
         const FriendTreeRow &head = sorted[first];
         const int at = FriendTreeOrder::placeFor(rows, head.prefix, head.contact->place,
                                                  head.contact->record.jid);
-        size_t last = first + 1;
-        if (at == int(rows.size())) {
-            last = sorted.size();
-        } else {
-            while (last < sorted.size() && FriendTreeOrder::before(sorted[last], rows[size_t(at)]))
-                ++last;
-        }
+        const size_t last = FriendTreeOrder::runEnd(rows, at, sorted, first);
         beginInsertRows(indexOf(group), at, at + int(last - first) - 1);
         rows.insert(rows.begin() + at, sorted.begin() + std::ptrdiff_t(first),
                     sorted.begin() + std::ptrdiff_t(last));
