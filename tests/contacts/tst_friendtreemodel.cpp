@@ -341,6 +341,7 @@ void TstFriendTreeModel::roles()
     model->setCooperation({{contact.jid, false}, {QStringLiteral("stranger"), true}});
     QCOMPARE(index.data(263), QVariant(false));
 
+    contact.outside = 1;
     FriendTreeModel other(ExternalContactRow);
     other.mergeContacts({contact});
     QCOMPARE(other.contactIndex(contact.jid).data(280), QVariant(9));

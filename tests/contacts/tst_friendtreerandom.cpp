@@ -29,7 +29,7 @@ struct Reference
     {
         const FriendData &contact = contacts[jid];
         return FriendTreeSort::contactKey(
-            FriendTreeSort::block(contact, presence.value(jid), ownJid()),
+            FriendTreeSort::block(contact, presence.value(jid), jid == ownJid()),
             contact.remark.isEmpty() ? contact.nickName : contact.remark);
     }
     QStringList members(const QString &groupId) const
