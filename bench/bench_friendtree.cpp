@@ -1,12 +1,12 @@
 // The friend tree against the toolkit's own items, and against what sorting and
 // copying alone must cost.
 #include "bench/support/ratio.h"
+#include "bench/support/samplecontacts.h"
 #include "bench/support/stockitems.h"
 #include "common/cchcharactertopp.h"
 #include "contacts/friendtreemodel.h"
 #include "contacts/friendtreeview.h"
 #include "contacts/friendtreewidget.h"
-#include "sample/samplecompany.h"
 #include "tests/support/fakecontext.h"
 
 #include <QApplication>
@@ -24,46 +24,13 @@ namespace {
 
 constexpr int Groups = 200;
 
-QString groupId(int number)
-{
-    return QStringLiteral("g%1").arg(number);
-}
-
-QList<GroupData> groups(int count)
-{
-    QList<GroupData> list;
-    for (int i = 0; i < count; ++i)
-        list.append({groupId(i), QStringLiteral("Group %1").arg(i, 4, 10, QLatin1Char('0'))});
-    return list;
-}
-
-// The people of the sample company, so that names are as alike as they are in life.
-QList<FriendData> contacts(int count, int groupCount)
-{
-    const SampleCompany company(count);
-    QRandomGenerator random(7);
-    QList<FriendData> list;
-    list.reserve(count);
-    for (int i = 0; i < count; ++i) {
-        const SamplePerson person = company.person(i);
-        FriendData contact;
-        contact.jid = person.uid + QStringLiteral("@corp.example");
-        contact.account = person.account;
-        contact.nickName = person.name;
-        contact.sign = person.sign;
-        contact.groupId = groupId(random.bounded(groupCount));
-        list.append(contact);
-    }
-    return list;
-}
-
 // A tree on screen, with all its groups open.
 struct ShownTree
 {
     explicit ShownTree(int groupCount) : context(&host)
     {
         page.resize(360, 640);
-        QList<GroupData> list = groups(groupCount);
+        QList<GroupData> list = sampleGroups(groupCount);
         page.slot_addAllGroup(list, true);
         page.view()->expandAll();
         page.show();
@@ -82,7 +49,7 @@ struct ShownTree
 
 const QList<FriendData> &manyContacts()
 {
-    static const auto *list = new QList<FriendData>(contacts(100000, Groups));
+    static const auto *list = new QList<FriendData>(sampleContacts(100000, Groups));
     return *list;
 }
 
@@ -134,7 +101,7 @@ double loadFloor()
 
 double tearDownOurs(int groupCount)
 {
-    const QList<FriendData> list = contacts(manyContacts().size(), groupCount);
+    const QList<FriendData> list = sampleContacts(manyContacts().size(), groupCount);
     auto tree = std::make_unique<ShownTree>(groupCount);
     tree->fill(list);
     return Ratio::cpuPerUnit(list.size(), [&] { tree.reset(); });
@@ -143,7 +110,7 @@ double tearDownOurs(int groupCount)
 double tearDownStock(int groupCount)
 {
     StockTree tree(groupCount);
-    tree.fill(contacts(manyContacts().size(), groupCount));
+    tree.fill(sampleContacts(manyContacts().size(), groupCount));
     tree.sort();
     QApplication::processEvents();
     return Ratio::cpuPerUnit(manyContacts().size(), [&] { tree.model.clear(); });
@@ -179,7 +146,7 @@ PresenceData randomPresence(QRandomGenerator *random)
 
 double presenceOurs()
 {
-    const QList<FriendData> list = contacts(PresenceRows, PresenceGroups);
+    const QList<FriendData> list = sampleContacts(PresenceRows, PresenceGroups);
     ShownTree tree(PresenceGroups);
     tree.fill(list);
     QRandomGenerator random(11);
@@ -198,7 +165,7 @@ double presenceOurs()
 double presenceStock()
 {
     constexpr int Changes = 40; // each takes milliseconds
-    const QList<FriendData> list = contacts(PresenceRows, PresenceGroups);
+    const QList<FriendData> list = sampleContacts(PresenceRows, PresenceGroups);
     StockTree tree(PresenceGroups);
     tree.fill(list);
     tree.sort();
@@ -214,7 +181,7 @@ double presenceStock()
 
 double presenceThinItems()
 {
-    const QList<FriendData> list = contacts(PresenceRows, PresenceGroups);
+    const QList<FriendData> list = sampleContacts(PresenceRows, PresenceGroups);
     ThinItemTree tree(PresenceGroups);
     tree.fill(list);
     QRandomGenerator random(11);
