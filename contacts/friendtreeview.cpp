@@ -224,7 +224,7 @@ void FriendTreeView::slot_clickLabel()
 void FriendTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTreeView::currentChanged(current, previous);
-    m_labels->sync();
+    m_labels->showStates();
     emit signal_selectionChanged(current);
 }
 
@@ -232,19 +232,19 @@ void FriendTreeView::selectionChanged(const QItemSelection &selected,
                                       const QItemSelection &deselected)
 {
     QTreeView::selectionChanged(selected, deselected);
-    m_labels->sync();
+    m_labels->showStates();
 }
 
 void FriendTreeView::focusInEvent(QFocusEvent *event)
 {
     QTreeView::focusInEvent(event);
-    m_labels->sync();
+    m_labels->showStates();
 }
 
 void FriendTreeView::focusOutEvent(QFocusEvent *event)
 {
     QTreeView::focusOutEvent(event);
-    m_labels->sync();
+    m_labels->showStates();
 }
 
 // --- Keys --------------------------------------------------------------------
