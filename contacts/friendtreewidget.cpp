@@ -388,7 +388,7 @@ void FriendTreeWidget::slot_renameGroupName(QString strGroupId, QString newGroup
     }
     const QString oldName = m_model->groupName(strGroupId);
     if (m_model->renameGroup(strGroupId, newGroupName)) {
-        m_expansion->noteRename(oldName, newGroupName);
+        m_expansion->noteRename(oldName, m_model->groupName(strGroupId));
         return;
     }
     LOG_DEBUG("组名不存在");
