@@ -188,15 +188,17 @@ void FriendTreeView::fillMoveMenu(const QString &jid)
 void FriendTreeView::groupMenuClick(QAction *action)
 {
     LOG_SCOPE("FriendTreeView::groupMenuClick(QAction* action)");
+    if (action == m_groupMenu->action("newgroup")) {
+        m_commands->createGroup();
+        return;
+    }
     // The group may have been deleted while its menu was open.
     if (!m_model->hasGroup(m_menuGroup)) {
         LOG_DEBUG("the group of the menu is gone");
         return;
     }
     const QStringList contacts = m_model->contactsOfGroup(m_menuGroup);
-    if (action == m_groupMenu->action("newgroup"))
-        m_commands->createGroup();
-    else if (action == m_groupMenu->action("delMuc"))
+    if (action == m_groupMenu->action("delMuc"))
         m_commands->deleteGroup(m_menuGroup);
     else if (action == m_groupMenu->action("renameMuc"))
         m_commands->renameGroup(m_menuGroup);
