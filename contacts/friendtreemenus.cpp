@@ -96,9 +96,11 @@ SkinMenu *FriendTreeView::creatSelectMoreMenu()
 void FriendTreeView::contextMenuEvent(QContextMenuEvent *event)
 {
     QPoint pos = event->pos();
-    if (event->reason() == QContextMenuEvent::Keyboard) {
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid()) {
         scrollTo(currentIndex());
         pos = visualRect(currentIndex()).center();
+    } else if (event->reason() == QContextMenuEvent::Keyboard) {
+        pos = QPoint(0, viewport()->height()); // below all rows
     } else {
         // The event of a scroll area comes in the viewport's coordinates.
         const QModelIndex index = indexAt(pos);
