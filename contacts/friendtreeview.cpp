@@ -224,6 +224,9 @@ void FriendTreeView::slot_clickLabel()
 void FriendTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTreeView::currentChanged(current, previous);
+    // The base class turns it off for rows that are not editable; typing to find
+    // needs it.
+    setAttribute(Qt::WA_InputMethodEnabled);
     m_labels->showStates();
     emit signal_selectionChanged(current);
 }
@@ -238,6 +241,7 @@ void FriendTreeView::selectionChanged(const QItemSelection &selected,
 void FriendTreeView::focusInEvent(QFocusEvent *event)
 {
     QTreeView::focusInEvent(event);
+    setAttribute(Qt::WA_InputMethodEnabled);
     m_labels->showStates();
 }
 
