@@ -316,8 +316,8 @@ bool FriendTreeView::viewportEvent(QEvent *event)
 
 void FriendTreeView::updateFreeze()
 {
-    const bool menuOpen =
-        m_groupMenu->isVisible() || m_contactMenu->isVisible() || m_selectMoreMenu->isVisible();
+    const bool menuOpen = m_groupMenu->isVisible() || m_contactMenu->isVisible() ||
+                          m_nullMenu->isVisible() || m_selectMoreMenu->isVisible();
     m_model->setOrderFrozen(m_pointerAtRest.isActive() || menuOpen || m_drag);
 }
 
