@@ -100,7 +100,8 @@ void FriendCommands::refreshGroups()
 
 void FriendCommands::openChat(const QString &jid)
 {
-    FriendUIEventProcess::openChat(jid, MessageData::Person);
+    if (jid != ctx().ownJid())
+        FriendUIEventProcess::openChat(jid, MessageData::Person);
 }
 
 void FriendCommands::openHistory(const QString &jid)
@@ -117,7 +118,7 @@ void FriendCommands::viewDetail(const QString &jid)
 void FriendCommands::changeRemark(const QString &jid)
 {
     FriendData contact;
-    if (!m_model->contact(jid, &contact))
+    if (jid == ctx().ownJid() || !m_model->contact(jid, &contact))
         return;
     const QString old = contact.remark;
     InputBox::ask(m_view, QObject::tr("changeRemarkName"), QObject::tr("remarkColon"), old, {},

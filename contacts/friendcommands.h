@@ -23,6 +23,7 @@ public:
     void deleteGroup(const QString &groupId);
     void refreshGroups();
 
+    // Chat, remark and deletion are for others: the own jid is left alone.
     void openChat(const QString &jid);
     void openHistory(const QString &jid);
     void viewDetail(const QString &jid);

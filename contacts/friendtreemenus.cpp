@@ -96,9 +96,11 @@ SkinMenu *FriendTreeView::creatSelectMoreMenu()
 void FriendTreeView::contextMenuEvent(QContextMenuEvent *event)
 {
     QPoint pos = event->pos();
-    if (event->reason() == QContextMenuEvent::Keyboard) {
+    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid()) {
         scrollTo(currentIndex());
         pos = visualRect(currentIndex()).center();
+    } else if (event->reason() == QContextMenuEvent::Keyboard) {
+        pos = QPoint(0, viewport()->height()); // below all rows
     } else {
         // The event of a scroll area comes in the viewport's coordinates.
         const QModelIndex index = indexAt(pos);
@@ -188,15 +190,17 @@ void FriendTreeView::fillMoveMenu(const QString &jid)
 void FriendTreeView::groupMenuClick(QAction *action)
 {
     LOG_SCOPE("FriendTreeView::groupMenuClick(QAction* action)");
+    if (action == m_groupMenu->action("newgroup")) {
+        m_commands->createGroup();
+        return;
+    }
     // The group may have been deleted while its menu was open.
     if (!m_model->hasGroup(m_menuGroup)) {
         LOG_DEBUG("the group of the menu is gone");
         return;
     }
     const QStringList contacts = m_model->contactsOfGroup(m_menuGroup);
-    if (action == m_groupMenu->action("newgroup"))
-        m_commands->createGroup();
-    else if (action == m_groupMenu->action("delMuc"))
+    if (action == m_groupMenu->action("delMuc"))
         m_commands->deleteGroup(m_menuGroup);
     else if (action == m_groupMenu->action("renameMuc"))
         m_commands->renameGroup(m_menuGroup);

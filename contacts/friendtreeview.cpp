@@ -224,7 +224,10 @@ void FriendTreeView::slot_clickLabel()
 void FriendTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QTreeView::currentChanged(current, previous);
-    m_labels->sync();
+    // The base class turns it off for rows that are not editable; typing to find
+    // needs it.
+    setAttribute(Qt::WA_InputMethodEnabled);
+    m_labels->showStates();
     emit signal_selectionChanged(current);
 }
 
@@ -232,20 +235,25 @@ void FriendTreeView::selectionChanged(const QItemSelection &selected,
                                       const QItemSelection &deselected)
 {
     QTreeView::selectionChanged(selected, deselected);
-    m_labels->sync();
+    m_labels->showStates();
 }
 
 void FriendTreeView::focusInEvent(QFocusEvent *event)
 {
     QTreeView::focusInEvent(event);
-    m_labels->sync();
+    setAttribute(Qt::WA_InputMethodEnabled);
+    m_labels->showStates();
 }
 
 void FriendTreeView::focusOutEvent(QFocusEvent *event)
 {
     QTreeView::focusOutEvent(event);
+<<<<<<< HEAD
     m_finder->clear();
     m_labels->sync();
+=======
+    m_labels->showStates();
+>>>>>>> treetests
 }
 
 // --- Keys --------------------------------------------------------------------
@@ -313,8 +321,8 @@ bool FriendTreeView::viewportEvent(QEvent *event)
 
 void FriendTreeView::updateFreeze()
 {
-    const bool menuOpen =
-        m_groupMenu->isVisible() || m_contactMenu->isVisible() || m_selectMoreMenu->isVisible();
+    const bool menuOpen = m_groupMenu->isVisible() || m_contactMenu->isVisible() ||
+                          m_nullMenu->isVisible() || m_selectMoreMenu->isVisible();
     m_model->setOrderFrozen(m_pointerAtRest.isActive() || menuOpen || m_drag);
 }
 

@@ -152,9 +152,12 @@ void FriendTreeWidget::slot_addFriend(QString friendJid)
 {
     LOG_SCOPE("FriendTreeWidget::slot_addFriend(QString friendJid)");
     FriendData contact;
-    if (!ctx().friendData(friendJid, &contact))
+    const bool known = ctx().friendData(friendJid, &contact);
+    if (!known)
         contact.jid = friendJid;
-    m_model->mergeContacts({contact});
+    // A row that is there tells more than a bare jid.
+    if (known || !m_model->hasContact(friendJid))
+        m_model->mergeContacts({contact});
     showState();
 }
 
@@ -385,7 +388,7 @@ void FriendTreeWidget::slot_renameGroupName(QString strGroupId, QString newGroup
     }
     const QString oldName = m_model->groupName(strGroupId);
     if (m_model->renameGroup(strGroupId, newGroupName)) {
-        m_expansion->noteRename(oldName, newGroupName);
+        m_expansion->noteRename(oldName, m_model->groupName(strGroupId));
         return;
     }
     LOG_DEBUG("组名不存在");

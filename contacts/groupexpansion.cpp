@@ -35,6 +35,10 @@ void GroupExpansion::restore(int first, int last)
         const QString name = index.data(FriendTreeRole::Name).toString();
         m_view->setExpanded(index, m_known ? m_expanded.contains(name) : row == 0);
     }
+    // The one that was the first before.
+    const QModelIndex next = m_view->model()->index(last + 1, 0);
+    if (!m_known && first == 0 && next.isValid())
+        m_view->setExpanded(next, false);
 }
 
 void GroupExpansion::note(bool expanded, const QString &groupName)

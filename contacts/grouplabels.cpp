@@ -34,13 +34,23 @@ void GroupLabels::sync()
             label->setIndex(index);
         else
             label->refresh();
-        const bool current = m_view->currentIndex() == index;
-        label->setState(m_view->isExpanded(index), m_view->selectionModel()->isSelected(index),
-                        current && m_view->hasFocus());
         label->show();
     }
     for (; used < m_labels.size(); ++used)
         m_labels.at(used)->hide();
+    showStates();
+}
+
+void GroupLabels::showStates()
+{
+    for (GroupLabel *label : qAsConst(m_labels)) {
+        const QModelIndex index = label->index();
+        if (label->isHidden() || !index.isValid())
+            continue;
+        const bool current = m_view->currentIndex() == index;
+        label->setState(m_view->isExpanded(index), m_view->selectionModel()->isSelected(index),
+                        current && m_view->hasFocus());
+    }
 }
 
 GroupLabel *GroupLabels::labelOf(const QModelIndex &index) const

@@ -17,8 +17,10 @@ public:
     explicit GroupLabels(QTreeView *view);
 
     // Brings the labels over the group rows that the viewport shows. To be called
-    // after every layout, scroll and change of selection.
+    // after every layout and scroll. Lays the view out if that is due.
     void sync();
+    // Shows what is open, selected and has the focus, on the labels that are there.
+    void showStates();
 
     // The label over a row; null when the row is not on screen.
     GroupLabel *labelOf(const QModelIndex &index) const;

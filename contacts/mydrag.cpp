@@ -1,6 +1,7 @@
 #include "contacts/mydrag.h"
 
 #include <QMimeData>
+#include <QPointer>
 #include <QWidget>
 
 MyDrag::MyDrag(QWidget *source) : QDrag(source)
@@ -18,7 +19,11 @@ void MyDrag::setTarget(const QString &groupId)
 
 void MyDrag::run()
 {
+    // The view, and this with it, may be destroyed while the drag runs.
+    const QPointer<MyDrag> alive(this);
     exec(Qt::MoveAction);
+    if (!alive)
+        return;
     emit signal_dropEnd(m_taken, m_target);
 }
 

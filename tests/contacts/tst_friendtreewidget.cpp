@@ -8,6 +8,7 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
+#include <QAbstractButton>
 #include <QStackedLayout>
 #include <QTest>
 
@@ -78,7 +79,7 @@ void TstFriendTreeWidget::failures_data()
         ": 删除的组不存在");
     row("creation failed", 4118, FakeHost::encode(G9, QStringLiteral("New"), false, true),
         QString(), "could not be created");
-    row("deletion of a stranger", 4101, FakeHost::encode(Stranger), QString(),
+    row("deletion of a stranger", 4101, FakeHost::encode(Stranger, true), QString(),
         ":  entry fun FriendTreeWidget::delUser user not exist");
     row("empty contact list", 4115, FakeHost::encode(QList<FriendData>()), QString(),
         ": entry fun FriendTreeWidget::slot_addAllFriend()：listFriendData is 0");
@@ -135,15 +136,15 @@ void TstFriendTreeWidget::addsContacts()
 {
     TreeFixture tree;
     tree.add(QStringLiteral("al"), QStringLiteral("al"));
-    FakeHost::send(4129, jidOf(QStringLiteral("al")));
+    FakeHost::send(4114, jidOf(QStringLiteral("al")));
     QCOMPARE(tree.rows("g1"), QStringList({"me", "anna", "al", "bob", "carl"}));
     // Unknown to the host: what the jid tells, in the default group.
-    FakeHost::send(4129, Stranger);
+    FakeHost::send(4114, Stranger);
     QCOMPARE(tree.rows(""), QStringList({"stranger"}));
     // Who stands in the tree already keeps what is known.
     tree.host.context.contacts.clear();
     tree.widget->slot_updateFriendRemarkName(Anna, QStringLiteral("Ann"));
-    FakeHost::send(4129, Anna);
+    FakeHost::send(4114, Anna);
     QCOMPARE(tree.contact("anna").data(FriendTreeRole::Name).toString(), QStringLiteral("Ann"));
     QCOMPARE(tree.model->groupOf(Anna), G1);
 }
@@ -151,7 +152,7 @@ void TstFriendTreeWidget::addsContacts()
 void TstFriendTreeWidget::updatesContacts()
 {
     TreeFixture tree;
-    FakeHost::send(4101, Bob);
+    FakeHost::send(4101, Bob, true);
     QCOMPARE(tree.rows("g1"), QStringList({"me", "anna", "carl"}));
     VcardInfo profile;
     profile.nickName = QStringLiteral("zack");
@@ -248,7 +249,7 @@ void TstFriendTreeWidget::states()
     QCOMPARE(page(tree), QStringLiteral("FriendTreeView"));
     FakeHost::send(4120, true, G1, true);
     QCOMPARE(page(tree), QStringLiteral("friendsEmpty"));
-    FakeHost::send(4129, Stranger);
+    FakeHost::send(4114, Stranger);
     QCOMPARE(page(tree), QStringLiteral("FriendTreeView"));
 }
 
@@ -339,10 +340,10 @@ void TstFriendTreeWidget::paneIsMadeAgain()
         TipBox::setNextAnswers(TipBox::ShowBox);
         view->commands()->createGroup();
         view->slot_contextMenu(QPoint(5, 500));
-        FakeHost::send(4129, Stranger);
+        FakeHost::send(4114, Stranger);
         delete pane;
         QVERIFY(!hub->hasPane());
-        FakeHost::send(4129, Bob);
+        FakeHost::send(4114, Bob);
         FakeHost::send(4898, Anna);
         TreeFixture::settle();
     }
