@@ -192,8 +192,9 @@ QString makeJid(const QString &uid)
 
 QString contactDisplayName(const FriendData &contact)
 {
-    const QString user = jidUser(contact.jid);
-    return firstToShow({&contact.remark, &contact.nickName, &user});
+    // The usual contact has a name: the jid is then not looked at.
+    const QString name = firstToShow({&contact.remark, &contact.nickName});
+    return name.isEmpty() ? displayText(jidUser(contact.jid)) : name;
 }
 
 QString contactDisplayName(const FriendData &contact, const VcardInfo &profile)

@@ -34,41 +34,60 @@ char numberedCharacter(const QByteArray &ini, int *at, int base)
     return code < 127 ? char(code) : char(127);
 }
 
-// The ASCII characters that the values consist of once the escapes are resolved.
-// Quotes, continued lines, unknown escapes and other characters are left out:
-// they may stand within a mark without a trace in what is read.
+// What the escape means whose letter is at *at; a null character when it means
+// nothing that matters here.
+char escapedCharacter(const QByteArray &ini, int *at)
+{
+    const char letter = ini.at((*at)++);
+    if (letter == 'x' && *at < ini.size() && digitOf(ini.at(*at), 16) >= 0)
+        return numberedCharacter(ini, at, 16);
+    if (digitOf(letter, 8) >= 0)
+        return numberedCharacter(ini, &--*at, 8);
+    return isOneOf("\"?'\\", letter) ? letter : '\0';
+}
+
+// The visible ASCII characters that the values consist of once the escapes are
+// resolved. Quotes, blanks, continued lines, unknown escapes and other characters
+// are left out: they may stand within a mark without a trace in what is read.
 QByteArray resolved(const QByteArray &ini)
 {
     QByteArray text;
     text.reserve(ini.size());
     int i = 0;
     while (i < ini.size()) {
-        const char c = ini.at(i++);
-        if (c == '\\' && i < ini.size()) {
-            const char escaped = ini.at(i++);
-            if (escaped == 'x' && i < ini.size() && digitOf(ini.at(i), 16) >= 0)
-                text += numberedCharacter(ini, &i, 16);
-            else if (digitOf(escaped, 8) >= 0)
-                text += numberedCharacter(ini, &--i, 8);
-            else if (isOneOf("abfnrtv", escaped))
-                text += ' ';
-            else if (isOneOf("\"?'\\", escaped))
-                text += escaped;
-        } else if (c != '"' && uchar(c) < 127) {
+        char c = ini.at(i++);
+        if (c == '"')
+            continue;
+        if (c == '\\' && i < ini.size())
+            c = escapedCharacter(ini, &i);
+        if (c > ' ' && uchar(c) < 127)
             text += c;
-        }
     }
     return text;
 }
 
-// Whether a value, or an element of a list, begins at this place: behind "=" or
-// ",", blanks apart.
-bool beginsValue(const QByteArray &text, int at)
+// Where the line that begins at this place ends: at a line break outside quotes, or
+// at the end of the text. Negative when a quote is left open.
+int endOfLine(const QByteArray &ini, int at)
 {
-    while (at > 0 && uchar(text.at(at - 1)) <= ' ')
-        --at;
-    return at == 0 || text.at(at - 1) == '=' || text.at(at - 1) == ',';
+    bool inQuotes = false;
+    const bool isComment = at < ini.size() && ini.at(at) == ';';
+    for (; at < ini.size(); ++at) {
+        const char c = ini.at(at);
+        if ((c == '\n' || c == '\r') && !inQuotes)
+            return at;
+        if (isComment)
+            continue;
+        if (c == '"')
+            inQuotes = !inQuotes;
+        else if (c == '\\' && ini.mid(at + 1, 2) == "\r\n")
+            at += 2;
+        else if (c == '\\')
+            ++at;
+    }
+    return inQuotes ? -1 : int(ini.size());
 }
+
 } // namespace
 
 bool IniText::holdsObjects(const QByteArray &ini)
@@ -78,11 +97,35 @@ bool IniText::holdsObjects(const QByteArray &ini)
     const QByteArray text = resolved(ini);
     for (const char *mark : objectMarks) {
         for (int at = text.indexOf(mark); at >= 0; at = text.indexOf(mark, at + 1)) {
-            if (beginsValue(text, at))
+            // At the beginning of a value, or of an element of a list.
+            if (at == 0 || isOneOf("=,", text.at(at - 1)))
                 return true;
         }
     }
     return false;
+}
+
+bool IniText::hasByteOrderMark(const QByteArray &ini)
+{
+    return ini.startsWith("\xef\xbb\xbf");
+}
+
+bool IniText::isWellFormed(const QByteArray &ini)
+{
+    int at = hasByteOrderMark(ini) ? 3 : 0;
+    while (at < ini.size()) {
+        const int end = endOfLine(ini, at);
+        if (end < 0)
+            return false;
+        while (at < end && uchar(ini.at(at)) <= ' ')
+            ++at;
+        const char first = at < end ? ini.at(at) : ';';
+        const char *const line = ini.constData() + at;
+        if (first != ';' && !std::memchr(line, first == '[' ? ']' : '=', size_t(end - at)))
+            return false;
+        at = end + 1;
+    }
+    return true;
 }
 
 bool IniText::isWritable(const QString &value)

@@ -11,6 +11,12 @@ namespace IniText {
 // on the safe side: a text in quotes that has ", @Variant(" inside counts, too.
 bool holdsObjects(const QByteArray &ini);
 
+bool hasByteOrderMark(const QByteArray &ini);
+
+// Whether every line is a setting, a section, a comment or blank, and every quote
+// ends. Other lines would be lost when the file is rewritten.
+bool isWellFormed(const QByteArray &ini);
+
 // Whether a file with this value still reads as free of objects.
 bool isWritable(const QString &value);
 

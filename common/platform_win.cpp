@@ -6,7 +6,6 @@
 
 #include <windows.h>
 
-#include <aclapi.h>
 #include <sddl.h>
 
 namespace {
@@ -41,8 +40,10 @@ bool Platform::restrictToOwner(const QString &file)
             L"D:P(A;;FA;;;OW)(A;;FA;;;SY)(A;;FA;;;BA)", SDDL_REVISION_1, &descriptor, nullptr))
         return false;
     const QString native = QDir::toNativeSeparators(file);
-    const bool done = SetFileSecurityW(reinterpret_cast<const wchar_t *>(native.utf16()),
-                                       DACL_SECURITY_INFORMATION, descriptor) != 0;
+    const bool done =
+        SetFileSecurityW(reinterpret_cast<const wchar_t *>(native.utf16()),
+                         DACL_SECURITY_INFORMATION | PROTECTED_DACL_SECURITY_INFORMATION,
+                         descriptor) != 0;
     LocalFree(descriptor);
     return done;
 }

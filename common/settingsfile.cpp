@@ -1,15 +1,13 @@
 #include "common/settingsfile.h"
 
+#include "common/inicodec.h"
 #include "common/initext.h"
 #include "common/logging.h"
 #include "common/platform.h"
 
-#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
-#include <QMutex>
 
 #include <cmath>
 
@@ -19,46 +17,6 @@ void logFailure(int line, const QString &text)
 {
     CLogManger::instance().log(
         LogError, QStringLiteral("settingsfile.cpp:") + QString::number(line), logText(text));
-}
-
-// QSettings tells of unreadable lines only when it parses the file. Until the
-// file changes, later objects are served from its cache as if all was well.
-class DamagedFiles
-{
-public:
-    void insert(const QString &path)
-    {
-        const QMutexLocker lock(&m_mutex);
-        m_stamps.insert(path, stampOf(path));
-    }
-    bool contains(const QString &path)
-    {
-        const QMutexLocker lock(&m_mutex);
-        const auto at = m_stamps.find(path);
-        if (at == m_stamps.end())
-            return false;
-        if (at.value() == stampOf(path))
-            return true;
-        m_stamps.erase(at);
-        return false;
-    }
-
-private:
-    using Stamp = QPair<QDateTime, qint64>;
-    static Stamp stampOf(const QString &path)
-    {
-        const QFileInfo info(path);
-        return {info.lastModified(), info.size()};
-    }
-
-    QMutex m_mutex;
-    QHash<QString, Stamp> m_stamps;
-};
-
-DamagedFiles &damagedFiles()
-{
-    static DamagedFiles files;
-    return files;
 }
 
 bool hasFormat(const QString &path, SettingsFile::Format format)
@@ -72,6 +30,26 @@ bool hasFormat(const QString &path, SettingsFile::Format format)
     // QSettings would make a file of that name in the working folder.
     return format == SettingsFile::Ini && !path.startsWith(QLatin1String("HKEY_"));
 #endif
+}
+
+std::unique_ptr<QSettings> openIni(const QString &path)
+{
+    auto settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
+    settings->setIniCodec(IniCodec::instance());
+    return settings;
+}
+
+// A list of texts; invalid when one of the elements is something else. QSettings
+// answers so for a list that has an element with "@" at its beginning.
+QVariant asTexts(const QVariantList &list)
+{
+    QStringList texts;
+    for (const QVariant &element : list) {
+        if (int(element.type()) != QMetaType::QString)
+            return QVariant();
+        texts += element.toString();
+    }
+    return texts;
 }
 
 // The value in a form that needs no "@" in the file; invalid when there is none.
@@ -110,20 +88,19 @@ SettingsFile::SettingsFile(const QString &path, Format format) : m_path(path)
         m_settings = std::make_unique<QSettings>(path, QSettings::NativeFormat);
         return;
     }
-    if (!isAcceptable())
+    if (!examine())
         return;
-    m_settings = std::make_unique<QSettings>(path, QSettings::IniFormat);
-    m_settings->setIniCodec("UTF-8");
-    if (m_settings->status() == QSettings::FormatError) {
-        damagedFiles().insert(path);
-        logFailure(__LINE__, path + QLatin1String(" has lines that are no settings"));
+    m_settings = openIni(path);
+    if (m_marked) {
+        // For QSettings the mark is an error, of which it tells once.
+        (void)m_settings->allKeys();
+        m_settings = openIni(path);
     }
-    m_damaged = damagedFiles().contains(path);
 }
 
 SettingsFile::~SettingsFile() = default;
 
-bool SettingsFile::isAcceptable() const
+bool SettingsFile::examine()
 {
     QFile file(m_path);
     if (!file.exists())
@@ -142,6 +119,8 @@ bool SettingsFile::isAcceptable() const
         logFailure(__LINE__, m_path + QLatin1String(" holds values that are refused"));
         return false;
     }
+    m_damaged = !IniText::isWellFormed(bytes);
+    m_marked = IniText::hasByteOrderMark(bytes);
     return true;
 }
 
@@ -165,6 +144,8 @@ QVariant SettingsFile::value(const QString &key) const
     case QMetaType::ULongLong:
     case QMetaType::Double:
         return found;
+    case QMetaType::QVariantList:
+        return asTexts(found.toList());
     default:
         return QVariant();
     }

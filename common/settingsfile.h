@@ -4,7 +4,8 @@
 // first reader, so that one reader without the codec would spoil the file for all
 // others. It also turns values that begin with "@Variant(" or "@DateTime(" into
 // objects, recursively and without limits; a file that holds one is not given to
-// it at all.
+// it at all. And it tells of lines that it cannot read only to the first who opens a
+// file, and drops them with the next change.
 //
 // Objects are short-lived and belong to one thread. A key is "/group/name"; the
 // leading slash may be missing. A value that holds ";" must stand in quotes.
@@ -57,10 +58,11 @@ public:
 
 private:
     QVariant value(const QString &key) const;
-    bool isAcceptable() const;
+    bool examine(); // false for a file that is refused
     void makeFileForOwner() const;
 
     const QString m_path;
     std::unique_ptr<QSettings> m_settings;
-    bool m_damaged = false;
+    bool m_damaged = false; // has lines that are no settings
+    bool m_marked = false;  // begins with a byte order mark
 };

@@ -81,7 +81,8 @@ struct Reader
 
     void write(const QString &name, const QVariant &value)
     {
-        changed = file.setValue(name, value) || changed;
+        file.setValue(name, value);
+        changed = true; // saving tells of a file that cannot be
     }
 
     void operator()(QString UserSettings::*member) { result.*member = file.text(key); }
@@ -131,7 +132,7 @@ UserSettings loadUserSettings(const QString &userId, const QDate &today)
     bool changed = false;
     for (const Setting &setting : settings)
         std::visit(Reader{file, result, setting.key, changed}, setting.member);
-    if (changed)
+    if (changed && !result.settingsFile.isEmpty())
         file.save();
     return result;
 }

@@ -22,10 +22,12 @@ void FriendTreeModel::setOwnJid(const QString &jid)
 {
     if (jid == m_ownJid)
         return;
-    const QString old = m_ownJid;
+    Contact *old = find(m_ownJid);
+    Contact *now = find(jid);
     m_ownJid = jid;
-    for (const QString &changed : {old, jid}) {
-        if (Contact *contact = find(changed))
+    m_ownContact = now;
+    for (Contact *contact : {old, now}) {
+        if (contact)
             replace(contact);
     }
 }
@@ -38,68 +40,72 @@ FriendTreeContact *FriendTreeModel::find(const QString &jid) const
     return at == m_contacts.end() ? nullptr : &at->second;
 }
 
-FriendTreeContact *FriendTreeModel::create(const FriendData &record)
+void FriendTreeModel::setUp(Contact *contact, const FriendData &record)
 {
-    Contact &contact = m_contacts[record.jid];
-    contact.record = record;
+    contact->record = record;
+    if (record.jid == m_ownJid)
+        m_ownContact = contact;
     const PresenceData presence = presenceFor(record.jid);
-    contact.pcShow = qint8(presence.pcShow);
-    contact.mobile = qint8(presence.mobile);
+    contact->pcShow = qint8(presence.pcShow);
+    contact->mobile = qint8(presence.mobile);
     bool cooperates = false;
-    contact.cooperates = ctx().cooperates(record.jid, &cooperates) && cooperates;
-    return &contact;
+    contact->cooperates = ctx().cooperates(record.jid, &cooperates) && cooperates;
 }
 
 PresenceData FriendTreeModel::presenceFor(const QString &jid)
 {
-    const auto early = m_presenceOfStrangers.constFind(jid);
-    if (early != m_presenceOfStrangers.constEnd()) {
-        const PresenceData presence = *early;
-        m_presenceOfStrangers.erase(early);
-        return presence;
-    }
+    if (!m_presenceOfStrangers.isEmpty() && m_presenceOfStrangers.contains(jid))
+        return m_presenceOfStrangers.take(jid);
     return m_allOffline ? PresenceData() : ctx().presence(jid);
 }
 
 void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
 {
+    const bool external = m_contactKind == ExternalContactRow;
     m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
     for (const FriendData &record : contacts) {
-        if (record.jid.isEmpty())
+        if (record.jid.isEmpty() || (record.outside != 0) != external)
             continue;
-        if (Contact *known = find(record.jid)) {
-            // The same new jid may stand twice in one batch.
-            if (known->group)
-                applyRecord(known, record);
-            else
-                known->record = record;
-            continue;
+        const auto [at, isNew] = m_contacts.try_emplace(record.jid);
+        Contact *contact = &at->second;
+        if (isNew) {
+            setUp(contact, record);
+            arrive(contact, groupFor(record));
+        } else if (!contact->arriving) {
+            // A new jid that stands twice in one batch is what its first record says.
+            applyRecord(contact, record);
         }
-        Contact *contact = create(record);
-        groupFor(record)->arrivals.push_back(contact);
     }
     for (size_t i = 0; i < m_groups.size(); ++i)
         attachArrivals(m_groups[i].get());
 }
 
+void FriendTreeModel::arrive(Contact *contact, Group *group)
+{
+    contact->arriving = true;
+    contact->group = group;
+    contact->place = placeOf(contact);
+    contact->hidden = shouldHide(contact);
+    (contact->hidden ? group->hiddenArrivals : group->arrivals)
+        .push_back(FriendTreeOrder::rowFor(contact));
+    group->online += contact->presence().isOnline() ? 1 : 0;
+}
+
 void FriendTreeModel::attachArrivals(Group *group)
 {
-    if (group->arrivals.empty())
+    if (group->arrivals.empty() && group->hiddenArrivals.empty())
         return;
-    Rows shown;
-    Rows hidden;
-    for (Contact *contact : group->arrivals) {
-        contact->group = group;
-        contact->place = placeOf(contact);
-        contact->hidden = shouldHide(contact);
-        (contact->hidden ? hidden : shown).push_back(contact);
-        group->online += contact->presence().isOnline() ? 1 : 0;
+    for (const Rows *rows : {&group->arrivals, &group->hiddenArrivals}) {
+        for (const FriendTreeRow &row : *rows)
+            row.contact->arriving = false;
     }
+    Rows &hidden = group->hidden;
+    hidden.insert(hidden.end(), group->hiddenArrivals.begin(), group->hiddenArrivals.end());
+    FriendTreeOrder::sort(hidden);
+    Rows().swap(group->hiddenArrivals);
+    FriendTreeOrder::sort(group->arrivals);
+    insertRuns(group, group->arrivals);
     Rows().swap(group->arrivals);
-    group->hidden.insert(group->hidden.end(), hidden.begin(), hidden.end());
-    FriendTreeOrder::sort(group->hidden);
-    FriendTreeOrder::sort(shown);
-    insertRuns(group, shown);
     groupChanged(group);
 }
 
@@ -108,8 +114,9 @@ void FriendTreeModel::insertRuns(Group *group, const Rows &sorted)
     Rows &rows = group->rows;
     rows.reserve(rows.size() + sorted.size());
     for (size_t first = 0; first < sorted.size();) {
-        const FriendTreeContact *head = sorted[first];
-        const int at = FriendTreeOrder::placeFor(rows, head->place, head->record.jid);
+        const FriendTreeRow &head = sorted[first];
+        const int at = FriendTreeOrder::placeFor(rows, head.prefix, head.contact->place,
+                                                 head.contact->record.jid);
         size_t last = first + 1;
         if (at == int(rows.size())) {
             last = sorted.size();
@@ -162,6 +169,8 @@ bool FriendTreeModel::removeContact(const QString &jid)
     detach(contact);
     m_outOfPlace.erase(std::remove(m_outOfPlace.begin(), m_outOfPlace.end(), contact),
                        m_outOfPlace.end());
+    if (contact == m_ownContact)
+        m_ownContact = nullptr;
     m_contacts.erase(jid);
     return true;
 }
@@ -207,8 +216,8 @@ QStringList FriendTreeModel::contactsOfGroup(const QString &groupId) const
     QStringList jids;
     if (const Group *wanted = group(groupId)) {
         for (const Rows *rows : {&wanted->rows, &wanted->hidden}) {
-            for (const Contact *contact : *rows)
-                jids.append(contact->record.jid);
+            for (const FriendTreeRow &row : *rows)
+                jids.append(row.contact->record.jid);
         }
     }
     return jids;
@@ -218,15 +227,13 @@ QStringList FriendTreeModel::contactsOfGroup(const QString &groupId) const
 
 FriendTreePlace FriendTreeModel::placeOf(const Contact *contact) const
 {
-    const QString name = contactDisplayName(contact->record);
-    return {FriendTreeSort::prefix(
-                FriendTreeSort::block(contact->record, contact->presence(), m_ownJid), name),
-            name};
+    return {contactDisplayName(contact->record),
+            FriendTreeSort::block(contact->record, contact->presence(), contact == m_ownContact)};
 }
 
 bool FriendTreeModel::shouldHide(const Contact *contact) const
 {
-    return m_hideOffline && !contact->presence().isOnline() && contact->record.jid != m_ownJid;
+    return m_hideOffline && !contact->presence().isOnline() && contact != m_ownContact;
 }
 
 void FriendTreeModel::detach(Contact *contact)
@@ -252,12 +259,14 @@ void FriendTreeModel::attach(Contact *contact, Group *group)
     contact->hidden = shouldHide(contact);
     contact->place = placeOf(contact);
     Rows &rows = group->list(contact->hidden);
-    const int row = FriendTreeOrder::placeFor(rows, contact->place, contact->record.jid);
+    const FriendTreeRow made = FriendTreeOrder::rowFor(contact);
+    const int row =
+        FriendTreeOrder::placeFor(rows, made.prefix, contact->place, contact->record.jid);
     if (contact->hidden) {
-        rows.insert(rows.begin() + row, contact);
+        rows.insert(rows.begin() + row, made);
     } else {
         beginInsertRows(indexOf(group), row, row);
-        rows.insert(rows.begin() + row, contact);
+        rows.insert(rows.begin() + row, made);
         endInsertRows();
     }
     group->online += contact->presence().isOnline() ? 1 : 0;
@@ -284,16 +293,21 @@ void FriendTreeModel::replace(Contact *contact)
 
 void FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
 {
-    Rows &rows = contact->group->list(contact->hidden);
-    const int from = FriendTreeOrder::rowOf(rows, contact);
-    const int to = FriendTreeOrder::placeFor(rows, place, contact->record.jid);
-    contact->place = place;
-    if (to == from || to == from + 1)
+    if (place.block == contact->place.block && place.name == contact->place.name)
         return;
-    if (!contact->hidden) {
+    Rows &rows = contact->group->list(contact->hidden);
+    const FriendTreeSort::Prefix prefix = FriendTreeSort::prefix(place.block, place.name);
+    const int from = FriendTreeOrder::rowOf(rows, contact);
+    const int to = FriendTreeOrder::placeFor(rows, prefix, place, contact->record.jid);
+    const bool stays = to == from || to == from + 1;
+    if (!stays && !contact->hidden) {
         const QModelIndex parent = indexOf(contact->group);
         beginMoveRows(parent, from, from, parent, to);
     }
+    contact->place = place;
+    rows[size_t(from)].prefix = prefix;
+    if (stays)
+        return;
     const auto begin = rows.begin();
     if (to > from)
         std::rotate(begin + from, begin + from + 1, begin + to);
@@ -303,21 +317,24 @@ void FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
         endMoveRows();
 }
 
-void FriendTreeModel::sortGroup(Group *group, const Rows &changed)
+// Sorts again after contacts have changed their place in any number.
+void FriendTreeModel::sortGroup(Group *group)
 {
     const QList<QPersistentModelIndex> parents{indexOf(group)};
     emit layoutAboutToBeChanged(parents, QAbstractItemModel::VerticalSortHint);
     QModelIndexList before;
-    Rows held;
+    Contacts held;
     const QModelIndexList persistent = persistentIndexList();
     for (const QModelIndex &index : persistent) {
         if (index.internalPointer() == group) {
             before.append(index);
-            held.push_back(group->rows[size_t(index.row())]);
+            held.push_back(group->rows[size_t(index.row())].contact);
         }
     }
-    for (Contact *contact : changed)
-        contact->place = placeOf(contact);
+    for (FriendTreeRow &row : group->rows) {
+        row.contact->place = placeOf(row.contact);
+        row = FriendTreeOrder::rowFor(row.contact);
+    }
     FriendTreeOrder::sort(group->rows);
     QModelIndexList after;
     for (const Contact *contact : held)
@@ -331,7 +348,7 @@ void FriendTreeModel::setOrderFrozen(bool frozen)
     m_orderFrozen = frozen;
     if (frozen)
         return;
-    const Rows waiting = std::exchange(m_outOfPlace, Rows());
+    const Contacts waiting = std::exchange(m_outOfPlace, Contacts());
     for (Contact *contact : waiting) {
         contact->outOfPlace = false;
         replace(contact);
@@ -354,26 +371,33 @@ bool FriendTreeModel::changePresence(Contact *contact, const PresenceData &prese
 void FriendTreeModel::setPresence(const QMap<QString, PresenceData> &presence)
 {
     m_allOffline = false;
-    QHash<Group *, Rows> changed;
+    QHash<Group *, Contacts> changed;
     for (auto at = presence.constBegin(); at != presence.constEnd(); ++at) {
         Contact *contact = find(at.key());
         if (!contact)
             m_presenceOfStrangers.insert(at.key(), at.value());
-        else if (changePresence(contact, at.value()))
+        else if (!changePresence(contact, at.value()))
+            continue;
+        else if (presence.size() == 1)
+            presenceChanged(contact->group, {contact});
+        else
             changed[contact->group].push_back(contact);
     }
-    for (auto at = changed.constBegin(); at != changed.constEnd(); ++at) {
-        const Rows &contacts = at.value();
-        if (contacts.size() >= SortInsteadOfMoving && !m_hideOffline && !m_orderFrozen) {
-            sortGroup(at.key(), contacts);
-        } else {
-            for (Contact *contact : contacts)
-                replace(contact);
-        }
-        for (const Contact *contact : contacts)
-            contactChanged(contact);
-        groupChanged(at.key());
+    for (auto at = changed.constBegin(); at != changed.constEnd(); ++at)
+        presenceChanged(at.key(), at.value());
+}
+
+void FriendTreeModel::presenceChanged(Group *group, const Contacts &changed)
+{
+    if (changed.size() >= SortInsteadOfMoving && !m_hideOffline && !m_orderFrozen) {
+        sortGroup(group);
+    } else {
+        for (Contact *contact : changed)
+            replace(contact);
     }
+    for (const Contact *contact : changed)
+        contactChanged(contact);
+    groupChanged(group);
 }
 
 void FriendTreeModel::setAllOffline()
@@ -429,14 +453,14 @@ void FriendTreeModel::hideRows(Group *group)
 {
     Rows &rows = group->rows;
     for (int last = int(rows.size()) - 1; last >= 0; --last) {
-        if (!shouldHide(rows[size_t(last)]))
+        if (!shouldHide(rows[size_t(last)].contact))
             continue;
         int first = last;
-        while (first > 0 && shouldHide(rows[size_t(first) - 1]))
+        while (first > 0 && shouldHide(rows[size_t(first) - 1].contact))
             --first;
         beginRemoveRows(indexOf(group), first, last);
         for (int row = first; row <= last; ++row) {
-            rows[size_t(row)]->hidden = true;
+            rows[size_t(row)].contact->hidden = true;
             group->hidden.push_back(rows[size_t(row)]);
         }
         rows.erase(rows.begin() + first, rows.begin() + last + 1);
@@ -449,7 +473,7 @@ void FriendTreeModel::hideRows(Group *group)
 void FriendTreeModel::showRows(Group *group)
 {
     const Rows shown = std::exchange(group->hidden, Rows());
-    for (Contact *contact : shown)
-        contact->hidden = false;
+    for (const FriendTreeRow &row : shown)
+        row.contact->hidden = false;
     insertRuns(group, shown);
 }

@@ -17,6 +17,7 @@
 #include <QAbstractItemModel>
 #include <QHash>
 #include <QMap>
+#include <QSet>
 
 #include <functional>
 #include <memory>
@@ -47,7 +48,8 @@ public:
     QString frequentGroupId() const { return m_frequentGroupId; }
 
     // --- Contacts -------------------------------------------------------------
-    // Adds, or updates by jid. Records without jid are ignored.
+    // Adds, or updates by jid. Records without jid, and those of the other kind,
+    // are ignored.
     void mergeContacts(const QList<FriendData> &contacts);
     bool removeContact(const QString &jid);
     bool moveContact(const QString &jid, const QString &groupId);
@@ -91,6 +93,14 @@ private:
     using Contact = FriendTreeContact;
     using Group = FriendTreeGroup;
     using Rows = FriendTreeRows;
+    using Contacts = std::vector<Contact *>;
+
+    // Not noexcept on purpose: the map then keeps the hash with each entry, and
+    // does not compute it again for every neighbour that it passes.
+    struct JidHash
+    {
+        size_t operator()(const QString &jid) const { return qHash(jid); }
+    };
 
     Group *group(const QString &id) const;
     Group *addGroup(const QString &id, const QString &name);
@@ -102,17 +112,19 @@ private:
     void noteFrequentGroup(const Group *group, const QString &oldName);
 
     Contact *find(const QString &jid) const;
-    Contact *create(const FriendData &record);
+    void setUp(Contact *contact, const FriendData &record);
     void applyRecord(Contact *contact, const FriendData &record);
     bool shouldHide(const Contact *contact) const;
     FriendTreePlace placeOf(const Contact *contact) const;
     void detach(Contact *contact);
     void attach(Contact *contact, Group *group);
+    void arrive(Contact *contact, Group *group); // joins the group's arrivals
     void attachArrivals(Group *group);
     void insertRuns(Group *group, const Rows &sorted);
     void replace(Contact *contact); // to its place, unless the order is frozen
     void moveWithin(Contact *contact, const FriendTreePlace &place);
-    void sortGroup(Group *group, const Rows &changed);
+    void sortGroup(Group *group);
+    void presenceChanged(Group *group, const Contacts &changed);
     bool changePresence(Contact *contact, const PresenceData &presence);
     PresenceData presenceFor(const QString &jid);
     void hideRows(Group *group);
@@ -122,17 +134,20 @@ private:
     QModelIndex indexOf(const Group *group) const;
     void contactChanged(const Contact *contact);
     void groupChanged(const Group *group);
+    void announceChangedGroups();
     QVariant groupData(const Group &group, int role) const;
     QVariant contactData(const Contact &contact, int role) const;
 
     const RowKind m_contactKind;
     QString m_ownJid;
+    const Contact *m_ownContact = nullptr;        // the row of m_ownJid, if there is one
     std::vector<std::unique_ptr<Group>> m_groups; // in the order of the rows
     QHash<QString, Group *> m_groupById;
-    mutable std::unordered_map<QString, Contact> m_contacts;
+    mutable std::unordered_map<QString, Contact, JidHash> m_contacts;
     QHash<QString, PresenceData> m_presenceOfStrangers;
+    QSet<const Group *> m_changedGroups;
     QString m_frequentGroupId;
-    Rows m_outOfPlace; // while the order is frozen
+    Contacts m_outOfPlace; // while the order is frozen
     bool m_orderFrozen = false;
     bool m_hideOffline = false;
     bool m_presenceUnknown = false;

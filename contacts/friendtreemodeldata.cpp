@@ -3,6 +3,8 @@
 #include "contacts/friendtreemodel.h"
 #include "controls/presencetext.h"
 
+#include <QTimer>
+
 QModelIndex FriendTreeModel::indexOf(const Group *group) const
 {
     return createIndex(group->row, 0, nullptr);
@@ -68,7 +70,7 @@ Qt::ItemFlags FriendTreeModel::flags(const QModelIndex &index) const
     const auto *group = static_cast<const Group *>(index.internalPointer());
     if (group) {
         flags |= Qt::ItemNeverHasChildren;
-        if (group->rows[size_t(index.row())]->record.jid != m_ownJid)
+        if (group->rows[size_t(index.row())].contact != m_ownContact)
             flags |= Qt::ItemIsDragEnabled;
     }
     return flags;
@@ -84,7 +86,7 @@ QVariant FriendTreeModel::data(const QModelIndex &index, int role) const
     if (!index.isValid())
         return QVariant();
     const auto *group = static_cast<const Group *>(index.internalPointer());
-    return group ? contactData(*group->rows[size_t(index.row())], role)
+    return group ? contactData(*group->rows[size_t(index.row())].contact, role)
                  : groupData(*m_groups[size_t(index.row())], role);
 }
 
@@ -131,7 +133,7 @@ QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
         return m_presenceUnknown ? QVariant() : QVariant(int(contact.mobile));
     case FriendTreeRole::SortKey:
         return FriendTreeSort::contactKey(
-            FriendTreeSort::block(record, contact.presence(), m_ownJid),
+            FriendTreeSort::block(record, contact.presence(), &contact == m_ownContact),
             contactDisplayName(record));
     case FriendTreeRole::Cooperate:
         return contact.cooperates;
@@ -159,8 +161,20 @@ void FriendTreeModel::contactChanged(const Contact *contact)
         emit dataChanged(index, index);
 }
 
+// A header's counts change with every contact's presence, so the views hear of it
+// once in a round of the event loop.
 void FriendTreeModel::groupChanged(const Group *group)
 {
-    const QModelIndex index = indexOf(group);
-    emit dataChanged(index, index);
+    if (m_changedGroups.isEmpty())
+        QTimer::singleShot(0, this, &FriendTreeModel::announceChangedGroups);
+    m_changedGroups.insert(group);
+}
+
+void FriendTreeModel::announceChangedGroups()
+{
+    const QSet<const Group *> changed = std::exchange(m_changedGroups, {});
+    for (const Group *group : changed) {
+        const QModelIndex index = indexOf(group);
+        emit dataChanged(index, index);
+    }
 }

@@ -2,7 +2,6 @@
 #include "contacts/friendtreemodel.h"
 
 #include <algorithm>
-#include <iterator>
 
 FriendTreeGroup *FriendTreeModel::group(const QString &id) const
 {
@@ -97,16 +96,17 @@ FriendTreeGroup *FriendTreeModel::groupFor(const FriendData &record)
 
 void FriendTreeModel::adoptStrays()
 {
-    Rows strays;
+    Contacts strays;
     for (const auto &group : m_groups) {
         const bool isHome =
             group->id.isEmpty() || group->name == FriendTreeSort::defaultGroupName();
         if (!isHome)
             continue;
         for (const Rows *rows : {&group->rows, &group->hidden}) {
-            std::copy_if(
-                rows->begin(), rows->end(), std::back_inserter(strays),
-                [&](const Contact *contact) { return groupFor(contact->record) != group.get(); });
+            for (const FriendTreeRow &row : *rows) {
+                if (groupFor(row.contact->record) != group.get())
+                    strays.push_back(row.contact);
+            }
         }
     }
     for (Contact *stray : strays) {
@@ -166,6 +166,7 @@ bool FriendTreeModel::removeGroup(const QString &id)
     const int row = removed->row;
     beginRemoveRows(QModelIndex(), row, row);
     m_groupById.remove(id);
+    m_changedGroups.remove(removed);
     const std::unique_ptr<Group> kept = std::move(m_groups[size_t(row)]);
     m_groups.erase(m_groups.begin() + row);
     renumberGroups(row);
@@ -175,9 +176,10 @@ bool FriendTreeModel::removeGroup(const QString &id)
 
     if (!orphans.empty()) {
         Group *home = defaultGroup();
-        for (Contact *orphan : orphans)
-            orphan->record.groupId = home->id;
-        home->arrivals = std::move(orphans);
+        for (const FriendTreeRow &orphan : orphans) {
+            orphan.contact->record.groupId = home->id;
+            arrive(orphan.contact, home);
+        }
         attachArrivals(home);
     }
     return true;

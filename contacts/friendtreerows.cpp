@@ -2,30 +2,26 @@
 
 #include <algorithm>
 
+using FriendTreeSort::Prefix;
+
 namespace {
 
-// Negative, 0 or positive.
-int comparePlaces(const FriendTreePlace &a, const FriendTreePlace &b)
+// Whether a stands before b, for equal prefixes.
+bool nameBefore(const Prefix &prefix, const QString &nameA, const QString &jidA,
+                const QString &nameB, const QString &jidB)
 {
-    if (a.prefix < b.prefix)
-        return -1;
-    if (b.prefix < a.prefix)
-        return 1;
-    return a.prefix.isComplete() ? 0 : FriendTreeSort::compareNames(a.name, b.name);
-}
-
-bool placedBefore(const FriendTreePlace &a, const QString &jidA, const FriendTreePlace &b,
-                  const QString &jidB)
-{
-    const int order = comparePlaces(a, b);
+    const int order = prefix.isComplete() ? 0 : FriendTreeSort::compareNames(nameA, nameB);
     return order != 0 ? order < 0 : jidA < jidB;
 }
 
 } // namespace
 
-bool FriendTreeOrder::before(const FriendTreeContact *a, const FriendTreeContact *b)
+bool FriendTreeOrder::before(const FriendTreeRow &a, const FriendTreeRow &b)
 {
-    return placedBefore(a->place, a->record.jid, b->place, b->record.jid);
+    if (!(a.prefix == b.prefix))
+        return a.prefix < b.prefix;
+    return nameBefore(a.prefix, a.contact->place.name, a.contact->record.jid, b.contact->place.name,
+                      b.contact->record.jid);
 }
 
 void FriendTreeOrder::sort(FriendTreeRows &rows)
@@ -33,20 +29,28 @@ void FriendTreeOrder::sort(FriendTreeRows &rows)
     std::sort(rows.begin(), rows.end(), before);
 }
 
-int FriendTreeOrder::placeFor(const FriendTreeRows &rows, const FriendTreePlace &place,
-                              const QString &jid)
+FriendTreeRow FriendTreeOrder::rowFor(FriendTreeContact *contact)
 {
-    const auto at =
-        std::lower_bound(rows.begin(), rows.end(), place,
-                         [&jid](const FriendTreeContact *contact, const FriendTreePlace &wanted) {
-                             return placedBefore(contact->place, contact->record.jid, wanted, jid);
-                         });
+    return {FriendTreeSort::prefix(contact->place.block, contact->place.name), contact};
+}
+
+int FriendTreeOrder::placeFor(const FriendTreeRows &rows, const Prefix &prefix,
+                              const FriendTreePlace &place, const QString &jid)
+{
+    const auto at = std::lower_bound(
+        rows.begin(), rows.end(), prefix, [&](const FriendTreeRow &row, const Prefix &wanted) {
+            if (!(row.prefix == wanted))
+                return row.prefix < wanted;
+            return nameBefore(wanted, row.contact->place.name, row.contact->record.jid, place.name,
+                              jid);
+        });
     return int(at - rows.begin());
 }
 
 int FriendTreeOrder::rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact)
 {
-    const int row = placeFor(rows, contact->place, contact->record.jid);
-    Q_ASSERT(row < int(rows.size()) && rows[size_t(row)] == contact);
+    const Prefix prefix = FriendTreeSort::prefix(contact->place.block, contact->place.name);
+    const int row = placeFor(rows, prefix, contact->place, contact->record.jid);
+    Q_ASSERT(row < int(rows.size()) && rows[size_t(row)].contact == contact);
     return row;
 }

@@ -8,25 +8,37 @@
 #include <vector>
 
 struct FriendTreeGroup;
+struct FriendTreeContact;
+
+// A row of a group. The prefix stands beside the pointer, so that a search seldom
+// has to touch the contacts themselves.
+struct FriendTreeRow
+{
+    FriendTreeSort::Prefix prefix;
+    FriendTreeContact *contact;
+};
+
+using FriendTreeRows = std::vector<FriendTreeRow>;
 
 // Where a contact stands in its group. Kept apart from the record, because while
 // the order is frozen a row keeps the place of an older name and presence.
 struct FriendTreePlace
 {
-    FriendTreeSort::Prefix prefix;
     QString name;
+    FriendTreeSort::Block block = FriendTreeSort::Block::Offline;
 };
 
 struct FriendTreeContact
 {
     FriendData record;
     FriendTreePlace place;
-    FriendTreeGroup *group = nullptr;
-    qint8 pcShow = 0;
-    qint8 mobile = 0;
     bool hidden = false;     // in group->hidden instead of group->rows
     bool outOfPlace = false; // waits for the thaw
+    bool arriving = false;   // collected by a batch, in none of the group's rows yet
     bool cooperates = false;
+    qint8 pcShow = 0;
+    qint8 mobile = 0;
+    FriendTreeGroup *group = nullptr;
 
     PresenceData presence() const
     {
@@ -37,17 +49,17 @@ struct FriendTreeContact
     }
 };
 
-using FriendTreeRows = std::vector<FriendTreeContact *>;
-
 struct FriendTreeGroup
 {
     QString id;
     QString name;
     int row = 0;
-    int online = 0;          // of all its contacts
-    FriendTreeRows rows;     // shown, in order
-    FriendTreeRows hidden;   // not shown, in order
-    FriendTreeRows arrivals; // collected by a batch, in any order
+    int online = 0;        // of all its contacts
+    FriendTreeRows rows;   // shown, in order
+    FriendTreeRows hidden; // not shown, in order
+    // Collected by a batch, in any order, and part of neither list yet.
+    FriendTreeRows arrivals;
+    FriendTreeRows hiddenArrivals;
 
     int total() const { return int(rows.size() + hidden.size()); }
     FriendTreeRows &list(bool hiddenOnes) { return hiddenOnes ? hidden : rows; }
@@ -56,11 +68,15 @@ struct FriendTreeGroup
 namespace FriendTreeOrder {
 
 // A strict order without ties: place, then jid.
-bool before(const FriendTreeContact *a, const FriendTreeContact *b);
+bool before(const FriendTreeRow &a, const FriendTreeRow &b);
 void sort(FriendTreeRows &rows);
 
-// Where a contact with this place and jid belongs.
-int placeFor(const FriendTreeRows &rows, const FriendTreePlace &place, const QString &jid);
+// The row that a contact's place stands for.
+FriendTreeRow rowFor(FriendTreeContact *contact);
+
+// Where a contact with this place, and the prefix made of it, belongs.
+int placeFor(const FriendTreeRows &rows, const FriendTreeSort::Prefix &prefix,
+             const FriendTreePlace &place, const QString &jid);
 
 // The row of a contact that is in `rows`.
 int rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact);

@@ -4,11 +4,11 @@
 
 namespace FriendTreeSort {
 
-Block block(const FriendData &contact, const PresenceData &presence, const QString &ownJid)
+Block block(const FriendData &contact, const PresenceData &presence, bool own)
 {
     if (contact.onJob == 0)
         return Block::Left;
-    if (contact.jid == ownJid)
+    if (own)
         return Block::Own;
     return presence.isOnline() ? Block::Online : Block::Offline;
 }

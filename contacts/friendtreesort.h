@@ -18,7 +18,7 @@ enum class Block : quint8
     Left     // left the company, whatever the presence
 };
 
-Block block(const FriendData &contact, const PresenceData &presence, const QString &ownJid);
+Block block(const FriendData &contact, const PresenceData &presence, bool own);
 
 // "0|1", "0|2", "1|" or "2|" and the pinyin of the name.
 QString contactKey(Block block, const QString &name);

@@ -31,14 +31,16 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
       m_model(model),
       m_inner(inner),
       m_commands(new FriendCommands(model, inner, this)),
-      m_labels(new GroupLabels(this))
+      m_labels(new GroupLabels(this)),
+      m_anchor(new ScrollAnchor(this, model)),
+      m_finder(new TypeFinder(this))
 {
     setObjectName(QStringLiteral("FriendTreeView"));
     setModel(model);
     setItemDelegate(new FriendTreeDelegate(this));
-    m_anchor = new ScrollAnchor(this);
-    m_finder = new TypeFinder(this);
     setHeaderHidden(true);
+    // The header is never seen, but would look up its section for every change.
+    disconnect(model, &QAbstractItemModel::dataChanged, header(), nullptr);
     header()->setStretchLastSection(true);
     setUniformRowHeights(true);
     setIndentation(0);

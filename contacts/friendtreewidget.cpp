@@ -154,8 +154,7 @@ void FriendTreeWidget::slot_addFriend(QString friendJid)
     FriendData contact;
     if (!ctx().friendData(friendJid, &contact))
         contact.jid = friendJid;
-    if (contact.outside == 0)
-        m_model->mergeContacts({contact});
+    m_model->mergeContacts({contact});
     showState();
 }
 
@@ -166,9 +165,6 @@ void FriendTreeWidget::slot_addAllFriend(QList<FriendData> listFriendData)
         LOG_DEBUG("entry fun FriendTreeWidget::slot_addAllFriend()：listFriendData is 0");
         return;
     }
-    listFriendData.erase(std::remove_if(listFriendData.begin(), listFriendData.end(),
-                                        [](const FriendData &c) { return c.outside != 0; }),
-                         listFriendData.end());
     m_model->mergeContacts(listFriendData);
     showState();
 }

@@ -12,4 +12,4 @@ QString resourcePath(const QString &relativePath);
 // A picture as a pixmap `size` device-independent pixels square, sharp at the
 // given pixel ratio; a valid colour replaces the colours of a glyph. Cached.
 QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio,
-                const QColor &tint = QColor());
+                    const QColor &tint = QColor());

@@ -3,9 +3,9 @@
 #include <QScrollBar>
 #include <QTreeView>
 
-ScrollAnchor::ScrollAnchor(QTreeView *view) : QObject(view), m_view(view)
+ScrollAnchor::ScrollAnchor(QTreeView *view, const QAbstractItemModel *model)
+    : QObject(view), m_view(view)
 {
-    const QAbstractItemModel *model = view->model();
     connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, &ScrollAnchor::hold);
     connect(model, &QAbstractItemModel::layoutAboutToBeChanged, this, &ScrollAnchor::hold);
     connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, &ScrollAnchor::leaveRows);

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QPersistentModelIndex>
 
+class QAbstractItemModel;
 class QTreeView;
 
 class ScrollAnchor : public QObject
@@ -12,9 +13,9 @@ class ScrollAnchor : public QObject
     Q_OBJECT
 
 public:
-    // Follows the model that the view has now. The view calls restore() when it
-    // has laid out its items.
-    explicit ScrollAnchor(QTreeView *view);
+    // Follows the view's model, which the view may get later. The view calls
+    // restore() when it has laid out its items.
+    ScrollAnchor(QTreeView *view, const QAbstractItemModel *model);
 
     void restore();
 

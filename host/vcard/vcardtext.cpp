@@ -1,5 +1,6 @@
 #include "host/vcard/vcardtext.h"
 
+#include <QHash>
 #include <QTextCodec>
 
 namespace {
@@ -8,6 +9,40 @@ bool decodeExactly(QTextCodec *codec, const QByteArray &bytes, QString *text)
     QTextCodec::ConverterState state(QTextCodec::IgnoreHeader);
     *text = codec->toUnicode(bytes.constData(), bytes.size(), &state);
     return state.invalidChars == 0 && state.remainingChars == 0;
+}
+
+// Only these: for any other name the codec library would look for a file.
+QTextCodec *codecOf(const QByteArray &charset)
+{
+    static const QHash<QByteArray, QByteArray> names = {{"utf-8", "UTF-8"},
+                                                        {"utf8", "UTF-8"},
+                                                        {"us-ascii", "UTF-8"},
+                                                        {"ascii", "UTF-8"},
+                                                        {"gb2312", "GB18030"},
+                                                        {"gbk", "GB18030"},
+                                                        {"gb18030", "GB18030"},
+                                                        {"cp936", "GB18030"},
+                                                        {"windows-936", "GB18030"},
+                                                        {"x-gbk", "GB18030"},
+                                                        {"big5", "Big5"},
+                                                        {"big5-hkscs", "Big5-HKSCS"},
+                                                        {"iso-8859-1", "windows-1252"},
+                                                        {"latin1", "windows-1252"},
+                                                        {"windows-1252", "windows-1252"},
+                                                        {"iso-8859-15", "ISO-8859-15"},
+                                                        {"iso-8859-2", "ISO-8859-2"},
+                                                        {"windows-1250", "windows-1250"},
+                                                        {"windows-1251", "windows-1251"},
+                                                        {"koi8-r", "KOI8-R"},
+                                                        {"windows-1256", "windows-1256"},
+                                                        {"windows-1255", "windows-1255"},
+                                                        {"shift_jis", "Shift_JIS"},
+                                                        {"iso-2022-jp", "ISO-2022-JP"},
+                                                        {"euc-jp", "EUC-JP"},
+                                                        {"euc-kr", "EUC-KR"},
+                                                        {"utf-16", "UTF-16"}};
+    const auto known = names.constFind(charset.trimmed().toLower());
+    return known == names.constEnd() ? nullptr : QTextCodec::codecForName(*known);
 }
 
 int hexDigit(char c)
@@ -62,7 +97,7 @@ QString VCardText::decode(const QByteArray &bytes)
 
 QString VCardText::decode(const QByteArray &bytes, const QByteArray &charset, bool *known)
 {
-    QTextCodec *codec = charset.isEmpty() ? nullptr : QTextCodec::codecForName(charset);
+    QTextCodec *codec = codecOf(charset);
     *known = codec || charset.isEmpty();
     QString text;
     // Wrong names are common: "CHARSET=UTF-8" on text that is none.

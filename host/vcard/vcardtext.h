@@ -10,8 +10,8 @@ class VCardText
 {
 public:
     QString decode(const QByteArray &bytes);
-    // With a charset that the file names. *known is false for one that does not
-    // exist; then the text is decoded as above.
+    // With a charset that the file names. *known is false for one that is not
+    // among the usual ones; then the text is decoded as above.
     QString decode(const QByteArray &bytes, const QByteArray &charset, bool *known);
 
     // "=E5=BC=A0" to bytes. A separator that was encoded is data and comes out

@@ -1,0 +1,111 @@
+// Where the files lie, and user ids that would lead elsewhere.
+#include "common/clientpaths.h"
+#include "tests/support/fakecontext.h"
+#include "tests/support/testrunner.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+class TstPaths : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void documentsPathsHaveSingleForwardSlashes_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<QString>("normalized");
+        QTest::newRow("backslashes") << "C:\\Users\\u\\Documents"
+                                     << "C:/Users/u/Documents";
+        QTest::newRow("doubled separator") << "C:\\Users\\\\u//Documents"
+                                           << "C:/Users/u/Documents";
+        QTest::newRow("many") << "a/////b\\\\\\/c"
+                              << "a/b/c";
+        QTest::newRow("network path") << "\\\\srv\\x"
+                                      << "/srv/x";
+        QTest::newRow("empty") << ""
+                               << "";
+    }
+    void documentsPathsHaveSingleForwardSlashes()
+    {
+        QFETCH(QString, path);
+        QTEST(ClientPaths::normalized(path), "normalized");
+    }
+
+#if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
+    void documentsFolderIsThatOfTheUser()
+    {
+        QFile folders(qEnvironmentVariable("XDG_CONFIG_HOME") + QLatin1String("/user-dirs.dirs"));
+        QVERIFY(folders.open(QIODevice::WriteOnly));
+        folders.write("XDG_DOCUMENTS_DIR=\"$HOME/My//Papers\"\n");
+        folders.close();
+        const QString papers = QDir::homePath() + QLatin1String("/My/Papers");
+        QCOMPARE(ClientPaths::documentsFolder(), papers);
+        QCOMPARE(ClientPaths::versionFile(), papers + QLatin1String("/VeltraIm/Version.ini"));
+        QVERIFY(QDir().mkpath(ClientPaths::clientDataFolder()));
+        QFile version(ClientPaths::versionFile());
+        QVERIFY(version.open(QIODevice::WriteOnly));
+        version.write("[ThisVersion]\nthisversion=5.1.2\n");
+        version.close();
+        QCOMPARE(ClientPaths::installedVersion(), QStringLiteral("5.1.2"));
+        folders.remove();
+    }
+#endif
+
+    void userPathsStandBelowTheDataRoot()
+    {
+        FakeContext host;
+        const HostContextScope scope(&host);
+        host.user = QStringLiteral("u1");
+        QCOMPARE(ClientPaths::userFolder(), QString()); // no data root yet
+        QCOMPARE(ClientPaths::allUsersFile(), QString());
+
+        host.baseFolder = QStringLiteral("data");
+        QCOMPARE(ClientPaths::userSettingsFile(), QStringLiteral("data/u1/newConfig.ini"));
+        QCOMPARE(ClientPaths::allUsersFile(), QStringLiteral("data/allusers/usersInfo.ini"));
+        QCOMPARE(ClientPaths::designedHeadImagesFolder(QStringLiteral("u2")),
+                 QStringLiteral("data/u2/designHeadImage/"));
+        QCOMPARE(ClientPaths::localDatabaseFile(),
+                 QDir::currentPath() + QLatin1String("/data/u1/localData.db"));
+    }
+
+    void userIdsThatLeadElsewhereAreRefused_data()
+    {
+        QTest::addColumn<QString>("id");
+        QTest::addColumn<bool>("refused");
+        QTest::newRow("plain") << "u.1-a_b" << false;
+        QTest::newRow("Chinese") << QString::fromUtf8("张三") << false;
+        QTest::newRow("jid") << "u1@corp.example" << false;
+        QTest::newRow("nobody") << "" << true;
+        QTest::newRow("parent") << ".." << true;
+        QTest::newRow("same") << "." << true;
+        QTest::newRow("way up") << "../u2" << true;
+        QTest::newRow("way up, backslash") << "..\\u2" << true;
+        QTest::newRow("below") << "u1/u2" << true;
+        QTest::newRow("absolute") << "/etc" << true;
+        QTest::newRow("drive") << "C:" << true;
+        QTest::newRow("other stream") << "u1:x" << true;
+        QTest::newRow("null") << QStringLiteral("u1") + QChar(0) + QLatin1String("x") << true;
+        QTest::newRow("line break") << "u1\n" << true;
+        QTest::newRow("same as another on Windows") << "u1." << true;
+        QTest::newRow("device on Windows") << "nul" << true;
+    }
+    void userIdsThatLeadElsewhereAreRefused()
+    {
+        QFETCH(QString, id);
+        QFETCH(bool, refused);
+        FakeContext host;
+        const HostContextScope scope(&host);
+        host.baseFolder = QStringLiteral("/data");
+        for (const QString &path :
+             {ClientPaths::userFolder(id), ClientPaths::userSettingsFile(id),
+              ClientPaths::localDatabaseFile(id), ClientPaths::designedHeadImagesFolder(id)}) {
+            QCOMPARE(path.isEmpty(), refused);
+            QVERIFY(refused || path.startsWith(QLatin1String("/data/") + id));
+        }
+    }
+};
+
+FRIENDUI_TEST(TstPaths)
+#include "tst_paths.moc"

@@ -1,0 +1,149 @@
+// Desktop shortcuts: made for jids of any form, and nothing else is deleted.
+#include "common/desktopshortcut.h"
+#include "common/displaytext.h"
+#include "common/platform.h"
+#include "tests/support/testrunner.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+#include <QTest>
+
+namespace {
+QString desktop()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
+}
+
+void makeFile(const QString &path)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("precious");
+}
+} // namespace
+
+class TstShortcut : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QVERIFY(QDir().mkpath(desktop())); }
+    void cleanup() { QDir(desktop()).removeRecursively(); }
+
+    void createdAndRemovedOnTheDesktop_data()
+    {
+        QTest::addColumn<QString>("jid");
+        QTest::addColumn<QString>("fileName");
+        QTest::newRow("plain") << "u1@corp.example"
+                               << "u1@corp.example.lnk";
+        QTest::newRow("traversal") << "../../x"
+                                   << "___.._x.lnk";
+        QTest::newRow("absolute") << "/etc/passwd"
+                                  << "_etc_passwd.lnk";
+        QTest::newRow("other stream") << "a:b\\c"
+                                      << "a_b_c.lnk";
+        QTest::newRow("hidden") << ".bashrc"
+                                << "_bashrc.lnk";
+        QTest::newRow("Chinese") << QString::fromUtf8("张三@corp")
+                                 << QString::fromUtf8("张三@corp.lnk");
+        QTest::newRow("null and line break")
+            << QStringLiteral("a") + QChar(0) + QLatin1String("\nb") << "a__b.lnk";
+        QTest::newRow("long") << QString(10000, QLatin1Char('x'))
+                              << QString(80, QLatin1Char('x')) + QLatin1String(".lnk");
+    }
+    void createdAndRemovedOnTheDesktop()
+    {
+        QFETCH(QString, jid);
+        QFETCH(QString, fileName);
+        const QString link = desktop() + QLatin1Char('/') + fileName;
+        QVERIFY(DesktopShortcut::create(jid));
+        QCOMPARE(QDir(desktop()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden |
+                                           QDir::System),
+                 QStringList(fileName));
+        QCOMPARE(QFileInfo(link).symLinkTarget(), QCoreApplication::applicationFilePath());
+        QVERIFY(DesktopShortcut::create(jid)); // renewed
+        QVERIFY(DesktopShortcut::remove(jid));
+        QVERIFY(!QFileInfo(link).isSymLink());
+        QVERIFY(!DesktopShortcut::remove(jid));
+    }
+
+    void removeLeavesOtherFilesAlone()
+    {
+        const QString outside = desktop() + QLatin1String("/../x.lnk");
+        makeFile(outside);
+        QVERIFY(!DesktopShortcut::remove(QStringLiteral("../x")));
+        QVERIFY(QFile::exists(outside));
+        QFile::remove(outside);
+
+        // A link outside, which could be deleted, stays as well.
+        QVERIFY(QFile::link(QCoreApplication::applicationFilePath(), outside));
+        QVERIFY(!DesktopShortcut::remove(QStringLiteral("../x")));
+        QVERIFY(QFileInfo(outside).isSymLink());
+        QFile::remove(outside);
+    }
+
+    void fileThatIsNoLinkStays()
+    {
+        const QString file = DesktopShortcut::file(QStringLiteral("u1"));
+        makeFile(file);
+        QVERIFY(!DesktopShortcut::remove(QStringLiteral("u1")));
+        QVERIFY(!DesktopShortcut::create(QStringLiteral("u1")));
+        QCOMPARE(QFileInfo(file).size(), qint64(qstrlen("precious")));
+    }
+
+#ifdef Q_OS_UNIX
+    void linkToAProgramThatIsGoneIsRemoved()
+    {
+        const QString link = DesktopShortcut::file(QStringLiteral("u1"));
+        QVERIFY(QFile::link(QStringLiteral("/no/such/program"), link));
+        QVERIFY(DesktopShortcut::remove(QStringLiteral("u1")));
+        QVERIFY(!QFileInfo(link).isSymLink());
+    }
+#endif
+
+    void nobodyHasNoShortcut()
+    {
+        QVERIFY(!DesktopShortcut::create(QString()));
+        QVERIFY(!DesktopShortcut::remove(QString()));
+    }
+
+    void namesOfDevicesAreAvoided_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QString>("name");
+        QTest::newRow("device") << "NUL"
+                                << "_NUL";
+        QTest::newRow("with suffix") << "con.txt"
+                                     << "_con.txt";
+        QTest::newRow("numbered") << "Com1"
+                                  << "_Com1";
+        QTest::newRow("superscript number")
+            << QString::fromUtf8("LPT²") << QString::fromUtf8("_LPT²");
+        QTest::newRow("longer") << "console"
+                                << "console";
+        QTest::newRow("dots at the end") << "a.."
+                                         << "a__";
+        QTest::newRow("nothing left") << ""
+                                      << "_";
+        QTest::newRow("lone surrogate") << QString(QChar(0xd800)) << "_";
+    }
+    void namesOfDevicesAreAvoided()
+    {
+        QFETCH(QString, text);
+        QTEST(safeFileName(text), "name");
+    }
+
+    void onlyRegularFilesAreRestrictedToTheOwner()
+    {
+        const QFile::Permissions before = QFile::permissions(desktop());
+        QVERIFY(!Platform::restrictToOwner(desktop()));
+        QCOMPARE(QFile::permissions(desktop()), before);
+        QVERIFY(!Platform::restrictToOwner(desktop() + QLatin1String("/missing")));
+    }
+};
+
+FRIENDUI_TEST(TstShortcut)
+#include "tst_shortcut.moc"
