@@ -105,6 +105,28 @@ void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *p
 
 } // namespace
 
+SplitArguments splitArguments(const QStringList &arguments)
+{
+    const auto isOption = [](const QString &text) { return text.startsWith(QLatin1Char('-')); };
+    SplitArguments split{arguments.mid(0, 1), arguments.mid(0, 1)};
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &argument = arguments.at(i);
+        const bool isLong = argument.startsWith(QLatin1String("--"));
+        const bool isToolkits = (isOption(argument) && !isLong && argument.size() > 2) ||
+                                argument.startsWith(QLatin1String("--platform"));
+        if (!isToolkits) {
+            split.own.append(argument);
+            continue;
+        }
+        split.toolkit.append(argument);
+        const bool hasValue = !argument.contains(QLatin1Char('=')) && i + 1 < arguments.size() &&
+                              !isOption(arguments.at(i + 1));
+        if (hasValue)
+            split.toolkit.append(arguments.at(++i));
+    }
+    return split;
+}
+
 CommandLineResult parseCommandLine(const QStringList &arguments, const QStringList &operations)
 {
     QCommandLineParser parser;

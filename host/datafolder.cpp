@@ -25,6 +25,9 @@ QString dataFolder(const QString &wanted)
 
 bool prepareDataFolder(const QString &folder, QString *problem)
 {
+    // What people say to each other is nobody else's business.
+    if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile mark(folder + QLatin1Char('/') + markName());
     if (QDir().mkpath(folder) && (mark.exists() || mark.open(QIODevice::WriteOnly)))
         return true;

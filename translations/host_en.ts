@@ -261,6 +261,10 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Import of %1</source>
         <translation>Import of %1</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
 </context>
 <context>
     <name>LeverMenu</name>
@@ -409,6 +413,14 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>%1 chosen</source>
         <translation>%1 chosen</translation>
     </message>
+    <message>
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
 </context>
 <context>
     <name>PluginLoader</name>
@@ -465,6 +477,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>… %1 more</source>
         <translation>… %1 more</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
     </message>
 </context>
 </TS>

@@ -261,6 +261,10 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Import of %1</source>
         <translation>导入 %1</translation>
     </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
 </context>
 <context>
     <name>LeverMenu</name>
@@ -317,7 +321,7 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
     <message>
         <source>Go offline</source>
-        <translation>离线</translation>
+        <translation>下线</translation>
     </message>
     <message>
         <source>Go online</source>
@@ -409,6 +413,14 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>%1 chosen</source>
         <translation>已选 %1 人</translation>
     </message>
+    <message>
+        <source>OK</source>
+        <translation>确定</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>PluginLoader</name>
@@ -465,6 +477,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>… %1 more</source>
         <translation>… 另有 %1 项</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
     </message>
 </context>
 </TS>

@@ -72,6 +72,8 @@ PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people
     connect(m_filterText, &QLineEdit::textChanged, m_filter,
             &QSortFilterProxyModel::setFilterFixedString);
     connect(m_model, &QStandardItemModel::itemChanged, this, &PeoplePicker::showCount);
+    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     showCount();

@@ -97,6 +97,34 @@ private slots:
         QVERIFY2(result.text.contains(named), qPrintable(result.text));
     }
 
+    void theToolkitGetsOnlyItsOwn_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("own");
+        QTest::addColumn<QString>("toolkit");
+        QTest::newRow("its --plugin stays away") << "h --plugin p.so"
+                                                 << "h --plugin p.so"
+                                                 << "h";
+        QTest::newRow("with a value") << "h -platform vnc --offline"
+                                      << "h --offline"
+                                      << "h -platform vnc";
+        QTest::newRow("two dashes") << "h --platform=offscreen -v"
+                                    << "h -v"
+                                    << "h --platform=offscreen";
+        QTest::newRow("without a value") << "h -reverse --people 5"
+                                         << "h --people 5"
+                                         << "h -reverse";
+    }
+    void theToolkitGetsOnlyItsOwn()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, own);
+        QFETCH(QString, toolkit);
+        const SplitArguments split = splitArguments(arguments.split(QLatin1Char(' ')));
+        QCOMPARE(split.own.join(QLatin1Char(' ')), own);
+        QCOMPARE(split.toolkit.join(QLatin1Char(' ')), toolkit);
+    }
+
     void helpNamesEveryOption()
     {
         const CommandLineResult result = parse({QStringLiteral("--help")});
