@@ -33,13 +33,13 @@ CLogThread *CLogManger::attach()
 
 void CLogManger::setLocation(const char *file, int line)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_location = CLogThread::location(file, line);
 }
 
 CLogManger &CLogManger::append(const char *text)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (std::strcmp(text, "\n") == 0)
         finishEntry();
     else
@@ -49,7 +49,7 @@ CLogManger &CLogManger::append(const char *text)
 
 CLogManger &CLogManger::append(const QString &text)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (text == QLatin1String("\n"))
         finishEntry();
     else
@@ -78,7 +78,7 @@ void CLogManger::logShort(int entryLevel, const char *file, int line, const char
 
 void CLogManger::clear()
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     attach();
     if (LogFileWriter *writer = m_writer)
         writer->clear();
@@ -86,7 +86,7 @@ void CLogManger::clear()
 
 void CLogManger::flush()
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     attach();
     if (LogFileWriter *writer = m_writer)
         writer->flush();

@@ -2,11 +2,11 @@
 // to the log thread of the host.
 #pragma once
 
-#include <QMutex>
 #include <QObject>
 #include <QString>
 
 #include <atomic>
+#include <mutex>
 
 class CLogThread;
 class LogFileWriter;
@@ -49,7 +49,7 @@ private:
     std::atomic<CLogThread *> m_thread{nullptr};
     QString m_location;
     QString m_buffer;
-    QMutex m_mutex;
+    std::mutex m_mutex;
 };
 
 inline CLogManger &operator<<(CLogManger &log, const char *text)

@@ -34,13 +34,13 @@ CLogThread::CLogThread(QObject *parent) : QThread(parent)
 
 void CLogThread::setWriter(LogFileWriter *writer)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     m_writer = writer;
 }
 
 LogFileWriter *CLogThread::writer() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_writer;
 }
 
@@ -70,13 +70,13 @@ CLogThread::WaitingEntry &CLogThread::append()
     return oldest;
 }
 
-void CLogThread::release(QMutexLocker &lock)
+void CLogThread::release(std::unique_lock<std::mutex> &lock)
 {
     const bool wake = m_waiting;
     m_waiting = false;
     lock.unlock();
     if (wake)
-        m_wake.wakeAll();
+        m_wake.notify_all();
 }
 
 void CLogThread::enqueue(qint32 level, const QString &location, const QString &message)
@@ -86,7 +86,7 @@ void CLogThread::enqueue(qint32 level, const QString &location, const QString &m
 
 void CLogThread::enqueue(const LogEntry &entry)
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     WaitingEntry &waiting = append();
     waiting.entry = entry;
     waiting.file = nullptr;
@@ -96,7 +96,7 @@ void CLogThread::enqueue(const LogEntry &entry)
 void CLogThread::enqueueShort(qint32 level, const char *file, int line, const char *text,
                               int length)
 {
-    QMutexLocker lock(&m_mutex);
+    std::unique_lock<std::mutex> lock(m_mutex);
     WaitingEntry &waiting = append();
     waiting.entry.level = level;
     waiting.file = file;
@@ -113,20 +113,22 @@ void CLogThread::stop()
 
 bool CLogThread::isDrained() const
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     return m_queue.empty() && !m_writing;
 }
 
-void CLogThread::waitForEntries(QMutexLocker &lock)
+void CLogThread::waitForEntries(std::unique_lock<std::mutex> &lock)
 {
-    for (int i = 0; i < Pauses && m_queue.empty(); ++i) {
+    const int pauses = m_writing ? Pauses : 0;
+    m_writing = false;
+    for (int i = 0; i < pauses && m_queue.empty(); ++i) {
         lock.unlock();
         msleep(PauseMilliseconds);
-        lock.relock();
+        lock.lock();
     }
     while (m_queue.empty()) {
         m_waiting = true;
-        m_wake.wait(&m_mutex);
+        m_wake.wait(lock);
     }
 }
 
@@ -137,8 +139,7 @@ qint64 CLogThread::takeQueue(std::vector<WaitingEntry> *batch, LogFileWriter **w
     qint64 dropped = 0;
     size_t first = 0;
     {
-        QMutexLocker lock(&m_mutex);
-        m_writing = false;
+        std::unique_lock<std::mutex> lock(m_mutex);
         waitForEntries(lock);
         m_queue.swap(*batch);
         std::swap(first, m_first);

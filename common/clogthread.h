@@ -1,12 +1,12 @@
 // The thread that writes queued log entries to the file.
 #pragma once
 
-#include <QMutex>
 #include <QString>
 #include <QThread>
-#include <QWaitCondition>
 
 #include <atomic>
+#include <condition_variable>
+#include <mutex>
 #include <vector>
 
 class LogFileWriter;
@@ -73,13 +73,13 @@ private:
     // The place for one more entry at the tail. Holds the mutex.
     WaitingEntry &append();
     // Ends an append: unlocks, and wakes the thread if it waits.
-    void release(QMutexLocker &lock);
+    void release(std::unique_lock<std::mutex> &lock);
     qint64 takeQueue(std::vector<WaitingEntry> *batch, LogFileWriter **writer);
-    void waitForEntries(QMutexLocker &lock);
+    void waitForEntries(std::unique_lock<std::mutex> &lock);
 
     std::atomic<bool> m_stop{false};
-    mutable QMutex m_mutex;
-    QWaitCondition m_wake;
+    mutable std::mutex m_mutex;
+    std::condition_variable m_wake;
     bool m_waiting = false;
     // In order from m_first, once round: a full queue has its head in the middle.
     std::vector<WaitingEntry> m_queue;

@@ -6,6 +6,7 @@
 #include <QEvent>
 #include <QIcon>
 #include <QLabel>
+#include <QMovie>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -23,8 +24,14 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     layout->addStretch(2);
     if (!picture.isEmpty()) {
         auto *image = new QLabel(this);
-        image->setPixmap(QIcon(resourcePath(picture)).pixmap(PictureSize, PictureSize));
         image->setAlignment(Qt::AlignCenter);
+        const QString file = resourcePath(picture);
+        if (file.endsWith(QLatin1String(".gif"))) {
+            m_movie = new QMovie(file, QByteArray(), this);
+            image->setMovie(m_movie);
+        } else {
+            image->setPixmap(QIcon(file).pixmap(PictureSize, PictureSize));
+        }
         layout->addWidget(image);
     }
     m_text->setTextFormat(Qt::PlainText);
@@ -42,6 +49,20 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     }
     layout->addStretch(3);
     retranslate();
+}
+
+void StatePage::showEvent(QShowEvent *event)
+{
+    if (m_movie)
+        m_movie->start();
+    QWidget::showEvent(event);
+}
+
+void StatePage::hideEvent(QHideEvent *event)
+{
+    if (m_movie)
+        m_movie->stop();
+    QWidget::hideEvent(event);
 }
 
 void StatePage::changeEvent(QEvent *event)

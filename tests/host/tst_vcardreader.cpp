@@ -155,6 +155,8 @@ private slots:
             << encoded("UTF-16LE", chinese) << chineseName;
         QTest::newRow("UTF-16 big endian, no mark") << encoded("UTF-16BE", western) << westernName;
         QTest::newRow("GB18030, not announced") << encoded("GB18030", chinese) << chineseName;
+        QTest::newRow("GB18030 beyond GB2312")
+            << encoded("GB18030", card("FN:陈镕明\r\n")) << QString::fromUtf8("陈镕明");
         QTest::newRow("Windows-1252, not announced")
             << encoded("windows-1252", western) << westernName;
         QTest::newRow("GB18030, announced as UTF-8")
