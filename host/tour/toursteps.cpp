@@ -299,6 +299,11 @@ std::vector<TourStep> ownProcessSteps()
 {
     const QStringList withoutGroups{QStringLiteral("--fail"), QStringLiteral("RequestGroups")};
     return {
+        {"groups-loading",
+         TourStep::Pane,
+         {{"the page says that it is loading", {},
+           [](Stage &s) { return s.shownWidget(QStringLiteral("friendsLoading")) != nullptr; }}},
+         {QStringLiteral("--silent"), QStringLiteral("RequestGroups")}},
         {"groups-failed", TourStep::Pane, {groupsFailed()}, withoutGroups},
         {"groups-tried-again",
          TourStep::Pane,

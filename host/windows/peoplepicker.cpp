@@ -47,6 +47,9 @@ PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people
         items.append(item);
     }
     std::sort(items.begin(), items.end(), [](const QStandardItem *a, const QStandardItem *b) {
+        // Who is chosen already stands on top, where it is seen.
+        if (a->checkState() != b->checkState())
+            return a->checkState() == Qt::Checked;
         return a->text().localeAwareCompare(b->text()) < 0;
     });
     m_model->appendColumn(items);
