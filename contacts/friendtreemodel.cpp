@@ -9,6 +9,16 @@ namespace {
 // A larger batch of presence changes in one group is sorted at once instead of
 // moved row by row.
 constexpr size_t SortInsteadOfMoving = 24;
+// Arrivals that fall into more gaps between the rows of a group are appended and
+// sorted in, so that views get two signals instead of one for each gap.
+constexpr int MaximumInsertions = 64;
+
+// A presence value of the host's as a row keeps it: an unknown one stays other
+// than zero, which means offline.
+qint8 kept(qint32 value)
+{
+    return qint8(qBound(-128, int(value), 127));
+}
 } // namespace
 
 FriendTreeModel::FriendTreeModel(RowKind contactKind, QObject *parent)
@@ -27,8 +37,10 @@ void FriendTreeModel::setOwnJid(const QString &jid)
     m_ownJid = jid;
     m_ownContact = now;
     for (Contact *contact : {old, now}) {
-        if (contact)
+        if (contact) {
             replace(contact);
+            contactChanged(contact);
+        }
     }
 }
 
@@ -46,8 +58,8 @@ void FriendTreeModel::setUp(Contact *contact, const FriendData &record)
     if (record.jid == m_ownJid)
         m_ownContact = contact;
     const PresenceData presence = presenceFor(record.jid);
-    contact->pcShow = qint8(presence.pcShow);
-    contact->mobile = qint8(presence.mobile);
+    contact->pcShow = kept(presence.pcShow);
+    contact->mobile = kept(presence.mobile);
     bool cooperates = false;
     contact->cooperates = ctx().cooperates(record.jid, &cooperates) && cooperates;
 }
@@ -63,6 +75,7 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
 {
     const bool external = m_contactKind == ExternalContactRow;
     m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
+    QList<FriendData> repeated;
     for (const FriendData &record : contacts) {
         if (record.jid.isEmpty() || (record.outside != 0) != external)
             continue;
@@ -71,13 +84,17 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
         if (isNew) {
             setUp(contact, record);
             arrive(contact, groupFor(record));
-        } else if (!contact->arriving) {
-            // A new jid that stands twice in one batch is what its first record says.
+        } else if (contact->arriving) {
+            repeated.append(record);
+        } else {
             applyRecord(contact, record);
         }
     }
     for (size_t i = 0; i < m_groups.size(); ++i)
         attachArrivals(m_groups[i].get());
+    // A new jid that stands twice in one batch is what its last record says.
+    for (const FriendData &record : qAsConst(repeated))
+        applyRecord(find(record.jid), record);
 }
 
 void FriendTreeModel::arrive(Contact *contact, Group *group)
@@ -112,18 +129,23 @@ void FriendTreeModel::attachArrivals(Group *group)
 void FriendTreeModel::insertRuns(Group *group, const Rows &sorted)
 {
     Rows &rows = group->rows;
-    rows.reserve(rows.size() + sorted.size());
+    if (sorted.size() > 1)
+        rows.reserve(rows.size() + sorted.size());
+    if (!m_orderFrozen &&
+        FriendTreeOrder::runCount(rows, sorted, MaximumInsertions + 1) > MaximumInsertions) {
+        // Between the two signals rows are found by number only.
+        const int at = int(rows.size());
+        beginInsertRows(indexOf(group), at, at + int(sorted.size()) - 1);
+        rows.insert(rows.end(), sorted.begin(), sorted.end());
+        endInsertRows();
+        sortGroup(group);
+        return;
+    }
     for (size_t first = 0; first < sorted.size();) {
         const FriendTreeRow &head = sorted[first];
         const int at = FriendTreeOrder::placeFor(rows, head.prefix, head.contact->place,
                                                  head.contact->record.jid);
-        size_t last = first + 1;
-        if (at == int(rows.size())) {
-            last = sorted.size();
-        } else {
-            while (last < sorted.size() && FriendTreeOrder::before(sorted[last], rows[size_t(at)]))
-                ++last;
-        }
+        const size_t last = FriendTreeOrder::runEnd(rows, at, sorted, first);
         beginInsertRows(indexOf(group), at, at + int(last - first) - 1);
         rows.insert(rows.begin() + at, sorted.begin() + std::ptrdiff_t(first),
                     sorted.begin() + std::ptrdiff_t(last));
@@ -154,7 +176,6 @@ bool FriendTreeModel::changeContact(const QString &jid,
     if (!contact)
         return false;
     FriendData record = contact->record;
-    record.groupId = contact->group->id;
     change(record);
     record.jid = jid;
     applyRecord(contact, record);
@@ -359,12 +380,14 @@ void FriendTreeModel::setOrderFrozen(bool frozen)
 
 bool FriendTreeModel::changePresence(Contact *contact, const PresenceData &presence)
 {
-    const PresenceData old = contact->presence();
-    if (old == presence)
+    const bool wasOnline = contact->presence().isOnline();
+    const qint8 pcShow = kept(presence.pcShow);
+    const qint8 mobile = kept(presence.mobile);
+    if (contact->pcShow == pcShow && contact->mobile == mobile)
         return false;
-    contact->pcShow = qint8(presence.pcShow);
-    contact->mobile = qint8(presence.mobile);
-    contact->group->online += int(presence.isOnline()) - int(old.isOnline());
+    contact->pcShow = pcShow;
+    contact->mobile = mobile;
+    contact->group->online += int(presence.isOnline()) - int(wasOnline);
     return true;
 }
 

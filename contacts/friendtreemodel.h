@@ -108,8 +108,10 @@ private:
     Group *groupFor(const FriendData &record);
     int groupRowFor(const QString &id, const QString &name) const;
     void renumberGroups(int first);
-    void adoptStrays(); // files contacts whose group has arrived after them
-    void noteFrequentGroup(const Group *group, const QString &oldName);
+    // Files contacts whose group has arrived after them, and drops the default group
+    // that was made for them.
+    void adoptStrays();
+    void noteBuiltInGroups(const QString &oldName, const QString &newName);
 
     Contact *find(const QString &jid) const;
     void setUp(Contact *contact, const FriendData &record);
@@ -147,7 +149,9 @@ private:
     QHash<QString, PresenceData> m_presenceOfStrangers;
     QSet<const Group *> m_changedGroups;
     QString m_frequentGroupId;
-    Contacts m_outOfPlace; // while the order is frozen
+    QString m_hostDefaultId;        // of the host's group that has the default group's name
+    bool m_defaultMadeHere = false; // the default group, since the host had none
+    Contacts m_outOfPlace;          // while the order is frozen
     bool m_orderFrozen = false;
     bool m_hideOffline = false;
     bool m_presenceUnknown = false;

@@ -53,12 +53,19 @@ void FriendTreeModel::renumberGroups(int first)
         m_groups[row]->row = int(row);
 }
 
-void FriendTreeModel::noteFrequentGroup(const Group *group, const QString &oldName)
+// Looked up instead of taken over: a host may send two groups of one name.
+void FriendTreeModel::noteBuiltInGroups(const QString &oldName, const QString &newName)
 {
-    if (group->name == FriendTreeSort::frequentGroupName())
-        m_frequentGroupId = group->id;
-    else if (oldName == FriendTreeSort::frequentGroupName())
-        m_frequentGroupId.clear();
+    const auto concerns = [&](const QString &name) { return oldName == name || newName == name; };
+    if (concerns(FriendTreeSort::frequentGroupName()))
+        m_frequentGroupId = groupIdByName(FriendTreeSort::frequentGroupName());
+    if (concerns(FriendTreeSort::defaultGroupName())) {
+        m_hostDefaultId.clear();
+        for (const auto &group : m_groups) {
+            if (!group->id.isEmpty() && group->name == FriendTreeSort::defaultGroupName())
+                m_hostDefaultId = group->id;
+        }
+    }
 }
 
 FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &name)
@@ -73,18 +80,21 @@ FriendTreeGroup *FriendTreeModel::addGroup(const QString &id, const QString &nam
     m_groupById.insert(id, group);
     renumberGroups(row);
     endInsertRows();
-    noteFrequentGroup(group, QString());
+    noteBuiltInGroups(QString(), name);
     return group;
 }
 
 FriendTreeGroup *FriendTreeModel::defaultGroup()
 {
-    if (Group *unnamed = group(QString()))
+    // The host's own group of that name comes before one that was made here.
+    Group *unnamed = group(QString());
+    if (unnamed && !m_defaultMadeHere)
         return unnamed;
-    for (const auto &known : m_groups) {
-        if (known->name == FriendTreeSort::defaultGroupName())
-            return known.get();
-    }
+    if (!m_hostDefaultId.isEmpty())
+        return group(m_hostDefaultId);
+    if (unnamed)
+        return unnamed;
+    m_defaultMadeHere = true;
     return addGroup(QStringLiteral(""), FriendTreeSort::defaultGroupName());
 }
 
@@ -114,11 +124,16 @@ void FriendTreeModel::adoptStrays()
         detach(stray);
         attach(stray, home);
     }
+    const Group *unnamed = group(QString());
+    if (m_defaultMadeHere && unnamed && unnamed->total() == 0)
+        removeGroup(QString());
 }
 
 void FriendTreeModel::mergeGroups(const QList<GroupData> &groups)
 {
     for (const GroupData &data : groups) {
+        if (data.id.isEmpty())
+            m_defaultMadeHere = false;
         if (hasGroup(data.id))
             renameGroup(data.id, data.name);
         else if (!data.name.isEmpty())
@@ -149,7 +164,7 @@ bool FriendTreeModel::renameGroup(const QString &id, const QString &name)
         renumberGroups(qMin(from, to));
         endMoveRows();
     }
-    noteFrequentGroup(renamed, oldName);
+    noteBuiltInGroups(oldName, name);
     groupChanged(renamed);
     return true;
 }
@@ -161,7 +176,6 @@ bool FriendTreeModel::removeGroup(const QString &id)
         return false;
     Rows orphans = removed->rows;
     orphans.insert(orphans.end(), removed->hidden.begin(), removed->hidden.end());
-    const bool wasFrequent = removed->name == FriendTreeSort::frequentGroupName();
 
     const int row = removed->row;
     beginRemoveRows(QModelIndex(), row, row);
@@ -171,8 +185,7 @@ bool FriendTreeModel::removeGroup(const QString &id)
     m_groups.erase(m_groups.begin() + row);
     renumberGroups(row);
     endRemoveRows();
-    if (wasFrequent)
-        m_frequentGroupId.clear();
+    noteBuiltInGroups(kept->name, QString());
 
     if (!orphans.empty()) {
         Group *home = defaultGroup();

@@ -47,6 +47,28 @@ int FriendTreeOrder::placeFor(const FriendTreeRows &rows, const Prefix &prefix,
     return int(at - rows.begin());
 }
 
+size_t FriendTreeOrder::runEnd(const FriendTreeRows &rows, int at, const FriendTreeRows &sorted,
+                               size_t first)
+{
+    if (at == int(rows.size()))
+        return sorted.size();
+    size_t end = first + 1;
+    while (end < sorted.size() && before(sorted[end], rows[size_t(at)]))
+        ++end;
+    return end;
+}
+
+int FriendTreeOrder::runCount(const FriendTreeRows &rows, const FriendTreeRows &sorted, int limit)
+{
+    int count = 0;
+    for (size_t first = 0; first < sorted.size() && count < limit; ++count) {
+        const FriendTreeRow &head = sorted[first];
+        const int at = placeFor(rows, head.prefix, head.contact->place, head.contact->record.jid);
+        first = runEnd(rows, at, sorted, first);
+    }
+    return count;
+}
+
 int FriendTreeOrder::rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact)
 {
     const Prefix prefix = FriendTreeSort::prefix(contact->place.block, contact->place.name);

@@ -78,6 +78,13 @@ FriendTreeRow rowFor(FriendTreeContact *contact);
 int placeFor(const FriendTreeRows &rows, const FriendTreeSort::Prefix &prefix,
              const FriendTreePlace &place, const QString &jid);
 
+// Of `sorted`, the contacts from `first` that fall into the same gap, before row
+// `at`, as the first of them: returns where they end.
+size_t runEnd(const FriendTreeRows &rows, int at, const FriendTreeRows &sorted, size_t first);
+
+// Into how many gaps of `rows` the contacts of `sorted` fall; counts up to `limit`.
+int runCount(const FriendTreeRows &rows, const FriendTreeRows &sorted, int limit);
+
 // The row of a contact that is in `rows`.
 int rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact);
 

@@ -45,8 +45,9 @@ public:
     bool isFull() const { return m_count == Size; }
     void add(char16_t letter)
     {
-        if (letter >= u'a' && letter <= u'z')
-            letter -= u'a' - u'A';
+        // Small, as the comparison of whole texts folds them: "_" is before letters.
+        if (letter >= u'A' && letter <= u'Z')
+            letter += u'a' - u'A';
         m_letters[m_count++] = quint8(letter & 0x7f);
     }
     Prefix prefix(Block block) const
