@@ -301,7 +301,8 @@ std::vector<TourStep> ownProcessSteps()
     return {
         {"groups-loading",
          TourStep::Pane,
-         {{"the page says that it is loading", {},
+         {{"the page says that it is loading",
+           {},
            [](Stage &s) { return s.shownWidget(QStringLiteral("friendsLoading")) != nullptr; }}},
          {QStringLiteral("--silent"), QStringLiteral("RequestGroups")}},
         {"groups-failed", TourStep::Pane, {groupsFailed()}, withoutGroups},
