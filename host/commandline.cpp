@@ -6,11 +6,6 @@
 
 namespace {
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("CommandLine", text);
-}
-
 struct Option
 {
     const char *name;
@@ -19,29 +14,19 @@ struct Option
 };
 
 constexpr Option options[] = {
-    {"people", "N",
-     QT_TRANSLATE_NOOP("CommandLine", "People in the sample company, 1 to 100000 (default 300).")},
-    {"import", "FILE.vcf",
-     QT_TRANSLATE_NOOP("CommandLine", "Fill the friend tree from a vCard file (3.0 or 4.0).")},
-    {"data", "DIR", QT_TRANSLATE_NOOP("CommandLine", "Keep databases, settings and log in DIR.")},
-    {"plugin", "PATH", QT_TRANSLATE_NOOP("CommandLine", "Load this plug-in module.")},
-    {"lang", "zh_CN|en", QT_TRANSLATE_NOOP("CommandLine", "Language of the window.")},
-    {"skin", "light|dark", QT_TRANSLATE_NOOP("CommandLine", "Skin of the window.")},
-    {"offline", nullptr, QT_TRANSLATE_NOOP("CommandLine", "Start without a connection.")},
-    {"fail", "OPERATION",
-     QT_TRANSLATE_NOOP("CommandLine",
-                       "Let an operation of the core fail, or all. May be given repeatedly.")},
-    {"silent", "OPERATION",
-     QT_TRANSLATE_NOOP("CommandLine", "Never answer an operation, or all. May be repeated.")},
-    {"tour", "DIR",
-     QT_TRANSLATE_NOOP("CommandLine",
-                       "Drive the main flows, leave one picture of each in DIR, and end.")},
-    {"tour-steps", "NAMES",
-     QT_TRANSLATE_NOOP("CommandLine", "Only these steps of the tour, separated by commas.")},
-    {"no-simulation", nullptr,
-     QT_TRANSLATE_NOOP("CommandLine", "People neither come and go nor answer.")},
-    {"reset", nullptr,
-     QT_TRANSLATE_NOOP("CommandLine", "Forget what was changed and start with a new company.")},
+    {"people", "N", "People in the sample company, 1 to 100000 (default 300)."},
+    {"import", "FILE.vcf", "Fill the friend tree from a vCard file (3.0 or 4.0)."},
+    {"data", "DIR", "Keep databases, settings and log in DIR."},
+    {"plugin", "PATH", "Load this plug-in module."},
+    {"lang", "zh_CN|en", "Language of the window."},
+    {"skin", "light|dark", "Skin of the window."},
+    {"offline", nullptr, "Start without a connection."},
+    {"fail", "OPERATION", "Let an operation of the core fail, or all. May be given repeatedly."},
+    {"silent", "OPERATION", "Never answer an operation, or all. May be repeated."},
+    {"tour", "DIR", "Drive the main flows, leave one picture of each in DIR, and end."},
+    {"tour-steps", "NAMES", "Only these steps of the tour, separated by commas."},
+    {"no-simulation", nullptr, "People neither come and go nor answer."},
+    {"reset", nullptr, "Forget what was changed and start with a new company."},
 };
 
 QString valueOf(const QCommandLineParser &parser, const char *name)
@@ -62,7 +47,7 @@ QString oneOf(const QString &value, const QStringList &allowed, const char *opti
         if (name.compare(value, Qt::CaseInsensitive) == 0)
             return name;
     }
-    *problem = tr("--%1 takes one of %2, not \"%3\".")
+    *problem = QStringLiteral("--%1 takes one of %2, not \"%3\".")
                    .arg(QLatin1String(option), allowed.join(QLatin1String(", ")), value);
     return QString();
 }
@@ -88,7 +73,8 @@ void readPeople(const QCommandLineParser &parser, HostOptions *result, QString *
     bool isNumber = false;
     result->people = text.toInt(&isNumber);
     if (!isNumber || result->people < 1 || result->people > 100000)
-        *problem = tr("--people takes a number from 1 to 100000, not \"%1\".").arg(text);
+        *problem =
+            QStringLiteral("--people takes a number from 1 to 100000, not \"%1\".").arg(text);
 }
 
 void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *problem)
@@ -107,27 +93,50 @@ void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *p
             continue;
         *path.target = valueOf(parser, path.name);
         if (path.target->isEmpty())
-            *problem = tr("--%1 needs a path.").arg(QLatin1String(path.name));
+            *problem = QStringLiteral("--%1 needs a path.").arg(QLatin1String(path.name));
         else if (path.mustBeFile && !QFileInfo(*path.target).isFile())
-            *problem = tr("The file \"%1\" does not exist.").arg(*path.target);
+            *problem = QStringLiteral("The file \"%1\" does not exist.").arg(*path.target);
     }
     for (const QString &folder : {result->dataFolder, result->tourFolder}) {
         if (!folder.isEmpty() && QFileInfo(folder).isFile())
-            *problem = tr("\"%1\" is a file, not a folder.").arg(folder);
+            *problem = QStringLiteral("\"%1\" is a file, not a folder.").arg(folder);
     }
 }
 
 } // namespace
 
+SplitArguments splitArguments(const QStringList &arguments)
+{
+    const auto isOption = [](const QString &text) { return text.startsWith(QLatin1Char('-')); };
+    SplitArguments split{arguments.mid(0, 1), arguments.mid(0, 1)};
+    for (int i = 1; i < arguments.size(); ++i) {
+        const QString &argument = arguments.at(i);
+        const bool isLong = argument.startsWith(QLatin1String("--"));
+        const bool isToolkits = (isOption(argument) && !isLong && argument.size() > 2) ||
+                                argument.startsWith(QLatin1String("--platform"));
+        if (!isToolkits) {
+            split.own.append(argument);
+            continue;
+        }
+        split.toolkit.append(argument);
+        const bool hasValue = !argument.contains(QLatin1Char('=')) && i + 1 < arguments.size() &&
+                              !isOption(arguments.at(i + 1));
+        if (hasValue)
+            split.toolkit.append(arguments.at(++i));
+    }
+    return split;
+}
+
 CommandLineResult parseCommandLine(const QStringList &arguments, const QStringList &operations)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
-        tr("Reference host for the contacts plug-in FriendUI, with a sample company."));
+        QStringLiteral("Reference host for the contacts plug-in FriendUI, with a sample company."));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
     for (const Option &option : options) {
-        QCommandLineOption added(QString::fromLatin1(option.name), tr(option.description));
+        QCommandLineOption added(QString::fromLatin1(option.name),
+                                 QString::fromLatin1(option.description));
         if (option.valueName)
             added.setValueName(QString::fromLatin1(option.valueName));
         parser.addOption(added);
@@ -144,7 +153,8 @@ CommandLineResult parseCommandLine(const QStringList &arguments, const QStringLi
                 QCoreApplication::applicationName() + QLatin1Char(' ') +
                     QCoreApplication::applicationVersion() + QLatin1Char('\n')};
     } else if (!parser.positionalArguments().isEmpty()) {
-        problem = tr("Unexpected argument \"%1\".").arg(parser.positionalArguments().constFirst());
+        problem = QStringLiteral("Unexpected argument \"%1\".")
+                      .arg(parser.positionalArguments().constFirst());
     }
 
     HostOptions &chosen = result.options;
@@ -168,12 +178,12 @@ CommandLineResult parseCommandLine(const QStringList &arguments, const QStringLi
         chosen.tourSteps =
             valueOf(parser, "tour-steps").split(QLatin1Char(','), Qt::SkipEmptyParts);
         if (!chosen.tourSteps.isEmpty() && chosen.tourFolder.isEmpty())
-            problem = tr("--tour-steps needs --tour.");
+            problem = QStringLiteral("--tour-steps needs --tour.");
     }
     if (!problem.isEmpty()) {
         result.action = CommandLineResult::Refuse;
-        result.text =
-            problem + QLatin1Char('\n') + tr("--help lists the options.") + QLatin1Char('\n');
+        result.text = problem + QLatin1Char('\n') + QStringLiteral("--help lists the options.") +
+                      QLatin1Char('\n');
     }
     return result;
 }

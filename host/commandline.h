@@ -44,6 +44,16 @@ constexpr int StorageFailed = 4;
 constexpr int PluginFailed = 5; // in a tour; otherwise the window tells it
 } // namespace ExitCode
 
+// The arguments apart: those of this program, and those of the toolkit, such as
+// "-platform offscreen", which begin with one dash. The toolkit must not see the
+// former: it has a --plugin of its own. Both lists begin with the program's name.
+struct SplitArguments
+{
+    QStringList own;
+    QStringList toolkit;
+};
+SplitArguments splitArguments(const QStringList &arguments);
+
 // `arguments` begin with the program's name. `operations` are the names that
 // --fail and --silent take, in any case; "all" is understood as well.
 CommandLineResult parseCommandLine(const QStringList &arguments, const QStringList &operations);

@@ -1,6 +1,5 @@
 #include "host/datafolder.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -15,11 +14,6 @@ const QString markName()
     return QStringLiteral(".friendui-host");
 }
 
-QString tr(const char *text)
-{
-    return QCoreApplication::translate("DataFolder", text);
-}
-
 } // namespace
 
 QString dataFolder(const QString &wanted)
@@ -31,10 +25,13 @@ QString dataFolder(const QString &wanted)
 
 bool prepareDataFolder(const QString &folder, QString *problem)
 {
+    // What people say to each other is nobody else's business.
+    if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile mark(folder + QLatin1Char('/') + markName());
     if (QDir().mkpath(folder) && (mark.exists() || mark.open(QIODevice::WriteOnly)))
         return true;
-    *problem = tr("The data folder \"%1\" cannot be written.").arg(folder);
+    *problem = QStringLiteral("The data folder \"%1\" cannot be written.").arg(folder);
     return false;
 }
 
@@ -43,13 +40,14 @@ bool resetDataFolder(const QString &folder, QString *problem)
     if (!QFileInfo::exists(folder))
         return true;
     if (!QFileInfo::exists(folder + QLatin1Char('/') + markName())) {
-        *problem = tr("\"%1\" is no data folder of this program; nothing was deleted.").arg(folder);
+        *problem = QStringLiteral("\"%1\" is no data folder of this program; nothing was deleted.")
+                       .arg(folder);
         return false;
     }
     for (const char *part : {"core", "users"}) {
         QDir directory(folder + QLatin1Char('/') + QLatin1String(part));
         if (directory.exists() && !directory.removeRecursively()) {
-            *problem = tr("\"%1\" could not be deleted.").arg(directory.path());
+            *problem = QStringLiteral("\"%1\" could not be deleted.").arg(directory.path());
             return false;
         }
     }

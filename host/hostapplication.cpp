@@ -151,7 +151,7 @@ bool HostApplication::loadPane(const QString &file)
         return false;
     }
     m_window->paneArea()->setPane(pane);
-    m_window->setSkin(m_options.skin);
+    m_window->setSkin(m_window->skin());
     m_notifier->startSession();
     return true;
 }

@@ -8,9 +8,8 @@
 #include <QApplication>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <cstdio>
-#include <cstring>
+#include <vector>
 
 namespace {
 
@@ -46,31 +45,15 @@ int run(QApplication &application, HostOptions options)
     return code;
 }
 
-// Options of the toolkit itself, such as -platform, begin with one dash. Only the
-// toolkit's own start can take them out.
-bool hasToolkitOptions(int argc, char **argv)
+// Judged before a display is needed, so that --help and a mistake are told where
+// there is none.
+CommandLineResult judge(const QStringList &arguments)
 {
-    return std::any_of(argv + 1, argv + argc, [](const char *argument) {
-        return argument[0] == '-' && argument[1] != '-' && std::strlen(argument) > 2;
-    });
-}
-
-// Arguments are judged before a display is needed.
-bool isSettledWithoutDisplay(int argc, char **argv, int *code)
-{
-    if (hasToolkitOptions(argc, argv))
-        return false;
+    QByteArray name = arguments.constFirst().toLocal8Bit();
+    char *argv[] = {name.data(), nullptr};
+    int argc = 1;
     const QCoreApplication application(argc, argv);
-    const CommandLineResult commandLine =
-        parseCommandLine(QCoreApplication::arguments(), LeverMenu::operationNames());
-    if (commandLine.action == CommandLineResult::Run) {
-        if (!commandLine.options.tourFolder.isEmpty() &&
-            qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-            qputenv("QT_QPA_PLATFORM", "offscreen");
-        return false;
-    }
-    *code = refuseOrShow(commandLine);
-    return true;
+    return parseCommandLine(arguments, LeverMenu::operationNames());
 }
 
 } // namespace
@@ -79,16 +62,28 @@ int main(int argc, char **argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("friendui-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FRIENDUI_VERSION));
-    int code = ExitCode::Success;
-    if (isSettledWithoutDisplay(argc, argv, &code))
-        return code;
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const SplitArguments split = splitArguments(arguments);
+    const CommandLineResult commandLine = judge(split.own);
+    if (commandLine.action != CommandLineResult::Run)
+        return refuseOrShow(commandLine);
+    if (!commandLine.options.tourFolder.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+
+    // The toolkit keeps the pointers as long as it lives.
+    std::vector<QByteArray> texts;
+    for (const QString &argument : split.toolkit)
+        texts.push_back(argument.toLocal8Bit());
+    std::vector<char *> pointers;
+    for (QByteArray &text : texts)
+        pointers.push_back(text.data());
+    int count = int(pointers.size());
+    pointers.push_back(nullptr);
 
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
-    const CommandLineResult commandLine =
-        parseCommandLine(QCoreApplication::arguments(), LeverMenu::operationNames());
-    if (commandLine.action != CommandLineResult::Run)
-        return refuseOrShow(commandLine);
+    QApplication application(count, pointers.data());
     return run(application, commandLine.options);
 }

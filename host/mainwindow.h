@@ -49,6 +49,7 @@ public:
     void setLanguage(const QString &language);
     // Changes the palette, the context's answer, and tells the plug-in.
     void setSkin(const QString &name);
+    QString skin() const { return m_skin; }
     void setConnected(bool connected);
     void showMonitor(bool shown);
     void showNote(const QString &text);

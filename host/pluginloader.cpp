@@ -11,10 +11,10 @@
 
 namespace {
 
-QString tr(const char *text)
+struct PluginLoader
 {
-    return QCoreApplication::translate("PluginLoader", text);
-}
+    Q_DECLARE_TR_FUNCTIONS(PluginLoader)
+};
 
 QString moduleFileName()
 {
@@ -31,12 +31,12 @@ QString moduleFileName()
 QString problemOf(const QPluginLoader &loader, const QString &file)
 {
     if (!QFileInfo(file).isFile())
-        return tr("The file does not exist.");
+        return PluginLoader::tr("The file does not exist.");
     const QString identifier = loader.metaData().value(QStringLiteral("IID")).toString();
     if (identifier.isEmpty())
-        return tr("The file is no Qt plug-in.");
+        return PluginLoader::tr("The file is no Qt plug-in.");
     if (identifier != QLatin1String(FRIENDUI_PLUGIN_INTERFACE_ID)) {
-        return tr("The plug-in implements another interface: %1.").arg(identifier);
+        return PluginLoader::tr("The plug-in implements another interface: %1.").arg(identifier);
     }
     return QString();
 }
@@ -71,7 +71,7 @@ LoadedPlugin loadPlugin(const QString &file, ApplicationContext *context, HostBu
     }
     auto *plugin = qobject_cast<PluginInterface *>(root);
     if (!plugin) {
-        result.problem = tr("The plug-in's root object lacks the interface.");
+        result.problem = PluginLoader::tr("The plug-in's root object lacks the interface.");
         return result;
     }
     plugin->setApplicationContext(context);

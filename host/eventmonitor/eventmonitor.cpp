@@ -30,6 +30,12 @@ constexpr int HiddenMs = 500;
 constexpr int TypingPauseMs = 200;
 constexpr int CellPadding = 14;
 
+QString addressText(const QString &pluginId)
+{
+    const QString name = EventCatalogue::receiverName(pluginId);
+    return name == pluginId ? pluginId : name + QLatin1Char(' ') + pluginId;
+}
+
 QToolButton *buttonFor(QAction *action, QWidget *parent)
 {
     auto *button = new QToolButton(parent);
@@ -227,7 +233,8 @@ void EventMonitor::showDetails()
         text += QString::fromLatin1(info->purpose) + QLatin1Char('\n');
     text +=
         QStringLiteral("\n%1 → %2\n\n")
-            .arg(record.sender, record.receiver.isEmpty() ? tr("every plug-in") : record.receiver);
+            .arg(addressText(record.sender),
+                 record.receiver.isEmpty() ? tr("every plug-in") : addressText(record.receiver));
     text += decoded.text();
     text += QLatin1Char('\n') + tr("%1 bytes").arg(record.payload.size()) + QLatin1Char('\n');
     if (!decoded.hasSecrets)

@@ -188,7 +188,7 @@ void Reader::readContainer(PayloadNode &node, const QString &key, const QString 
     node.count = int(count);
     for (quint32 i = 0; i < count && ok(); ++i) {
         const bool shown = int(i) < shownElements();
-        if (!shown && isLast && m_depth == PayloadDecoder::Brief) {
+        if (!shown && isLast) {
             m_stoppedEarly = true;
             return;
         }

@@ -48,8 +48,10 @@ namespace PayloadDecoder {
 
 enum Depth
 {
-    Brief, // the first elements of each list; a long last field is not read on
-    Full   // up to 500 elements of each list, everything is read
+    // A long list in the last field is not read on behind what is kept of it, so
+    // that a roster of 100,000 people does not hold the window up.
+    Brief, // keeps the first 3 elements of each list
+    Full   // keeps up to 500
 };
 
 // `info` null: an unknown code.

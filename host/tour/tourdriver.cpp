@@ -132,8 +132,9 @@ void TourDriver::savePicture()
     const QString file = pictureFile();
     // Of an earlier tour, which may have ended otherwise.
     const QString stem = QString::fromLatin1(m_steps[m_step].step->name);
-    const QStringList earlier = QDir(m_folder).entryList(
-        {QStringLiteral("??-%1.png").arg(stem), QStringLiteral("??-%1-failed.png").arg(stem)});
+    const QStringList earlier =
+        QDir(m_folder).entryList({QStringLiteral("[0-9]*-%1.png").arg(stem),
+                                  QStringLiteral("[0-9]*-%1-failed.png").arg(stem)});
     for (const QString &name : earlier)
         QFile::remove(QDir(m_folder).filePath(name));
     if (picture(&m_stage->window()).save(file)) {

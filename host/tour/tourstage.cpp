@@ -235,4 +235,6 @@ void TourStage::closeEverything() const
         else
             widget->close();
     }
+    // What was typed into the tree to find somebody.
+    key(Qt::Key_Escape);
 }

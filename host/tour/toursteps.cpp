@@ -40,7 +40,7 @@ const QString renamedGroupName()
 TourMove treeFilled()
 {
     return {"the tree shows groups", {}, [](Stage &s) {
-                return s.groupCount() > 1 && s.firstGroupWithContacts().isValid();
+                return s.firstGroupWithContacts(1).isValid();
             }};
 }
 
@@ -299,6 +299,12 @@ std::vector<TourStep> ownProcessSteps()
 {
     const QStringList withoutGroups{QStringLiteral("--fail"), QStringLiteral("RequestGroups")};
     return {
+        {"groups-loading",
+         TourStep::Pane,
+         {{"the page says that it is loading",
+           {},
+           [](Stage &s) { return s.shownWidget(QStringLiteral("friendsLoading")) != nullptr; }}},
+         {QStringLiteral("--silent"), QStringLiteral("RequestGroups")}},
         {"groups-failed", TourStep::Pane, {groupsFailed()}, withoutGroups},
         {"groups-tried-again",
          TourStep::Pane,

@@ -5,6 +5,7 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 ImportReport::ImportReport(const QString &fileName, const QString &summary,
@@ -29,6 +30,7 @@ ImportReport::ImportReport(const QString &fileName, const QString &summary,
     list->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     layout->addWidget(list, 1);
     auto *buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setText(tr("Close"));
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     layout->addWidget(buttons);
     resize(560, 360);

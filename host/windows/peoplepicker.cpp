@@ -47,6 +47,9 @@ PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people
         items.append(item);
     }
     std::sort(items.begin(), items.end(), [](const QStandardItem *a, const QStandardItem *b) {
+        // Who is chosen already stands on top, where it is seen.
+        if (a->checkState() != b->checkState())
+            return a->checkState() == Qt::Checked;
         return a->text().localeAwareCompare(b->text()) < 0;
     });
     m_model->appendColumn(items);
@@ -72,6 +75,8 @@ PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people
     connect(m_filterText, &QLineEdit::textChanged, m_filter,
             &QSortFilterProxyModel::setFilterFixedString);
     connect(m_model, &QStandardItemModel::itemChanged, this, &PeoplePicker::showCount);
+    m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
+    m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     showCount();
