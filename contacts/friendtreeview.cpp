@@ -248,12 +248,8 @@ void FriendTreeView::focusInEvent(QFocusEvent *event)
 void FriendTreeView::focusOutEvent(QFocusEvent *event)
 {
     QTreeView::focusOutEvent(event);
-<<<<<<< HEAD
     m_finder->clear();
-    m_labels->sync();
-=======
     m_labels->showStates();
->>>>>>> treetests
 }
 
 // --- Keys --------------------------------------------------------------------
