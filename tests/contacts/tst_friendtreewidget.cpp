@@ -354,8 +354,8 @@ void TstFriendTreeWidget::firstGroupIsOpen()
     TreeFixture tree(false);
     const auto add = [](const char *id, const char *name) {
         FakeHost::send(4118, QString::fromLatin1(id), QString::fromLatin1(name), true, true);
-        FakeHost::send(4115, QList<FriendData>{makeContact(
-                                 QLatin1String(id), QLatin1String(id), QLatin1String(id))});
+        FakeHost::send(4115, QList<FriendData>{makeContact(QLatin1String(id), QLatin1String(id),
+                                                           QLatin1String(id))});
     };
     add("c", "Gamma");
     add("b", "Beta");
