@@ -5,7 +5,7 @@
 #include "common/settingsfile.h"
 #include "contacts/friendtreeroles.h"
 
-#include <QScopedValueRollback>
+#include <QSignalBlocker>
 #include <QTreeView>
 
 GroupExpansion::GroupExpansion(QTreeView *view, const QString &key)
@@ -25,11 +25,13 @@ void GroupExpansion::load()
         m_expanded = QSet<QString>(names.begin(), names.end());
     }
     restore(0, m_view->model()->rowCount() - 1);
+    m_view->doItemsLayout();
 }
 
 void GroupExpansion::restore(int first, int last)
 {
-    const QScopedValueRollback<bool> applying(m_applying, true);
+    // Without signals: to whom they tell would lay the tree out for each group.
+    const QSignalBlocker quiet(m_view);
     for (int row = first; row <= last; ++row) {
         const QModelIndex index = m_view->model()->index(row, 0);
         const QString name = index.data(FriendTreeRole::Name).toString();
@@ -43,8 +45,6 @@ void GroupExpansion::restore(int first, int last)
 
 void GroupExpansion::note(bool expanded, const QString &groupName)
 {
-    if (m_applying)
-        return;
     if (!m_known) {
         // From now on the list says it all, also of the groups that are open by default.
         m_known = true;
@@ -74,12 +74,13 @@ void GroupExpansion::setAll(bool expanded)
     m_known = true;
     m_expanded.clear();
     {
-        const QScopedValueRollback<bool> applying(m_applying, true);
+        const QSignalBlocker quiet(m_view);
         if (expanded)
             m_view->expandAll();
         else
             m_view->collapseAll();
     }
+    m_view->doItemsLayout();
     for (int row = 0; expanded && row < m_view->model()->rowCount(); ++row)
         m_expanded.insert(m_view->model()->index(row, 0).data(FriendTreeRole::Name).toString());
     store();

@@ -18,7 +18,8 @@ public:
 
     // Reads the user's list and opens and closes the groups accordingly.
     void load();
-    // Gives the groups first..last the state that is known of them.
+    // Gives the groups first..last, which are new, the state that is known of them.
+    // The view has a layout due.
     void restore(int first, int last);
     // The user opened or closed a group.
     void note(bool expanded, const QString &groupName);
@@ -32,5 +33,4 @@ private:
     const QString m_key;
     QSet<QString> m_expanded;
     bool m_known = false; // a list was stored or the user has chosen
-    bool m_applying = false;
 };

@@ -6,7 +6,12 @@
 ScrollAnchor::ScrollAnchor(QTreeView *view, const QAbstractItemModel *model)
     : QObject(view), m_view(view)
 {
-    connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this, &ScrollAnchor::hold);
+    connect(model, &QAbstractItemModel::rowsAboutToBeInserted, this,
+            [this](const QModelIndex &parent) {
+                // No layout answers rows that are inserted out of sight.
+                if (!parent.isValid() || m_view->isExpanded(parent))
+                    hold();
+            });
     connect(model, &QAbstractItemModel::layoutAboutToBeChanged, this, &ScrollAnchor::hold);
     connect(model, &QAbstractItemModel::rowsAboutToBeRemoved, this, &ScrollAnchor::leaveRows);
     connect(model, &QAbstractItemModel::rowsAboutToBeMoved, this, &ScrollAnchor::leaveRows);

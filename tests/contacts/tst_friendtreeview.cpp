@@ -1,0 +1,661 @@
+// What a user does with the friend tree: menus, keys, drag and drop.
+#include "common/desktopshortcut.h"
+#include "contacts/mydrag.h"
+#include "plugin/frienduisignalsender.h"
+#include "tests/contacts/treefixture.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/testrunner.h"
+
+#include <QDropEvent>
+#include <QFileInfo>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+const QString Anna = QStringLiteral("anna@corp.example");
+const QString Bob = QStringLiteral("bob@corp.example");
+const QString Me = QStringLiteral("me@corp.example");
+const QString G1 = QStringLiteral("g1");
+const QString G2 = QStringLiteral("g2");
+
+// The application delivers drops only to who took the drag before.
+struct ViewAccess : FriendTreeView
+{
+    using FriendTreeView::viewportEvent;
+};
+
+void typeInto(InputBox *box, const QString &text)
+{
+    QVERIFY(box);
+    box->setTextValue(text);
+    box->accept();
+}
+} // namespace
+
+class TstFriendTreeView : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void menus_data();
+    void menus();
+    void menuUnderThePointer();
+    void menuByKey();
+    void menuOfASelection();
+    void contactRequests_data();
+    void contactRequests();
+    void groupRequests_data();
+    void groupRequests();
+    void nullMenu();
+    void ownRowIsSpared();
+    void builtInGroupsAreSpared();
+    void createsGroups();
+    void renamesGroups();
+    void changesRemarks();
+    void goneWhileAsked();
+    void goneWhileTheMenuIsOpen();
+    void movesByMenu();
+    void keys();
+    void typeToFind();
+    void inputMethod();
+    void doubleClickAndHeaders();
+    void dropsFromElsewhere();
+    void drops_data();
+    void drops();
+    void shortcuts();
+
+private:
+    static void finder(const TreeFixture &tree, const char *keys, const char *current,
+                       const QString &shown);
+};
+
+void TstFriendTreeView::menus_data()
+{
+    QTest::addColumn<QString>("menu");
+    QTest::addColumn<QString>("start"); // "|" is a separator
+    QTest::newRow("group") << "commonGroupMenu"
+                           << "newgroup delMuc renameMuc | createMuc sendFile | sendemail";
+    QTest::newRow("contact") << "commonSingleMenu"
+                             << "invitechat sendFile sendemail msgrecord viewdetail delFriend "
+                                "changeRemarkName | moveToGroup";
+    QTest::newRow("empty") << "nullGroupMenu"
+                           << "newgroup onlyShowOnlineUser refreshFriendList";
+    QTest::newRow("several") << "selectMoreMenu"
+                             << "createMuc sendFile sendemail";
+}
+
+void TstFriendTreeView::menus()
+{
+    QFETCH(QString, menu);
+    QFETCH(QString, start);
+    const TreeFixture tree;
+    const SkinMenu *found = tree.menu(menu.toLatin1().constData());
+    QVERIFY(found);
+    QStringList names;
+    for (const QAction *action : found->actions())
+        names.append(action->isSeparator() ? QStringLiteral("|") : action->objectName());
+    QVERIFY2((names.join(QLatin1Char(' ')) + QLatin1Char(' ')).startsWith(start + QLatin1Char(' ')),
+             qPrintable(names.join(QLatin1Char(' '))));
+    FriendTreeModel model(ExternalContactRow);
+    const FriendTreeView external(&model, false);
+    QVERIFY(external.findChild<SkinMenu *>(QStringLiteral("commonSingleMenu"))
+                ->action("deleteMyFriend"));
+}
+
+void TstFriendTreeView::menuUnderThePointer()
+{
+    const TreeFixture tree;
+    const auto menuAt = [&tree](const QPoint &pos) {
+        tree.rightClick(pos);
+        SkinMenu *menu = tree.openMenu();
+        const QString name = menu ? menu->objectName() : QString();
+        if (menu)
+            menu->close();
+        return name;
+    };
+    QCOMPARE(menuAt(tree.view->visualRect(tree.contact("bob")).center()),
+             QStringLiteral("commonSingleMenu"));
+    QCOMPARE(tree.view->currentIndex(), tree.contact("bob"));
+    QCOMPARE(menuAt(QPoint(20, 590)), QStringLiteral("nullGroupMenu"));
+    // The header is a widget of its own.
+    GroupLabel *header = tree.labels().value(1);
+    QVERIFY(header);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(9, 9),
+                            header->mapToGlobal(QPoint(9, 9)));
+    QApplication::sendEvent(header, &event);
+    QVERIFY(tree.openMenu());
+    QCOMPARE(tree.openMenu()->objectName(), QStringLiteral("commonGroupMenu"));
+    QCOMPARE(tree.view->currentIndex(), tree.group("g2"));
+    tree.openMenu()->close();
+}
+
+void TstFriendTreeView::menuByKey()
+{
+    const TreeFixture tree;
+    const auto menuOfKey = [&tree] {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(3, 3));
+        QApplication::sendEvent(tree.view, &event);
+        SkinMenu *menu = tree.openMenu();
+        const QString name = menu ? menu->objectName() : QString();
+        if (menu)
+            menu->close();
+        return name;
+    };
+    tree.select(tree.contact("anna"));
+    QCOMPARE(menuOfKey(), QStringLiteral("commonSingleMenu"));
+    tree.select(tree.group("g1"));
+    QCOMPARE(menuOfKey(), QStringLiteral("commonGroupMenu"));
+    tree.view->selectionModel()->clear();
+    QCOMPARE(menuOfKey(), QStringLiteral("nullGroupMenu"));
+}
+
+void TstFriendTreeView::menuOfASelection()
+{
+    const TreeFixture tree;
+    tree.select(tree.contact("anna"));
+    for (const char *user : {"bob", "me"})
+        tree.view->selectionModel()->select(tree.contact(user), QItemSelectionModel::Select);
+    tree.rightClick(tree.view->visualRect(tree.contact("bob")).center());
+    QVERIFY(tree.openMenu());
+    QCOMPARE(tree.openMenu()->objectName(), QStringLiteral("selectMoreMenu"));
+    for (const auto &[key, code] : {std::pair("createMuc", 4393), std::pair("sendemail", 4233),
+                                    std::pair("sendFile", 4264)}) {
+        TreeFixture::choose(tree.menu("selectMoreMenu"), key);
+        QCOMPARE(tree.host.count(code), 1);
+        QStringList jids;
+        QDataStream payload(tree.host.last(code).payload);
+        payload >> jids;
+        jids.sort();
+        QCOMPARE(jids, QStringList({Anna, Bob}));
+    }
+    // A click on another row is about that row alone.
+    tree.rightClick(tree.view->visualRect(tree.contact("carl")).center());
+    QCOMPARE(tree.openMenu()->objectName(), QStringLiteral("commonSingleMenu"));
+    tree.openMenu()->close();
+}
+
+void TstFriendTreeView::contactRequests_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QString>("receiver");
+    QTest::addColumn<QByteArray>("payload");
+    const QString roster = QStringLiteral("{7123C2B9-E89C-0CC5-5B1E-9496BB7427C8}");
+    const QString chat = QString::fromLatin1(PluginId::Chat);
+    const QString mail = QString::fromLatin1(PluginId::Mail);
+    QTest::newRow("chat") << "invitechat" << 4251 << chat << FakeHost::encode(Anna, 0);
+    QTest::newRow("file") << "sendFile" << 4264 << chat << FakeHost::encode(QStringList{Anna}, 0);
+    QTest::newRow("mail") << "sendemail" << 4233 << mail << FakeHost::encode(QStringList{Anna});
+    QTest::newRow("history") << "msgrecord" << 4330 << chat << FakeHost::encode(Anna, 0);
+    QTest::newRow("delete") << "delFriend" << 4157 << roster << FakeHost::encode(Anna, true);
+}
+
+void TstFriendTreeView::contactRequests()
+{
+    QFETCH(QString, key);
+    QFETCH(int, code);
+    QFETCH(QString, receiver);
+    QFETCH(QByteArray, payload);
+    const TreeFixture tree;
+    TipBox::setNextAnswers(TipBox::Sure);
+    tree.rightClick(tree.view->visualRect(tree.contact("anna")).center());
+    TreeFixture::choose(tree.menu("commonSingleMenu"), key.toLatin1().constData());
+    QCOMPARE(tree.host.requests.size(), 1); // one mail, too
+    const FakeHost::Request request = tree.host.last(code);
+    QCOMPARE(request.receiver, receiver);
+    QCOMPARE(request.payload, payload);
+    QCOMPARE(request.postAsync, 0);
+    // Nothing changes before the host answers.
+    QVERIFY(tree.model->hasContact(Anna));
+}
+
+void TstFriendTreeView::groupRequests_data()
+{
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<int>("code");
+    QTest::addColumn<QByteArray>("payload");
+    const QStringList others{Anna, Bob, QStringLiteral("carl@corp.example")};
+    QTest::newRow("chat") << "createMuc" << 4393 << FakeHost::encode(others);
+    QTest::newRow("file") << "sendFile" << 4264 << FakeHost::encode(others, 0);
+    QTest::newRow("mail") << "sendemail" << 4233 << FakeHost::encode(others);
+    QTest::newRow("delete") << "delMuc" << 4361 << FakeHost::encode(G1, true);
+}
+
+void TstFriendTreeView::groupRequests()
+{
+    QFETCH(QString, key);
+    QFETCH(int, code);
+    QFETCH(QByteArray, payload);
+    const TreeFixture tree;
+    TipBox::setNextAnswers(TipBox::Sure);
+    tree.view->slot_contextMenu(tree.view->visualRect(tree.group("g1")).center());
+    TreeFixture::choose(tree.menu("commonGroupMenu"), key.toLatin1().constData());
+    QCOMPARE(tree.host.requests.size(), 1);
+    QCOMPARE(tree.host.last(code).payload, payload);
+    QVERIFY(tree.model->hasGroup(G1));
+}
+
+void TstFriendTreeView::nullMenu()
+{
+    const TreeFixture tree;
+    const QStringList all = tree.rows("g1");
+    SkinMenu *menu = tree.menu("nullGroupMenu");
+    QSignalSpy hub(FriendUISignalSender::instance(),
+                   QOverload<bool, bool>::of(&FriendUISignalSender::signal_hidealloff));
+    TreeFixture::choose(menu, "onlyShowOnlineUser");
+    QCOMPARE(tree.rows("g1"), QStringList({"me", "anna"}));
+    QCOMPARE(hub.takeFirst(), QVariantList({true, true}));
+    tree.rightClick(QPoint(20, 590));
+    QVERIFY(menu->action("onlyShowOnlineUser")->isChecked());
+    TreeFixture::choose(menu, "onlyShowOnlineUser");
+    QCOMPARE(tree.rows("g1"), all);
+    QCOMPARE(hub.takeFirst(), QVariantList({false, true}));
+    // After the host's own choice the next one is the other way round.
+    tree.widget->slot_inithidealloffline(true);
+    TreeFixture::choose(menu, "onlyShowOnlineUser");
+    QCOMPARE(tree.rows("g1"), all);
+
+    TreeFixture::choose(menu, "refreshFriendList");
+    QCOMPARE(tree.host.count(4356), 1);
+    QCOMPARE(std::get<0>(tree.host.arguments<bool>(4356)), true);
+    TreeFixture::choose(menu, "collapseAll");
+    QVERIFY(!tree.view->isExpanded(tree.group("g1")));
+    TreeFixture::choose(menu, "expandAll");
+    QVERIFY(tree.view->isExpanded(tree.group("g2")));
+}
+
+void TstFriendTreeView::ownRowIsSpared()
+{
+    const TreeFixture tree;
+    TipBox::setNextAnswers(TipBox::Sure);
+    tree.select(tree.contact("me"));
+    tree.rightClick(tree.view->visualRect(tree.contact("me")).center());
+    for (const char *key :
+         {"invitechat", "sendFile", "sendemail", "delFriend", "changeRemarkName", "moveToGroup"})
+        QVERIFY2(!tree.menu("commonSingleMenu")->action(key)->isEnabled(), key);
+    tree.openMenu()->close();
+    for (const int key : {Qt::Key_Delete, Qt::Key_F2, Qt::Key_Return})
+        QTest::keyClick(tree.view, Qt::Key(key));
+    FriendCommands *commands = tree.view->commands();
+    commands->moveContacts({Me}, G2);
+    commands->deleteContact(Me);
+    commands->writeMail({Me});
+    QCOMPARE(tree.host.requests.size(), 0);
+    QVERIFY(!tree.inputBox());
+}
+
+void TstFriendTreeView::builtInGroupsAreSpared()
+{
+    const TreeFixture tree;
+    TipBox::setNextAnswers(TipBox::Sure);
+    tree.model->mergeGroups({{QStringLiteral("g0"), QString::fromUtf8("我的好友")},
+                             {QStringLiteral("g7"), QString::fromUtf8("常用联系人")}});
+    for (const char *id : {"g0", "g7"}) {
+        tree.view->slot_contextMenu(tree.view->visualRect(tree.group(id)).center());
+        SkinMenu *menu = tree.menu("commonGroupMenu");
+        for (const char *key : {"delMuc", "renameMuc", "createMuc"})
+            QVERIFY2(!menu->action(key)->isEnabled(), key);
+        menu->close();
+        tree.select(tree.group(id));
+        QTest::keyClick(tree.view, Qt::Key_Delete);
+        QTest::keyClick(tree.view, Qt::Key_F2);
+    }
+    QCOMPARE(tree.host.requests.size(), 0);
+    QVERIFY(!tree.inputBox());
+}
+
+void TstFriendTreeView::createsGroups()
+{
+    const TreeFixture tree;
+    const LogCapture log(const_cast<TreeFixture &>(tree).host.context);
+    TreeFixture::choose(tree.menu("nullGroupMenu"), "newgroup");
+    const QPointer<InputBox> box = tree.inputBox();
+    QVERIFY(box);
+    QCOMPARE(box->windowTitle(), QStringLiteral("newgroup"));
+    QCOMPARE(box->labelText(), QStringLiteral("groupNameColon"));
+    struct Refused
+    {
+        QString name;
+        QString tip;
+    };
+    // A refused name stays in the box.
+    for (const Refused &refused :
+         QVector<Refused>{{QString(), QStringLiteral("teamnotempty")},
+                          {QStringLiteral("  "), QStringLiteral("teamnotempty")},
+                          {QStringLiteral("Beta"), QStringLiteral("createexistedteam")},
+                          {QString::fromUtf8("我的好友"), QStringLiteral("createexistedteam")},
+                          {QString::fromUtf8("常用联系人"), QStringLiteral("createexistedteam")}}) {
+        typeInto(box, refused.name);
+        QVERIFY(box && box->isVisible());
+        QCOMPARE(TipBox::lastText(), refused.tip);
+        QCOMPARE(box->textValue(), refused.name);
+    }
+    QCOMPARE(tree.host.requests.size(), 0);
+    QCOMPARE(log.linesWith(": newName.isEmpty()").size(), 2);
+    typeInto(box, QStringLiteral(" <b>New</b> & "));
+    QCOMPARE(tree.host.last(4360).payload, FakeHost::encode(QStringLiteral("<b>New</b> &"), true));
+    QCOMPARE(tree.host.last(4360).receiver,
+             QStringLiteral("{7123C2B9-E89C-0CC5-5B1E-9496BB7427C8}"));
+    QCOMPARE(tree.model->rowCount(), 2);
+    FakeHost::send(4118, QString(), QStringLiteral("<b>New</b> &"), false, true);
+    QCOMPARE(TipBox::lastText(), QStringLiteral("teamcreatefailed"));
+
+    TreeFixture::choose(tree.menu("nullGroupMenu"), "newgroup");
+    const auto boxes = tree.view->findChildren<InputBox *>();
+    boxes.last()->setTextValue(QStringLiteral("cancelled"));
+    boxes.last()->reject();
+    QCOMPARE(tree.host.requests.size(), 1);
+}
+
+void TstFriendTreeView::renamesGroups()
+{
+    const TreeFixture tree;
+    tree.select(tree.group("g1"));
+    QTest::keyClick(tree.view, Qt::Key_F2);
+    const QPointer<InputBox> box = tree.inputBox();
+    QVERIFY(box);
+    QCOMPARE(box->windowTitle(), QStringLiteral("renameMuc"));
+    QCOMPARE(box->textValue(), QStringLiteral("Alpha"));
+    typeInto(box, QStringLiteral("Beta"));
+    QCOMPARE(TipBox::lastText(), QStringLiteral("createexistedteam"));
+    QVERIFY(box && box->isVisible());
+    typeInto(box, QStringLiteral(" Alpha "));
+    QCOMPARE(tree.host.requests.size(), 0);
+    tree.view->commands()->renameGroup(G1);
+    typeInto(tree.view->findChildren<InputBox *>().last(), QStringLiteral("Omega"));
+    QCOMPARE(tree.host.last(4362).payload, FakeHost::encode(G1, QStringLiteral("Omega"), true));
+    QCOMPARE(tree.model->groupName(G1), QStringLiteral("Alpha"));
+}
+
+void TstFriendTreeView::changesRemarks()
+{
+    const TreeFixture tree;
+    tree.select(tree.contact("anna"));
+    QTest::keyClick(tree.view, Qt::Key_F2);
+    typeInto(tree.inputBox(), QStringLiteral(" Ann "));
+    QCOMPARE(tree.host.last(4167).payload, FakeHost::encode(Anna, QStringLiteral("Ann")));
+    tree.view->commands()->changeRemark(Anna);
+    typeInto(tree.view->findChildren<InputBox *>().last(), QString());
+    QCOMPARE(tree.host.requests.size(), 1);
+}
+
+void TstFriendTreeView::goneWhileAsked()
+{
+    const TreeFixture tree;
+    TipBox::setNextAnswers(TipBox::ShowBox);
+    const auto sure = [&tree] {
+        const auto boxes = tree.view->findChildren<TipBox *>();
+        if (boxes.isEmpty())
+            return false;
+        const auto buttons = boxes.last()->buttons();
+        for (QAbstractButton *button : buttons) {
+            if (boxes.last()->buttonRole(button) == QMessageBox::AcceptRole)
+                button->click();
+        }
+        return true;
+    };
+    tree.view->commands()->deleteContact(Anna);
+    FakeHost::send(4101, Anna, true);
+    QVERIFY(sure());
+    tree.view->commands()->deleteGroup(G2);
+    FakeHost::send(4120, true, G2, true);
+    QVERIFY(sure());
+    tree.view->commands()->changeRemark(Bob);
+    FakeHost::send(4101, Bob, true);
+    typeInto(tree.inputBox(), QStringLiteral("x"));
+    tree.view->commands()->renameGroup(G1);
+    FakeHost::send(4120, true, G1, true);
+    typeInto(tree.view->findChildren<InputBox *>().last(), QStringLiteral("x"));
+    QCOMPARE(tree.host.requests.size(), 0);
+    // The default is not to delete.
+    tree.view->commands()->deleteContact(QStringLiteral("carl@corp.example"));
+    auto *box = tree.view->findChildren<TipBox *>().last();
+    QCOMPARE(box->buttonRole(box->defaultButton()), QMessageBox::RejectRole);
+    QTest::keyClick(box, Qt::Key_Escape);
+    QCOMPARE(tree.host.requests.size(), 0);
+}
+
+void TstFriendTreeView::goneWhileTheMenuIsOpen()
+{
+    const TreeFixture tree;
+    TipBox::setNextAnswers(TipBox::Sure);
+    tree.view->slot_contextMenu(tree.view->visualRect(tree.group("g1")).center());
+    FakeHost::send(4120, true, G1, true);
+    for (const char *key : {"delMuc", "renameMuc", "createMuc", "sendemail"})
+        TreeFixture::choose(tree.menu("commonGroupMenu"), key);
+    TreeFixture::settle();
+    QVERIFY(!tree.inputBox());
+    TreeFixture::choose(tree.menu("commonGroupMenu"), "newgroup"); // needs no group
+    QVERIFY(tree.inputBox());
+    delete tree.inputBox();
+    tree.view->setExpanded(tree.group(""), true);
+    tree.rightClick(tree.view->visualRect(tree.contact("anna")).center());
+    FakeHost::send(4101, Anna, true);
+    for (const QAction *action : tree.menu("commonSingleMenu")->actions()) {
+        if (!action->objectName().isEmpty())
+            const_cast<QAction *>(action)->trigger();
+    }
+    QCOMPARE(tree.host.requests.size(), 0);
+    QVERIFY(!tree.inputBox());
+}
+
+void TstFriendTreeView::movesByMenu()
+{
+    const TreeFixture tree;
+    tree.model->mergeGroups({{QStringLiteral("g3"), QStringLiteral("R&D <b>")}});
+    tree.rightClick(tree.view->visualRect(tree.contact("anna")).center());
+    const QList<QAction *> targets = tree.menu("commonSingleMenu")
+                                         ->findChild<SkinMenu *>(QStringLiteral("moveToGroup"))
+                                         ->actions();
+    QCOMPARE(targets.size(), 3);
+    QVERIFY(!targets.at(0)->isEnabled());
+    QCOMPARE(targets.at(2)->text(), QStringLiteral("R&&D <b>"));
+    targets.at(2)->trigger();
+    QCOMPARE(tree.host.requests.size(), 1);
+    QCOMPARE(tree.host.last(4358).payload, FakeHost::encode(Anna, G1, QStringLiteral("g3"), true));
+    QCOMPARE(tree.model->groupOf(Anna), G1);
+    tree.menu("commonSingleMenu")->close();
+}
+
+void TstFriendTreeView::keys()
+{
+    const TreeFixture tree;
+    FriendTreeView *view = tree.view;
+    TipBox::setNextAnswers(TipBox::Sure);
+    tree.select(tree.contact("anna"));
+    QTest::keyClick(view, Qt::Key_Return);
+    QCOMPARE(tree.host.last(4251).payload, FakeHost::encode(Anna, 0));
+    QTest::keyClick(view, Qt::Key_Delete);
+    QCOMPARE(tree.host.last(4157).payload, FakeHost::encode(Anna, true));
+    QTest::keyClick(view, Qt::Key_Left);
+    QCOMPARE(view->currentIndex(), tree.group("g1"));
+    QTest::keyClick(view, Qt::Key_Left);
+    QVERIFY(!view->isExpanded(tree.group("g1")));
+    QTest::keyClick(view, Qt::Key_Right);
+    QVERIFY(view->isExpanded(tree.group("g1")));
+    QTest::keyClick(view, Qt::Key_Right);
+    QCOMPARE(view->currentIndex(), tree.contact("me"));
+    QTest::keyClick(view, Qt::Key_End);
+    QCOMPARE(view->currentIndex(), tree.group("g2"));
+    QTest::keyClick(view, Qt::Key_Return);
+    QVERIFY(view->isExpanded(tree.group("g2")));
+    QTest::keyClick(view, Qt::Key_Delete);
+    QCOMPARE(tree.host.last(4361).payload, FakeHost::encode(G2, true));
+    QTest::keyClick(view, Qt::Key_Home);
+    QCOMPARE(view->currentIndex(), tree.group("g1"));
+    QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(view, Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(view->selectionModel()->selectedRows().size(), 3);
+    QTest::keyClick(view, Qt::Key_Escape);
+    QCOMPARE(view->selectionModel()->selectedRows(), QModelIndexList{tree.contact("anna")});
+}
+
+void TstFriendTreeView::finder(const TreeFixture &tree, const char *keys, const char *current,
+                               const QString &shown)
+{
+    QTest::keyClicks(tree.view, QString::fromLatin1(keys));
+    const auto *label = tree.view->findChild<QLabel *>(QStringLiteral("typeFinderLabel"));
+    QCOMPARE(label->isVisible(), !shown.isEmpty());
+    QVERIFY2(shown.isEmpty() || label->text() == shown, qPrintable(label->text()));
+    QCOMPARE(tree.view->currentIndex().data(FriendTreeRole::Id).toString(),
+             jidOf(QLatin1String(current)));
+}
+
+void TstFriendTreeView::typeToFind()
+{
+    TreeFixture tree;
+    tree.add(QStringLiteral("zhang"), QString::fromUtf8("张伟"), G2);
+    tree.add(QStringLiteral("zhou"), QString::fromUtf8("周芳"), G2);
+    FakeHost::send(4114, jidOf(QStringLiteral("zhang")));
+    FakeHost::send(4114, jidOf(QStringLiteral("zhou")));
+    tree.select(tree.contact("me"));
+    finder(tree, "bo", "bob", QStringLiteral("bo"));
+    QTest::keyClick(tree.view, Qt::Key_Escape);
+    finder(tree, "", "bob", QString());
+    // In a group that is closed.
+    finder(tree, "zh", "zhang", QStringLiteral("zh"));
+    QVERIFY(tree.view->isExpanded(tree.group("g2")));
+    QTest::keyClick(tree.view, Qt::Key_Down);
+    finder(tree, "", "zhou", QStringLiteral("zh"));
+    QTest::keyClick(tree.view, Qt::Key_Down);
+    finder(tree, "", "zhang", QStringLiteral("zh"));
+    QTest::keyClick(tree.view, Qt::Key_Up);
+    finder(tree, "", "zhou", QStringLiteral("zh"));
+    finder(tree, "q", "zhou", QStringLiteral("zhq  noMatch"));
+    QTest::keyClick(tree.view, Qt::Key_Backspace);
+    finder(tree, "", "zhou", QStringLiteral("zh"));
+    for (int i = 0; i < 2; ++i)
+        QTest::keyClick(tree.view, Qt::Key_Backspace);
+    finder(tree, "", "zhou", QString());
+    // A click ends it, and keys are keys again.
+    finder(tree, "do", "dora", QStringLiteral("do"));
+    QTest::mouseClick(tree.view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                      tree.view->visualRect(tree.contact("bob")).center());
+    finder(tree, "", "bob", QString());
+    QTest::keyClick(tree.view, Qt::Key_Up);
+    finder(tree, "", "anna", QString());
+}
+
+void TstFriendTreeView::inputMethod()
+{
+    TreeFixture tree;
+    tree.add(QStringLiteral("zhang"), QString::fromUtf8("张伟"), G2);
+    FakeHost::send(4114, jidOf(QStringLiteral("zhang")));
+    // Without this the system offers no input method for the list.
+    tree.select(tree.contact("anna"));
+    QVERIFY(tree.view->testAttribute(Qt::WA_InputMethodEnabled));
+    tree.view->clearFocus();
+    tree.view->setFocus();
+    QVERIFY(tree.view->testAttribute(Qt::WA_InputMethodEnabled));
+    QInputMethodEvent event;
+    event.setCommitString(QString::fromUtf8("张"));
+    QApplication::sendEvent(tree.view, &event);
+    finder(tree, "", "zhang", QString::fromUtf8("张"));
+}
+
+void TstFriendTreeView::doubleClickAndHeaders()
+{
+    const TreeFixture tree;
+    QSignalSpy active(tree.view, &FriendTreeView::signal_stopactive);
+    QTest::mouseDClick(tree.view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                       tree.view->visualRect(tree.contact("bob")).center());
+    QCOMPARE(tree.host.count(4251), 1);
+    QCOMPARE(active.last(), QVariantList({Bob}));
+    GroupLabel *header = tree.labels().first();
+    QTest::mouseClick(header, Qt::LeftButton);
+    QVERIFY(!tree.view->isExpanded(tree.group("g1")));
+    QCOMPARE(tree.view->currentIndex(), tree.group("g1"));
+    QTest::mouseClick(header, Qt::LeftButton);
+    QVERIFY(tree.view->isExpanded(tree.group("g1")));
+    // Pressed here and let go elsewhere is no click.
+    QTest::mousePress(header, Qt::LeftButton);
+    QTest::mouseRelease(header, Qt::LeftButton, Qt::NoModifier, QPoint(5, 300));
+    QVERIFY(tree.view->isExpanded(tree.group("g1")));
+}
+
+void TstFriendTreeView::dropsFromElsewhere()
+{
+    TreeFixture tree;
+    const LogCapture log(tree.host.context);
+    QMimeData data;
+    data.setData(QStringLiteral("application/x-friendui-contacts"), "1");
+    data.setText(QStringLiteral("anna@corp.example"));
+    QWidget *viewport = tree.view->viewport();
+    const QPoint onto = tree.view->visualRect(tree.group("g2")).center();
+    QDragEnterEvent enter(onto, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(viewport, &enter);
+    QVERIFY(!enter.isAccepted());
+    QDropEvent drop(onto, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    (tree.view->*&ViewAccess::viewportEvent)(&drop);
+    QVERIFY(!drop.isAccepted());
+    QCOMPARE(log.linesWith(": event->source() == 0").size(), 1);
+    QDragEnterEvent overHeader(QPoint(5, 5), Qt::MoveAction, &data, Qt::LeftButton, {});
+    overHeader.ignore();
+    QApplication::sendEvent(tree.labels().first(), &overHeader);
+    QVERIFY(!overHeader.isAccepted());
+    tree.view->slot_dropEvent(onto);
+    QCOMPARE(log.linesWith(": m_dragitem is null").size(), 1);
+    QCOMPARE(tree.host.requests.size(), 0);
+}
+
+void TstFriendTreeView::drops_data()
+{
+    QTest::addColumn<QStringList>("dragged");
+    QTest::addColumn<bool>("taken");
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<int>("requests");
+    QTest::newRow("to another group") << QStringList{"anna"} << true << "g2" << 1;
+    QTest::newRow("to its own group") << QStringList{"anna"} << true << "g1" << 0;
+    QTest::newRow("to no group") << QStringList{"anna"} << false << "" << 0;
+    QTest::newRow("to a group that is gone") << QStringList{"anna"} << true << "g9" << 0;
+    QTest::newRow("several") << QStringList{"anna", "bob", "dora"} << true << "g2" << 2;
+    QTest::newRow("with the own row") << QStringList{"anna", "me"} << true << "g2" << 1;
+}
+
+void TstFriendTreeView::drops()
+{
+    QFETCH(QStringList, dragged);
+    QFETCH(bool, taken);
+    QFETCH(QString, target);
+    QFETCH(int, requests);
+    const TreeFixture tree;
+    QStringList jids;
+    for (const QString &user : qAsConst(dragged))
+        jids.append(jidOf(user));
+    // The end of a drag, as the view takes it.
+    if (taken)
+        tree.view->commands()->moveContacts(jids, target);
+    else
+        tree.view->slot_dropend(false, target);
+    QCOMPARE(tree.host.count(4358), requests);
+    QCOMPARE(tree.model->groupOf(Anna), G1);
+    if (requests > 0) {
+        QCOMPARE(tree.host.last(4358).payload,
+                 FakeHost::encode(jids.at(requests - 1), G1, target, true));
+    }
+}
+
+void TstFriendTreeView::shortcuts()
+{
+    const TreeFixture tree;
+    const QString file = DesktopShortcut::file(Anna);
+    QVERIFY(QFileInfo(file).absolutePath() != QFileInfo(Anna).absolutePath());
+    QDir().mkpath(QFileInfo(file).absolutePath());
+    tree.rightClick(tree.view->visualRect(tree.contact("anna")).center());
+    SkinMenu *menu = tree.menu("commonSingleMenu");
+    QVERIFY(!menu->action("removeDesktopShortcut")->isVisible());
+    TreeFixture::choose(menu, "createDesktopShortcut");
+    QVERIFY(QFileInfo(file).isSymLink());
+    tree.rightClick(tree.view->visualRect(tree.contact("anna")).center());
+    QVERIFY(!menu->action("createDesktopShortcut")->isVisible());
+    TreeFixture::choose(menu, "removeDesktopShortcut");
+    QVERIFY(!QFileInfo::exists(file) && !QFileInfo(file).isSymLink());
+    tree.view->RemoveShortCut(QStringLiteral("../../x"));
+}
+
+FRIENDUI_TEST(TstFriendTreeView)
+#include "tst_friendtreeview.moc"
