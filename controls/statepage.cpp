@@ -4,7 +4,6 @@
 #include "controls/skin.h"
 
 #include <QEvent>
-#include <QIcon>
 #include <QLabel>
 #include <QMovie>
 #include <QPushButton>
@@ -25,12 +24,11 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     if (!picture.isEmpty()) {
         auto *image = new QLabel(this);
         image->setAlignment(Qt::AlignCenter);
-        const QString file = resourcePath(picture);
-        if (file.endsWith(QLatin1String(".gif"))) {
-            m_movie = new QMovie(file, QByteArray(), this);
+        if (picture.endsWith(QLatin1String(".gif"))) {
+            m_movie = new QMovie(resourcePath(picture), QByteArray(), this);
             image->setMovie(m_movie);
         } else {
-            image->setPixmap(QIcon(file).pixmap(PictureSize, PictureSize));
+            image->setPixmap(loadPicture(picture, PictureSize, devicePixelRatioF()));
         }
         layout->addWidget(image);
     }
