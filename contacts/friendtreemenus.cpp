@@ -34,6 +34,17 @@ void FriendTreeView::setUpMenus()
             &FriendTreeView::slot_vScrollBarContextMenu);
 }
 
+// The host may destroy the pane inside a request that an action has made; QMenu
+// does not survive its own end while it tells of that action.
+void FriendTreeView::releaseMenus()
+{
+    for (SkinMenu *menu : {m_groupMenu, m_contactMenu, m_nullMenu, m_selectMoreMenu}) {
+        menu->disconnect(this);
+        menu->setParent(nullptr, menu->windowFlags());
+        menu->deleteLater();
+    }
+}
+
 SkinMenu *FriendTreeView::creatCommonGroupMenu()
 {
     auto *menu = new SkinMenu(QStringLiteral("commonGroupMenu"), this);

@@ -87,6 +87,11 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     });
 }
 
+FriendTreeView::~FriendTreeView()
+{
+    releaseMenus();
+}
+
 // --- Layout ------------------------------------------------------------------
 
 void FriendTreeView::doItemsLayout()

@@ -24,6 +24,7 @@ class FriendTreeView : public QTreeView
 public:
     // `inner`: the roster's contacts; false: the external ones.
     FriendTreeView(FriendTreeModel *model, bool inner, QWidget *parent = nullptr);
+    ~FriendTreeView() override;
 
     FriendCommands *commands() const { return m_commands; }
     // The user's switch in the menu, as opposed to what the list shows.
@@ -98,6 +99,7 @@ protected:
 
 private:
     void setUpMenus();
+    void releaseMenus();
     void popUp(SkinMenu *menu, QPoint pos);
     void prepareGroupMenu(const QString &groupId);
     void prepareContactMenu(const QString &jid);
