@@ -14,6 +14,8 @@
 
 #include <QContextMenuEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 // --- Building ------------------------------------------------------------------
@@ -305,6 +307,17 @@ void FriendTreeView::startDrag(Qt::DropActions)
     m_dragItems.removeAll(ctx().ownJid());
     if (m_dragItems.isEmpty())
         return;
+    // Not from inside the mouse event: the view may be destroyed before the drag
+    // ends, and the base class goes on with the event.
+    m_dragDue = true;
+    QMetaObject::invokeMethod(this, &FriendTreeView::runDrag, Qt::QueuedConnection);
+}
+
+void FriendTreeView::runDrag()
+{
+    m_dragDue = false;
+    if (m_drag || !(QGuiApplication::mouseButtons() & Qt::LeftButton))
+        return;
     m_drag = new MyDrag(this);
     connect(m_drag, &MyDrag::signal_dropEnd, this, &FriendTreeView::slot_dropend);
     m_model->setOrderFrozen(true);
@@ -314,6 +327,13 @@ void FriendTreeView::startDrag(Qt::DropActions)
         m_drag = nullptr;
         updateFreeze();
     }
+}
+
+void FriendTreeView::mouseMoveEvent(QMouseEvent *event)
+{
+    // The base class would take the move for a selection.
+    if (!m_dragDue)
+        QTreeView::mouseMoveEvent(event);
 }
 
 void FriendTreeView::dragEnterEvent(QDragEnterEvent *event)

@@ -83,6 +83,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -100,6 +101,7 @@ protected:
 private:
     void setUpMenus();
     void releaseMenus();
+    void runDrag();
     void popUp(SkinMenu *menu, QPoint pos);
     void prepareGroupMenu(const QString &groupId);
     void prepareContactMenu(const QString &jid);
@@ -125,6 +127,7 @@ private:
     QString m_menuContact; // the contact that the open menu is about
     QPointer<MyDrag> m_drag;
     QStringList m_dragItems; // jids under way
+    bool m_dragDue = false;  // asked for, not yet begun
     QTimer m_groupTimeOut;
     QTimer m_pointerAtRest;
     bool m_hideOffline = false;

@@ -39,6 +39,7 @@ template <class Function> bool dragAnna(const PaneFixture &fixture, Function mea
     const int distance = QApplication::startDragDistance() + 1;
     for (int i = 1; i < 4 && !started; ++i)
         QTest::mouseMove(window, from + QPoint(i * distance, 0));
+    PaneFixture::settle();
     return started;
 }
 
