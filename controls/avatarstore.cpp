@@ -144,12 +144,13 @@ QImage AvatarStore::load(const QString &file, int pixels)
         qint64(size.width()) * size.height() > MaximumPixels)
         return QImage();
     reader.setAutoTransform(true);
-    QImage image = reader.read();
+    const QImage image = reader.read();
     if (image.isNull())
         return image;
-    image = image.scaled(pixels, pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    // Cut before it is scaled: a picture of one line would grow to a huge one.
     const int side = qMin(image.width(), image.height());
-    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side);
+    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side)
+        .scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QString AvatarStore::monogram(const QString &name)
