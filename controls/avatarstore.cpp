@@ -105,6 +105,13 @@ void AvatarStore::refresh(const QString &file)
         if (key.startsWith(prefix))
             m_cache.remove(key);
     }
+    // What is being decoded may still be the old file; it is asked for again and
+    // comes after that.
+    const QSet<QString> pending = m_pending;
+    for (const QString &key : pending) {
+        if (key.startsWith(prefix))
+            m_pending.remove(key);
+    }
 }
 
 void AvatarStore::decode(const QString &file, const QString &key, int size, qreal pixelRatio)
