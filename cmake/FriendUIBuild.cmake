@@ -28,6 +28,11 @@ if(MSVC)
 else()
     target_compile_options(friendui_settings INTERFACE -Wall -Wextra -Wpedantic -Wshadow)
 endif()
+if(NOT MSVC)
+    # The module carries only what it uses: each relocation is paid for at load.
+    target_compile_options(friendui_settings INTERFACE
+        $<$<CONFIG:Release>:-ffunction-sections -fdata-sections>)
+endif()
 if(FRIENDUI_SANITIZE)
     target_compile_options(friendui_settings INTERFACE
         -fsanitize=${FRIENDUI_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=undefined)

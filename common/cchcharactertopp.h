@@ -6,8 +6,8 @@
 // becomes "?", a character that only GBK has leaves nothing.
 #pragma once
 
-#include <QLatin1String>
 #include <QString>
+#include <QStringView>
 
 class CChCharacterToPP
 {
@@ -17,15 +17,12 @@ public:
     // The syllables one after another, or that of the first character alone.
     QString toPinyin(const QString &text, bool firstCharacterOnly) const;
 
-    // Appends what toPinyin() returns for the whole text, without a string between.
-    static void appendPinyin(const QString &text, QString *out);
-
     // The first letter of each syllable; ASCII letters and digits as they are,
     // everything else left out: "A3" for "啊3!".
     static QString initials(const QString &text);
 
     // Empty for everything but a GB2312 character. Static data, never freed.
-    static QLatin1String syllable(QChar character);
+    static QStringView syllable(QChar character);
 
     // Bytes of read-only data behind the conversion.
     static int tableSize();

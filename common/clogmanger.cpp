@@ -6,90 +6,88 @@
 
 #include <cstring>
 
-namespace {
-const char *baseName(const char *path)
-{
-    const char *slash = std::strrchr(path, '/');
-    const char *backslash = std::strrchr(path, '\\');
-    const char *last = slash > backslash ? slash : backslash;
-    return last ? last + 1 : path;
-}
-} // namespace
-
 CLogManger &CLogManger::instance()
 {
     static auto *manager = new CLogManger;
     return *manager;
 }
 
-CLogManger::CLogManger() : m_stream(&m_buffer, QIODevice::ReadWrite)
+CLogManger::CLogManger()
 {
     attach();
 }
 
-bool CLogManger::attach()
+CLogThread *CLogManger::attach()
 {
-    if (m_thread)
-        return true;
-    m_writer = ctx().logWriter();
-    m_thread = ctx().logThread();
-    if (m_thread && m_writer)
-        m_thread->setWriter(m_writer);
-    return m_thread != nullptr;
+    CLogThread *thread = m_thread;
+    if (thread)
+        return thread;
+    LogFileWriter *writer = ctx().logWriter();
+    thread = ctx().logThread();
+    if (thread && writer)
+        thread->setWriter(writer);
+    m_writer = writer;
+    m_thread = thread;
+    return thread;
 }
 
 void CLogManger::setLocation(const char *file, int line)
 {
-    const QMutexLocker lock(&m_mutex);
-    m_location = QString::fromUtf8(baseName(file)) + QLatin1Char(':') + QString::number(line);
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    m_location = CLogThread::location(file, line);
 }
 
 CLogManger &CLogManger::append(const char *text)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (std::strcmp(text, "\n") == 0)
         finishEntry();
     else
-        m_stream << QString::fromUtf8(text);
+        m_buffer += QString::fromUtf8(text);
     return *this;
 }
 
 CLogManger &CLogManger::append(const QString &text)
 {
-    const QMutexLocker lock(&m_mutex);
+    const std::lock_guard<std::mutex> lock(m_mutex);
     if (text == QLatin1String("\n"))
         finishEntry();
     else
-        m_stream << text;
+        m_buffer += text;
     return *this;
 }
 
 void CLogManger::finishEntry()
 {
-    m_stream.flush();
-    if (attach())
-        m_thread->enqueue(level, m_location, m_buffer);
+    if (CLogThread *thread = attach())
+        thread->enqueue(level, m_location, m_buffer);
     m_buffer.clear();
-    m_stream.seek(0);
 }
 
 void CLogManger::log(int entryLevel, const QString &location, const QString &message)
 {
-    const QMutexLocker lock(&m_mutex);
-    if (attach())
-        m_thread->enqueue(entryLevel, location, message);
+    if (CLogThread *thread = attach())
+        thread->enqueue(entryLevel, location, message);
+}
+
+void CLogManger::logShort(int entryLevel, const char *file, int line, const char *text, int length)
+{
+    if (CLogThread *thread = attach())
+        thread->enqueueShort(entryLevel, file, line, text, length);
 }
 
 void CLogManger::clear()
 {
-    const QMutexLocker lock(&m_mutex);
-    if (attach() && m_writer)
-        m_writer->clear();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    attach();
+    if (LogFileWriter *writer = m_writer)
+        writer->clear();
 }
 
 void CLogManger::flush()
 {
-    const QMutexLocker lock(&m_mutex);
-    if (attach() && m_writer)
-        m_writer->flush();
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    attach();
+    if (LogFileWriter *writer = m_writer)
+        writer->flush();
 }

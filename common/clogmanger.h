@@ -2,12 +2,11 @@
 // to the log thread of the host.
 #pragma once
 
-#include <QMutex>
 #include <QObject>
 #include <QString>
-#include <QTextStream>
 
 #include <atomic>
+#include <mutex>
 
 class CLogThread;
 class LogFileWriter;
@@ -30,23 +29,27 @@ public:
     CLogManger &append(const char *text);
     CLogManger &append(const QString &text);
 
-    // One complete entry in one call, from any thread.
+    // One complete entry in one call, from any thread. It does not mix with an
+    // entry that is being built.
     void log(int entryLevel, const QString &location, const QString &message);
+
+    // The same as CLogThread::enqueueShort().
+    void logShort(int entryLevel, const char *file, int line, const char *text, int length);
 
     void clear();
     void flush();
 
 private:
     CLogManger();
-    bool attach();
+    // The log thread of the context, null without one.
+    CLogThread *attach();
     void finishEntry();
 
-    LogFileWriter *m_writer = nullptr;
-    CLogThread *m_thread = nullptr;
+    std::atomic<LogFileWriter *> m_writer{nullptr};
+    std::atomic<CLogThread *> m_thread{nullptr};
     QString m_location;
     QString m_buffer;
-    QTextStream m_stream;
-    QMutex m_mutex;
+    std::mutex m_mutex;
 };
 
 inline CLogManger &operator<<(CLogManger &log, const char *text)

@@ -3,10 +3,7 @@
 namespace {
 void writeLine(const char *file, int line, const char *word, const char *function)
 {
-    CLogManger &log = CLogManger::instance();
-    log.level = LogDebug;
-    log.setLocation(file, line);
-    log << word << function << "\n";
+    LogLine(LogDebug, file, line) << word << function;
 }
 } // namespace
 
@@ -20,6 +17,24 @@ QString logText(const QString &text)
             c = QLatin1Char(' ');
     }
     return line;
+}
+
+LogLine &LogLine::appendLong(const QString &text)
+{
+    if (!m_isLong)
+        m_long = QString::fromUtf8(m_short, m_length);
+    m_isLong = true;
+    m_long += text;
+    return *this;
+}
+
+LogLine::~LogLine()
+{
+    CLogManger &log = CLogManger::instance();
+    if (m_isLong)
+        log.log(m_level, CLogThread::location(m_file, m_line), m_long);
+    else
+        log.logShort(m_level, m_file, m_line, m_short, m_length);
 }
 
 LogScope::LogScope(const char *file, int line, const char *function)

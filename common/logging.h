@@ -11,8 +11,11 @@
 #pragma once
 
 #include "common/clogmanger.h"
+#include "common/clogthread.h"
 
 #include <QString>
+
+#include <cstring>
 
 enum LogLevel
 {
@@ -28,12 +31,43 @@ enum LogLevel
 // characters and line separators replaced by blanks, at most 4,096 characters.
 QString logText(const QString &text);
 
+// One entry, sent when the object ends. Its pieces never mix with those of another
+// thread. A short entry of literals takes no memory of its own.
+class LogLine
+{
+public:
+    LogLine(int level, const char *file, int line) : m_level(level), m_line(line), m_file(file) {}
+    ~LogLine();
+    LogLine(const LogLine &) = delete;
+    LogLine &operator=(const LogLine &) = delete;
+
+    LogLine &operator<<(const char *utf8)
+    {
+        const auto length = int(std::strlen(utf8));
+        if (m_isLong || length > CLogThread::ShortText - m_length)
+            return appendLong(QString::fromUtf8(utf8));
+        std::memcpy(m_short + m_length, utf8, size_t(length));
+        m_length += length;
+        return *this;
+    }
+    LogLine &operator<<(const QString &text) { return appendLong(text); }
+
+private:
+    LogLine &appendLong(const QString &text);
+
+    const int m_level;
+    const int m_line;
+    const char *const m_file;
+    int m_length = 0; // of what is in m_short
+    bool m_isLong = false;
+    QString m_long; // everything, once it does not fit
+    char m_short[CLogThread::ShortText];
+};
+
 #define LOG_LINE(lineLevel, pieces)                                                                \
     do {                                                                                           \
-        CLogManger &logLineManager = CLogManger::instance();                                       \
-        logLineManager.level = (lineLevel);                                                        \
-        logLineManager.setLocation(__FILE__, __LINE__);                                            \
-        logLineManager << pieces << "\n";                                                          \
+        LogLine logLine((lineLevel), __FILE__, __LINE__);                                          \
+        logLine << pieces;                                                                         \
     } while (false)
 
 #define LOG_DEBUG(pieces) LOG_LINE(LogDebug, pieces)

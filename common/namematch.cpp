@@ -48,15 +48,15 @@ bool isBetweenSyllables(QChar typed)
 
 // ü is V in the syllables. Who types knows it as v, as ü (u by now), and in üe,
 // where the syllable has U, as v again.
-bool sameLetter(QLatin1String syllable, int at, QChar typed)
+bool sameLetter(QStringView syllable, int at, QChar typed)
 {
-    const QChar letter = QChar(syllable.at(at)).toLower();
+    const QChar letter = syllable.at(at).toLower();
     if (letter == typed)
         return true;
     if (letter == QLatin1Char('v'))
         return typed == QLatin1Char('u');
     return typed == QLatin1Char('v') && letter == QLatin1Char('u') && at == 1 &&
-           (syllable == QLatin1String("LUE") || syllable == QLatin1String("NUE"));
+           (syllable == u"LUE" || syllable == u"NUE");
 }
 
 // The typed text and the places in it that can be reached: bit i of a set says
@@ -83,7 +83,7 @@ public:
     // The places after one more character of the name.
     Places after(QChar character, Kind kind, Places from)
     {
-        const QLatin1String syllable = CChCharacterToPP::syllable(character);
+        const QStringView syllable = CChCharacterToPP::syllable(character);
         Places to = 0;
         for (int i = 0; i < m_text.size(); ++i) {
             if (!has(from, i))
@@ -111,7 +111,7 @@ private:
 
     // A syllable may stop after its initial, which is two letters in zh, ch and
     // sh, and anywhere where the typed text ends.
-    void addSpelled(QLatin1String syllable, int from, Places *places)
+    void addSpelled(QStringView syllable, int from, Places *places)
     {
         int letters = 0;
         while (letters < syllable.size() && from + letters < m_text.size() &&

@@ -136,3 +136,22 @@ UserSettings loadUserSettings(const QString &userId, const QDate &today)
         file.save();
     return result;
 }
+
+namespace {
+UserSettings &current()
+{
+    static auto *loaded = new UserSettings;
+    return *loaded;
+}
+} // namespace
+
+const UserSettings &userSettings()
+{
+    return current();
+}
+
+void reloadUserSettings()
+{
+    if (!ctx().userId().isEmpty())
+        current() = loadUserSettings();
+}

@@ -52,3 +52,8 @@ struct UserSettings
 // 14 once, and a privacy setting that is empty becomes "1". Call on the GUI thread.
 UserSettings loadUserSettings(const QString &userId = ctx().userId(),
                               const QDate &today = QDate::currentDate());
+
+// What was loaded last; defaults before the first load.
+const UserSettings &userSettings();
+// Loads for the user that the context names, if there is one.
+void reloadUserSettings();

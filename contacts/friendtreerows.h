@@ -47,6 +47,12 @@ struct FriendTreeContact
         data.mobile = mobile;
         return data;
     }
+    // An unknown value stays other than zero, which means offline.
+    void setPresence(const PresenceData &data)
+    {
+        pcShow = qint8(qBound(-128, int(data.pcShow), 127));
+        mobile = qint8(qBound(-128, int(data.mobile), 127));
+    }
 };
 
 struct FriendTreeGroup

@@ -77,11 +77,11 @@ bool addSimpleName(const QString &name, LetterBuffer *letters)
             letters->add(character.unicode());
             continue;
         }
-        const QLatin1String syllable = CChCharacterToPP::syllable(character);
+        const QStringView syllable = CChCharacterToPP::syllable(character);
         if (syllable.isEmpty())
             return false;
         for (int i = 0; i < syllable.size() && !letters->isFull(); ++i)
-            letters->add(char16_t(syllable.at(i).unicode()));
+            letters->add(syllable.at(i).unicode());
     }
     return true;
 }

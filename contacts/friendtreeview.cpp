@@ -248,6 +248,7 @@ void FriendTreeView::focusInEvent(QFocusEvent *event)
 void FriendTreeView::focusOutEvent(QFocusEvent *event)
 {
     QTreeView::focusOutEvent(event);
+    m_finder->clear();
     m_labels->showStates();
 }
 

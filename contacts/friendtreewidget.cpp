@@ -34,23 +34,10 @@ FriendTreeWidget::FriendTreeWidget(QWidget *parent)
       m_pages(new QStackedLayout(this))
 {
     setObjectName(QStringLiteral("FriendTreeWidget"));
-    const auto addPage = [this](const char *key, const char *picture, const char *button) {
-        auto *page = new StatePage(key, QString::fromLatin1(picture), button, this);
-        page->setObjectName(QLatin1String(key));
-        m_pages->addWidget(page);
-        return page;
-    };
-    addPage("friendsLoading", "Resources/images/SearchFriend/qora_Loading.gif", nullptr);
     m_pages->addWidget(m_view);
-    StatePage *empty =
-        addPage("friendsEmpty", "Resources/images/contacts/empty_list.png", "newgroup");
-    StatePage *failed =
-        addPage("friendsFailed", "Resources/images/icon/ic_lion_load_failure.png", "retry");
     followSkin(this);
     setAutoFillBackground(true);
 
-    connect(empty, &StatePage::buttonClicked, m_view->commands(), &FriendCommands::createGroup);
-    connect(failed, &StatePage::buttonClicked, this, &FriendTreeWidget::retry);
     connect(m_view, &FriendTreeView::signal_isexpand, this,
             &FriendTreeWidget::slot_setgroupexpandlist);
     connect(m_view, &FriendTreeView::signal_expandContact, this,
@@ -113,10 +100,39 @@ void FriendTreeWidget::loadFromContext()
 
 void FriendTreeWidget::showState()
 {
-    State state = Tree;
-    if (m_model->rowCount() == 0)
-        state = m_failed ? Failed : m_groupsArrived ? Empty : Loading;
-    m_pages->setCurrentIndex(state);
+    if (m_model->rowCount() > 0)
+        m_pages->setCurrentWidget(m_view);
+    else if (m_failed)
+        m_pages->setCurrentWidget(statePage(m_failedPage, "friendsFailed",
+                                            "Resources/images/icon/ic_lion_load_failure.png",
+                                            "retry", &FriendTreeWidget::retry));
+    else if (m_groupsArrived)
+        m_pages->setCurrentWidget(statePage(m_emptyPage, "friendsEmpty",
+                                            "Resources/images/contacts/empty_list.png", "newgroup",
+                                            &FriendTreeWidget::createGroup));
+    else
+        m_pages->setCurrentWidget(statePage(m_loadingPage, "friendsLoading",
+                                            "Resources/images/SearchFriend/qora_Loading.gif",
+                                            nullptr, nullptr));
+}
+
+// Made when it is first needed: most users never see any of them.
+StatePage *FriendTreeWidget::statePage(StatePage *&page, const char *key, const char *picture,
+                                       const char *button, void (FriendTreeWidget::*action)())
+{
+    if (!page) {
+        page = new StatePage(key, QString::fromLatin1(picture), button, this);
+        page->setObjectName(QLatin1String(key));
+        m_pages->addWidget(page);
+        if (action)
+            connect(page, &StatePage::buttonClicked, this, action);
+    }
+    return page;
+}
+
+void FriendTreeWidget::createGroup()
+{
+    m_view->commands()->createGroup();
 }
 
 void FriendTreeWidget::fail()

@@ -12,6 +12,7 @@ class FriendTreeModel;
 class FriendTreeView;
 class GroupExpansion;
 class QStackedLayout;
+class StatePage;
 
 class FriendTreeWidget : public QWidget
 {
@@ -65,18 +66,13 @@ public slots:
     void slot_doalloffline();
 
 private:
-    enum State
-    {
-        Loading,
-        Tree,
-        Empty,
-        Failed
-    };
-
     void connectHub();
     // What the host already knows is shown at once; events complete it.
     void loadFromContext();
     void showState();
+    StatePage *statePage(StatePage *&page, const char *key, const char *picture, const char *button,
+                         void (FriendTreeWidget::*action)());
+    void createGroup();
     void fail();
     void retry();
     void tellGroupFailure(const QString &text);
@@ -85,6 +81,9 @@ private:
     FriendTreeView *m_view;
     GroupExpansion *m_expansion;
     QStackedLayout *m_pages;
+    StatePage *m_loadingPage = nullptr;
+    StatePage *m_emptyPage = nullptr;
+    StatePage *m_failedPage = nullptr;
     bool m_groupsArrived = false;
     bool m_failed = false;
     int m_groupRetries = 0;

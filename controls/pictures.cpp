@@ -4,7 +4,7 @@
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QIcon>
+#include <QImage>
 #include <QPainter>
 #include <QPixmapCache>
 #include <QtMath>
@@ -30,16 +30,16 @@ QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio, con
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
 
-    // The icon engine picks the @2x file by itself.
-    const QIcon icon(resourcePath(relativePath));
+    const QString file = resourcePath(relativePath);
+    const int dot = file.lastIndexOf(QLatin1Char('.'));
+    const QString twice = file.left(dot) + QStringLiteral("@2x") + file.mid(dot);
     const int pixels = qCeil(size * pixelRatio);
-    QPixmap source = icon.pixmap(QSize(pixels, pixels));
-    source.setDevicePixelRatio(1);
+    const QImage source(pixelRatio > 1 && QFile::exists(twice) ? twice : file);
     pixmap = QPixmap(pixels, pixels);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::SmoothPixmapTransform);
-    painter.drawPixmap(pixmap.rect(), source);
+    painter.drawImage(pixmap.rect(), source);
     if (tint.isValid()) {
         painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter.fillRect(pixmap.rect(), tint);

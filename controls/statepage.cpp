@@ -4,8 +4,8 @@
 #include "controls/skin.h"
 
 #include <QEvent>
-#include <QIcon>
 #include <QLabel>
+#include <QMovie>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -23,8 +23,13 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     layout->addStretch(2);
     if (!picture.isEmpty()) {
         auto *image = new QLabel(this);
-        image->setPixmap(QIcon(resourcePath(picture)).pixmap(PictureSize, PictureSize));
         image->setAlignment(Qt::AlignCenter);
+        if (picture.endsWith(QLatin1String(".gif"))) {
+            m_movie = new QMovie(resourcePath(picture), QByteArray(), this);
+            image->setMovie(m_movie);
+        } else {
+            image->setPixmap(loadPicture(picture, PictureSize, devicePixelRatioF()));
+        }
         layout->addWidget(image);
     }
     m_text->setTextFormat(Qt::PlainText);
@@ -42,6 +47,20 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     }
     layout->addStretch(3);
     retranslate();
+}
+
+void StatePage::showEvent(QShowEvent *event)
+{
+    if (m_movie)
+        m_movie->start();
+    QWidget::showEvent(event);
+}
+
+void StatePage::hideEvent(QHideEvent *event)
+{
+    if (m_movie)
+        m_movie->stop();
+    QWidget::hideEvent(event);
 }
 
 void StatePage::changeEvent(QEvent *event)

@@ -5,6 +5,7 @@
 #include <QWidget>
 
 class QLabel;
+class QMovie;
 class QPushButton;
 
 class StatePage : public QWidget
@@ -22,6 +23,8 @@ signals:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
 
 private:
     void retranslate();
@@ -30,4 +33,5 @@ private:
     const char *m_buttonKey;
     QLabel *m_text;
     QPushButton *m_button = nullptr;
+    QMovie *m_movie = nullptr; // of an animated picture; runs while it is seen
 };

@@ -5,6 +5,7 @@
 #include "contacts/assembly.h"
 #include "hostapi/eventcodes.h"
 #include "plugin/frienduimessageprocess.h"
+#include "plugin/frienduisignalsender.h"
 
 FriendUIPlugin::FriendUIPlugin()
 {
@@ -56,4 +57,10 @@ QVariantList FriendUIPlugin::exportedItems(quintptr, quintptr)
 void FriendUIPlugin::setApplicationContext(ApplicationContext *context)
 {
     setHostContext(context);
+    reloadUserSettings();
+    static const QMetaObject::Connection atLogin = [] {
+        const FriendUISignalSender *hub = FriendUISignalSender::instance();
+        return QObject::connect(hub, &FriendUISignalSender::signal_login, hub, &reloadUserSettings);
+    }();
+    Q_UNUSED(atLogin)
 }

@@ -53,10 +53,17 @@ IGNORABLE = [
 # Private-use units whose GBK bytes lie outside the GB2312 square; all others
 # lie inside, where no character is.
 PRIVATE_OUTSIDE = [(0xE4C6, 0xE765), (0xE7BC, 0xE7C6), (0xE7E2, 0xE7FD), (0xE815, 0xE864)]
-# Units encoded in a single byte above 127.
+# Units encoded in a single byte above 127: the bytes that follow pair up otherwise
+# than the characters do, so that only the codec can tell.
 SINGLE_BYTES = {0x20AC, 0xF8F5}
 
-NOTHING, QUESTION_MARK, SINGLE_BYTE, SURROGATE, FIRST_SYLLABLE = range(5)
+# An entry of the table is the row of the text, and the text's length. The first
+# rows are ASCII.
+LENGTH_SHIFT = 10
+FIRST_SYLLABLE = 128
+NOTHING = 0
+QUESTION_MARK = ord("?") | 1 << LENGTH_SHIFT
+BY_CODEC = 0x8000
 BLOCK = 64
 
 
@@ -195,10 +202,10 @@ def within(unit, spans):
 
 def unit_class(unit):
     """For a unit that is no GB2312 character of rows 16 to 87."""
-    if unit in SINGLE_BYTES:
-        return SINGLE_BYTE
-    if 0xD800 <= unit < 0xE000:
-        return SURROGATE
+    if unit < 128:
+        return unit | 1 << LENGTH_SHIFT
+    if unit in SINGLE_BYTES or 0xD800 <= unit < 0xE000:
+        return BY_CODEC
     if 0xE000 <= unit < 0xF900:
         return NOTHING if within(unit, PRIVATE_OUTSIDE) else QUESTION_MARK
     if within(unit, IGNORABLE):
@@ -212,10 +219,11 @@ def unit_class(unit):
 
 
 def build_units(ranges, exceptions, syllables):
-    index = {syllable: FIRST_SYLLABLE + i for i, syllable in enumerate(syllables)}
-    units = [unit_class(unit) if unit >= 128 else NOTHING for unit in range(0x10000)]
+    row = {syllable: FIRST_SYLLABLE + i for i, syllable in enumerate(syllables)}
+    units = [unit_class(unit) for unit in range(0x10000)]
     for number, character in gb2312(16, 87):
-        units[ord(character)] = index[exceptions.get(number) or ranges[number]]
+        syllable = exceptions.get(number) or ranges[number]
+        units[ord(character)] = row[syllable] | len(syllable) << LENGTH_SHIFT
     return units
 
 
@@ -236,16 +244,21 @@ def table_text(units, syllables, version):
         "// The readings are derived from Unicode data, modified: docs/licenses/unicode-data.md.",
         "",
         f"constexpr int BlockSize = {BLOCK};",
+        f"constexpr int LengthShift = {LENGTH_SHIFT};",
+        f"constexpr int FirstSyllable = {FIRST_SYLLABLE};",
+        f"constexpr int ByCodec = 0x{BY_CODEC:x};",
         "",
-        "constexpr SyllableText syllables[] = {",
+        "constexpr const char *syllables[] = {",
         *rows_of(quoted, 10),
         "};",
         "",
-        "// The block of each run of BlockSize units.",
+        "// The block of each run of BlockSize UTF-16 units.",
         "constexpr quint16 blockOf[] = {",
         *rows_of(starts, 20),
         "};",
         "",
+        "// For each unit of a block: the row of its text (that of the first syllable is",
+        "// FirstSyllable), from LengthShift on the length of the text; or ByCodec.",
         "constexpr quint16 units[] = {",
         *itertools.chain.from_iterable(rows_of(block, 16) for block in blocks),
         "};",

@@ -9,7 +9,10 @@
 
 namespace {
 
-int groupNumber(const FriendData &contact) { return contact.groupId.mid(1).toInt(); }
+int groupNumber(const FriendData &contact)
+{
+    return contact.groupId.mid(1).toInt();
+}
 
 QString sortKey(const QString &name, bool online)
 {
@@ -105,7 +108,10 @@ void StockTree::fill(const QList<FriendData> &contacts)
     }
 }
 
-void StockTree::sort() { model.sort(0); }
+void StockTree::sort()
+{
+    model.sort(0);
+}
 
 void StockTree::setPresence(const QString &jid, const PresenceData &presence)
 {

@@ -8,7 +8,7 @@
 #include <QSqlError>
 
 namespace {
-constexpr int BusyTimeout = 5000; // ms
+constexpr int BusyTimeout = 1000; // ms; the window stands still while it waits
 
 const char Integrity[] = "PRAGMA quick_check(1)";
 const char SetUp[] = "PRAGMA journal_mode=WAL";
@@ -23,6 +23,15 @@ QString atomicNumber()
 {
     static int number = 0;
     return QString::number(++number);
+}
+
+// The columns take no NULL, which a null string would be.
+void bindAll(QSqlQuery *query, const QVariantList &values)
+{
+    for (const QVariant &value : values) {
+        const bool isNullText = value.type() == QVariant::String && value.toString().isNull();
+        query->addBindValue(isNullText ? QVariant(QString::fromLatin1("")) : value);
+    }
 }
 
 bool isDamage(const QSqlError &error)
@@ -154,9 +163,11 @@ CoreStore::Outcome CoreStore::tryOpen(QString *problem)
         return isDamage(query.lastError()) ? Damaged : Refused;
     if (query.value(0).toString() != QLatin1String("ok"))
         return Damaged;
-    if (failed(SetUp) || failed(FasterSync))
-        return isDamage(query.lastError()) ? Damaged : Refused;
-    return prepareSchema(problem);
+    const Outcome outcome = prepareSchema(problem);
+    // Last, because it writes: a file that cannot serve stays as it is.
+    if (outcome == Usable && (failed(SetUp) || failed(FasterSync)))
+        return Refused;
+    return outcome;
 }
 
 CoreStore::Outcome CoreStore::prepareSchema(QString *problem)
@@ -240,16 +251,14 @@ bool CoreStore::run(QSqlQuery *query) const
 bool CoreStore::run(const QString &statement, const QVariantList &values) const
 {
     QSqlQuery query = prepared(statement);
-    for (const QVariant &value : values)
-        query.addBindValue(value);
+    bindAll(&query, values);
     return run(&query);
 }
 
 QVariant CoreStore::value(const QString &statement, const QVariantList &values) const
 {
     QSqlQuery query = prepared(statement);
-    for (const QVariant &bound : values)
-        query.addBindValue(bound);
+    bindAll(&query, values);
     QVariant result;
     if (run(&query) && query.next())
         result = query.value(0);

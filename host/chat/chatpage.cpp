@@ -1,0 +1,194 @@
+#include "host/chat/chatpage.h"
+
+#include "host/chat/chatview.h"
+#include "host/messagingcore.h"
+#include "host/presencewords.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace {
+
+constexpr int HistoryLength = 200;
+constexpr int MaximumMessage = 5000;
+
+QFrame *line(QWidget *parent)
+{
+    auto *frame = new QFrame(parent);
+    frame->setFrameShape(QFrame::HLine);
+    frame->setFrameShadow(QFrame::Plain);
+    frame->setForegroundRole(QPalette::Mid);
+    frame->setFixedHeight(1);
+    return frame;
+}
+
+} // namespace
+
+ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind kind, QWidget *parent)
+    : QWidget(parent),
+      m_core(core),
+      m_jid(jid),
+      m_kind(kind),
+      m_title(new QLabel(this)),
+      m_state(new QLabel(this)),
+      m_view(new ChatView(this)),
+      m_input(new QPlainTextEdit(this)),
+      m_send(new QPushButton(this))
+{
+    setObjectName(QStringLiteral("chatPage"));
+    setAutoFillBackground(true);
+    setBackgroundRole(QPalette::Base);
+    for (QLabel *label : {m_title, m_state})
+        label->setTextFormat(Qt::PlainText);
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.2);
+    large.setBold(true);
+    m_title->setFont(large);
+    m_state->setForegroundRole(QPalette::PlaceholderText);
+    m_input->setObjectName(QStringLiteral("chatInput"));
+    m_input->setFrameShape(QFrame::NoFrame);
+    m_input->setFixedHeight(fontMetrics().height() * 4 + 16);
+    m_input->installEventFilter(this);
+    m_send->setObjectName(QStringLiteral("chatSend"));
+
+    auto *head = new QHBoxLayout;
+    head->setContentsMargins(14, 10, 14, 10);
+    head->setSpacing(10);
+    head->addWidget(m_title);
+    head->addWidget(m_state, 1);
+    auto *foot = new QHBoxLayout;
+    foot->setContentsMargins(10, 6, 14, 12);
+    foot->addWidget(m_input, 1);
+    foot->addWidget(m_send, 0, Qt::AlignBottom);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(head);
+    layout->addWidget(line(this));
+    layout->addWidget(m_view, 1);
+    layout->addWidget(line(this));
+    layout->addLayout(foot);
+
+    connect(m_send, &QPushButton::clicked, this, &ChatPage::send);
+    connect(m_core, &MessagingCore::presenceChanged, this,
+            [this](const QMap<QString, PresenceData> &changed) {
+                if (changed.contains(m_jid))
+                    showState();
+            });
+    connect(m_core, &MessagingCore::connectionChanged, this, &ChatPage::showState);
+    connect(m_core, &MessagingCore::remarkChanged, this, [this] { retranslate(); });
+    retranslate();
+    loadHistory();
+}
+
+QString ChatPage::nameOf(const MessagingCore &core, const QString &jid)
+{
+    FriendData contact;
+    if (core.contact(jid, &contact)) {
+        if (!contact.remark.isEmpty())
+            return contact.remark;
+        if (!contact.nickName.isEmpty())
+            return contact.nickName;
+    }
+    MucData room;
+    if (core.room(jid, &room) && !room.roomName.isEmpty())
+        return room.roomName;
+    VcardInfo profile;
+    if (core.profile(jid, &profile) && !profile.userName.isEmpty())
+        return profile.userName;
+    const QString user = jid.section(QLatin1Char('@'), 0, 0);
+    return user.isEmpty() ? jid : user;
+}
+
+QString ChatPage::title() const
+{
+    const QString name = nameOf(*m_core, m_jid).simplified().left(64);
+    return name.isEmpty() ? QStringLiteral("?") : name;
+}
+
+void ChatPage::loadHistory()
+{
+    const QList<MessageData> messages = m_core->messages(m_jid, HistoryLength);
+    for (const MessageData &message : messages)
+        addMessage(message);
+}
+
+void ChatPage::addMessage(const MessageData &message)
+{
+    const bool isOwn = message.fromJid == m_core->ownJid();
+    m_view->addMessage(message, nameOf(*m_core, message.fromJid), isOwn);
+}
+
+void ChatPage::addNote(const QString &text)
+{
+    m_view->addNote(text);
+}
+
+void ChatPage::focusInput()
+{
+    m_input->setFocus(Qt::OtherFocusReason);
+}
+
+void ChatPage::send()
+{
+    const QString text = m_input->toPlainText().trimmed();
+    if (text.isEmpty())
+        return;
+    if (text.size() > MaximumMessage) {
+        addNote(tr("A message holds at most %1 characters.").arg(MaximumMessage));
+        return;
+    }
+    m_input->clear();
+    m_core->sendMessage(m_jid, m_kind, text);
+}
+
+bool ChatPage::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_input && event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        const bool isEnter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
+        if (isEnter && !(key->modifiers() & (Qt::ShiftModifier | Qt::ControlModifier))) {
+            send();
+            return true;
+        }
+        if (isEnter && key->modifiers() & Qt::ControlModifier) {
+            m_input->insertPlainText(QStringLiteral("\n"));
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+void ChatPage::showState()
+{
+    QString text;
+    if (!m_core->isConnected())
+        text = tr("no connection");
+    else if (m_kind == MessageData::Person)
+        text = PresenceWords::of(m_core->presence(m_jid));
+    else if (m_kind == MessageData::Room)
+        text = tr("%1 members").arg(m_core->roomMembers(m_jid).size());
+    m_state->setText(text);
+}
+
+void ChatPage::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        retranslate();
+    QWidget::changeEvent(event);
+}
+
+void ChatPage::retranslate()
+{
+    m_title->setText(title());
+    m_input->setPlaceholderText(tr("Message; Enter sends, Shift+Enter begins a line"));
+    m_view->setPlaceholderText(tr("No messages yet"));
+    m_send->setText(tr("Send"));
+    showState();
+}

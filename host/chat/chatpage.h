@@ -1,0 +1,50 @@
+// A plain chat with one person, room, service number or channel.
+#pragma once
+
+#include "hostapi/roomrecords.h"
+
+#include <QWidget>
+
+class ChatView;
+class MessagingCore;
+class QLabel;
+class QPlainTextEdit;
+class QPushButton;
+
+class ChatPage : public QWidget
+{
+    Q_OBJECT
+
+public:
+    // The core is not owned. Its newest messages of the conversation are shown.
+    ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind kind,
+             QWidget *parent = nullptr);
+
+    QString jid() const { return m_jid; }
+    QString title() const; // never empty
+    void addMessage(const MessageData &message);
+    void addNote(const QString &text);
+    void focusInput();
+
+    // What to call somebody: remark, nick name, else the jid's user part.
+    static QString nameOf(const MessagingCore &core, const QString &jid);
+
+protected:
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void send();
+    void loadHistory();
+    void retranslate();
+    void showState();
+
+    MessagingCore *m_core;
+    const QString m_jid;
+    const MessageData::Kind m_kind;
+    QLabel *m_title;
+    QLabel *m_state;
+    ChatView *m_view;
+    QPlainTextEdit *m_input;
+    QPushButton *m_send;
+};

@@ -1,0 +1,74 @@
+#include "host/chat/chatview.h"
+
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+
+namespace {
+constexpr int MaximumBlocks = 4000;
+constexpr int MaximumBody = 20000; // characters of one message that are shown
+} // namespace
+
+ChatView::ChatView(QWidget *parent) : QTextEdit(parent)
+{
+    setReadOnly(true);
+    setAcceptRichText(false);
+    setUndoRedoEnabled(false);
+    setFrameShape(QFrame::NoFrame);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    document()->setMaximumBlockCount(MaximumBlocks);
+    document()->setDocumentMargin(14);
+}
+
+bool ChatView::isAtEnd() const
+{
+    const QScrollBar *bar = verticalScrollBar();
+    return bar->value() >= bar->maximum() - 2;
+}
+
+void ChatView::keepAtEnd(bool wasAtEnd)
+{
+    if (wasAtEnd)
+        verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
+void ChatView::addLine(const QString &text, const QTextCharFormat &format, int topMargin)
+{
+    QTextCursor cursor(document());
+    cursor.movePosition(QTextCursor::End);
+    QTextBlockFormat block;
+    block.setTopMargin(topMargin);
+    if (document()->isEmpty())
+        cursor.setBlockFormat(block);
+    else
+        cursor.insertBlock(block);
+    cursor.insertText(text, format);
+}
+
+void ChatView::addMessage(const MessageData &message, const QString &sender, bool isOwn)
+{
+    const bool wasAtEnd = isAtEnd();
+    QTextCharFormat head;
+    head.setForeground(palette().color(isOwn ? QPalette::Link : QPalette::PlaceholderText));
+    head.setFontPointSize(qMax(7.0, font().pointSizeF() * 0.9));
+    // Another person's name must not break the line into a forged one.
+    addLine(sender.simplified().left(64) + QLatin1String("  ") + message.time, head, 10);
+    QTextCharFormat body;
+    body.setFontPointSize(font().pointSizeF());
+    QString shown = message.body.left(MaximumBody);
+    if (message.body.size() > MaximumBody)
+        shown += QLatin1Char(' ') + tr("(shortened)");
+    addLine(shown, body, 2);
+    keepAtEnd(wasAtEnd);
+}
+
+void ChatView::addNote(const QString &text)
+{
+    const bool wasAtEnd = isAtEnd();
+    QTextCharFormat format;
+    format.setFontItalic(true);
+    format.setForeground(palette().color(QPalette::PlaceholderText));
+    addLine(text, format, 10);
+    keepAtEnd(wasAtEnd);
+}

@@ -1,0 +1,55 @@
+#include "host/datafolder.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace {
+
+// --reset deletes: without the mark, a mistyped --data could hit a folder of the
+// user's own.
+const QString markName()
+{
+    return QStringLiteral(".friendui-host");
+}
+
+} // namespace
+
+QString dataFolder(const QString &wanted)
+{
+    return QDir(wanted.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+                                 : wanted)
+        .absolutePath();
+}
+
+bool prepareDataFolder(const QString &folder, QString *problem)
+{
+    // What people say to each other is nobody else's business.
+    if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
+        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile mark(folder + QLatin1Char('/') + markName());
+    if (QDir().mkpath(folder) && (mark.exists() || mark.open(QIODevice::WriteOnly)))
+        return true;
+    *problem = QStringLiteral("The data folder \"%1\" cannot be written.").arg(folder);
+    return false;
+}
+
+bool resetDataFolder(const QString &folder, QString *problem)
+{
+    if (!QFileInfo::exists(folder))
+        return true;
+    if (!QFileInfo::exists(folder + QLatin1Char('/') + markName())) {
+        *problem = QStringLiteral("\"%1\" is no data folder of this program; nothing was deleted.")
+                       .arg(folder);
+        return false;
+    }
+    for (const char *part : {"core", "users"}) {
+        QDir directory(folder + QLatin1Char('/') + QLatin1String(part));
+        if (directory.exists() && !directory.removeRecursively()) {
+            *problem = QStringLiteral("\"%1\" could not be deleted.").arg(directory.path());
+            return false;
+        }
+    }
+    return true;
+}

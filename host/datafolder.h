@@ -1,0 +1,16 @@
+// The folder in which the host keeps everything that lasts.
+#pragma once
+
+#include <QString>
+
+// The folder to use: `wanted`, or the platform's place for application data.
+QString dataFolder(const QString &wanted);
+
+// Makes the folder and marks it as this host's own. False with *problem set when
+// that is impossible.
+bool prepareDataFolder(const QString &folder, QString *problem);
+
+// Removes what the host and the plug-in keep in a folder that bears the mark;
+// any other folder is left alone, and false comes back with *problem set. A
+// folder that does not exist is already empty.
+bool resetDataFolder(const QString &folder, QString *problem);

@@ -1,0 +1,194 @@
+#include "host/hostapplication.h"
+
+#include "common/context.h"
+#include "common/logging.h"
+#include "host/core/embeddedcore.h"
+#include "host/core/presencesimulator.h"
+#include "host/core/vcardimport.h"
+#include "host/corenotifier.h"
+#include "host/datafolder.h"
+#include "host/eventlog.h"
+#include "host/hostbus.h"
+#include "host/hostcontext.h"
+#include "host/hostlanguage.h"
+#include "host/hostskin.h"
+#include "host/levermenu.h"
+#include "host/mainwindow.h"
+#include "host/panearea.h"
+#include "host/pluginloader.h"
+#include "host/requesttable.h"
+#include "host/windows/hostwindows.h"
+#include "host/windows/importreport.h"
+#include "hostapi/plugininterface.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+namespace {
+
+constexpr quint64 SimulationSeed = 1;
+
+void tell(const QString &text)
+{
+    std::fprintf(stderr, "friendui-host: %s\n", qPrintable(text));
+}
+
+} // namespace
+
+HostApplication::HostApplication(const HostOptions &options) : m_options(options) {}
+
+HostApplication::~HostApplication()
+{
+    // The pane goes with the window; until then everything it calls is alive.
+    m_window.reset();
+    if (m_bus)
+        m_bus->setPlugin(nullptr, QString());
+}
+
+int HostApplication::start()
+{
+    m_folder = dataFolder(m_options.dataFolder);
+    QString problem;
+    if ((m_options.reset && !resetDataFolder(m_folder, &problem)) ||
+        !prepareDataFolder(m_folder, &problem)) {
+        tell(problem);
+        return ExitCode::StorageFailed;
+    }
+    const int opened = openCore();
+    if (opened != ExitCode::Success)
+        return opened;
+
+    // Before anything else of the host or the plug-in runs: it starts the log.
+    m_context = new HostContext(m_core.get(), m_folder);
+    setHostContext(m_context);
+    LOG_INFO("the reference host starts");
+    HostSkin::setFont();
+    buildWindow();
+
+    m_pluginFile = m_options.pluginFile.isEmpty() ? defaultPluginFile() : m_options.pluginFile;
+    loadPane(m_pluginFile);
+    const int imported = m_options.importFile.isEmpty() ? ExitCode::Success : importPeople();
+    m_window->show();
+    return imported;
+}
+
+int HostApplication::openCore()
+{
+    EmbeddedCore::Options options;
+    options.folder = m_folder + QLatin1String("/core");
+    options.people = m_options.people;
+    options.sampleFriends = m_options.importFile.isEmpty();
+    m_core = std::make_unique<EmbeddedCore>(options);
+    QString problem;
+    if (!m_core->open(&problem)) {
+        tell(problem);
+        return ExitCode::StorageFailed;
+    }
+    if (!m_core->notice().isEmpty())
+        tell(m_core->notice());
+    if (m_options.offline)
+        m_core->setConnected(false);
+    m_simulator = std::make_unique<PresenceSimulator>(m_core.get(), SimulationSeed);
+    return ExitCode::Success;
+}
+
+void HostApplication::buildWindow()
+{
+    m_log = std::make_unique<EventLog>();
+    m_bus = std::make_unique<HostBus>(m_log.get());
+    m_language = std::make_unique<HostLanguage>();
+    m_language->apply(m_options.language.isEmpty() ? HostLanguage::systemLanguage()
+                                                   : m_options.language);
+    m_levers = new LeverMenu(m_core.get(), m_simulator.get());
+    m_window = std::make_unique<MainWindow>(MainWindow::Parts{
+        m_core.get(), m_context, m_bus.get(), m_log.get(), m_language.get(), m_levers});
+    m_levers->setParent(m_window.get(), m_levers->windowFlags());
+    installRequestHandlers(*m_bus, *m_core, *m_window->windows());
+    m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), &m_context->settings());
+
+    m_window->setLanguage(m_language->current());
+    m_window->setSkin(m_options.skin);
+    for (const QString &operation : m_options.failing)
+        m_levers->setFailing(operation, true);
+    for (const QString &operation : m_options.silent)
+        m_levers->setSilent(operation, true);
+    m_levers->setSimulating(m_options.simulation);
+    startWithoutRoster();
+
+    QObject::connect(m_window->paneArea(), &PaneArea::retryWanted, m_window.get(),
+                     [this] { loadPane(m_pluginFile); });
+    QObject::connect(m_window->paneArea(), &PaneArea::fileChosen, m_window.get(),
+                     [this](const QString &file) { loadPane(file); });
+    if (!m_core->notice().isEmpty())
+        m_window->showNote(m_core->notice());
+}
+
+// A group list that fails is seen only where no earlier one is shown instead.
+void HostApplication::startWithoutRoster()
+{
+    const QStringList levers = m_options.failing + m_options.silent;
+    if (!levers.contains(QLatin1String("all")) && !levers.contains(QLatin1String("RequestGroups")))
+        return;
+    m_context->setRosterKnown(false);
+    QObject::connect(m_core.get(), &MessagingCore::groupsReceived, m_window.get(),
+                     [this] { m_context->setRosterKnown(true); });
+}
+
+bool HostApplication::loadPane(const QString &file)
+{
+    m_pluginFile = file;
+    const LoadedPlugin loaded = loadPlugin(file, m_context, m_bus.get());
+    QWidget *pane = loaded.plugin ? loaded.plugin->getMainWidget(m_window.get()) : nullptr;
+    if (!pane) {
+        const QString problem =
+            loaded.plugin
+                ? QCoreApplication::translate("HostApplication", "The plug-in has no pane.")
+                : loaded.problem;
+        LOG_ERROR("plug-in " << loaded.file << ": " << problem);
+        tell(loaded.file + QLatin1String(": ") + problem);
+        m_window->paneArea()->setProblem(loaded.file, problem);
+        return false;
+    }
+    m_window->paneArea()->setPane(pane);
+    m_window->setSkin(m_window->skin());
+    m_notifier->startSession();
+    return true;
+}
+
+int HostApplication::importPeople()
+{
+    const VCardImportSummary summary = importVCardFile(m_options.importFile, m_core.get());
+    for (const QString &problem : summary.problems)
+        tell(m_options.importFile + QLatin1String(": ") + problem);
+    tell(summary.text());
+    m_window->showNote(summary.text());
+    if (!summary.problems.isEmpty()) {
+        auto *report = new ImportReport(m_options.importFile, summary.text(), summary.problems,
+                                        m_window.get());
+        QMetaObject::invokeMethod(report, &QDialog::open, Qt::QueuedConnection);
+    }
+    return summary.ok ? ExitCode::Success : ExitCode::ImportFailed;
+}
+
+bool HostApplication::hasPane() const
+{
+    return m_window && m_window->paneArea()->pane();
+}
+
+QStringList HostApplication::tourArguments() const
+{
+    QStringList arguments{QStringLiteral("--people"), QString::number(m_options.people),
+                          QStringLiteral("--plugin"), m_pluginFile,
+                          QStringLiteral("--lang"),   m_options.language,
+                          QStringLiteral("--skin"),   m_options.skin};
+    if (!m_options.importFile.isEmpty())
+        arguments += {QStringLiteral("--import"), m_options.importFile};
+    return arguments;
+}
+
+void HostApplication::shutDown()
+{
+    if (m_context)
+        m_context->shutDown();
+}

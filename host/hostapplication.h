@@ -1,0 +1,63 @@
+// Puts the reference host together: core, context, bus, window, plug-in.
+#pragma once
+
+#include "host/commandline.h"
+
+#include <memory>
+
+class CoreNotifier;
+class EmbeddedCore;
+class EventLog;
+class HostBus;
+class HostContext;
+class HostLanguage;
+class LeverMenu;
+class MainWindow;
+class PresenceSimulator;
+
+class HostApplication
+{
+public:
+    explicit HostApplication(const HostOptions &options);
+    ~HostApplication();
+    HostApplication(const HostApplication &) = delete;
+    HostApplication &operator=(const HostApplication &) = delete;
+
+    // Opens the data, makes the window and loads the plug-in. An ExitCode; on
+    // failure the reason is on the standard error.
+    int start();
+
+    // Writes the rest of the log. Called after the event loop has ended.
+    void shutDown();
+
+    MainWindow *window() const { return m_window.get(); }
+    LeverMenu *levers() const { return m_levers; }
+    EmbeddedCore *core() const { return m_core.get(); }
+    const HostOptions &options() const { return m_options; }
+    bool hasPane() const;
+
+    // For a second process that is to look the same with data of its own.
+    QStringList tourArguments() const;
+
+private:
+    int openCore();
+    void buildWindow();
+    void startWithoutRoster();
+    bool loadPane(const QString &file);
+    int importPeople();
+
+    HostOptions m_options;
+    QString m_folder;
+    QString m_pluginFile;
+    std::unique_ptr<EmbeddedCore> m_core;
+    std::unique_ptr<PresenceSimulator> m_simulator;
+    // Never deleted: the plug-in keeps the pointer until the process ends.
+    HostContext *m_context = nullptr;
+    std::unique_ptr<EventLog> m_log;
+    std::unique_ptr<HostBus> m_bus;
+    std::unique_ptr<HostLanguage> m_language;
+    std::unique_ptr<CoreNotifier> m_notifier;
+    std::unique_ptr<MainWindow> m_window;
+    LeverMenu *m_levers = nullptr;
+    bool m_sessionStarted = false;
+};

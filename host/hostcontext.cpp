@@ -1,0 +1,146 @@
+#include "host/hostcontext.h"
+
+#include "common/clogthread.h"
+#include "common/logfilewriter.h"
+#include "host/conversationstore.h"
+#include "host/messagingcore.h"
+
+#include <QDeadlineTimer>
+#include <QDir>
+#include <QFileInfo>
+
+HostContext::HostContext(MessagingCore *core, const QString &dataFolder)
+    : m_core(core), m_dataFolder(QDir(dataFolder).absolutePath())
+{
+    QDir().mkpath(m_dataFolder + QLatin1String("/logs"));
+    startLog();
+    const QString folder = userFolder();
+    QDir().mkpath(folder);
+    m_conversations.reset(new ConversationStore(folder + QLatin1String("/localData.db")));
+}
+
+HostContext::~HostContext() = default;
+
+void HostContext::startLog()
+{
+    m_logFile = m_dataFolder + QLatin1String("/logs/friendui.log");
+    m_writer = new LogFileWriter(m_logFile);
+    m_thread = new CLogThread;
+    m_thread->setWriter(m_writer);
+    m_thread->start(QThread::LowPriority);
+}
+
+void HostContext::shutDown()
+{
+    if (!m_thread->isRunning())
+        return;
+    const QDeadlineTimer deadline(3000);
+    while (!m_thread->isDrained() && !deadline.hasExpired())
+        QThread::msleep(2);
+    // The loop looks at the flag when an entry wakes it.
+    m_thread->stop();
+    m_thread->enqueue(3, QStringLiteral("hostcontext.cpp:0"),
+                      QStringLiteral("the log ends with the host"));
+    m_thread->wait(qMax(qint64(100), deadline.remainingTime()));
+}
+
+void HostContext::setSessionTop(const QString &jid, bool top)
+{
+    m_conversations->setTop(jid, top);
+}
+
+LogFileWriter *HostContext::logWriter() const
+{
+    return m_writer;
+}
+CLogThread *HostContext::logThread() const
+{
+    return m_thread;
+}
+QString HostContext::userId() const
+{
+    return m_core->ownUid();
+}
+QString HostContext::serverDomain() const
+{
+    return m_core->serverDomain();
+}
+QString HostContext::companyCode() const
+{
+    return m_core->companyCode();
+}
+bool HostContext::vcard(const QString &jid, VcardInfo *out) const
+{
+    return m_core->profile(jid, out);
+}
+QString HostContext::userBaseFolder() const
+{
+    return m_dataFolder + QLatin1String("/users");
+}
+QSqlDatabase HostContext::userDatabase() const
+{
+    return m_conversations->database();
+}
+void HostContext::setAllUsersDatabase(const QSqlDatabase &database)
+{
+    m_allUsers = database;
+}
+CServerSettings *HostContext::serverSettings() const
+{
+    return &m_settings;
+}
+QList<GroupData> HostContext::groups(bool inner) const
+{
+    return m_rosterKnown ? m_core->groups(inner) : QList<GroupData>();
+}
+QList<FriendData> HostContext::friends() const
+{
+    return m_rosterKnown ? m_core->contacts() : QList<FriendData>();
+}
+bool HostContext::friendData(const QString &jid, FriendData *out) const
+{
+    return m_core->contact(jid, out);
+}
+PresenceData HostContext::presence(const QString &jid) const
+{
+    return m_core->presence(jid);
+}
+bool HostContext::cooperates(const QString &jid, bool *value) const
+{
+    return m_core->cooperates(jid, value);
+}
+bool HostContext::mucData(const QString &jid, MucData *out) const
+{
+    return m_core->room(jid, out);
+}
+int HostContext::mucRole(const QString &jid) const
+{
+    return m_core->roomRole(jid);
+}
+bool HostContext::isSessionTop(const QString &jid) const
+{
+    return m_conversations->isTop(jid);
+}
+int HostContext::sessionNotify(const QString &jid) const
+{
+    return m_conversations->isMuted(jid) ? 1 : 0;
+}
+
+QString HostContext::headPath(const QString &jidOrPhoto) const
+{
+    FriendData contact;
+    if (m_core->contact(jidOrPhoto, &contact))
+        return contact.headPath;
+    // A bare picture name belongs to the data folder's pictures and to nothing
+    // outside of them.
+    const QString name = QFileInfo(jidOrPhoto).fileName();
+    if (name.isEmpty() || name != jidOrPhoto)
+        return QString();
+    const QString path = m_dataFolder + QLatin1String("/heads/") + name;
+    return QFileInfo(path).isFile() ? path : QString();
+}
+
+SysUIData HostContext::skin() const
+{
+    return m_skin;
+}

@@ -1,0 +1,80 @@
+// The context that the reference host hands to the plug-in: identity, folders,
+// roster and rooms from the messaging core; skin, log and server settings of its
+// own.
+//
+// It also owns the log: started by the constructor, so that nothing the plug-in
+// writes is lost, and ended by shutDown(). Writer and thread are never deleted,
+// because the plug-in may still log while the process ends.
+#pragma once
+
+#include "common/cserversettings.h"
+#include "hostapi/applicationcontext.h"
+
+#include <QHash>
+#include <QSet>
+
+class ConversationStore;
+class MessagingCore;
+
+class HostContext : public ApplicationContext
+{
+public:
+    // `dataFolder` is created when missing and holds users/, logs/. The core is
+    // not owned and outlives the context.
+    HostContext(MessagingCore *core, const QString &dataFolder);
+    ~HostContext() override;
+    HostContext(const HostContext &) = delete;
+    HostContext &operator=(const HostContext &) = delete;
+
+    // Writes what is still queued, then ends the log thread; at most 3 seconds.
+    void shutDown();
+
+    QString logFile() const { return m_logFile; }
+    CServerSettings &settings() { return m_settings; }
+    void setSkin(const SysUIData &skin) { m_skin = skin; }
+    void setSessionTop(const QString &jid, bool top);
+    // False: answers as a client does at its first log-in, before the server has
+    // delivered groups and contacts. True at first.
+    void setRosterKnown(bool known) { m_rosterKnown = known; }
+
+    LogFileWriter *logWriter() const override;
+    CLogThread *logThread() const override;
+
+    QString userId() const override;
+    QString serverDomain() const override;
+    QString companyCode() const override;
+    bool vcard(const QString &jid, VcardInfo *out) const override;
+
+    QString userBaseFolder() const override;
+    QSqlDatabase userDatabase() const override;
+    void setAllUsersDatabase(const QSqlDatabase &database) override;
+    CServerSettings *serverSettings() const override;
+
+    QList<GroupData> groups(bool inner) const override;
+    QList<FriendData> friends() const override;
+    bool friendData(const QString &jid, FriendData *out) const override;
+    PresenceData presence(const QString &jid) const override;
+    bool cooperates(const QString &jid, bool *value) const override;
+
+    bool mucData(const QString &jid, MucData *out) const override;
+    int mucRole(const QString &jid) const override;
+    bool isSessionTop(const QString &jid) const override;
+    int sessionNotify(const QString &jid) const override;
+
+    QString headPath(const QString &jidOrPhoto) const override;
+    SysUIData skin() const override;
+
+private:
+    void startLog();
+
+    MessagingCore *m_core;
+    QString m_dataFolder;
+    QString m_logFile;
+    LogFileWriter *m_writer = nullptr;
+    CLogThread *m_thread = nullptr;
+    mutable CServerSettings m_settings;
+    mutable QScopedPointer<ConversationStore> m_conversations;
+    QSqlDatabase m_allUsers;
+    SysUIData m_skin;
+    bool m_rosterKnown = true;
+};

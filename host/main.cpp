@@ -1,0 +1,89 @@
+// friendui-host: a window around the contacts plug-in, with a messaging core that
+// needs no server.
+#include "host/commandline.h"
+#include "host/hostapplication.h"
+#include "host/levermenu.h"
+#include "host/tour/tour.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include <cstdio>
+#include <vector>
+
+namespace {
+
+int refuseOrShow(const CommandLineResult &commandLine)
+{
+    const bool refused = commandLine.action == CommandLineResult::Refuse;
+    std::fprintf(refused ? stderr : stdout, "%s", qPrintable(commandLine.text));
+    return refused ? ExitCode::BadArguments : ExitCode::Success;
+}
+
+// A tour starts from nothing, always looks the same, and leaves the user's own
+// data alone.
+void prepareTour(HostOptions *options, const QTemporaryDir &folder)
+{
+    if (options->dataFolder.isEmpty())
+        options->dataFolder = folder.path();
+    if (options->language.isEmpty())
+        options->language = QStringLiteral("zh_CN");
+    options->simulation = false;
+}
+
+int run(QApplication &application, HostOptions options)
+{
+    const bool isTour = !options.tourFolder.isEmpty();
+    const QTemporaryDir tourData;
+    if (isTour)
+        prepareTour(&options, tourData);
+    HostApplication host(options);
+    int code = host.start();
+    if (code == ExitCode::Success)
+        code = isTour ? runTour(host) : application.exec();
+    host.shutDown();
+    return code;
+}
+
+// Judged before a display is needed, so that --help and a mistake are told where
+// there is none.
+CommandLineResult judge(const QStringList &arguments)
+{
+    QByteArray name = arguments.constFirst().toLocal8Bit();
+    char *argv[] = {name.data(), nullptr};
+    int argc = 1;
+    const QCoreApplication application(argc, argv);
+    return parseCommandLine(arguments, LeverMenu::operationNames());
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication::setApplicationName(QStringLiteral("friendui-host"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(FRIENDUI_VERSION));
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const SplitArguments split = splitArguments(arguments);
+    const CommandLineResult commandLine = judge(split.own);
+    if (commandLine.action != CommandLineResult::Run)
+        return refuseOrShow(commandLine);
+    if (!commandLine.options.tourFolder.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+
+    // The toolkit keeps the pointers as long as it lives.
+    std::vector<QByteArray> texts;
+    for (const QString &argument : split.toolkit)
+        texts.push_back(argument.toLocal8Bit());
+    std::vector<char *> pointers;
+    for (QByteArray &text : texts)
+        pointers.push_back(text.data());
+    int count = int(pointers.size());
+    pointers.push_back(nullptr);
+
+    QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    QApplication application(count, pointers.data());
+    return run(application, commandLine.options);
+}

@@ -1,0 +1,209 @@
+#include "host/tour/tourdriver.h"
+
+#include "host/hostapplication.h"
+#include "host/mainwindow.h"
+#include "host/tour/tourstage.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QPainter>
+#include <QPixmap>
+#include <QProcess>
+
+#include <cstdio>
+
+namespace {
+constexpr int TickMs = 10;
+constexpr int MoveDeadlineMs = 15000;
+constexpr int ChildDeadlineMs = 90000;
+} // namespace
+
+TourDriver::TourDriver(TourStage *stage, const QString &folder, const QStringList &only,
+                       QObject *parent)
+    : QObject(parent), m_stage(stage), m_folder(folder)
+{
+    int number = 0;
+    for (const TourStep &step : tourSteps()) {
+        ++number;
+        if (only.isEmpty() ? true : only.contains(QLatin1String(step.name)))
+            m_steps.push_back({&step, number});
+    }
+    connect(&m_ticker, &QTimer::timeout, this, &TourDriver::tick);
+}
+
+void TourDriver::start()
+{
+    beginStep();
+    m_ticker.start(TickMs);
+}
+
+QString TourDriver::pictureFile() const
+{
+    const Chosen &chosen = m_steps[m_step];
+    return QDir(m_folder).filePath(
+        QStringLiteral("%1-%2%3.png")
+            .arg(chosen.number, 2, 10, QLatin1Char('0'))
+            .arg(QLatin1String(chosen.step->name), QLatin1String(m_stepFailed ? "-failed" : "")));
+}
+
+void TourDriver::beginStep()
+{
+    m_move = 0;
+    m_childRunning = false;
+    m_stepFailed = false;
+    beginMove();
+}
+
+void TourDriver::beginMove()
+{
+    m_acted = false;
+    m_since.start();
+}
+
+void TourDriver::tick()
+{
+    if (m_step >= m_steps.size()) {
+        m_ticker.stop();
+        emit finished();
+        return;
+    }
+    const TourStep &step = *m_steps[m_step].step;
+    // A child process shows the step alone; there it is driven as any other.
+    const bool isChild = qEnvironmentVariableIsSet("FRIENDUI_TOUR_CHILD");
+    if (step.ownProcess() && !isChild) {
+        if (!m_childRunning)
+            runOwnProcess();
+        return;
+    }
+    if (step.need == TourStep::Pane && !m_stage->host().hasPane()) {
+        fail(QStringLiteral("there is no pane"));
+        return;
+    }
+    if (m_move >= step.moves.size()) {
+        endStep();
+        return;
+    }
+    const TourMove &move = step.moves[m_move];
+    if (!m_acted) {
+        m_acted = true;
+        m_since.start();
+        // Queued: an action that opens a modal dialog returns only when that
+        // closes, and the ticks must go on meanwhile.
+        if (move.act)
+            QMetaObject::invokeMethod(
+                this, [this, &move] { move.act(*m_stage); }, Qt::QueuedConnection);
+        return;
+    }
+    if (move.until(*m_stage)) {
+        ++m_move;
+        beginMove();
+    } else if (m_since.elapsed() > MoveDeadlineMs) {
+        fail(QStringLiteral("%1: not within %2 s")
+                 .arg(QLatin1String(move.what))
+                 .arg(MoveDeadlineMs / 1000));
+    }
+}
+
+void TourDriver::fail(const QString &why)
+{
+    const QString line =
+        QStringLiteral("%1: %2").arg(QLatin1String(m_steps[m_step].step->name), why);
+    m_stepFailed = true;
+    m_failures.append(line);
+    std::fprintf(stderr, "tour: FAILED %s\n", qPrintable(line));
+    endStep();
+}
+
+void TourDriver::endStep()
+{
+    // A process of its own has left the picture itself.
+    if (!m_childRunning) {
+        savePicture();
+        m_stage->closeEverything();
+    }
+    ++m_step;
+    if (m_step < m_steps.size())
+        beginStep();
+}
+
+void TourDriver::savePicture()
+{
+    const QString file = pictureFile();
+    // Of an earlier tour, which may have ended otherwise.
+    const QString stem = QString::fromLatin1(m_steps[m_step].step->name);
+    const QStringList earlier =
+        QDir(m_folder).entryList({QStringLiteral("[0-9]*-%1.png").arg(stem),
+                                  QStringLiteral("[0-9]*-%1-failed.png").arg(stem)});
+    for (const QString &name : earlier)
+        QFile::remove(QDir(m_folder).filePath(name));
+    if (picture(&m_stage->window()).save(file)) {
+        std::fprintf(stdout, "tour: %s\n", qPrintable(file));
+        std::fflush(stdout);
+    } else {
+        m_failures.append(QStringLiteral("%1 cannot be written").arg(file));
+    }
+}
+
+void TourDriver::runOwnProcess()
+{
+    m_childRunning = true;
+    const TourStep &step = *m_steps[m_step].step;
+    auto *child = new QProcess(this);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QStringLiteral("FRIENDUI_TOUR_CHILD"), QStringLiteral("1"));
+    for (const QString &entry : step.environment)
+        environment.insert(entry.section(QLatin1Char('='), 0, 0),
+                           entry.section(QLatin1Char('='), 1));
+    child->setProcessEnvironment(environment);
+    child->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    const auto end = [this, child](bool ok) {
+        child->disconnect(this);
+        child->kill();
+        child->deleteLater();
+        if (ok)
+            endStep();
+        else
+            fail(QStringLiteral("its own process did not succeed"));
+    };
+    connect(child, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
+            [end](int code, QProcess::ExitStatus status) {
+                end(status == QProcess::NormalExit && code == 0);
+            });
+    connect(child, &QProcess::errorOccurred, this, [end] { end(false); });
+    QTimer::singleShot(ChildDeadlineMs, child, [end] { end(false); });
+    child->start(QCoreApplication::applicationFilePath(),
+                 QStringList{QStringLiteral("--tour"), m_folder, QStringLiteral("--tour-steps"),
+                             QLatin1String(step.name)} +
+                     m_stage->host().tourArguments() + step.arguments);
+}
+
+QImage TourDriver::picture(QWidget *window)
+{
+    QWidgetList shown{window};
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget != window && widget->isVisible() && widget->isWindow())
+            shown.append(widget);
+    }
+    QRect all;
+    for (const QWidget *widget : shown)
+        all |= QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size());
+
+    const qreal ratio = window->devicePixelRatioF();
+    QImage image(all.size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(QColor(128, 132, 138));
+    QPainter painter(&image);
+    for (QWidget *widget : shown) {
+        const QRect place(widget->mapToGlobal(QPoint(0, 0)) - all.topLeft(), widget->size());
+        painter.drawPixmap(place.topLeft(), widget->grab());
+        // Without a window manager nothing else tells a dialog from what lies
+        // below it.
+        if (widget != window) {
+            painter.setPen(QColor(128, 132, 138));
+            painter.drawRect(place.adjusted(-1, -1, 0, 0));
+        }
+    }
+    return image;
+}

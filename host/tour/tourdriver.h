@@ -1,0 +1,59 @@
+// Goes through the steps of a tour while the event loop runs, also through the
+// nested loops of modal dialogs, and takes a picture after each.
+#pragma once
+
+#include "host/tour/tourstep.h"
+
+#include <QElapsedTimer>
+#include <QImage>
+#include <QObject>
+#include <QTimer>
+
+class TourStage;
+
+class TourDriver : public QObject
+{
+    Q_OBJECT
+
+public:
+    // `only` empty: all steps. The stage is not owned.
+    TourDriver(TourStage *stage, const QString &folder, const QStringList &only,
+               QObject *parent = nullptr);
+
+    void start();
+    QStringList failures() const { return m_failures; }
+
+    // The window with every menu and dialog over it.
+    static QImage picture(QWidget *window);
+
+signals:
+    void finished();
+
+private:
+    struct Chosen
+    {
+        const TourStep *step;
+        int number; // in the whole tour, so that pictures keep their names
+    };
+
+    void tick();
+    void beginStep();
+    void beginMove();
+    void endStep();
+    void fail(const QString &why);
+    void runOwnProcess();
+    QString pictureFile() const;
+    void savePicture();
+
+    TourStage *m_stage;
+    QString m_folder;
+    std::vector<Chosen> m_steps;
+    size_t m_step = 0;
+    size_t m_move = 0;
+    bool m_acted = false;
+    bool m_childRunning = false;
+    bool m_stepFailed = false;
+    QElapsedTimer m_since;
+    QTimer m_ticker;
+    QStringList m_failures;
+};

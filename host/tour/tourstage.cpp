@@ -1,0 +1,240 @@
+#include "host/tour/tourstage.h"
+
+#include "host/hostapplication.h"
+#include "host/mainwindow.h"
+#include "host/panearea.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QDialog>
+#include <QInputDialog>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QTreeView>
+
+namespace {
+
+constexpr int NameRole = 257;
+constexpr int IdRole = 258;
+constexpr int SortKeyRole = 262;
+
+QAction *findAction(const QMenu *menu, const std::function<bool(const QAction *)> &fits)
+{
+    const QList<QAction *> actions = menu->actions();
+    for (QAction *action : actions) {
+        if (fits(action) && action->isEnabled())
+            return action;
+        if (const QMenu *below = action->menu()) {
+            if (QAction *found = findAction(below, fits))
+                return found;
+        }
+    }
+    return nullptr;
+}
+
+void closeAndTrigger(QMenu *menu, QAction *action)
+{
+    if (!action)
+        return;
+    menu->close();
+    action->trigger();
+}
+
+} // namespace
+
+MainWindow &TourStage::window() const
+{
+    return *m_host.window();
+}
+
+QTreeView *TourStage::tree() const
+{
+    const QWidget *pane = window().paneArea()->pane();
+    if (!pane)
+        return nullptr;
+    const auto trees = pane->findChildren<QTreeView *>();
+    for (QTreeView *candidate : trees) {
+        if (candidate->inherits("FriendTreeView") && candidate->isVisible())
+            return candidate;
+    }
+    return nullptr;
+}
+
+QString TourStage::nameOf(const QModelIndex &index)
+{
+    const QString name = index.data(NameRole).toString();
+    return name.isEmpty() ? index.data(Qt::DisplayRole).toString() : name;
+}
+
+QString TourStage::jidOf(const QModelIndex &index)
+{
+    return index.data(IdRole).toString();
+}
+
+int TourStage::groupCount() const
+{
+    const QTreeView *view = tree();
+    return view && view->model() ? view->model()->rowCount() : 0;
+}
+
+QModelIndex TourStage::group(const QString &wanted) const
+{
+    for (int row = 0; row < groupCount(); ++row) {
+        const QModelIndex index = tree()->model()->index(row, 0);
+        if (nameOf(index) == wanted)
+            return index;
+    }
+    return QModelIndex();
+}
+
+QModelIndex TourStage::firstGroupWithContacts(int atLeast) const
+{
+    for (int row = 0; row < groupCount(); ++row) {
+        const QModelIndex index = tree()->model()->index(row, 0);
+        if (tree()->model()->rowCount(index) >= atLeast)
+            return index;
+    }
+    return QModelIndex();
+}
+
+QModelIndex TourStage::contact(const QString &wanted) const
+{
+    for (int row = 0; row < groupCount(); ++row) {
+        const QModelIndex parent = tree()->model()->index(row, 0);
+        for (int i = 0; i < tree()->model()->rowCount(parent); ++i) {
+            const QModelIndex index = tree()->model()->index(i, 0, parent);
+            if (jidOf(index) == wanted)
+                return index;
+        }
+    }
+    return QModelIndex();
+}
+
+QModelIndex TourStage::otherContact(const QModelIndex &parent, int position) const
+{
+    if (!parent.isValid())
+        return QModelIndex();
+    for (int i = 0, seen = 0; i < parent.model()->rowCount(parent); ++i) {
+        const QModelIndex index = parent.model()->index(i, 0, parent);
+        const bool isOwn = index.data(SortKeyRole).toString().startsWith(QLatin1String("0|1"));
+        if (!isOwn && seen++ == position)
+            return index;
+    }
+    return QModelIndex();
+}
+
+int TourStage::shownContacts() const
+{
+    int count = 0;
+    for (int row = 0; row < groupCount(); ++row) {
+        const QModelIndex parent = tree()->model()->index(row, 0);
+        for (int i = 0; i < tree()->model()->rowCount(parent); ++i)
+            count += tree()->isRowHidden(i, parent) ? 0 : 1;
+    }
+    return count;
+}
+
+QMenu *TourStage::menu(const QString &objectName) const
+{
+    return tree() ? tree()->findChild<QMenu *>(objectName) : nullptr;
+}
+
+QMenu *TourStage::openMenu(const QString &objectName) const
+{
+    QMenu *found = menu(objectName);
+    return found && found->isVisible() ? found : nullptr;
+}
+
+QDialog *TourStage::openDialog(const char *className) const
+{
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget->isVisible() && widget->inherits(className))
+            return qobject_cast<QDialog *>(widget);
+    }
+    return nullptr;
+}
+
+QWidget *TourStage::shownWidget(const QString &objectName) const
+{
+    const auto widgets = window().findChildren<QWidget *>(objectName);
+    for (QWidget *widget : widgets) {
+        if (widget->isVisible())
+            return widget;
+    }
+    return nullptr;
+}
+
+void TourStage::contextMenu(const QModelIndex &index) const
+{
+    if (!tree() || !index.isValid())
+        return;
+    tree()->scrollTo(index);
+    const QPoint at = tree()->visualRect(index).center();
+    // A header widget on the row takes the event before the tree does.
+    QWidget *below = tree()->viewport()->childAt(at);
+    if (!below)
+        below = tree()->viewport();
+    const QPoint inBelow = below->mapFrom(tree()->viewport(), at);
+    QApplication::postEvent(below, new QContextMenuEvent(QContextMenuEvent::Mouse, inBelow,
+                                                         below->mapToGlobal(inBelow)));
+}
+
+void TourStage::trigger(QMenu *menu, const QString &action) const
+{
+    if (menu)
+        closeAndTrigger(menu, findAction(menu, [&](const QAction *candidate) {
+                            return candidate->objectName() == action;
+                        }));
+}
+
+void TourStage::triggerText(QMenu *menu, const QString &text) const
+{
+    if (menu)
+        closeAndTrigger(menu, findAction(menu, [&](const QAction *candidate) {
+                            // In an action's text a doubled "&" stands for one.
+                            QString shown = candidate->text();
+                            shown.replace(QLatin1String("&&"), QLatin1String("&"));
+                            return shown == text;
+                        }));
+}
+
+void TourStage::fill(const QString &text) const
+{
+    if (auto *dialog = qobject_cast<QInputDialog *>(openDialog("QInputDialog")))
+        dialog->setTextValue(text);
+}
+
+void TourStage::answer(const QString &text) const
+{
+    fill(text);
+    if (QDialog *dialog = openDialog("QInputDialog"))
+        dialog->accept();
+}
+
+void TourStage::key(int code, const QString &text) const
+{
+    if (!tree())
+        return;
+    tree()->setFocus();
+    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
+    QApplication::sendEvent(tree(), &press);
+    QKeyEvent release(QEvent::KeyRelease, code, Qt::NoModifier, text);
+    QApplication::sendEvent(tree(), &release);
+}
+
+void TourStage::closeEverything() const
+{
+    const QWidgetList widgets = QApplication::topLevelWidgets();
+    for (QWidget *widget : widgets) {
+        if (widget == &window() || !widget->isVisible())
+            continue;
+        if (auto *dialog = qobject_cast<QDialog *>(widget))
+            dialog->reject();
+        else
+            widget->close();
+    }
+    // What was typed into the tree to find somebody.
+    key(Qt::Key_Escape);
+}

@@ -1,0 +1,61 @@
+// What a tour can see and do: finds the pane's widgets by class and object names
+// and drives them as a user does, with keys, context menus and dialogs.
+//
+// A function that finds nothing returns null or an invalid index; a function that
+// acts on what is missing does nothing, and the move's condition then fails.
+#pragma once
+
+#include <QModelIndex>
+#include <QPersistentModelIndex>
+#include <QString>
+
+class HostApplication;
+class MainWindow;
+class QAbstractButton;
+class QDialog;
+class QMenu;
+class QTreeView;
+class QWidget;
+
+class TourStage
+{
+public:
+    explicit TourStage(HostApplication &host) : m_host(host) {}
+
+    HostApplication &host() { return m_host; }
+    MainWindow &window() const;
+
+    // --- The friend tree ---
+    QTreeView *tree() const;
+    int groupCount() const;
+    QModelIndex group(const QString &name) const; // by its name
+    QModelIndex firstGroupWithContacts(int atLeast = 2) const;
+    QModelIndex contact(const QString &jid) const;
+    QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
+    int shownContacts() const;
+    static QString nameOf(const QModelIndex &index);
+    static QString jidOf(const QModelIndex &index);
+
+    // --- Menus and dialogs ---
+    QMenu *openMenu(const QString &objectName) const; // null unless it is shown
+    QMenu *menu(const QString &objectName) const;     // shown or not
+    QDialog *openDialog(const char *className) const;
+    QWidget *shownWidget(const QString &objectName) const;
+
+    void contextMenu(const QModelIndex &index) const;
+    // The action of that object name, in the menu or a menu below it; the menu
+    // is closed as by a click.
+    void trigger(QMenu *menu, const QString &action) const;
+    void triggerText(QMenu *menu, const QString &text) const;
+    void answer(const QString &text) const;                   // of an input dialog, accepted
+    void fill(const QString &text) const;                     // of an input dialog, left open
+    void key(int key, const QString &text = QString()) const; // to the tree
+    void closeEverything() const;                             // menus and dialogs
+
+    // What one move remembers for a later one.
+    QString name, jid, target;
+    int number = 0;
+
+private:
+    HostApplication &m_host;
+};

@@ -1,0 +1,177 @@
+#include "host/windows/hostwindows.h"
+
+#include "host/chat/chatarea.h"
+#include "host/chat/chatpage.h"
+#include "host/hostbus.h"
+#include "host/hostcontext.h"
+#include "host/messagingcore.h"
+#include "host/windows/historywindow.h"
+#include "host/windows/peoplepicker.h"
+#include "host/windows/requestnote.h"
+#include "hostapi/eventcodes.h"
+
+namespace {
+
+MessageData::Kind kindOf(qint32 kind)
+{
+    return kind >= MessageData::Person && kind <= MessageData::Channel ? MessageData::Kind(kind)
+                                                                       : MessageData::Person;
+}
+
+QString uidOf(const QString &jid)
+{
+    return jid.section(QLatin1Char('@'), 0, 0);
+}
+
+} // namespace
+
+HostWindows::HostWindows(MessagingCore *core, HostContext *context, HostBus *bus, ChatArea *chats,
+                         QWidget *parent)
+    : QObject(parent),
+      m_core(core),
+      m_context(context),
+      m_bus(bus),
+      m_chats(chats),
+      m_parent(parent)
+{
+}
+
+QString HostWindows::nameOf(const QString &jid) const
+{
+    return ChatPage::nameOf(*m_core, jid).simplified();
+}
+
+QStringList HostWindows::peopleLines(const QStringList &jids) const
+{
+    QStringList lines;
+    for (const QString &jid : jids) {
+        VcardInfo profile;
+        const bool hasMail = m_core->profile(jid, &profile) && !profile.email.isEmpty();
+        lines.append(
+            QStringLiteral("%1 <%2>").arg(nameOf(jid), hasMail ? profile.email.simplified() : jid));
+    }
+    return lines;
+}
+
+void HostWindows::openChat(const QString &jid, qint32 kind)
+{
+    if (jid.isEmpty()) {
+        emit note(tr("A chat was asked for without a jid."));
+        return;
+    }
+    m_chats->open(jid, kindOf(kind));
+}
+
+void HostWindows::sendFile(const QStringList &jids, qint32)
+{
+    RequestNote::show(m_parent, tr("Send a file"),
+                      tr("This host transfers no files. A client would now let the user choose "
+                         "files for:"),
+                      peopleLines(jids));
+}
+
+void HostWindows::openHistory(const QString &jid, qint32)
+{
+    auto *window = new HistoryWindow(*m_core, jid, m_parent);
+    window->QWidget::show();
+}
+
+void HostWindows::createGroupChat(const QStringList &jids)
+{
+    QSet<QString> chosen;
+    for (const QString &jid : jids)
+        chosen.insert(jid);
+    auto *picker = new PeoplePicker(tr("New group chat"), m_core->contacts(), chosen, m_parent);
+    picker->addTextField(tr("Subject"));
+    connect(picker, &QDialog::accepted, this, [this, picker] {
+        QStringList names;
+        const QStringList members = picker->chosenJids();
+        for (const QString &jid : members.mid(0, 3))
+            names.append(nameOf(jid));
+        const QString subject = picker->text();
+        m_core->createRoom(members, subject.isEmpty() ? names.join(QStringLiteral(", ")) : subject);
+    });
+    picker->open();
+}
+
+void HostWindows::cancelTransfers(const QString &jid)
+{
+    emit note(tr("There is no file transfer with %1 to cancel.").arg(nameOf(jid)));
+}
+
+void HostWindows::pinConversation(const QString &jid, bool top)
+{
+    m_context->setSessionTop(jid, top);
+    emit note((top ? tr("The conversation with %1 is pinned.")
+                   : tr("The conversation with %1 is no longer pinned."))
+                  .arg(nameOf(jid)));
+}
+
+void HostWindows::showPicture(const QString &jid, const QString &path)
+{
+    RequestNote::show(m_parent, tr("Picture"),
+                      tr("This host has no picture viewer. A client would now show the picture "
+                         "of %1:")
+                          .arg(nameOf(jid)),
+                      {path});
+}
+
+void HostWindows::openTopicPage(const QString &pluginId, const QString &jid)
+{
+    RequestNote::show(m_parent, tr("Topic page"),
+                      tr("The plug-in that shows topic pages is not part of this host."),
+                      peopleLines({jid}) + QStringList{pluginId});
+}
+
+void HostWindows::pickTeamMembers(const QString &teamId, qint32 groupId,
+                                  const QStringList &presentIds)
+{
+    QList<FriendData> people;
+    const QList<FriendData> contacts = m_core->contacts();
+    for (const FriendData &contact : contacts) {
+        const bool isPresent =
+            presentIds.contains(contact.jid) || presentIds.contains(uidOf(contact.jid));
+        if (!isPresent && contact.outside == 0)
+            people.append(contact);
+    }
+    auto *picker = new PeoplePicker(tr("Add people to the team"), people, {}, m_parent);
+    connect(picker, &QDialog::accepted, this, [this, picker, teamId, groupId] {
+        QStringList uids;
+        const QStringList jids = picker->chosenJids();
+        for (const QString &jid : jids)
+            uids.append(uidOf(jid));
+        m_bus->notify(Inbound::VirtualTeamMembersPicked, teamId, uids, groupId);
+    });
+    picker->open();
+}
+
+void HostWindows::manageRoom(const QString &roomJid)
+{
+    RequestNote::show(m_parent, tr("Manage the group chat"),
+                      tr("This host has no page for the owner and the managers of a group chat."),
+                      {nameOf(roomJid), roomJid});
+}
+
+void HostWindows::writeMail(const QStringList &jids)
+{
+    RequestNote::show(m_parent, tr("Write a mail"),
+                      tr("This host sends no mail. A client would now open a new mail to:"),
+                      peopleLines(jids));
+}
+
+void HostWindows::addExternalContact(const QString &jid, const QString &, const QString &)
+{
+    emit note(
+        tr("No service for external contacts: the request to %1 was not sent.").arg(nameOf(jid)));
+}
+
+void HostWindows::confirmExternalContact(const QString &jid, qint32, const QString &)
+{
+    emit note(
+        tr("No service for external contacts: the answer to %1 was not sent.").arg(nameOf(jid)));
+}
+
+void HostWindows::blacklistExternalContact(const QString &jid)
+{
+    emit note(tr("No service for external contacts: %1 was not blacklisted.").arg(nameOf(jid)));
+}

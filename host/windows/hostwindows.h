@@ -1,0 +1,54 @@
+// Answers the plug-in's requests that concern the user interface: chats, pickers,
+// history, and notes for what this host does not have.
+#pragma once
+
+#include "host/hostactions.h"
+
+#include <QObject>
+
+class ChatArea;
+class HostBus;
+class HostContext;
+class MessagingCore;
+class QWidget;
+
+class HostWindows : public QObject, public HostActions
+{
+    Q_OBJECT
+
+public:
+    // None is owned; all outlive this object. Windows get `parent` as theirs.
+    HostWindows(MessagingCore *core, HostContext *context, HostBus *bus, ChatArea *chats,
+                QWidget *parent);
+
+    void openChat(const QString &jid, qint32 kind) override;
+    void sendFile(const QStringList &jids, qint32 kind) override;
+    void openHistory(const QString &jid, qint32 kind) override;
+    void createGroupChat(const QStringList &jids) override;
+    void cancelTransfers(const QString &jid) override;
+    void pinConversation(const QString &jid, bool top) override;
+    void showPicture(const QString &jid, const QString &path) override;
+    void openTopicPage(const QString &pluginId, const QString &jid) override;
+    void pickTeamMembers(const QString &teamId, qint32 groupId,
+                         const QStringList &presentIds) override;
+    void manageRoom(const QString &roomJid) override;
+    void writeMail(const QStringList &jids) override;
+    void addExternalContact(const QString &jid, const QString &validation,
+                            const QString &client) override;
+    void confirmExternalContact(const QString &jid, qint32 agree, const QString &client) override;
+    void blacklistExternalContact(const QString &jid) override;
+
+signals:
+    // One line for the status bar.
+    void note(const QString &text);
+
+private:
+    QString nameOf(const QString &jid) const;
+    QStringList peopleLines(const QStringList &jids) const;
+
+    MessagingCore *m_core;
+    HostContext *m_context;
+    HostBus *m_bus;
+    ChatArea *m_chats;
+    QWidget *m_parent;
+};

@@ -1,0 +1,259 @@
+// The embedded core's groups and contacts: what is refused, how people answer, and
+// that a restart shows what was changed.
+#include "tests/host/corefixture.h"
+#include "tests/support/testrunner.h"
+
+#include <QSignalSpy>
+
+using Core = EmbeddedCore;
+
+class TstEmbeddedRoster : public CoreFixture
+{
+    Q_OBJECT
+
+private slots:
+    void groupNames_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<bool>("accepted");
+        QTest::newRow("plain") << "Friends" << true;
+        QTest::newRow("trimmed") << "  Friends " << true;
+        QTest::newRow("markup and quotes") << "<b>'); DROP TABLE contacts;--" << true;
+        QTest::newRow("long") << QString(10000, QLatin1Char('n')) << true;
+        QTest::newRow("lone surrogate") << QString(QChar(0xd800)) + QStringLiteral("x") << true;
+        QTest::newRow("empty") << "" << false;
+        QTest::newRow("blanks") << " \t" << false;
+        QTest::newRow("taken") << "Engineering" << false;
+        QTest::newRow("taken after trimming") << " Engineering " << false;
+        QTest::newRow("default group") << QString::fromUtf8("我的好友") << false;
+        QTest::newRow("frequent group") << QString::fromUtf8("常用联系人") << false;
+    }
+
+    void groupNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(bool, accepted);
+        QSignalSpy created(m_core.get(), &Core::groupCreated);
+        m_core->createGroup(name, true);
+        QVERIFY(created.wait());
+        QCOMPARE(created.first().at(1).toString(), name.trimmed());
+        QCOMPARE(created.first().at(2).toBool(), accepted);
+
+        const QString source = groupId(QStringLiteral("Support"));
+        QSignalSpy renamed(m_core.get(), &Core::groupRenamed);
+        m_core->renameGroup(accepted ? created.first().at(0).toString() : source,
+                            accepted ? name + QLatin1Char('2') : name, true);
+        QVERIFY(renamed.wait());
+        QCOMPARE(renamed.first().at(2).toBool(), accepted);
+        QCOMPARE(m_core->groups(true).size(), accepted ? 9 : 8);
+        restart();
+        if (accepted && !name.contains(QChar(0xd800))) // UTF-8 cannot hold it
+            QVERIFY(!groupId((name + QLatin1Char('2')).trimmed()).isEmpty());
+    }
+
+    void groupsThatStayAsTheyAre()
+    {
+        const QString frequent = groupId(QString::fromUtf8("常用联系人"));
+        for (const QString &id : {QString(), QStringLiteral("0"), frequent, QStringLiteral("77")}) {
+            QSignalSpy renamed(m_core.get(), &Core::groupRenamed);
+            QSignalSpy deleted(m_core.get(), &Core::groupDeleted);
+            m_core->renameGroup(id, QStringLiteral("new"), true);
+            m_core->deleteGroup(id, true);
+            QVERIFY(deleted.wait());
+            QCOMPARE(renamed.first().at(2).toBool(), false);
+            QCOMPARE(deleted.first().at(1).toBool(), false);
+        }
+        QCOMPARE(m_core->groups(true).size(), 8);
+    }
+
+    void deletedGroupGivesItsContactsToTheDefaultGroup()
+    {
+        const QString id = groupId(QStringLiteral("Engineering"));
+        const QStringList members = membersOf(id);
+        QVERIFY(members.size() > 3);
+        QSignalSpy deleted(m_core.get(), &Core::groupDeleted);
+        m_core->deleteGroup(id, true);
+        QVERIFY(deleted.wait());
+        QVERIFY(deleted.first().at(1).toBool());
+        for (int round = 0; round < 2; ++round, restart()) {
+            for (const QString &jid : members) {
+                QCOMPARE(record(jid).groupId, QString::fromLatin1(""));
+                QCOMPARE(record(jid).groupName, QString::fromUtf8("我的好友"));
+            }
+            QCOMPARE(m_core->groups(true).size(), 7);
+        }
+        // Its id is not given to another group.
+        QSignalSpy created(m_core.get(), &Core::groupCreated);
+        m_core->createGroup(QStringLiteral("again"), true);
+        QVERIFY(created.wait());
+        QVERIFY(created.first().at(0).toString() != id);
+    }
+
+    void moves_data()
+    {
+        QTest::addColumn<QString>("jid");
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<QString>("to");
+        QTest::addColumn<bool>("inner");
+        QTest::addColumn<bool>("accepted");
+        const QString own = QStringLiteral("u000000@corp.example"); // in the default group
+        QTest::newRow("by id") << own << ""
+                               << "2" << true << true;
+        QTest::newRow("default group as 0") << own << "0"
+                                            << "2" << true << true;
+        QTest::newRow("same group") << own << ""
+                                    << "0" << true << true;
+        QTest::newRow("unknown contact") << "u000999@corp.example"
+                                         << ""
+                                         << "2" << true << false;
+        QTest::newRow("unknown group") << own << ""
+                                       << "55" << true << false;
+        QTest::newRow("not from there") << own << "3"
+                                        << "2" << true << false;
+        QTest::newRow("wrong side") << own << ""
+                                    << "901" << false << false;
+    }
+
+    void moves()
+    {
+        QFETCH(QString, jid);
+        QFETCH(QString, to);
+        QFETCH(bool, accepted);
+        QFETCH(QString, from);
+        QFETCH(bool, inner);
+        QSignalSpy moved(m_core.get(), &Core::contactMoved);
+        m_core->moveContact(jid, from, to, inner);
+        QVERIFY(moved.wait());
+        QCOMPARE(moved.first().at(0).toBool(), accepted);
+        const QString expected =
+            accepted && to != QLatin1String("0") ? to : QString::fromLatin1("");
+        if (m_core->contact(jid, &m_record))
+            QCOMPARE(m_record.groupId, expected);
+        restart();
+        if (m_core->contact(jid, &m_record))
+            QCOMPARE(m_record.groupId, expected);
+    }
+
+    void remarksRemovalsAndProfilesSurviveARestart()
+    {
+        const int before = m_core->contacts().size();
+        const QString kept = m_core->contacts().at(5).jid;
+        const QString gone = m_core->contacts().at(6).jid;
+        const QString last = m_core->contacts().constLast().jid;
+        QSignalSpy remarked(m_core.get(), &Core::remarkChanged);
+        QSignalSpy removed(m_core.get(), &Core::contactRemoved);
+        QSignalSpy failed(m_core.get(), &Core::contactRemovalFailed);
+        QSignalSpy stored(m_core.get(), &Core::ownProfileStored);
+        m_core->setRemark(kept, QString::fromUtf8(" 老王's \"<b>\" "));
+        m_core->removeContact(gone, true);
+        m_core->removeContact(gone, true);             // no longer there
+        m_core->removeContact(m_core->ownJid(), true); // never
+        m_core->removeContact(last, true);             // is an external one
+        VcardInfo own;
+        QVERIFY(m_core->profile(m_core->ownJid(), &own));
+        own.sign = QStringLiteral("new signature");
+        own.jid = QStringLiteral("u000001@corp.example"); // only the own one can be written
+        m_core->storeOwnProfile(own);
+        QVERIFY(stored.wait());
+        QCOMPARE(remarked.size(), 1);
+        QCOMPARE(removed.size(), 1);
+        QCOMPARE(failed.size(), 3);
+        for (int round = 0; round < 2; ++round, restart()) {
+            QCOMPARE(m_core->contacts().size(), before - 1);
+            QCOMPARE(record(kept).remark, QString::fromUtf8("老王's \"<b>\""));
+            QVERIFY(!m_core->contact(gone, &m_record));
+            QVERIFY(m_core->contact(last, &m_record)); // took the place of the removed one
+            VcardInfo profile;
+            QVERIFY(m_core->profile(m_core->ownJid(), &profile));
+            QCOMPARE(profile.sign, QStringLiteral("new signature"));
+            QCOMPARE(record(m_core->ownJid()).sign, QStringLiteral("new signature"));
+            QVERIFY(m_core->profile(QStringLiteral("u000001@corp.example"), &profile));
+            QVERIFY(profile.sign != QLatin1String("new signature"));
+        }
+    }
+
+    void addingFollowsThePersonsPolicy_data()
+    {
+        QTest::addColumn<int>("policy");
+        QTest::addColumn<QString>("config");
+        QTest::addColumn<bool>("added");
+        QTest::newRow("accepts") << int(SampleCompany::AcceptsAll) << "ACCEPT_ALL" << true;
+        QTest::newRow("asks") << int(SampleCompany::AsksFirst) << "NEED_CONFIRM" << true;
+        QTest::newRow("refuses") << int(SampleCompany::RefusesAll) << "DENY_ALL" << false;
+    }
+
+    void addingFollowsThePersonsPolicy()
+    {
+        QFETCH(int, policy);
+        QFETCH(QString, config);
+        QFETCH(bool, added);
+        const QString jid = stranger(SampleCompany::Policy(policy));
+        QSignalSpy policies(m_core.get(), &Core::policyReceived);
+        m_core->requestPolicy(jid);
+        QVERIFY(policies.wait());
+        QCOMPARE(policies.first().at(1).toString(), config);
+
+        QSignalSpy answers(m_core.get(), &Core::requestAnswered);
+        QSignalSpy additions(m_core.get(), &Core::contactAdded);
+        m_core->addContact(jid, QStringLiteral("hello"), QStringLiteral("2"),
+                           QStringLiteral("a remark"));
+        QVERIFY(answers.wait());
+        QCOMPARE(answers.first().at(0).toString(), jid);
+        QCOMPARE(answers.first().at(1).toBool(), added);
+        QCOMPARE(additions.size(), added ? 1 : 0);
+        restart();
+        QCOMPARE(m_core->contact(jid, &m_record), added);
+        if (added) {
+            QCOMPARE(m_record.groupId, QStringLiteral("2"));
+            QCOMPARE(m_record.remark, QStringLiteral("a remark"));
+        }
+    }
+
+    void aConfirmationThatComesWhileOfflineIsHeldBack()
+    {
+        const QString jid = stranger(SampleCompany::AsksFirst);
+        QSignalSpy answers(m_core.get(), &Core::requestAnswered);
+        QSignalSpy connection(m_core.get(), &Core::connectionChanged);
+        m_core->addContact(jid, QString(), QString(), QString());
+        m_core->setConnected(false);
+        QVERIFY(connection.wait());
+        QSignalSpy failed(m_core.get(), &Core::groupsFailed);
+        m_core->requestGroups(true); // answered behind the confirmation
+        QVERIFY(failed.wait());
+        QVERIFY(answers.isEmpty());
+        m_core->setConnected(true);
+        QVERIFY(answers.wait());
+        QVERIFY(m_core->contact(jid, &m_record));
+    }
+
+    void peopleWhoCannotBeAdded()
+    {
+        QSignalSpy failed(m_core.get(), &Core::additionFailed);
+        m_core->addContact(QStringLiteral("u009999@corp.example"), QString(), QString(), QString());
+        m_core->addContact(QStringLiteral("u000001@elsewhere.example"), QString(), QString(),
+                           QString());
+        m_core->addContact(m_core->ownJid(), QString(), QString(), QString());
+        m_core->addContact(stranger(SampleCompany::AcceptsAll), QString(), QStringLiteral("66"),
+                           QString());
+        QTRY_COMPARE(failed.size(), 4);
+    }
+
+    void aBatchReportsOnlyWhomItCouldNotAdd()
+    {
+        const QString good = stranger(SampleCompany::AcceptsAll);
+        const QString bad = stranger(SampleCompany::RefusesAll).section(QLatin1Char('@'), 0, 0);
+        QSignalSpy failed(m_core.get(), &Core::batchAdditionFailed);
+        QSignalSpy added(m_core.get(), &Core::contactAdded);
+        m_core->addContacts({good.section(QLatin1Char('@'), 0, 0), bad, QStringLiteral("nobody"),
+                             QStringLiteral("u000000")},
+                            QStringLiteral("1"));
+        QVERIFY(failed.wait());
+        QCOMPARE(failed.first().at(0).toStringList(),
+                 QStringList({bad, QStringLiteral("nobody"), QStringLiteral("u000000")}));
+        QCOMPARE(added.size(), 1);
+        QCOMPARE(record(good).groupId, QStringLiteral("1"));
+    }
+};
+
+FRIENDUI_TEST(TstEmbeddedRoster)
+#include "tst_embeddedroster.moc"

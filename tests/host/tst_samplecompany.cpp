@@ -1,0 +1,178 @@
+// The sample company: what two programs with the same two numbers must agree on.
+#include "sample/samplecompany.h"
+#include "tests/support/testrunner.h"
+
+#include <QHash>
+#include <QSet>
+#include <QTest>
+
+namespace {
+QString fingerprint(const SamplePerson &p)
+{
+    return QStringList{p.uid,       p.account,     p.name,           p.spell,        p.sex,
+                       p.birthday,  p.locality,    p.sign,           p.employeeCode, p.duty,
+                       p.mobile,    p.otherPhone,  p.personalMobile, p.email,        p.departmentId,
+                       p.leaderUid, p.companyCode, p.departmentName}
+        .join(QLatin1Char('|'));
+}
+} // namespace
+
+class TstSampleCompany : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void sameNumbersSameCompany()
+    {
+        const SampleCompany one(300, 7), same(300, 7), other(300, 8);
+        int different = 0;
+        for (int i = one.people() - 1; i >= 0; --i) { // in another order than `same` is asked
+            QCOMPARE(fingerprint(one.person(i)), fingerprint(same.person(i)));
+            different += one.person(i).name != other.person(i).name ? 1 : 0;
+        }
+        QVERIFY(different > 200);
+        QCOMPARE(one.friendAt(17).person, same.friendAt(17).person);
+        // Kept across versions: other programs store these ids and names.
+        const SamplePerson known = SampleCompany().person(42);
+        QCOMPARE(known.uid, QStringLiteral("u000042"));
+        QCOMPARE(known.employeeCode, QStringLiteral("E000042"));
+    }
+
+    void idsLeadBackToTheirPeople()
+    {
+        const SampleCompany company(1200);
+        QSet<QString> accounts, codes;
+        for (int i = 0; i < company.people(); ++i) {
+            const SamplePerson person = company.person(i);
+            QCOMPARE(company.indexOf(person.uid), i);
+            accounts.insert(person.account);
+            codes.insert(person.employeeCode);
+        }
+        QCOMPARE(accounts.size(), company.people());
+        QCOMPARE(codes.size(), company.people());
+        for (const char *bad :
+             {"", "u", "u1", "u001200", "u-00001", "x000001", "U000001", "u0000010", "u00000a"})
+            QCOMPARE(company.indexOf(QString::fromLatin1(bad)), -1);
+        QCOMPARE(company.person(-1).index, -1);
+        QCOMPARE(company.person(1200).index, -1);
+        QCOMPARE(SampleCompany::outsiderIndexOf(company.outsider(3).uid), 3);
+    }
+
+    void everybodyHasOneDepartmentAndAWayUp_data()
+    {
+        QTest::addColumn<int>("people");
+        QTest::addColumn<int>("levels");
+        QTest::newRow("alone") << 1 << 2;
+        QTest::newRow("two") << 2 << 2;
+        QTest::newRow("fewer than departments") << 30 << 2;
+        QTest::newRow("default") << 300 << 3;
+        QTest::newRow("large") << 20000 << 3;
+    }
+    void everybodyHasOneDepartmentAndAWayUp()
+    {
+        QFETCH(int, people);
+        QFETCH(int, levels);
+        const SampleCompany company(people);
+        const auto &departments = company.departments();
+        QHash<QString, int> byId;
+        int deepest = 0, seats = 0;
+        for (int i = 0; i < departments.size(); ++i) {
+            const SampleDepartment &department = departments.at(i);
+            QVERIFY(!byId.contains(department.id));
+            QVERIFY(department.parent < i);
+            QVERIFY(department.parent < 0 || byId.contains(department.parentId));
+            byId.insert(department.id, i);
+            deepest = qMax(deepest, department.level);
+            for (const int member : company.members(i)) {
+                QCOMPARE(company.person(member).departmentId, department.id);
+                ++seats;
+            }
+        }
+        QCOMPARE(seats, people);
+        QCOMPARE(deepest, levels);
+
+        int heads = 0;
+        for (int i = 0; i < people; ++i) {
+            int at = i, steps = 0;
+            for (QString leader = company.person(at).leaderUid; !leader.isEmpty();
+                 leader = company.person(at).leaderUid) {
+                at = company.indexOf(leader);
+                QVERIFY(at >= 0 && ++steps < 6);
+            }
+            heads += steps == 0 ? 1 : 0;
+        }
+        QCOMPARE(heads, 1);
+    }
+
+    void namesAreMixedAndRepeat()
+    {
+        const SampleCompany company(10000);
+        QHash<QString, int> names;
+        int chinese = 0, rightToLeft = 0, withMarks = 0, longest = 0, left = 0, signs = 0;
+        for (int i = 0; i < company.people(); ++i) {
+            const SamplePerson person = company.person(i);
+            QVERIFY(!person.name.isEmpty() && !person.spell.isEmpty());
+            ++names[person.name];
+            const ushort first = person.name.at(0).unicode();
+            chinese += first >= 0x4e00 && first <= 0x9fff ? 1 : 0;
+            rightToLeft += person.name.isRightToLeft() ? 1 : 0;
+            withMarks += person.name.contains(QLatin1Char('\'')) ? 1 : 0;
+            longest = qMax(longest, person.name.size());
+            left += person.onJob ? 0 : 1;
+            signs += person.sign.isEmpty() ? 0 : 1;
+            for (const QChar c : person.account)
+                QVERIFY2(c.unicode() < 128, qPrintable(person.account));
+        }
+        QVERIFY(chinese > 6700 && chinese < 7300);
+        QVERIFY(rightToLeft > 20 && withMarks > 20 && longest > 60);
+        QVERIFY(left > 100 && left < 300);
+        QVERIFY(signs > 3000 && signs < 4000);
+        QVERIFY(*std::max_element(names.cbegin(), names.cend()) > 5);
+        QVERIFY(names.size() > 3000);
+    }
+
+    void friendsAreDifferentPeopleInAllGroups_data()
+    {
+        QTest::addColumn<int>("people");
+        QTest::addColumn<int>("fewest");
+        QTest::addColumn<int>("most");
+        QTest::addColumn<int>("groups");
+        QTest::newRow("alone") << 1 << 1 << 1 << 8;
+        QTest::newRow("small") << 40 << 40 << 40 << 8;
+        QTest::newRow("default") << 300 << 60 << 120 << 8;
+        QTest::newRow("just selected") << 2000 << 60 << 130 << 8;
+        QTest::newRow("just everybody") << 2001 << 2001 << 2001 << 8;
+        QTest::newRow("load test") << 100000 << 100000 << 100000 << 200;
+    }
+    void friendsAreDifferentPeopleInAllGroups()
+    {
+        QFETCH(int, people);
+        QFETCH(int, fewest);
+        QFETCH(int, most);
+        QFETCH(int, groups);
+        const SampleCompany company(people);
+        QVERIFY(company.friendCount() >= fewest && company.friendCount() <= most);
+        QCOMPARE(company.friendGroups().size(), groups);
+        QSet<int> who, used;
+        for (int i = 0; i < company.friendCount(); ++i) {
+            const SampleFriend seat = company.friendAt(i);
+            QVERIFY(seat.person >= 0 && seat.person < people);
+            QVERIFY(seat.group >= 0 && seat.group < groups);
+            who.insert(seat.person);
+            used.insert(seat.group);
+        }
+        QCOMPARE(who.size(), company.friendCount());
+        QVERIFY(who.contains(0)); // the own row
+        QVERIFY(people < 300 || used.size() == groups);
+        QSet<QString> ids, names;
+        for (const SampleGroup &group : company.friendGroups()) {
+            ids.insert(group.id);
+            names.insert(group.name);
+        }
+        QCOMPARE(ids.size(), groups);
+        QCOMPARE(names.size(), groups);
+    }
+};
+
+FRIENDUI_TEST(TstSampleCompany)
+#include "tst_samplecompany.moc"

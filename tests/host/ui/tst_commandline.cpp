@@ -1,0 +1,171 @@
+// The command line: what is understood and what is refused, with a clear word.
+#include "host/commandline.h"
+#include "host/datafolder.h"
+#include "tests/support/testrunner.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+CommandLineResult parse(const QStringList &arguments)
+{
+    return parseCommandLine(QStringList{QStringLiteral("friendui-host")} + arguments,
+                            {QStringLiteral("CreateGroup"), QStringLiteral("SendMessage")});
+}
+
+bool touch(const QString &path)
+{
+    QDir().mkpath(QFileInfo(path).path());
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly);
+}
+} // namespace
+
+class TstCommandLine : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void defaults()
+    {
+        const CommandLineResult result = parse({});
+        QCOMPARE(result.action, CommandLineResult::Run);
+        QCOMPARE(result.options.people, 300);
+        QVERIFY(result.options.simulation);
+        QVERIFY(!result.options.offline);
+        QCOMPARE(result.options.skin, QStringLiteral("light"));
+    }
+
+    void everyOptionIsTaken()
+    {
+        const CommandLineResult result =
+            parse(QStringLiteral("--people 5000 --data /tmp/d --plugin p.so --lang EN --skin dark "
+                                 "--offline --fail creategroup,SendMessage --silent all "
+                                 "--tour /tmp/t --tour-steps start,chat --no-simulation --reset")
+                      .split(QLatin1Char(' ')));
+        QCOMPARE(result.action, CommandLineResult::Run);
+        const HostOptions &options = result.options;
+        QCOMPARE(options.people, 5000);
+        QCOMPARE(options.dataFolder, QStringLiteral("/tmp/d"));
+        QCOMPARE(options.pluginFile, QStringLiteral("p.so"));
+        QCOMPARE(options.language, QStringLiteral("en"));
+        QCOMPARE(options.skin, QStringLiteral("dark"));
+        QVERIFY(options.offline && options.reset && !options.simulation);
+        QCOMPARE(options.failing,
+                 (QStringList{QStringLiteral("CreateGroup"), QStringLiteral("SendMessage")}));
+        QCOMPARE(options.silent, QStringList{QStringLiteral("all")});
+        QCOMPARE(options.tourSteps.size(), 2);
+    }
+
+    void mistakesAreNamed_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("named");
+        QTest::newRow("no number") << "--people many"
+                                   << "\"many\"";
+        QTest::newRow("nobody") << "--people 0"
+                                << "1 to 100000";
+        QTest::newRow("too many") << "--people 100001"
+                                  << "1 to 100000";
+        QTest::newRow("missing file") << "--import /nowhere/x.vcf"
+                                      << "/nowhere/x.vcf";
+        QTest::newRow("folder as file") << "--import /"
+                                        << "\"/\"";
+        QTest::newRow("language") << "--lang fr"
+                                  << "zh_CN, en";
+        QTest::newRow("skin") << "--skin pink"
+                              << "light, dark";
+        QTest::newRow("operation") << "--fail Explode"
+                                   << "CreateGroup";
+        QTest::newRow("unknown option") << "--bogus"
+                                        << "bogus";
+        QTest::newRow("positional") << "people.vcf"
+                                    << "people.vcf";
+        QTest::newRow("missing value") << "--people"
+                                       << "people";
+        QTest::newRow("steps without a tour") << "--tour-steps start"
+                                              << "--tour";
+    }
+    void mistakesAreNamed()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, named);
+        const CommandLineResult result = parse(arguments.split(QLatin1Char(' ')));
+        QCOMPARE(result.action, CommandLineResult::Refuse);
+        QVERIFY2(result.text.contains(named), qPrintable(result.text));
+    }
+
+    void theToolkitGetsOnlyItsOwn_data()
+    {
+        QTest::addColumn<QString>("arguments");
+        QTest::addColumn<QString>("own");
+        QTest::addColumn<QString>("toolkit");
+        QTest::newRow("its --plugin stays away") << "h --plugin p.so"
+                                                 << "h --plugin p.so"
+                                                 << "h";
+        QTest::newRow("with a value") << "h -platform vnc --offline"
+                                      << "h --offline"
+                                      << "h -platform vnc";
+        QTest::newRow("two dashes") << "h --platform=offscreen -v"
+                                    << "h -v"
+                                    << "h --platform=offscreen";
+        QTest::newRow("without a value") << "h -reverse --people 5"
+                                         << "h --people 5"
+                                         << "h -reverse";
+    }
+    void theToolkitGetsOnlyItsOwn()
+    {
+        QFETCH(QString, arguments);
+        QFETCH(QString, own);
+        QFETCH(QString, toolkit);
+        const SplitArguments split = splitArguments(arguments.split(QLatin1Char(' ')));
+        QCOMPARE(split.own.join(QLatin1Char(' ')), own);
+        QCOMPARE(split.toolkit.join(QLatin1Char(' ')), toolkit);
+    }
+
+    void helpNamesEveryOption()
+    {
+        const CommandLineResult result = parse({QStringLiteral("--help")});
+        QCOMPARE(result.action, CommandLineResult::ShowText);
+        for (const char *option :
+             {"--people", "--import", "--data", "--plugin", "--tour", "--reset"})
+            QVERIFY2(result.text.contains(QLatin1String(option)), option);
+    }
+
+    void resetDeletesOnlyInAFolderOfItsOwn()
+    {
+        const QTemporaryDir folder;
+        const QString own = folder.filePath(QStringLiteral("own"));
+        const QString foreign = folder.filePath(QStringLiteral("foreign"));
+        QString problem;
+        QVERIFY(prepareDataFolder(own, &problem));
+        for (const QString &place : {own, foreign}) {
+            QVERIFY(touch(place + QLatin1String("/core/a.db")));
+            QVERIFY(touch(place + QLatin1String("/mine.txt")));
+        }
+        QVERIFY(resetDataFolder(own, &problem));
+        QVERIFY(!QFile::exists(own + QLatin1String("/core/a.db")));
+        QVERIFY(QFile::exists(own + QLatin1String("/mine.txt")));
+
+        QVERIFY(!resetDataFolder(foreign, &problem));
+        QVERIFY(problem.contains(foreign));
+        QVERIFY(QFile::exists(foreign + QLatin1String("/core/a.db")));
+        QVERIFY(resetDataFolder(folder.filePath(QStringLiteral("none")), &problem));
+    }
+
+    void aDataFolderThatIsAFileIsRefused()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("file"));
+        QVERIFY(touch(file));
+        QString problem;
+        QVERIFY(!prepareDataFolder(file, &problem));
+        QVERIFY(problem.contains(file));
+        QCOMPARE(parse({QStringLiteral("--data"), file}).action, CommandLineResult::Refuse);
+    }
+};
+
+FRIENDUI_TEST(TstCommandLine)
+#include "tst_commandline.moc"

@@ -1,0 +1,355 @@
+// The host's window with a recording core: chats, requests that open windows,
+// switches, the page shown without a plug-in, loading a plug-in.
+#include "common/clogthread.h"
+#include "host/chat/chatarea.h"
+#include "host/chat/chatpage.h"
+#include "host/chat/chatview.h"
+#include "host/eventlog.h"
+#include "host/hostbus.h"
+#include "host/hostcontext.h"
+#include "host/hostlanguage.h"
+#include "host/mainwindow.h"
+#include "host/panearea.h"
+#include "host/pluginloader.h"
+#include "host/requesttable.h"
+#include "host/windows/hostwindows.h"
+#include "host/windows/peoplepicker.h"
+#include "hostapi/eventcodes.h"
+#include "hostapi/plugininterface.h"
+#include "tests/host/ui/fakecore.h"
+#include "tests/support/testrunner.h"
+
+#include <QAction>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+#include <QSqlQuery>
+#include <QStatusBar>
+#include <QTabWidget>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+FriendData person(const QString &uid, const QString &name)
+{
+    FriendData data;
+    data.jid = uid + QLatin1String("@corp.example");
+    data.nickName = name;
+    return data;
+}
+
+MessageData message(const QString &session, const QString &from, const QString &body)
+{
+    MessageData data;
+    data.sessionJid = session;
+    data.fromJid = from;
+    data.body = body;
+    data.time = QStringLiteral("2024-01-02 03:04:05");
+    return data;
+}
+
+const QString hostile()
+{
+    return QString::fromUtf8("<img src=/etc/passwd><b>O'Brien</b> & \"Co\"\nforged");
+}
+
+struct Bench
+{
+    QTemporaryDir folder;
+    FakeCore core;
+    HostContext context{&core, folder.path()};
+    EventLog log;
+    HostBus bus{&log};
+    HostLanguage language;
+    MainWindow window{{&core, &context, &bus, &log, &language, nullptr}};
+
+    Bench()
+    {
+        core.people = {person(QStringLiteral("u1"), QString::fromUtf8("李雷")),
+                       person(QStringLiteral("u2"), hostile())};
+        installRequestHandlers(bus, core, *window.windows());
+    }
+    ~Bench() { context.shutDown(); }
+
+    QString status() const { return window.statusBar()->currentMessage(); }
+    template <class T> T *find(const char *name) const
+    {
+        return window.findChild<T *>(QString::fromLatin1(name));
+    }
+};
+
+const QString u1()
+{
+    return QStringLiteral("u1@corp.example");
+}
+const QString u2()
+{
+    return QStringLiteral("u2@corp.example");
+}
+
+} // namespace
+
+class TstHostWindow : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aChatShowsItsHistoryAndSends()
+    {
+        Bench bench;
+        bench.core.history[u1()] = {message(u1(), u1(), QStringLiteral("hello"))};
+        bench.window.windows()->openChat(u1(), MessageData::Person);
+        ChatPage *page = bench.window.chats()->currentPage();
+        QVERIFY(page);
+        QVERIFY(page->findChild<ChatView *>()->toPlainText().contains(QLatin1String("hello")));
+
+        auto *input = page->findChild<QPlainTextEdit *>(QStringLiteral("chatInput"));
+        QTest::keyClicks(input, QStringLiteral("  one"));
+        QTest::keyClick(input, Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClicks(input, QStringLiteral("two"));
+        QVERIFY(bench.core.calls.isEmpty());
+        QTest::keyClick(input, Qt::Key_Return);
+        QCOMPARE(bench.core.calls,
+                 QStringList{QStringLiteral("sendMessage(%1, 0, one\ntwo)").arg(u1())});
+        QVERIFY(input->toPlainText().isEmpty());
+        QTest::keyClick(input, Qt::Key_Return); // nothing to send
+        QCOMPARE(bench.core.calls.size(), 1);
+
+        emit bench.core.requestFailed(QStringLiteral("sendMessage"), u1());
+        QVERIFY(page->findChild<ChatView *>()->toPlainText().contains(
+            QLatin1String("could not be sent")));
+    }
+
+    void thereIsOneChatPerJid()
+    {
+        Bench bench;
+        bench.window.windows()->openChat(u1(), 0);
+        bench.window.windows()->openChat(u2(), 0);
+        bench.window.windows()->openChat(u1(), 0);
+        QCOMPARE(bench.window.chats()->count(), 2);
+        QCOMPARE(bench.window.chats()->currentPage()->jid(), u1());
+
+        auto *tabs = bench.find<QTabWidget>("chatTabs");
+        emit bench.core.messageReceived(true, message(u2(), u2(), QStringLiteral("hi")));
+        QVERIFY(tabs->tabText(1).startsWith(QString::fromUtf8("●")));
+        tabs->setCurrentIndex(1);
+        QVERIFY(!tabs->tabText(1).startsWith(QString::fromUtf8("●")));
+
+        emit tabs->tabCloseRequested(1);
+        emit tabs->tabCloseRequested(0);
+        QCOMPARE(bench.window.chats()->count(), 0);
+        QCOMPARE(bench.window.chats()->currentWidget()->objectName(),
+                 QStringLiteral("welcomePage"));
+        emit bench.core.messageReceived(true, message(u1(), u1(), QStringLiteral("again")));
+        QVERIFY(bench.status().contains(QString::fromUtf8("李雷")));
+    }
+
+    void othersTextIsNeverMarkup()
+    {
+        Bench bench;
+        bench.core.history[u2()] = {message(u2(), u2(), hostile())};
+        ChatPage *page = bench.window.chats()->open(u2(), MessageData::Person);
+        const QString shown = page->findChild<ChatView *>()->toPlainText();
+        QVERIFY(shown.contains(QLatin1String("<img src=/etc/passwd>")));
+        const auto labels = page->findChildren<QLabel *>();
+        for (const QLabel *label : labels)
+            QCOMPARE(label->textFormat(), Qt::PlainText);
+        QVERIFY(!page->title().contains(QLatin1Char('\n')));
+        auto *tabs = bench.find<QTabWidget>("chatTabs");
+        QVERIFY(tabs->tabText(0).contains(QLatin1String("&& \"Co\"")));
+    }
+
+    void requestsBeyondTheHostOpenANote_data()
+    {
+        QTest::addColumn<int>("code");
+        QTest::newRow("mail") << int(Outbound::WriteMail);
+        QTest::newRow("file") << int(Outbound::SendFile);
+        QTest::newRow("picture") << int(Outbound::ShowPicture);
+        QTest::newRow("topic") << int(Outbound::OpenTopicPage);
+        QTest::newRow("room") << int(Outbound::ManageRoom);
+    }
+    void requestsBeyondTheHostOpenANote()
+    {
+        QFETCH(int, code);
+        Bench bench;
+        HostWindows &windows = *bench.window.windows();
+        switch (code) {
+        case Outbound::WriteMail:
+            windows.writeMail({u1(), u2()});
+            break;
+        case Outbound::SendFile:
+            windows.sendFile({u1()}, 0);
+            break;
+        case Outbound::ShowPicture:
+            windows.showPicture(u1(), QStringLiteral("/x.png"));
+            break;
+        case Outbound::OpenTopicPage:
+            windows.openTopicPage(QString::fromLatin1(PluginId::Topics), u1());
+            break;
+        case Outbound::ManageRoom:
+            windows.manageRoom(u1());
+            break;
+        }
+        auto *note = bench.find<QDialog>("requestNote");
+        QVERIFY(note && note->isVisible());
+        QVERIFY(note->findChild<QPlainTextEdit *>()->toPlainText().contains(
+            code == Outbound::ShowPicture ? QStringLiteral("/x.png") : QString::fromUtf8("李雷")));
+        note->reject();
+        QTRY_VERIFY(!bench.find<QDialog>("requestNote"));
+    }
+
+    void aGroupChatIsMadeOfTheChosenPeople()
+    {
+        Bench bench;
+        bench.window.windows()->createGroupChat({u1()});
+        auto *picker = bench.find<PeoplePicker>("peoplePicker");
+        QVERIFY(picker);
+        QCOMPARE(picker->chosenJids(), QStringList{u1()});
+        picker->findChild<QLineEdit *>(QStringLiteral("pickerText"))
+            ->setText(QStringLiteral("Plan"));
+        picker->accept();
+        QCOMPARE(bench.core.calls, QStringList{QStringLiteral("createRoom(%1, Plan)").arg(u1())});
+    }
+
+    void pickedTeamMembersGoBackToThePlugin()
+    {
+        Bench bench;
+        QSignalSpy recorded(&bench.log, &EventLog::recorded);
+        QObject plugin;
+        bench.bus.setPlugin(&plugin, QStringLiteral("{p}"));
+        bench.window.windows()->pickTeamMembers(QStringLiteral("t1"), 4, {QStringLiteral("u2")});
+        auto *picker = bench.find<PeoplePicker>("peoplePicker");
+        auto *model = picker->findChild<QAbstractItemModel *>();
+        QVERIFY(model);
+        QCOMPARE(model->rowCount(), 1); // u2 is in the team already
+        model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+        picker->accept();
+        QCOMPARE(recorded.count(), 1);
+        const auto record = recorded.first().first().value<EventRecord>();
+        QCOMPARE(record.code, qint32(Inbound::VirtualTeamMembersPicked));
+        QDataStream in(record.payload);
+        QString team;
+        QStringList uids;
+        qint32 group = 0;
+        in >> team >> uids >> group;
+        QCOMPARE(uids, QStringList{QStringLiteral("u1")});
+        QCOMPARE(group, 4);
+    }
+
+    void switchesReachCoreContextAndPlugin()
+    {
+        Bench bench;
+        QSignalSpy recorded(&bench.log, &EventLog::recorded);
+        QObject plugin;
+        bench.bus.setPlugin(&plugin, QStringLiteral("{p}"));
+        bench.window.setSkin(QStringLiteral("dark"));
+        QCOMPARE(bench.context.skin().skinName, QStringLiteral("dark"));
+        QVERIFY(bench.window.palette().color(QPalette::Window).lightness() < 80);
+        QCOMPARE(recorded.first().first().value<EventRecord>().code, qint32(Inbound::SkinChanged));
+
+        auto *online = bench.find<QAction>("toggleOnline");
+        QCOMPARE(online->text(), QStringLiteral("Go offline"));
+        online->trigger();
+        QVERIFY(!bench.core.connected);
+        QCOMPARE(online->text(), QStringLiteral("Go online"));
+
+        bench.find<QAction>("presence4")->trigger();
+        QVERIFY(bench.core.calls.contains(QLatin1String("setOwnPresence(4)")));
+        bench.window.setSkin(QStringLiteral("light"));
+    }
+
+    void aMissingModuleIsToldWithAWayOn()
+    {
+        Bench bench;
+        const QString file = bench.folder.filePath(QStringLiteral("libNothing.so"));
+        const LoadedPlugin none = loadPlugin(file, &bench.context, &bench.bus);
+        QVERIFY(!none.plugin);
+        QVERIFY(!none.problem.isEmpty());
+        bench.window.paneArea()->setProblem(none.file, none.problem);
+        QCOMPARE(bench.window.paneArea()->currentWidget()->objectName(),
+                 QStringLiteral("paneErrorPage"));
+        bench.window.show();
+        const QSignalSpy retry(bench.window.paneArea(), &PaneArea::retryWanted);
+        QTest::mouseClick(bench.find<QWidget>("paneRetry"), Qt::LeftButton);
+        QCOMPARE(retry.count(), 1);
+
+        QFile foreign(bench.folder.filePath(QStringLiteral("libForeign.so")));
+        QVERIFY(foreign.open(QIODevice::WriteOnly));
+        foreign.write("not a library");
+        foreign.close();
+        QVERIFY(!loadPlugin(foreign.fileName(), &bench.context, &bench.bus).plugin);
+    }
+
+    void aModuleIsLoadedAndConnected()
+    {
+        Bench bench;
+        const LoadedPlugin loaded =
+            loadPlugin(QStringLiteral(FRIENDUI_FAKE_PLUGIN), &bench.context, &bench.bus);
+        QVERIFY2(loaded.plugin, qPrintable(loaded.problem));
+        // The request came before the plug-in was made known as a receiver.
+        QCOMPARE(bench.core.calls, QStringList{QStringLiteral("requestGroups(true)")});
+        bench.window.paneArea()->setPane(loaded.plugin->getMainWidget(nullptr));
+        QCOMPARE(bench.window.paneArea()->currentWidget()->objectName(),
+                 QStringLiteral("fakePane"));
+        bench.bus.notify(Inbound::OwnStatusChanged);
+        QCOMPARE(loaded.plugin->getEventReceiver()->property("lastCode").toInt(),
+                 int(Inbound::OwnStatusChanged));
+        QVERIFY(bench.bus.mayAddContact(u1()));
+    }
+
+    void conversationsStayPinned()
+    {
+        const QTemporaryDir folder;
+        FakeCore core;
+        {
+            HostContext context(&core, folder.path());
+            context.setSessionTop(QStringLiteral("o'brien@x"), true);
+            context.setSessionTop(u1(), true);
+            context.setSessionTop(u1(), false);
+            QSqlQuery mute(context.userDatabase());
+            QVERIFY(mute.exec(QStringLiteral(
+                "INSERT INTO sessionsetting (sessionJid, isNotHint) VALUES ('r@x', 'T')")));
+            context.shutDown();
+        }
+        HostContext again(&core, folder.path());
+        QVERIFY(again.isSessionTop(QStringLiteral("o'brien@x")));
+        QVERIFY(!again.isSessionTop(u1()));
+        QCOMPARE(again.sessionNotify(QStringLiteral("r@x")), 1);
+        QCOMPARE(again.sessionNotify(u1()), 0);
+        again.shutDown();
+    }
+
+    void theLogIsWrittenToItsEnd()
+    {
+        const QTemporaryDir folder;
+        FakeCore core;
+        HostContext context(&core, folder.path());
+        for (int i = 0; i < 250; ++i)
+            context.logThread()->enqueue(3, QStringLiteral("t.cpp:1"), QString::number(i));
+        context.shutDown();
+        QVERIFY(context.logThread()->isFinished());
+        QFile file(context.logFile());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray text = file.readAll();
+        QVERIFY(text.contains("]: 249\n"));
+        QVERIFY(text.trimmed().endsWith("the log ends with the host"));
+        context.shutDown(); // a second time does nothing
+    }
+
+    void picturesOutsideTheDataFolderAreNotGivenOut()
+    {
+        const QTemporaryDir folder;
+        FakeCore core;
+        HostContext context(&core, folder.path());
+        QVERIFY(context.headPath(QStringLiteral("../../etc/passwd")).isEmpty());
+        QVERIFY(context.headPath(QStringLiteral("/etc/passwd")).isEmpty());
+        QVERIFY(context.headPath(QString()).isEmpty());
+        context.shutDown();
+    }
+};
+
+FRIENDUI_TEST(TstHostWindow)
+#include "tst_hostwindow.moc"
