@@ -32,15 +32,18 @@ void GroupExpansion::restore(int first, int last)
 {
     // Without signals: to whom they tell would lay the tree out for each group.
     const QSignalBlocker quiet(m_view);
+    const QAbstractItemModel *model = m_view->model();
+    // While the groups arrive, before their contacts, another one may become first.
+    const QModelIndex formerFirst = first == 0 ? model->index(last + 1, 0) : QModelIndex();
+    const bool takesOver =
+        !m_known && first == 0 && (!formerFirst.isValid() || model->rowCount(formerFirst) == 0);
+    if (takesOver && formerFirst.isValid())
+        m_view->setExpanded(formerFirst, false);
     for (int row = first; row <= last; ++row) {
-        const QModelIndex index = m_view->model()->index(row, 0);
+        const QModelIndex index = model->index(row, 0);
         const QString name = index.data(FriendTreeRole::Name).toString();
-        m_view->setExpanded(index, m_known ? m_expanded.contains(name) : row == 0);
+        m_view->setExpanded(index, m_known ? m_expanded.contains(name) : takesOver && row == 0);
     }
-    // The one that was the first before.
-    const QModelIndex next = m_view->model()->index(last + 1, 0);
-    if (!m_known && first == 0 && next.isValid())
-        m_view->setExpanded(next, false);
 }
 
 void GroupExpansion::note(bool expanded, const QString &groupName)

@@ -105,6 +105,13 @@ void AvatarStore::refresh(const QString &file)
         if (key.startsWith(prefix))
             m_cache.remove(key);
     }
+    // What is being decoded may still be the old file; it is asked for again and
+    // comes after that.
+    const QSet<QString> pending = m_pending;
+    for (const QString &key : pending) {
+        if (key.startsWith(prefix))
+            m_pending.remove(key);
+    }
 }
 
 void AvatarStore::decode(const QString &file, const QString &key, int size, qreal pixelRatio)
@@ -144,12 +151,13 @@ QImage AvatarStore::load(const QString &file, int pixels)
         qint64(size.width()) * size.height() > MaximumPixels)
         return QImage();
     reader.setAutoTransform(true);
-    QImage image = reader.read();
+    const QImage image = reader.read();
     if (image.isNull())
         return image;
-    image = image.scaled(pixels, pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    // Cut before it is scaled: a picture of one line would grow to a huge one.
     const int side = qMin(image.width(), image.height());
-    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side);
+    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side)
+        .scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QString AvatarStore::monogram(const QString &name)
