@@ -8,7 +8,7 @@
 
 namespace {
 const Skin::Colors lightColors{QColor(255, 255, 255), QColor(245, 246, 248), QColor(31, 35, 41),
-                               QColor(96, 102, 112), QColor(242, 243, 245), QColor(221, 232, 255),
+                               QColor(96, 102, 112),  QColor(242, 243, 245), QColor(221, 232, 255),
                                QColor(38, 99, 235),   QColor(222, 224, 227), QColor(204, 48, 48),
                                QColor(22, 140, 68),   QColor(200, 120, 0),   QColor(204, 48, 48),
                                QColor(150, 155, 163)};
