@@ -262,8 +262,10 @@ void TstFriendTreeScreen::opensManyGroups()
 
 void TstFriendTreeScreen::languageIsLive()
 {
-    const TreeFixture tree;
-    const FriendTreeWidget waiting; // shows its loading page
+    TreeFixture tree;
+    tree.host.context.innerGroups.clear();
+    tree.host.context.contacts.clear();
+    const FriendTreeWidget waiting; // knows nobody yet, and says that it is loading
     Marker marker;
     QCoreApplication::installTranslator(&marker);
     TreeFixture::settle();
