@@ -6,6 +6,7 @@
 
 #include <QAccessible>
 #include <QLabel>
+#include <QPushButton>
 #include <QRandomGenerator>
 #include <QScrollBar>
 #include <QTest>
@@ -81,6 +82,7 @@ private slots:
     void labelsFollowTheirRows();
     void opensManyGroups();
     void languageIsLive();
+    void languageOfTheEmptyTreeIsLive();
     void accessibleTexts();
     void hostileNames_data();
     void hostileNames();
@@ -277,10 +279,22 @@ void TstFriendTreeScreen::languageIsLive()
                 .data(Qt::AccessibleTextRole)
                 .toString()
                 .contains(QStringLiteral("T:presenceOffline")));
-    bool found = false;
+    QCoreApplication::removeTranslator(&marker);
+}
+
+void TstFriendTreeScreen::languageOfTheEmptyTreeIsLive()
+{
+    const TreeFixture tree(false);
+    FakeHost::send(4119, QList<GroupData>(), true);
+    Marker marker;
+    QCoreApplication::installTranslator(&marker);
+    TreeFixture::settle();
+    QStringList texts;
     for (const QLabel *label : tree.widget->findChildren<QLabel *>())
-        found = found || label->text() == QStringLiteral("T:friendsEmpty");
-    QVERIFY(found);
+        texts.append(label->text());
+    QVERIFY(texts.contains(QStringLiteral("T:friendsEmpty")));
+    QCOMPARE(tree.widget->findChild<QPushButton *>(QStringLiteral("newgroup"))->text(),
+             QStringLiteral("T:newgroup"));
     QCoreApplication::removeTranslator(&marker);
 }
 
