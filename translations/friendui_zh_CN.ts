@@ -157,7 +157,7 @@
     </message>
     <message>
         <source>confirmDeleteContacts</source>
-        <translation>确定删除所选的 %1 位联系人吗？</translation>
+        <translation>确定删除选中的 %1 位联系人吗？</translation>
     </message>
     <message>
         <source>confirmDeleteGroup</source>
