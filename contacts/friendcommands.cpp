@@ -142,6 +142,21 @@ void FriendCommands::deleteContact(const QString &jid)
     });
 }
 
+void FriendCommands::deleteContacts(const QStringList &jids)
+{
+    const QStringList others = withoutOwn(jids);
+    if (others.size() == 1)
+        deleteContact(others.first());
+    if (others.size() < 2)
+        return;
+    TipBox::ask(m_view, QObject::tr("confirmDeleteContacts").arg(others.size()), [this, others] {
+        for (const QString &jid : others) {
+            if (m_model->hasContact(jid))
+                FriendUIEventProcess::deleteContact(jid, m_inner);
+        }
+    });
+}
+
 void FriendCommands::moveContacts(const QStringList &jids, const QString &groupId)
 {
     const QStringList others = withoutOwn(jids);

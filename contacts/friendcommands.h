@@ -29,6 +29,8 @@ public:
     void viewDetail(const QString &jid);
     void changeRemark(const QString &jid);
     void deleteContact(const QString &jid);
+    // One question for all of them; the own row is left out.
+    void deleteContacts(const QStringList &jids);
     // Contacts that are in the group already stay; the own row never moves.
     void moveContacts(const QStringList &jids, const QString &groupId);
 

@@ -4,6 +4,7 @@
 #include "controls/pictures.h"
 #include "controls/skin.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QStandardItemModel>
 #include <QStyledItemDelegate>
@@ -142,6 +143,8 @@ FriendListView::FriendListView(QWidget *parent)
     setMouseTracking(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The column is too narrow for one; the wheel and the keys scroll it.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_model->setSortRole(EntryRole::SortKey);
     for (const Entry &entry : entries) {
         if (entry.right >= 0 && !ctx().hasRight(entry.right))
@@ -167,10 +170,24 @@ bool FriendListView::selectEntry(const QString &id)
     return true;
 }
 
+void FriendListView::announce(const QModelIndex &index)
+{
+    if (index.isValid())
+        emit signal_clickItem(index.data(EntryRole::Type).toInt(),
+                              index.data(EntryRole::Id).toString());
+}
+
 void FriendListView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
     QListView::currentChanged(current, previous);
-    if (current.isValid())
-        emit signal_clickItem(current.data(EntryRole::Type).toInt(),
-                              current.data(EntryRole::Id).toString());
+    announce(current);
+}
+
+void FriendListView::mousePressEvent(QMouseEvent *event)
+{
+    // A click on another entry makes it current and is announced by that.
+    const bool again = indexAt(event->pos()) == currentIndex();
+    QListView::mousePressEvent(event);
+    if (again && event->button() == Qt::LeftButton)
+        announce(currentIndex());
 }

@@ -34,7 +34,10 @@ signals:
 
 protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    void announce(const QModelIndex &index);
+
     QStandardItemModel *m_model;
 };

@@ -12,8 +12,10 @@
 #include "controls/avatarstore.h"
 #include "controls/scrollanchor.h"
 #include "controls/skin.h"
+#include "controls/slimscrollbar.h"
 #include "plugin/paneactions.h"
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -49,6 +51,7 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ExtendedSelection);
     setVerticalScrollMode(ScrollPerPixel);
+    useSlimScrollBar(this);
     verticalScrollBar()->setSingleStep(ScrollStep);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(NoFrame);
@@ -107,8 +110,11 @@ void FriendTreeView::doItemsLayout()
 }
 
 void FriendTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                                 const QVector<int> &)
+                                 const QVector<int> &roles)
 {
+    // Who listens to a screen reader hears of each change.
+    if (QAccessible::isActive())
+        QTreeView::dataChanged(topLeft, bottomRight, roles);
     // The base class would search the row on screen, which takes time in
     // proportion to the rows for each change. One repaint a frame is cheaper.
     viewport()->update();
@@ -284,8 +290,8 @@ void FriendTreeView::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Delete:
         if (isGroup(current))
             m_commands->deleteGroup(id);
-        else if (current.isValid())
-            m_commands->deleteContact(id);
+        else
+            m_commands->deleteContacts(selectedContacts());
         return;
     case Qt::Key_Escape:
         if (selectedContacts().size() > 1) {
@@ -337,7 +343,7 @@ void FriendTreeView::updateFreeze()
 void FriendTreeView::slot_getGroupAgain()
 {
     LOG_SCOPE("FriendTreeView::slot_getGroupAgain()");
-    m_groupTimeOut.start();
+    waitForGroups();
     m_commands->refreshGroups();
 }
 

@@ -30,7 +30,8 @@ public:
     // The user's switch in the menu, as opposed to what the list shows.
     void setHideOffline(bool hide);
 
-    // The host has delivered the groups: nobody waits for them any more.
+    // signal_loadGroupTimeOut() follows unless groupsArrived() is called in time.
+    void waitForGroups() { m_groupTimeOut.start(); }
     void groupsArrived() { m_groupTimeOut.stop(); }
 
     // Makes a row current, opens its group and scrolls to it.

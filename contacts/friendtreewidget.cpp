@@ -110,10 +110,12 @@ void FriendTreeWidget::showState()
         m_pages->setCurrentWidget(statePage(m_emptyPage, "friendsEmpty",
                                             "Resources/images/contacts/empty_list.png", "newgroup",
                                             &FriendTreeWidget::createGroup));
-    else
+    else {
         m_pages->setCurrentWidget(statePage(m_loadingPage, "friendsLoading",
                                             "Resources/images/SearchFriend/qora_Loading.gif",
                                             nullptr, nullptr));
+        m_view->waitForGroups();
+    }
 }
 
 // Made when it is first needed: most users never see any of them.
@@ -139,6 +141,8 @@ void FriendTreeWidget::fail()
 {
     LOG_ERROR("the contact groups could not be loaded");
     m_failed = true;
+    if (m_model->rowCount() > 0)
+        TipBox::tell(this, QObject::tr("friendsFailed"));
     showState();
 }
 
@@ -293,6 +297,8 @@ bool FriendTreeWidget::locate(const QString &friendJid)
 
 void FriendTreeWidget::slot_updateFriendPresence(QMap<QString, PresenceData> presencDataMap)
 {
+    LOG_SCOPE("FriendTreeWidget::slot_updateFriendPresence(QMap<QString,PresenceData> "
+              "presencDataMap)");
     m_model->setPresence(presencDataMap);
 }
 
@@ -436,5 +442,6 @@ void FriendTreeWidget::slot_setExpandContact(bool bExpandContact)
 
 void FriendTreeWidget::slot_setgroupexpandlist(bool isexpanded, QString groupname)
 {
+    LOG_SCOPE("FriendTreeWidget::slot_setgroupexpandlist(bool isexpanded, QString groupname)");
     m_expansion->note(isexpanded, groupname);
 }

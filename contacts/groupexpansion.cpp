@@ -11,15 +11,25 @@
 GroupExpansion::GroupExpansion(QTreeView *view, const QString &key)
     : QObject(view), m_view(view), m_key(key)
 {
+    m_storing.setSingleShot(true);
+    connect(&m_storing, &QTimer::timeout, this, &GroupExpansion::store);
+}
+
+GroupExpansion::~GroupExpansion()
+{
+    if (m_storing.isActive())
+        store();
 }
 
 void GroupExpansion::load()
 {
+    if (m_storing.isActive())
+        store(); // of the user before
     m_expanded.clear();
     m_known = false;
-    const QString file = ClientPaths::userSettingsFile();
-    if (!file.isEmpty()) {
-        const SettingsFile settings(file);
+    m_file = ClientPaths::userSettingsFile();
+    if (!m_file.isEmpty()) {
+        const SettingsFile settings(m_file);
         m_known = settings.contains(m_key);
         const QStringList names = settings.list(m_key);
         m_expanded = QSet<QString>(names.begin(), names.end());
@@ -32,15 +42,18 @@ void GroupExpansion::restore(int first, int last)
 {
     // Without signals: to whom they tell would lay the tree out for each group.
     const QSignalBlocker quiet(m_view);
+    const QAbstractItemModel *model = m_view->model();
+    // While the groups arrive, before their contacts, another one may become first.
+    const QModelIndex formerFirst = first == 0 ? model->index(last + 1, 0) : QModelIndex();
+    const bool takesOver =
+        !m_known && first == 0 && (!formerFirst.isValid() || model->rowCount(formerFirst) == 0);
+    if (takesOver && formerFirst.isValid())
+        m_view->setExpanded(formerFirst, false);
     for (int row = first; row <= last; ++row) {
-        const QModelIndex index = m_view->model()->index(row, 0);
+        const QModelIndex index = model->index(row, 0);
         const QString name = index.data(FriendTreeRole::Name).toString();
-        m_view->setExpanded(index, m_known ? m_expanded.contains(name) : row == 0);
+        m_view->setExpanded(index, m_known ? m_expanded.contains(name) : takesOver && row == 0);
     }
-    // The one that was the first before.
-    const QModelIndex next = m_view->model()->index(last + 1, 0);
-    if (!m_known && first == 0 && next.isValid())
-        m_view->setExpanded(next, false);
 }
 
 void GroupExpansion::note(bool expanded, const QString &groupName)
@@ -58,14 +71,14 @@ void GroupExpansion::note(bool expanded, const QString &groupName)
         m_expanded.insert(groupName);
     else
         m_expanded.remove(groupName);
-    store();
+    storeSoon();
 }
 
 void GroupExpansion::noteRename(const QString &oldName, const QString &newName)
 {
     if (m_known && m_expanded.remove(oldName)) {
         m_expanded.insert(newName);
-        store();
+        storeSoon();
     }
 }
 
@@ -83,16 +96,16 @@ void GroupExpansion::setAll(bool expanded)
     m_view->doItemsLayout();
     for (int row = 0; expanded && row < m_view->model()->rowCount(); ++row)
         m_expanded.insert(m_view->model()->index(row, 0).data(FriendTreeRole::Name).toString());
-    store();
+    storeSoon();
 }
 
-void GroupExpansion::store() const
+void GroupExpansion::store()
 {
-    const QString file = ClientPaths::userSettingsFile();
-    if (file.isEmpty())
+    m_storing.stop();
+    if (m_file.isEmpty())
         return;
     QStringList names = m_expanded.values();
     names.sort();
-    emit CModifyConfigFile::instance().signal_changeConfigValue(file, m_key, names,
+    emit CModifyConfigFile::instance().signal_changeConfigValue(m_file, m_key, names,
                                                                 SettingsFile::Ini);
 }

@@ -2,6 +2,7 @@
 
 #include "controls/skin.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QImageReader>
@@ -80,6 +81,12 @@ AvatarStore &AvatarStore::instance()
 AvatarStore::AvatarStore() : m_cache(CacheKilobytes)
 {
     m_pool.setMaxThreadCount(1);
+    // A picture that is decoded while the process takes itself apart would find its
+    // reader gone.
+    qAddPostRoutine([] {
+        instance().m_pool.clear();
+        instance().m_pool.waitForDone();
+    });
 }
 
 QPixmap AvatarStore::avatar(const QString &file, const QString &id, const QString &name, int size,
@@ -104,6 +111,13 @@ void AvatarStore::refresh(const QString &file)
     for (const QString &key : keys) {
         if (key.startsWith(prefix))
             m_cache.remove(key);
+    }
+    // What is being decoded may still be the old file; it is asked for again and
+    // comes after that.
+    const QSet<QString> pending = m_pending;
+    for (const QString &key : pending) {
+        if (key.startsWith(prefix))
+            m_pending.remove(key);
     }
 }
 
@@ -144,12 +158,13 @@ QImage AvatarStore::load(const QString &file, int pixels)
         qint64(size.width()) * size.height() > MaximumPixels)
         return QImage();
     reader.setAutoTransform(true);
-    QImage image = reader.read();
+    const QImage image = reader.read();
     if (image.isNull())
         return image;
-    image = image.scaled(pixels, pixels, Qt::KeepAspectRatioByExpanding, Qt::SmoothTransformation);
+    // Cut before it is scaled: a picture of one line would grow to a huge one.
     const int side = qMin(image.width(), image.height());
-    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side);
+    return image.copy((image.width() - side) / 2, (image.height() - side) / 2, side, side)
+        .scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
 }
 
 QString AvatarStore::monogram(const QString &name)

@@ -91,8 +91,15 @@ void RowPainter::drawPresence(QPainter *painter, const QRectF &area, const Prese
         break;
     case PresenceData::Away:
     case PresenceData::ExtendedAway:
-        painter->setBrush(colors.away);
-        painter->drawEllipse(mark);
+        // A clock; hollow for who is away for longer.
+        if (presence.pcShow == PresenceData::Away) {
+            painter->setBrush(colors.away);
+            painter->drawEllipse(mark);
+        } else {
+            line.setColor(colors.away);
+            painter->setPen(QPen(colors.away, 1.4));
+            painter->drawEllipse(mark.adjusted(0.7, 0.7, -0.7, -0.7));
+        }
         painter->setPen(line);
         painter->drawLine(middle, middle - QPointF(0, 2.6));
         painter->drawLine(middle, middle + QPointF(2, 0));

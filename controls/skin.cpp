@@ -8,12 +8,12 @@
 
 namespace {
 const Skin::Colors lightColors{QColor(255, 255, 255), QColor(245, 246, 248), QColor(31, 35, 41),
-                               QColor(112, 118, 128), QColor(242, 243, 245), QColor(221, 232, 255),
+                               QColor(96, 102, 112),  QColor(242, 243, 245), QColor(221, 232, 255),
                                QColor(38, 99, 235),   QColor(222, 224, 227), QColor(204, 48, 48),
                                QColor(22, 140, 68),   QColor(200, 120, 0),   QColor(204, 48, 48),
                                QColor(150, 155, 163)};
 const Skin::Colors darkColors{QColor(27, 29, 33),    QColor(20, 22, 25),   QColor(232, 234, 238),
-                              QColor(158, 163, 172), QColor(40, 43, 49),   QColor(42, 64, 112),
+                              QColor(170, 175, 184), QColor(40, 43, 49),   QColor(42, 64, 112),
                               QColor(92, 148, 255),  QColor(54, 57, 64),   QColor(255, 105, 97),
                               QColor(74, 201, 120),  QColor(255, 181, 71), QColor(255, 105, 97),
                               QColor(124, 129, 139)};

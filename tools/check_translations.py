@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Checks the translations: every key that the product gives to QObject::tr has a
-finished text in every language, and the languages of a catalogue agree in keys and
-placeholders. Prints one line per finding; exits with 1 when there is any.
+finished text in every language, and the languages agree in keys and placeholders, the
+reference host's texts included. Prints one line per finding; exits with 1 when there is any.
 
     tools/check_translations.py [ROOT]
 """
@@ -11,8 +11,7 @@ import sys
 import xml.etree.ElementTree as ElementTree
 
 LANGUAGES = ["zh_CN", "en"]
-PRODUCT, HOST = "friendui", "host"
-# The reference host has a catalogue of its own; the rest is not the product.
+# What of the tree is not the product.
 NOT_PRODUCT = {"tests", "host", "bench", "build", "backend", "sample", "tools"}
 KEY = re.compile(r'(?:QObject::tr\(|\baddKey\(|\baddSubMenu\(|QT_TRANSLATE_NOOP\(\s*"QObject",)'
                  r'\s*"([^"\\]+)"')
@@ -59,25 +58,19 @@ def compare(catalogues):
 
 
 def check(root):
-    findings = []
-    for catalogue in (PRODUCT, HOST):
-        paths = [root / "translations" / f"{catalogue}_{language}.ts" for language in LANGUAGES]
-        if catalogue == HOST and not any(path.exists() for path in paths):
-            continue
-        texts = {}
-        for path in paths:
-            if path.exists():
-                texts[path.name], wrong = read_catalogue(path)
-                findings += wrong
-            else:
-                findings.append(f"{path.name}: missing")
-                texts[path.name] = {}
-        if catalogue == PRODUCT:
-            findings += [f"{name}: no text for {key}, used in {where}"
-                         for key, where in sorted(product_keys(root).items())
-                         for name in texts if ("QObject", key) not in texts[name]]
-        findings += compare(texts)
-    return findings
+    texts, findings = {}, []
+    for language in LANGUAGES:
+        path = root / "translations" / f"friendui_{language}.ts"
+        if path.exists():
+            texts[path.name], wrong = read_catalogue(path)
+            findings += wrong
+        else:
+            findings.append(f"{path.name}: missing")
+            texts[path.name] = {}
+    findings += [f"{name}: no text for {key}, used in {where}"
+                 for key, where in sorted(product_keys(root).items())
+                 for name in texts if ("QObject", key) not in texts[name]]
+    return findings + compare(texts)
 
 
 def main():

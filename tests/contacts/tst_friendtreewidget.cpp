@@ -354,8 +354,6 @@ void TstFriendTreeWidget::firstGroupIsOpen()
     TreeFixture tree(false);
     const auto add = [](const char *id, const char *name) {
         FakeHost::send(4118, QString::fromLatin1(id), QString::fromLatin1(name), true, true);
-        FakeHost::send(4115, QList<FriendData>{makeContact(QLatin1String(id), QLatin1String(id),
-                                                           QLatin1String(id))});
     };
     add("c", "Gamma");
     add("b", "Beta");
@@ -364,6 +362,13 @@ void TstFriendTreeWidget::firstGroupIsOpen()
     QVERIFY(tree.view->isExpanded(tree.group("a")));
     QVERIFY(!tree.view->isExpanded(tree.group("b")));
     QVERIFY(!tree.view->isExpanded(tree.group("c")));
+    // Later a new group opens nothing and closes nothing.
+    FakeHost::send(4115, QList<FriendData>{makeContact(QStringLiteral("x"), QStringLiteral("x"),
+                                                       QStringLiteral("a"))});
+    add("0", "0");
+    TreeFixture::settle();
+    QVERIFY(tree.view->isExpanded(tree.group("a")));
+    QVERIFY(!tree.view->isExpanded(tree.group("0")));
 }
 
 void TstFriendTreeWidget::keepsWhatIsOpen()
