@@ -43,7 +43,12 @@ SettingsFile::Format formatOf(int format)
 
 CModifyConfigFile &CModifyConfigFile::instance()
 {
-    static auto *writer = new CModifyConfigFile;
+    static CModifyConfigFile *writer = [] {
+        // For an application that ends without aboutToQuit(): no thread may run on
+        // while the process takes itself apart.
+        qAddPostRoutine([] { instance().finish(); });
+        return new CModifyConfigFile;
+    }();
     return *writer;
 }
 

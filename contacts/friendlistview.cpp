@@ -143,6 +143,8 @@ FriendListView::FriendListView(QWidget *parent)
     setMouseTracking(true);
     setEditTriggers(NoEditTriggers);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    // The column is too narrow for one; the wheel and the keys scroll it.
+    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_model->setSortRole(EntryRole::SortKey);
     for (const Entry &entry : entries) {
         if (entry.right >= 0 && !ctx().hasRight(entry.right))

@@ -12,6 +12,7 @@
 #include "controls/avatarstore.h"
 #include "controls/scrollanchor.h"
 #include "controls/skin.h"
+#include "controls/slimscrollbar.h"
 #include "plugin/paneactions.h"
 
 #include <QAccessible>
@@ -50,6 +51,7 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     setEditTriggers(NoEditTriggers);
     setSelectionMode(ExtendedSelection);
     setVerticalScrollMode(ScrollPerPixel);
+    useSlimScrollBar(this);
     verticalScrollBar()->setSingleStep(ScrollStep);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setFrameShape(NoFrame);

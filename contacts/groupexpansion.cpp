@@ -11,15 +11,25 @@
 GroupExpansion::GroupExpansion(QTreeView *view, const QString &key)
     : QObject(view), m_view(view), m_key(key)
 {
+    m_storing.setSingleShot(true);
+    connect(&m_storing, &QTimer::timeout, this, &GroupExpansion::store);
+}
+
+GroupExpansion::~GroupExpansion()
+{
+    if (m_storing.isActive())
+        store();
 }
 
 void GroupExpansion::load()
 {
+    if (m_storing.isActive())
+        store(); // of the user before
     m_expanded.clear();
     m_known = false;
-    const QString file = ClientPaths::userSettingsFile();
-    if (!file.isEmpty()) {
-        const SettingsFile settings(file);
+    m_file = ClientPaths::userSettingsFile();
+    if (!m_file.isEmpty()) {
+        const SettingsFile settings(m_file);
         m_known = settings.contains(m_key);
         const QStringList names = settings.list(m_key);
         m_expanded = QSet<QString>(names.begin(), names.end());
@@ -61,14 +71,14 @@ void GroupExpansion::note(bool expanded, const QString &groupName)
         m_expanded.insert(groupName);
     else
         m_expanded.remove(groupName);
-    store();
+    storeSoon();
 }
 
 void GroupExpansion::noteRename(const QString &oldName, const QString &newName)
 {
     if (m_known && m_expanded.remove(oldName)) {
         m_expanded.insert(newName);
-        store();
+        storeSoon();
     }
 }
 
@@ -86,16 +96,16 @@ void GroupExpansion::setAll(bool expanded)
     m_view->doItemsLayout();
     for (int row = 0; expanded && row < m_view->model()->rowCount(); ++row)
         m_expanded.insert(m_view->model()->index(row, 0).data(FriendTreeRole::Name).toString());
-    store();
+    storeSoon();
 }
 
-void GroupExpansion::store() const
+void GroupExpansion::store()
 {
-    const QString file = ClientPaths::userSettingsFile();
-    if (file.isEmpty())
+    m_storing.stop();
+    if (m_file.isEmpty())
         return;
     QStringList names = m_expanded.values();
     names.sort();
-    emit CModifyConfigFile::instance().signal_changeConfigValue(file, m_key, names,
+    emit CModifyConfigFile::instance().signal_changeConfigValue(m_file, m_key, names,
                                                                 SettingsFile::Ini);
 }

@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QSet>
 #include <QString>
+#include <QTimer>
 
 class QTreeView;
 
@@ -15,6 +16,7 @@ class GroupExpansion : public QObject
 public:
     // `key` is the settings key of the list.
     GroupExpansion(QTreeView *view, const QString &key);
+    ~GroupExpansion() override;
 
     // Reads the user's list and opens and closes the groups accordingly.
     void load();
@@ -27,10 +29,14 @@ public:
     void setAll(bool expanded);
 
 private:
-    void store() const;
+    // Once in a round of the event loop: a key can open thousands of groups.
+    void storeSoon() { m_storing.start(); }
+    void store();
 
     QTreeView *m_view;
     const QString m_key;
+    QString m_file; // the user's settings; empty while there is no user
+    QTimer m_storing;
     QSet<QString> m_expanded;
     bool m_known = false; // a list was stored or the user has chosen
 };

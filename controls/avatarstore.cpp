@@ -2,6 +2,7 @@
 
 #include "controls/skin.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QImageReader>
@@ -80,6 +81,12 @@ AvatarStore &AvatarStore::instance()
 AvatarStore::AvatarStore() : m_cache(CacheKilobytes)
 {
     m_pool.setMaxThreadCount(1);
+    // A picture that is decoded while the process takes itself apart would find its
+    // reader gone.
+    qAddPostRoutine([] {
+        instance().m_pool.clear();
+        instance().m_pool.waitForDone();
+    });
 }
 
 QPixmap AvatarStore::avatar(const QString &file, const QString &id, const QString &name, int size,

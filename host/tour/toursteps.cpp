@@ -166,11 +166,15 @@ std::vector<TourStep> treeSteps()
          {expandAndRemember(3),
           {"the contact is the current row",
            [](Stage &s) {
-               // Its sort key ends in the pinyin of the name.
-               const QString pinyin =
-                   s.contact(s.jid).data(262).toString().section(QLatin1Char('|'), -1);
+               // A sort key ends in the pinyin of the name, with "?" for what has none.
+               QModelIndex contact = s.contact(s.jid);
+               const auto pinyin = [&contact] {
+                   return contact.data(262).toString().section(QLatin1Char('|'), -1).left(3);
+               };
+               while (contact.isValid() && pinyin().contains(QLatin1Char('?')))
+                   contact = contact.sibling(contact.row() + 1, 0);
+               s.target = pinyin().toLower();
                s.tree()->setCurrentIndex(s.contact(s.jid).parent());
-               s.target = pinyin.left(3).toLower();
                for (const QChar letter : s.target)
                    s.key(letter.toUpper().unicode(), QString(letter));
            },
