@@ -297,6 +297,8 @@ bool FriendTreeWidget::locate(const QString &friendJid)
 
 void FriendTreeWidget::slot_updateFriendPresence(QMap<QString, PresenceData> presencDataMap)
 {
+    LOG_SCOPE("FriendTreeWidget::slot_updateFriendPresence(QMap<QString,PresenceData> "
+              "presencDataMap)");
     m_model->setPresence(presencDataMap);
 }
 
@@ -440,5 +442,6 @@ void FriendTreeWidget::slot_setExpandContact(bool bExpandContact)
 
 void FriendTreeWidget::slot_setgroupexpandlist(bool isexpanded, QString groupname)
 {
+    LOG_SCOPE("FriendTreeWidget::slot_setgroupexpandlist(bool isexpanded, QString groupname)");
     m_expansion->note(isexpanded, groupname);
 }
