@@ -58,6 +58,7 @@ int HostApplication::start()
         return ExitCode::StorageFailed;
     }
     chooseLook();
+    m_pluginFile = m_options.pluginFile.isEmpty() ? defaultPluginFile() : m_options.pluginFile;
     const int opened = openCore();
     if (opened != ExitCode::Success)
         return opened;
@@ -65,14 +66,14 @@ int HostApplication::start()
     // Before anything else of the host or the plug-in runs: it starts the log.
     m_context = new HostContext(m_core.get(), m_folder);
     setHostContext(m_context);
-    LOG_INFO("the reference host starts");
+    LOG_INFO("the reference host " << QCoreApplication::applicationVersion() << " starts; data in "
+                                   << logText(m_folder) << ", plug-in " << logText(m_pluginFile));
     if (!m_context->logWriter()->isOpen())
         tell(QCoreApplication::translate("HostApplication", "The log file %1 cannot be written.")
                  .arg(m_context->logFile()));
     HostSkin::setFont();
     buildWindow();
 
-    m_pluginFile = m_options.pluginFile.isEmpty() ? defaultPluginFile() : m_options.pluginFile;
     loadPane(m_pluginFile);
     const int imported = m_options.importFile.isEmpty() ? ExitCode::Success : importPeople();
     // Its display has no window manager to enlarge the window with.
