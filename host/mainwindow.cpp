@@ -127,14 +127,18 @@ void MainWindow::buildActions()
     m_languages = new QActionGroup(this);
     addChoice(m_languages, QStringLiteral("zh_CN"))->setText(QString::fromUtf8("中文"));
     addChoice(m_languages, QStringLiteral("en"))->setText(QStringLiteral("English"));
-    connect(m_languages, &QActionGroup::triggered, this,
-            [this](QAction *action) { setLanguage(action->data().toString()); });
+    connect(m_languages, &QActionGroup::triggered, this, [this](QAction *action) {
+        setLanguage(action->data().toString());
+        emit languageChosen(action->data().toString());
+    });
 
     m_skins = new QActionGroup(this);
     addChoice(m_skins, QStringLiteral("light"));
     addChoice(m_skins, QStringLiteral("dark"));
-    connect(m_skins, &QActionGroup::triggered, this,
-            [this](QAction *action) { setSkin(action->data().toString()); });
+    connect(m_skins, &QActionGroup::triggered, this, [this](QAction *action) {
+        setSkin(action->data().toString());
+        emit skinChosen(action->data().toString());
+    });
 }
 
 void MainWindow::buildMenus(QMenu *levers)
