@@ -4,7 +4,18 @@
 #include "common/context.h"
 #include "common/logfilewriter.h"
 
+#include <QCoreApplication>
+#include <QThread>
+
 #include <cstring>
+
+namespace {
+bool isGuiThread()
+{
+    const QCoreApplication *application = QCoreApplication::instance();
+    return !application || application->thread() == QThread::currentThread();
+}
+} // namespace
 
 CLogManger &CLogManger::instance()
 {
@@ -20,7 +31,8 @@ CLogManger::CLogManger()
 CLogThread *CLogManger::attach()
 {
     CLogThread *thread = m_thread;
-    if (thread)
+    // Only the GUI thread may ask the host.
+    if (thread || !isGuiThread())
         return thread;
     thread = ctx().logThread();
     if (!thread)

@@ -41,7 +41,8 @@ public:
 
 private:
     CLogManger();
-    // The log thread of the context, null without one.
+    // The log thread of the context, null without one. Other threads than that of the
+    // GUI get it once the GUI thread has asked.
     CLogThread *attach();
     void finishEntry();
 

@@ -10,6 +10,8 @@
 #include "plugin/frienduieventprocess.h"
 #include "plugin/paneactions.h"
 
+#include <QPointer>
+
 namespace {
 QStringList withoutOwn(QStringList jids)
 {
@@ -158,7 +160,10 @@ void FriendCommands::deleteContacts(const QStringList &jids)
 void FriendCommands::moveContacts(const QStringList &jids, const QString &groupId)
 {
     const QStringList others = withoutOwn(jids);
+    const QPointer<FriendCommands> alive(this);
     for (const QString &jid : others) {
+        if (!alive) // the host has closed its window meanwhile
+            return;
         // Looked up again for each: the answer to the one before may have come.
         if (!m_model->hasContact(jid) || !m_model->hasGroup(groupId))
             continue;

@@ -14,6 +14,8 @@
 
 #include <QContextMenuEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 // --- Building ------------------------------------------------------------------
@@ -32,6 +34,17 @@ void FriendTreeView::setUpMenus()
     verticalScrollBar()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(verticalScrollBar(), &QWidget::customContextMenuRequested, this,
             &FriendTreeView::slot_vScrollBarContextMenu);
+}
+
+// The host may destroy the pane inside a request that an action has made; QMenu
+// does not survive its own end while it tells of that action.
+void FriendTreeView::releaseMenus()
+{
+    for (SkinMenu *menu : {m_groupMenu, m_contactMenu, m_nullMenu, m_selectMoreMenu}) {
+        menu->disconnect(this);
+        menu->setParent(nullptr, menu->windowFlags());
+        menu->deleteLater();
+    }
 }
 
 SkinMenu *FriendTreeView::creatCommonGroupMenu()
@@ -294,6 +307,17 @@ void FriendTreeView::startDrag(Qt::DropActions)
     m_dragItems.removeAll(ctx().ownJid());
     if (m_dragItems.isEmpty())
         return;
+    // Not from inside the mouse event: the view may be destroyed before the drag
+    // ends, and the base class goes on with the event.
+    m_dragDue = true;
+    QMetaObject::invokeMethod(this, &FriendTreeView::runDrag, Qt::QueuedConnection);
+}
+
+void FriendTreeView::runDrag()
+{
+    m_dragDue = false;
+    if (m_drag || !(QGuiApplication::mouseButtons() & Qt::LeftButton))
+        return;
     m_drag = new MyDrag(this);
     connect(m_drag, &MyDrag::signal_dropEnd, this, &FriendTreeView::slot_dropend);
     m_model->setOrderFrozen(true);
@@ -303,6 +327,13 @@ void FriendTreeView::startDrag(Qt::DropActions)
         m_drag = nullptr;
         updateFreeze();
     }
+}
+
+void FriendTreeView::mouseMoveEvent(QMouseEvent *event)
+{
+    // The base class would take the move for a selection.
+    if (!m_dragDue)
+        QTreeView::mouseMoveEvent(event);
 }
 
 void FriendTreeView::dragEnterEvent(QDragEnterEvent *event)

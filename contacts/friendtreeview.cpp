@@ -90,6 +90,16 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     });
 }
 
+FriendTreeView::~FriendTreeView()
+{
+    releaseMenus();
+    // The drag's event loop goes on using it.
+    if (m_drag) {
+        m_drag->setParent(nullptr);
+        QDrag::cancel();
+    }
+}
+
 // --- Layout ------------------------------------------------------------------
 
 void FriendTreeView::doItemsLayout()

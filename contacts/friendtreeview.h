@@ -24,6 +24,7 @@ class FriendTreeView : public QTreeView
 public:
     // `inner`: the roster's contacts; false: the external ones.
     FriendTreeView(FriendTreeModel *model, bool inner, QWidget *parent = nullptr);
+    ~FriendTreeView() override;
 
     FriendCommands *commands() const { return m_commands; }
     // The user's switch in the menu, as opposed to what the list shows.
@@ -83,6 +84,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
@@ -99,6 +101,8 @@ protected:
 
 private:
     void setUpMenus();
+    void releaseMenus();
+    void runDrag();
     void popUp(SkinMenu *menu, QPoint pos);
     void prepareGroupMenu(const QString &groupId);
     void prepareContactMenu(const QString &jid);
@@ -124,6 +128,7 @@ private:
     QString m_menuContact; // the contact that the open menu is about
     QPointer<MyDrag> m_drag;
     QStringList m_dragItems; // jids under way
+    bool m_dragDue = false;  // asked for, not yet begun
     QTimer m_groupTimeOut;
     QTimer m_pointerAtRest;
     bool m_hideOffline = false;

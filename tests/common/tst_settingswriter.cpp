@@ -1,4 +1,5 @@
 // Changes of settings files on the writer's thread.
+#include "common/clogmanger.h"
 #include "common/cmodifyconfigfile.h"
 #include "common/settingsfile.h"
 #include "tests/support/logcapture.h"
@@ -43,6 +44,8 @@ private slots:
         m_file = m_folder->filePath(QStringLiteral("u1/newConfig.ini"));
         m_writer = std::make_unique<CModifyConfigFile>();
         m_log = std::make_unique<LogCapture>(m_host);
+        // The GUI thread finds the log, the writer's own thread does not look for it.
+        CLogManger::instance().flush();
     }
     void cleanup() { m_writer.reset(); }
 

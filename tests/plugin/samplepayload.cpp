@@ -9,81 +9,80 @@
 
 namespace {
 
-// Values differ from field to field, so that two swapped fields show.
-template <class T> void fill(T &value, int &seed);
+template <class T> void fill(T &value, SampleValues &values);
 
-template <class T> void fillList(T &list, int &seed)
+template <class T> void fillList(T &list, SampleValues &values)
 {
-    for (int i = 0; i < 2; ++i) {
+    for (int i = values.size(); i > 0; --i) {
         typename T::value_type element{};
-        fill(element, seed);
+        fill(element, values);
         list.append(element);
     }
 }
 
-template <class K, class V> void fillMap(QMap<K, V> &map, int &seed)
+template <class K, class V> void fillMap(QMap<K, V> &map, SampleValues &values)
 {
-    for (int i = 0; i < 2; ++i) {
+    for (int i = values.size(); i > 0; --i) {
         K key{};
-        fill(key, seed);
-        fill(map[key], seed);
+        fill(key, values);
+        fill(map[key], values);
     }
 }
 
-void fillValue(QString &text, int &seed)
+void fillValue(QString &text, SampleValues &values)
 {
-    text = QString::fromUtf8("文本 %1").arg(++seed);
+    text = values.text();
 }
-void fillValue(bool &flag, int &seed)
+void fillValue(bool &flag, SampleValues &values)
 {
-    flag = ++seed % 2 != 0;
+    flag = values.number() % 2 != 0;
 }
-void fillValue(qint32 &number, int &seed)
+void fillValue(qint32 &number, SampleValues &values)
 {
-    number = ++seed;
+    number = values.number();
 }
-void fillValue(qint64 &number, int &seed)
+void fillValue(qint64 &number, SampleValues &values)
 {
-    number = ++seed;
+    number = values.number();
 }
-void fillValue(QStringList &list, int &seed)
+void fillValue(QStringList &list, SampleValues &values)
 {
-    fillList(list, seed);
+    fillList(list, values);
 }
-template <class T> void fillValue(QList<T> &list, int &seed)
+template <class T> void fillValue(QList<T> &list, SampleValues &values)
 {
-    fillList(list, seed);
+    fillList(list, values);
 }
-template <class K, class V> void fillValue(QMap<K, V> &map, int &seed)
+template <class K, class V> void fillValue(QMap<K, V> &map, SampleValues &values)
 {
-    fillMap(map, seed);
+    fillMap(map, values);
 }
-template <class E> std::enable_if_t<std::is_enum_v<E>> fillValue(E &value, int &seed)
+template <class E> std::enable_if_t<std::is_enum_v<E>> fillValue(E &value, SampleValues &values)
 {
-    value = E(++seed);
+    value = E(values.number());
 }
 template <class R>
-std::enable_if_t<RecordStream::IsRecord<R>::value> fillValue(R &record, int &seed)
+std::enable_if_t<RecordStream::IsRecord<R>::value> fillValue(R &record, SampleValues &values)
 {
-    std::apply([&seed](auto &...field) { (fill(field, seed), ...); }, R::fieldsOf(record));
+    std::apply([&values](auto &...field) { (fill(field, values), ...); }, R::fieldsOf(record));
 }
 
-template <class T> void fill(T &value, int &seed)
+template <class T> void fill(T &value, SampleValues &values)
 {
-    fillValue(value, seed);
+    fillValue(value, values);
 }
 
 struct TypeFunctions
 {
-    std::function<void(QDataStream &, int &)> writeSample;
+    std::function<void(QDataStream &, SampleValues &)> writeSample;
     std::function<void(QDataStream &, const void *)> writeValue;
 };
 
 template <class T> TypeFunctions functionsOf()
 {
-    return {[](QDataStream &out, int &seed) {
+    return {[](QDataStream &out, SampleValues &values) {
                 T value{};
-                fill(value, seed);
+                fill(value, values);
                 out << value;
             },
             [](QDataStream &out, const void *value) { out << *static_cast<const T *>(value); }};
@@ -121,14 +120,24 @@ TypeFunctions functionsFor(QByteArray type)
 
 } // namespace
 
+QString SampleValues::text()
+{
+    return QString::fromUtf8("文本 %1").arg(number());
+}
+
 QByteArray samplePayload(const EventInfo &info)
+{
+    SampleValues values;
+    return samplePayload(info, values);
+}
+
+QByteArray samplePayload(const EventInfo &info, SampleValues &values)
 {
     QByteArray payload;
     QDataStream out(&payload, QIODevice::WriteOnly);
-    int seed = 0;
     for (const auto &field : EventCatalogue::payloadFields(info)) {
         if (const auto write = functionsFor(field.type.toLatin1()).writeSample)
-            write(out, seed);
+            write(out, values);
     }
     return payload;
 }

@@ -1,72 +1,20 @@
 // Payloads that no honest host sends: cut short, too long, random, or announcing
 // containers larger than memory.
-#include "hostapi/eventcatalogue.h"
 #include "plugin/frienduimessageprocess.h"
 #include "tests/plugin/hubspy.h"
 #include "tests/plugin/samplepayload.h"
+#include "tests/plugin/spoiledpayload.h"
 #include "tests/support/fakehost.h"
 #include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 
-#include <QRandomGenerator>
 #include <QTest>
 
 #include <memory>
 
 namespace {
 
-constexpr int MinimumEvents = 100000;
 constexpr quint32 Seed = 20240229;
-
-QVector<EventInfo> inboundEvents()
-{
-    QVector<EventInfo> list;
-    for (const EventInfo &info : EventCatalogue::all()) {
-        if (info.direction == EventInfo::ToPlugin)
-            list.append(info);
-    }
-    return list;
-}
-
-// FRIENDUI_FUZZ_EVENTS asks for more than the minimum, never for less.
-int eventCount()
-{
-    return qMax(MinimumEvents, qEnvironmentVariableIntValue("FRIENDUI_FUZZ_EVENTS"));
-}
-
-QByteArray randomBytes(QRandomGenerator &random, int size)
-{
-    QByteArray bytes(size, Qt::Uninitialized);
-    for (char &byte : bytes)
-        byte = char(random.bounded(256));
-    return bytes;
-}
-
-// One of the ways to spoil a well-formed payload.
-QByteArray spoiled(const QByteArray &wellFormed, QRandomGenerator &random)
-{
-    QByteArray payload = wellFormed;
-    switch (random.bounded(6)) {
-    case 0: // random from the first byte
-        return randomBytes(random, random.bounded(120));
-    case 1: // cut short
-        return payload.left(random.bounded(payload.size() + 1));
-    case 2: // too long
-        return payload + randomBytes(random, random.bounded(200));
-    case 3: // a few bytes changed
-        for (int i = 0; i < 3 && !payload.isEmpty(); ++i)
-            payload[random.bounded(payload.size())] = char(random.bounded(256));
-        return payload;
-    case 4: { // a count or a length that cannot be right, anywhere
-        static const char *const lengths[] = {"7ffffff0", "fffffffe", "ffffffff", "80000000"};
-        const int at = random.bounded(payload.size() + 1);
-        return payload.replace(at, 4, QByteArray::fromHex(lengths[random.bounded(4)]));
-    }
-    default: // zeros: as many empty elements as fit
-        return QByteArray::fromHex("00000fff") + QByteArray(random.bounded(8192), '\0');
-    }
-}
-
 } // namespace
 
 class TstHostilePayloads : public QObject
@@ -199,10 +147,10 @@ private slots:
             emissions.append(spy.take().size());
         }
 
-        for (int i = 0; i < eventCount(); ++i) {
+        for (int i = 0; i < hostileEventCount(); ++i) {
             const int which = i % events.size();
             const qint32 code = events.at(which).code;
-            const QByteArray payload = spoiled(wellFormed.at(which), random);
+            const QByteArray payload = spoiledPayload(wellFormed.at(which), random);
             const BaseEvent event = FakeHost::sendRaw(code, payload);
             const int emitted = spy.take().size();
             actions.calls.clear();

@@ -1,0 +1,178 @@
+// The pane on screen under a flood of events, half of them well-formed and half
+// spoiled, while a user goes on using it.
+#include "controls/inputbox.h"
+#include "tests/contacts/panefixture.h"
+#include "tests/plugin/samplepayload.h"
+#include "tests/plugin/spoiledpayload.h"
+#include "tests/support/testrunner.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QTest>
+
+#include <limits>
+
+namespace {
+
+constexpr quint32 Seed = 20241031;
+constexpr int EventsPerFrame = 100;
+constexpr int FramesPerPane = 100; // then the host closes the window and opens it again
+
+// Values that meet what the tree already shows often enough to change it.
+class TreeValues : public SampleValues
+{
+public:
+    explicit TreeValues(QRandomGenerator &random) : m_random(random) {}
+
+    QString text() override
+    {
+        static const QStringList names = {
+            QString(),
+            QString::fromUtf8("张伟"),
+            QString::fromUtf8("常用联系人"),
+            QString::fromUtf8("我的好友"),
+            QStringLiteral("<img src=/etc/passwd>&amp;\n%1"),
+            QStringLiteral("../../'\";DROP"),
+            QString(10000, QLatin1Char('x')),
+            QString(200, QChar(0x0301)),
+            QStringLiteral("a") + QChar(0xd800) + QChar(0) + QChar(0xdc00),
+            QString::fromUtf8("\xd7\xa9\xd7\x9c\xd7\x95\xd7\x9d\xe2\x80\xae x"),
+            QStringLiteral("/dev/zero"),
+            QStringLiteral("[{\"type\":\"audit\",\"vtId\":[[1]]}]"),
+        };
+        switch (m_random.bounded(8)) {
+        case 0:
+        case 1:
+        case 2:
+        case 3:
+            return jidOf(QStringLiteral("u%1").arg(m_random.bounded(24)));
+        case 4:
+        case 5:
+            return QStringLiteral("g%1").arg(m_random.bounded(6));
+        case 6:
+            return QStringLiteral("me@corp.example");
+        default:
+            return names.at(m_random.bounded(names.size()));
+        }
+    }
+    qint32 number() override
+    {
+        static const qint32 extremes[] = {-1, 262144, std::numeric_limits<qint32>::max(),
+                                          std::numeric_limits<qint32>::min()};
+        return m_random.bounded(20) ? m_random.bounded(4) : extremes[m_random.bounded(4)];
+    }
+    int size() override { return m_random.bounded(5); }
+
+private:
+    QRandomGenerator &m_random;
+};
+
+} // namespace
+
+class TstHostileEvents : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void paneSurvivesTheFlood();
+
+private:
+    // What a user does between two frames, and closes again by the next.
+    static void use(const PaneFixture &fixture, QRandomGenerator &random);
+    static void closeWhatIsOpen(const PaneFixture &fixture);
+    static void stillWorks(PaneFixture &fixture);
+};
+
+void TstHostileEvents::closeWhatIsOpen(const PaneFixture &fixture)
+{
+    while (QWidget *popup = QApplication::activePopupWidget())
+        popup->close();
+    const auto boxes = fixture.pane->findChildren<InputBox *>();
+    for (InputBox *box : boxes)
+        box->reject();
+}
+
+void TstHostileEvents::use(const PaneFixture &fixture, QRandomGenerator &random)
+{
+    static const int keys[] = {Qt::Key_Down, Qt::Key_Up,     Qt::Key_End,  Qt::Key_Return,
+                               Qt::Key_F2,   Qt::Key_Delete, Qt::Key_Left, Qt::Key_Escape};
+    const QPoint where(random.bounded(fixture.view->viewport()->width()),
+                       random.bounded(fixture.view->viewport()->height()));
+    switch (random.bounded(5)) {
+    case 0: {
+        QContextMenuEvent event(QContextMenuEvent::Mouse, where,
+                                fixture.view->viewport()->mapToGlobal(where));
+        QApplication::sendEvent(fixture.view->viewport(), &event);
+        break;
+    }
+    case 1: // an action of the menu that another turn has opened
+        if (const auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget())) {
+            const QList<QAction *> actions = menu->actions();
+            actions.at(random.bounded(actions.size()))->trigger();
+        }
+        break;
+    case 2:
+        QTest::mouseClick(fixture.view->viewport(), Qt::LeftButton,
+                          random.bounded(2) ? Qt::ControlModifier : Qt::NoModifier, where);
+        break;
+    case 3:
+        QTest::keyClicks(fixture.view, QStringLiteral("zh"));
+        break;
+    default:
+        QTest::keyClick(fixture.view, Qt::Key(keys[random.bounded(8)]));
+    }
+}
+
+void TstHostileEvents::stillWorks(PaneFixture &fixture)
+{
+    closeWhatIsOpen(fixture);
+    FakeHost::send(Inbound::HideOfflineInitialised, false);
+    FakeHost::send(Inbound::GroupCreated, QStringLiteral("late"), QStringLiteral("Late"), true,
+                   true);
+    const FriendData anna =
+        makeContact(QStringLiteral("anna"), QStringLiteral("Anna again"), QStringLiteral("late"));
+    FakeHost::send(Inbound::ContactList, QList<FriendData>{anna});
+    FakeHost::send(Inbound::PresenceChanged,
+                   QMap<QString, PresenceData>{{anna.jid, makePresence(1)}});
+    FakeHost::send(Inbound::RemarkChanged, anna.jid, QString());
+    FakeHost::send(Inbound::LocateContact, anna.jid);
+    PaneFixture::settle();
+    const QModelIndex index = fixture.contact("anna");
+    QCOMPARE(fixture.model->groupOf(anna.jid), QStringLiteral("late"));
+    QCOMPARE(index.data(FriendTreeRole::Name).toString(), QStringLiteral("Anna again"));
+    QCOMPARE(fixture.view->currentIndex(), index);
+    QVERIFY(fixture.view->viewport()->rect().intersects(fixture.view->visualRect(index)));
+}
+
+void TstHostileEvents::paneSurvivesTheFlood()
+{
+    const QVector<EventInfo> events = inboundEvents();
+    QRandomGenerator random(Seed);
+    TreeValues values(random);
+    PaneFixture fixture;
+    TipBox::setNextAnswers(TipBox::Sure);
+    const int count = hostileEventCount();
+    for (int i = 0; i < count; ++i) {
+        const EventInfo &info = events.at(random.bounded(events.size()));
+        QByteArray payload = samplePayload(info, values);
+        if (random.bounded(2))
+            payload = spoiledPayload(payload, random);
+        FakeHost::sendRaw(info.code, payload);
+        QVERIFY2(!QTest::currentTestFailed(), qPrintable(QStringLiteral("event %1").arg(i)));
+        if (i % EventsPerFrame > 0)
+            continue;
+        PaneFixture::settle();
+        if (random.bounded(3) == 0)
+            closeWhatIsOpen(fixture);
+        use(fixture, random);
+        if (i % (EventsPerFrame * FramesPerPane) > 0)
+            continue;
+        fixture.destroy();
+        FakeHost::sendRaw(info.code, payload);
+        fixture.make();
+    }
+    stillWorks(fixture);
+}
+
+FRIENDUI_TEST(TstHostileEvents)
+#include "tst_hostileevents.moc"

@@ -1,0 +1,132 @@
+// Real drags in the friend tree. Runs on the platform plug-in "minimal", where a
+// drag has its own event loop; on "offscreen" it ends at once.
+#include "tests/contacts/panefixture.h"
+#include "tests/support/testrunner.h"
+
+#include <QDrag>
+#include <QGuiApplication>
+#include <QTest>
+#include <QTimer>
+#include <QWindow>
+
+namespace {
+
+const QString Anna = QStringLiteral("anna@corp.example");
+const QString G1 = QStringLiteral("g1");
+const QString G2 = QStringLiteral("g2");
+
+QPoint inWindow(const PaneFixture &fixture, const QModelIndex &index)
+{
+    const QPoint inView = fixture.view->visualRect(index).center();
+    return fixture.view->viewport()->mapTo(fixture.pane, inView);
+}
+
+// Drags anna's row; `meanwhile` runs in the drag's event loop and must end it.
+template <class Function> bool dragAnna(const PaneFixture &fixture, Function meanwhile)
+{
+    bool started = false;
+    QWindow *window = fixture.pane->windowHandle();
+    const QPoint from = inWindow(fixture, fixture.contact("anna"));
+    QTimer poll;
+    QObject::connect(&poll, &QTimer::timeout, [&] {
+        if (started || !fixture.view->findChild<QDrag *>())
+            return;
+        started = true;
+        meanwhile();
+    });
+    poll.start(0);
+    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, from);
+    const int distance = QApplication::startDragDistance() + 1;
+    for (int i = 1; i < 4 && !started; ++i)
+        QTest::mouseMove(window, from + QPoint(i * distance, 0));
+    PaneFixture::settle();
+    return started;
+}
+
+} // namespace
+
+class TstPaneDrag : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void dropMovesTheContact_data();
+    void dropMovesTheContact();
+    void targetGoneBeforeTheDrop();
+    void paneDestroyedDuringTheDrag();
+};
+
+void TstPaneDrag::initTestCase()
+{
+    if (QGuiApplication::platformName() != QLatin1String("minimal"))
+        QSKIP("needs QT_QPA_PLATFORM=minimal");
+}
+
+void TstPaneDrag::dropMovesTheContact_data()
+{
+    QTest::addColumn<QString>("target");
+    QTest::addColumn<int>("requests");
+    QTest::newRow("a contact of another group") << QStringLiteral("dora") << 1;
+    QTest::newRow("the header of another group") << G2 << 1;
+    QTest::newRow("a contact of the same group") << QStringLiteral("bob") << 0;
+    QTest::newRow("below all rows") << QString() << 0;
+}
+
+void TstPaneDrag::dropMovesTheContact()
+{
+    QFETCH(QString, target);
+    QFETCH(int, requests);
+    const PaneFixture fixture;
+    QWindow *window = fixture.pane->windowHandle();
+    QModelIndex index = fixture.model->groupIndex(target);
+    if (!index.isValid())
+        index = fixture.contact(target.toLatin1().constData());
+    const QPoint where =
+        index.isValid() ? inWindow(fixture, index) : QPoint(200, fixture.pane->height() - 5);
+    QVERIFY(dragAnna(fixture, [&] {
+        QTest::mouseMove(window, where);
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, where);
+    }));
+    PaneFixture::settle();
+    QCOMPARE(fixture.host.count(Outbound::MoveContact), requests);
+    if (requests > 0)
+        QCOMPARE(fixture.host.last(Outbound::MoveContact).payload,
+                 FakeHost::encode(Anna, G1, G2, true));
+    QCOMPARE(fixture.model->groupOf(Anna), G1);
+}
+
+void TstPaneDrag::targetGoneBeforeTheDrop()
+{
+    const PaneFixture fixture;
+    QWindow *window = fixture.pane->windowHandle();
+    const QPoint where = inWindow(fixture, fixture.contact("dora"));
+    QVERIFY(dragAnna(fixture, [&] {
+        QTest::mouseMove(window, where);
+        FakeHost::send(Inbound::ContactRemoved, Anna, true);
+        FakeHost::send(Inbound::GroupDeleted, true, G2, true);
+        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, where);
+    }));
+    PaneFixture::settle();
+    QCOMPARE(fixture.host.count(Outbound::MoveContact), 0);
+}
+
+void TstPaneDrag::paneDestroyedDuringTheDrag()
+{
+    PaneFixture fixture;
+    QWidget elsewhere;
+    elsewhere.show();
+    QVERIFY(dragAnna(fixture, [&] {
+        QTest::mouseMove(fixture.pane->windowHandle(), inWindow(fixture, fixture.contact("dora")));
+        fixture.destroy();
+        FakeHost::send(Inbound::ContactRemoved, Anna, true);
+        QTest::mouseRelease(elsewhere.windowHandle(), Qt::LeftButton);
+    }));
+    QVERIFY(!fixture.pane);
+    QCOMPARE(fixture.host.requests.size(), 0);
+    fixture.make();
+    QVERIFY(fixture.contact("dora").isValid());
+}
+
+FRIENDUI_TEST(TstPaneDrag)
+#include "tst_panedrag.moc"
