@@ -74,8 +74,9 @@ int HostApplication::start()
     HostSkin::setFont();
     buildWindow();
 
-    loadPane(m_pluginFile);
+    // First the import, so that the pane starts with the people.
     const int imported = m_options.importFile.isEmpty() ? ExitCode::Success : importPeople();
+    loadPane(m_pluginFile);
     // Its display has no window manager to enlarge the window with.
     if (QGuiApplication::platformName() == QLatin1String("vnc"))
         m_window->showMaximized();

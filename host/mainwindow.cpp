@@ -25,6 +25,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 constexpr int NoteMs = 8000;
 constexpr int MonitorHeight = 300;
@@ -298,8 +300,12 @@ void MainWindow::count()
         m_contactCount = core.contacts().size();
     if (m_toCount & Groups)
         m_groupCount = core.groups(true).size();
-    if (m_toCount & Online)
-        m_onlineCount = core.isConnected() ? core.allPresence().size() : 0;
+    if (m_toCount & Online) {
+        const QMap<QString, PresenceData> known =
+            core.isConnected() ? core.allPresence() : QMap<QString, PresenceData>();
+        m_onlineCount = int(std::count_if(known.begin(), known.end(),
+                                          [](const PresenceData &p) { return p.isOnline(); }));
+    }
     m_toCount = 0;
     m_counts->setText(tr("%1 contacts in %2 groups, %3 people online")
                           .arg(m_contactCount)

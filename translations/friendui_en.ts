@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>confirmDeleteContact</source>
-        <translation>Delete the contact “%1”?</translation>
+        <translation>Delete the contact "%1"?</translation>
     </message>
     <message>
         <source>confirmDeleteContacts</source>
@@ -161,7 +161,7 @@
     </message>
     <message>
         <source>confirmDeleteGroup</source>
-        <translation>Delete the group “%1”? Its contacts move to “我的好友”.</translation>
+        <translation>Delete the group "%1"? Its contacts move to "我的好友".</translation>
     </message>
     <message>
         <source>contactAccessible</source>
@@ -213,7 +213,7 @@
     </message>
     <message>
         <source>deleteContactFailed</source>
-        <translation>“%1” could not be deleted. Please try again.</translation>
+        <translation>"%1" could not be deleted. Please try again.</translation>
     </message>
     <message>
         <source>deleteFromContact</source>
