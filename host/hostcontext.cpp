@@ -9,6 +9,19 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include <vector>
+
+namespace {
+// Whoever was given the log keeps using it until the process ends: nothing destroys
+// it. The list tells a leak checker that this is meant.
+template <class Object> Object *kept(Object *object)
+{
+    static auto *const all = new std::vector<Object *>;
+    all->push_back(object);
+    return object;
+}
+} // namespace
+
 HostContext::HostContext(MessagingCore *core, const QString &dataFolder)
     : m_core(core), m_dataFolder(QDir(dataFolder).absolutePath())
 {
@@ -24,8 +37,8 @@ HostContext::~HostContext() = default;
 void HostContext::startLog()
 {
     m_logFile = m_dataFolder + QLatin1String("/logs/friendui.log");
-    m_writer = new LogFileWriter(m_logFile);
-    m_thread = new CLogThread;
+    m_writer = kept(new LogFileWriter(m_logFile));
+    m_thread = kept(new CLogThread);
     m_thread->setWriter(m_writer);
     m_thread->start(QThread::LowPriority);
 }
