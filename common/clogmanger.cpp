@@ -34,9 +34,11 @@ CLogThread *CLogManger::attach()
     // Only the GUI thread may ask the host.
     if (thread || !isGuiThread())
         return thread;
-    LogFileWriter *writer = ctx().logWriter();
     thread = ctx().logThread();
-    if (thread && writer)
+    if (!thread)
+        return nullptr; // asked again by the next entry
+    LogFileWriter *writer = ctx().logWriter();
+    if (writer)
         thread->setWriter(writer);
     m_writer = writer;
     m_thread = thread;

@@ -28,8 +28,7 @@ void FriendTreeModel::setOwnJid(const QString &jid)
     m_ownContact = now;
     for (Contact *contact : {old, now}) {
         if (contact) {
-            replace(contact);
-            contactChanged(contact);
+            contactUpdated(contact);
         }
     }
 }
@@ -154,8 +153,7 @@ void FriendTreeModel::applyRecord(Contact *contact, const FriendData &record)
         attach(contact, group);
         return;
     }
-    replace(contact);
-    contactChanged(contact);
+    contactUpdated(contact);
 }
 
 bool FriendTreeModel::changeContact(const QString &jid,
@@ -237,8 +235,12 @@ QStringList FriendTreeModel::contactsOfGroup(const QString &groupId) const
 
 FriendTreePlace FriendTreeModel::placeOf(const Contact *contact) const
 {
-    return {contactDisplayName(contact->record),
-            FriendTreeSort::block(contact->record, contact->presence(), contact == m_ownContact)};
+    return {contactDisplayName(contact->record), blockOf(contact)};
+}
+
+FriendTreeSort::Block FriendTreeModel::blockOf(const Contact *contact) const
+{
+    return FriendTreeSort::block(contact->record, contact->presence(), contact == m_ownContact);
 }
 
 bool FriendTreeModel::shouldHide(const Contact *contact) const
@@ -283,31 +285,42 @@ void FriendTreeModel::attach(Contact *contact, Group *group)
     groupChanged(group);
 }
 
-void FriendTreeModel::replace(Contact *contact)
+void FriendTreeModel::contactUpdated(Contact *contact, bool sameName)
 {
     if (m_orderFrozen) {
         if (!contact->outOfPlace) {
             contact->outOfPlace = true;
             m_outOfPlace.push_back(contact);
         }
+        contactChanged(contact);
         return;
     }
+    Group *group = contact->group;
     if (contact->hidden != shouldHide(contact)) {
-        Group *group = contact->group;
         detach(contact);
         attach(contact, group);
         return;
     }
-    moveWithin(contact, placeOf(contact));
+    const int row =
+        moveWithin(contact, sameName ? FriendTreePlace{contact->place.name, blockOf(contact)}
+                                     : placeOf(contact));
+    if (!contact->hidden) {
+        const QModelIndex index = createIndex(row, 0, group);
+        emit dataChanged(index, index);
+    }
 }
 
-void FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
+int FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
 {
-    if (place.block == contact->place.block && place.name == contact->place.name)
-        return;
     Rows &rows = contact->group->list(contact->hidden);
-    const FriendTreeSort::Prefix prefix = FriendTreeSort::prefix(place.block, place.name);
-    const int from = FriendTreeOrder::rowOf(rows, contact);
+    const FriendTreeSort::Prefix old =
+        FriendTreeSort::prefix(contact->place.block, contact->place.name);
+    const int from = FriendTreeOrder::rowOf(rows, contact, old);
+    const bool sameName = place.name == contact->place.name;
+    if (sameName && place.block == contact->place.block)
+        return from;
+    const FriendTreeSort::Prefix prefix =
+        sameName ? old.inBlock(place.block) : FriendTreeSort::prefix(place.block, place.name);
     const int to = FriendTreeOrder::placeFor(rows, prefix, place, contact->record.jid);
     const bool stays = to == from || to == from + 1;
     if (!stays && !contact->hidden) {
@@ -317,7 +330,7 @@ void FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
     contact->place = place;
     rows[size_t(from)].prefix = prefix;
     if (stays)
-        return;
+        return from;
     const auto begin = rows.begin();
     if (to > from)
         std::rotate(begin + from, begin + from + 1, begin + to);
@@ -325,6 +338,7 @@ void FriendTreeModel::moveWithin(Contact *contact, const FriendTreePlace &place)
         std::rotate(begin + to, begin + from, begin + from + 1);
     if (!contact->hidden)
         endMoveRows();
+    return to > from ? to - 1 : to;
 }
 
 // Sorts again after contacts have changed their place in any number.
@@ -361,6 +375,6 @@ void FriendTreeModel::setOrderFrozen(bool frozen)
     const Contacts waiting = std::exchange(m_outOfPlace, Contacts());
     for (Contact *contact : waiting) {
         contact->outOfPlace = false;
-        replace(contact);
+        contactUpdated(contact);
     }
 }

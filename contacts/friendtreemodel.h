@@ -17,7 +17,6 @@
 #include <QAbstractItemModel>
 #include <QHash>
 #include <QMap>
-#include <QSet>
 
 #include <functional>
 #include <memory>
@@ -118,14 +117,18 @@ private:
     void applyRecord(Contact *contact, const FriendData &record);
     bool shouldHide(const Contact *contact) const;
     FriendTreePlace placeOf(const Contact *contact) const;
+    FriendTreeSort::Block blockOf(const Contact *contact) const;
     void detach(Contact *contact);
     void attach(Contact *contact, Group *group);
     void arrive(Contact *contact, Group *group); // joins the group's arrivals
     void attachArrivals(Group *group);
     void insertRuns(Group *group, const Rows &sorted);
-    void replace(Contact *contact); // to its place, unless the order is frozen
-    void moveWithin(Contact *contact, const FriendTreePlace &place);
+    // After a change: puts the contact in its place, unless the order is frozen,
+    // and announces it.
+    void contactUpdated(Contact *contact, bool sameName = false);
+    int moveWithin(Contact *contact, const FriendTreePlace &place); // the row it ends in
     void sortGroup(Group *group);
+    void presenceChanged(Contact *contact);
     void presenceChanged(Group *group, const Contacts &changed);
     bool changePresence(Contact *contact, const PresenceData &presence);
     PresenceData presenceFor(const QString &jid);
@@ -135,7 +138,7 @@ private:
     QModelIndex indexOf(const Contact *contact) const;
     QModelIndex indexOf(const Group *group) const;
     void contactChanged(const Contact *contact);
-    void groupChanged(const Group *group);
+    void groupChanged(Group *group);
     void announceChangedGroups();
     QVariant groupData(const Group &group, int role) const;
     QVariant contactData(const Contact &contact, int role) const;
@@ -147,7 +150,7 @@ private:
     QHash<QString, Group *> m_groupById;
     mutable std::unordered_map<QString, Contact, JidHash> m_contacts;
     QHash<QString, PresenceData> m_presenceOfStrangers;
-    QSet<const Group *> m_changedGroups;
+    std::vector<Group *> m_changedGroups; // whose header is to be announced
     QString m_frequentGroupId;
     QString m_hostDefaultId;        // of the host's group that has the default group's name
     bool m_defaultMadeHere = false; // the default group, since the host had none

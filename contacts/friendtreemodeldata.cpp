@@ -163,16 +163,21 @@ void FriendTreeModel::contactChanged(const Contact *contact)
 
 // A header's counts change with every contact's presence, so the views hear of it
 // once in a round of the event loop.
-void FriendTreeModel::groupChanged(const Group *group)
+void FriendTreeModel::groupChanged(Group *group)
 {
-    if (m_changedGroups.isEmpty())
+    if (group->changed)
+        return;
+    group->changed = true;
+    if (m_changedGroups.empty())
         QTimer::singleShot(0, this, &FriendTreeModel::announceChangedGroups);
-    m_changedGroups.insert(group);
+    m_changedGroups.push_back(group);
 }
 
 void FriendTreeModel::announceChangedGroups()
 {
-    const QSet<const Group *> changed = std::exchange(m_changedGroups, {});
+    const std::vector<Group *> changed = std::exchange(m_changedGroups, {});
+    for (Group *group : changed)
+        group->changed = false;
     for (const Group *group : changed) {
         const QModelIndex index = indexOf(group);
         emit dataChanged(index, index);

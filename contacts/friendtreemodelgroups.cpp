@@ -180,7 +180,8 @@ bool FriendTreeModel::removeGroup(const QString &id)
     const int row = removed->row;
     beginRemoveRows(QModelIndex(), row, row);
     m_groupById.remove(id);
-    m_changedGroups.remove(removed);
+    m_changedGroups.erase(std::remove(m_changedGroups.begin(), m_changedGroups.end(), removed),
+                          m_changedGroups.end());
     const std::unique_ptr<Group> kept = std::move(m_groups[size_t(row)]);
     m_groups.erase(m_groups.begin() + row);
     renumberGroups(row);

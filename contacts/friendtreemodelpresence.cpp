@@ -28,7 +28,7 @@ void FriendTreeModel::setPresence(const QMap<QString, PresenceData> &presence)
         else if (!changePresence(contact, at.value()))
             continue;
         else if (presence.size() == 1)
-            presenceChanged(contact->group, {contact});
+            presenceChanged(contact);
         else
             changed[contact->group].push_back(contact);
     }
@@ -36,14 +36,20 @@ void FriendTreeModel::setPresence(const QMap<QString, PresenceData> &presence)
         presenceChanged(at.key(), at.value());
 }
 
+void FriendTreeModel::presenceChanged(Contact *contact)
+{
+    groupChanged(contact->group);
+    contactUpdated(contact, true);
+}
+
 void FriendTreeModel::presenceChanged(Group *group, const Contacts &changed)
 {
-    if (changed.size() >= SortInsteadOfMoving && !m_hideOffline && !m_orderFrozen) {
-        sortGroup(group);
-    } else {
+    if (changed.size() < SortInsteadOfMoving || m_hideOffline || m_orderFrozen) {
         for (Contact *contact : changed)
-            replace(contact);
+            presenceChanged(contact);
+        return;
     }
+    sortGroup(group);
     for (const Contact *contact : changed)
         contactChanged(contact);
     groupChanged(group);

@@ -69,10 +69,15 @@ int FriendTreeOrder::runCount(const FriendTreeRows &rows, const FriendTreeRows &
     return count;
 }
 
-int FriendTreeOrder::rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact)
+int FriendTreeOrder::rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact,
+                           const Prefix &prefix)
 {
-    const Prefix prefix = FriendTreeSort::prefix(contact->place.block, contact->place.name);
     const int row = placeFor(rows, prefix, contact->place, contact->record.jid);
     Q_ASSERT(row < int(rows.size()) && rows[size_t(row)].contact == contact);
     return row;
+}
+
+int FriendTreeOrder::rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact)
+{
+    return rowOf(rows, contact, FriendTreeSort::prefix(contact->place.block, contact->place.name));
 }

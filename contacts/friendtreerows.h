@@ -60,6 +60,7 @@ struct FriendTreeGroup
     QString id;
     QString name;
     int row = 0;
+    bool changed = false;  // its header is to be announced
     int online = 0;        // of all its contacts
     FriendTreeRows rows;   // shown, in order
     FriendTreeRows hidden; // not shown, in order
@@ -91,7 +92,9 @@ size_t runEnd(const FriendTreeRows &rows, int at, const FriendTreeRows &sorted, 
 // Into how many gaps of `rows` the contacts of `sorted` fall; counts up to `limit`.
 int runCount(const FriendTreeRows &rows, const FriendTreeRows &sorted, int limit);
 
-// The row of a contact that is in `rows`.
+// The row of a contact that is in `rows`; `prefix` is made of its place.
+int rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact,
+          const FriendTreeSort::Prefix &prefix);
 int rowOf(const FriendTreeRows &rows, const FriendTreeContact *contact);
 
 } // namespace FriendTreeOrder

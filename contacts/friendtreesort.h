@@ -40,6 +40,14 @@ struct Prefix
     // Whether the whole pinyin fitted in.
     bool isComplete() const { return (letters[1] & 0xff) == 0; }
 
+    // That of the same name in another block.
+    Prefix inBlock(Block block) const
+    {
+        Prefix moved = *this;
+        moved.letters[0] = (moved.letters[0] & ~(quint64(0xff) << 56)) | (quint64(block) << 56);
+        return moved;
+    }
+
     friend bool operator<(const Prefix &a, const Prefix &b) { return a.letters < b.letters; }
     friend bool operator==(const Prefix &a, const Prefix &b) { return a.letters == b.letters; }
 };

@@ -390,10 +390,12 @@ void FriendTreeWidget::slot_delGroup(bool bSuccess, QString strGroupId, bool bIn
         "FriendTreeWidget::slot_delGroup(bool bSuccess, QString strGroupId, bool bInnerGroup)");
     if (!bInnerGroup)
         return;
-    if (!bSuccess)
+    if (!bSuccess) {
+        LOG_ERROR("the group " << logText(strGroupId) << " could not be deleted");
         tellGroupFailure(QString::fromUtf8("重命名删除失败，请重试！"));
-    else if (!m_model->removeGroup(strGroupId))
+    } else if (!m_model->removeGroup(strGroupId)) {
         LOG_DEBUG("删除的组不存在");
+    }
     showState();
 }
 
@@ -405,6 +407,7 @@ void FriendTreeWidget::slot_renameGroupName(QString strGroupId, QString newGroup
     if (!bInnerGroup)
         return;
     if (!bSuccess) {
+        LOG_ERROR("the group " << logText(strGroupId) << " could not be renamed");
         tellGroupFailure(QString::fromUtf8("重命名删除失败，请重试！"));
         return;
     }
@@ -424,14 +427,16 @@ void FriendTreeWidget::slot_moveFriendToNewGroup(bool bSuccess, QString frdjid, 
               "oldgroupId, QString newgroupId, bool bInnerGroup)");
     if (!bInnerGroup)
         return;
-    if (!bSuccess)
+    if (!bSuccess) {
+        LOG_ERROR("the contact " << logText(frdjid) << " could not be moved");
         TipBox::tell(this, QString::fromUtf8("移动分组失败，请重试！"));
-    else if (!m_model->hasContact(frdjid))
+    } else if (!m_model->hasContact(frdjid)) {
         LOG_DEBUG(":user not exist");
-    else if (oldgroupId == newgroupId)
+    } else if (oldgroupId == newgroupId) {
         LOG_DEBUG("move group is same");
-    else if (!m_model->moveContact(frdjid, newgroupId))
+    } else if (!m_model->moveContact(frdjid, newgroupId)) {
         LOG_ERROR("the group " << logText(newgroupId) << " is unknown");
+    }
 }
 
 void FriendTreeWidget::slot_setExpandContact(bool bExpandContact)

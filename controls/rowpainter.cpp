@@ -14,6 +14,21 @@ constexpr int NamePixels = 14;
 constexpr int SecondPixels = 12;
 constexpr qreal FadedOpacity = 0.55;
 
+// What steps back on the plain background would be hard to read on that of a
+// selected row.
+QColor quietColor(const Skin::Colors &colors, bool selected)
+{
+    if (!selected)
+        return colors.secondary;
+    constexpr qreal TextShare = 0.6;
+    const auto blend = [](int text, int quiet) {
+        return qRound(text * TextShare + quiet * (1 - TextShare));
+    };
+    return QColor(blend(colors.text.red(), colors.secondary.red()),
+                  blend(colors.text.green(), colors.secondary.green()),
+                  blend(colors.text.blue(), colors.secondary.blue()));
+}
+
 void drawPhone(QPainter *painter, const QRectF &area, const QColor &color)
 {
     const QRectF body(area.center().x() - area.width() * 0.28, area.top(), area.width() * 0.56,
@@ -134,6 +149,7 @@ void RowPainter::markAtRight(const QPixmap &glyph)
 void RowPainter::texts(const QString &first, const QString &second, bool faded)
 {
     const Skin::Colors &colors = Skin::instance().colors();
+    const QColor quiet = quietColor(colors, m_option.state.testFlag(QStyle::State_Selected));
     const QFont firstFont = skinFont(NamePixels);
     const QFont secondFont = skinFont(SecondPixels);
     const QFontMetrics firstMetrics(firstFont);
@@ -149,13 +165,13 @@ void RowPainter::texts(const QString &first, const QString &second, bool faded)
         upper = QRect(m_left.left(), top, m_left.width(), NameLine);
         const QRect lower(m_left.left(), top + NameLine, m_left.width(), SecondLine);
         m_painter->setFont(secondFont);
-        m_painter->setPen(colors.secondary);
+        m_painter->setPen(quiet);
         m_painter->drawText(QStyle::visualRect(m_option.direction, m_option.rect, lower),
                             int(side) | Qt::TextSingleLine,
                             secondMetrics.elidedText(second, Qt::ElideRight, lower.width()));
     }
     m_painter->setFont(firstFont);
-    m_painter->setPen(faded ? colors.secondary : colors.text);
+    m_painter->setPen(faded ? quiet : colors.text);
     m_painter->drawText(QStyle::visualRect(m_option.direction, m_option.rect, upper),
                         int(side) | Qt::TextSingleLine,
                         firstMetrics.elidedText(first, Qt::ElideRight, upper.width()));

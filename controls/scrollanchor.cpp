@@ -29,7 +29,9 @@ void ScrollAnchor::hold()
     if (m_view->verticalScrollBar()->value() == 0)
         return;
     m_index = m_view->indexAt(QPoint(0, 0));
-    m_top = m_view->visualRect(m_index).top();
+    const QRect row = m_view->visualRect(m_index);
+    m_top = row.top();
+    m_rowHeight = row.height();
 }
 
 void ScrollAnchor::leaveRows(const QModelIndex &parent, int first, int last)
@@ -39,16 +41,15 @@ void ScrollAnchor::leaveRows(const QModelIndex &parent, int first, int last)
         m_index.row() > last)
         return;
     const QAbstractItemModel *model = m_view->model();
-    const int rowHeight = m_view->visualRect(m_index).height();
     const int away = m_index.row();
     if (last + 1 < model->rowCount(parent)) {
         m_index = model->index(last + 1, 0, parent);
-        m_top += rowHeight * (last + 1 - away);
+        m_top += m_rowHeight * (last + 1 - away);
     } else if (first > 0) {
         m_index = model->index(first - 1, 0, parent);
-        m_top -= rowHeight * (away - first + 1);
+        m_top -= m_rowHeight * (away - first + 1);
     } else {
-        m_top -= rowHeight * (away + 1);
+        m_top -= m_rowHeight * (away + 1);
         m_index = parent;
     }
 }

@@ -26,6 +26,7 @@ private:
 
     QTreeView *m_view;
     QPersistentModelIndex m_index;
-    int m_top = 0; // of the anchor's row, in viewport coordinates
+    int m_top = 0;       // of the anchor's row, in viewport coordinates
+    int m_rowHeight = 0; // of every row
     bool m_held = false;
 };

@@ -15,11 +15,13 @@ struct Option
 
 constexpr Option options[] = {
     {"people", "N", "People in the sample company, 1 to 100000 (default 300)."},
-    {"import", "FILE.vcf", "Fill the friend tree from a vCard file (3.0 or 4.0)."},
+    {"import", "FILE.vcf",
+     "Fill the friend tree from a vCard file (2.1, 3.0 or 4.0). Starts without "
+     "--people show it from then on."},
     {"data", "DIR", "Keep databases, settings and log in DIR."},
     {"plugin", "PATH", "Load this plug-in module."},
-    {"lang", "zh_CN|en", "Language of the window."},
-    {"skin", "light|dark", "Skin of the window."},
+    {"lang", "zh_CN|en", "Language of the window (default: the last choice, else the system's)."},
+    {"skin", "light|dark", "Skin of the window (default: the last choice, else light)."},
     {"offline", nullptr, "Start without a connection."},
     {"fail", "OPERATION", "Let an operation of the core fail, or all. May be given repeatedly."},
     {"silent", "OPERATION", "Never answer an operation, or all. May be repeated."},
@@ -69,6 +71,7 @@ void readPeople(const QCommandLineParser &parser, HostOptions *result, QString *
 {
     if (!isSet(parser, "people"))
         return;
+    result->peopleGiven = true;
     const QString text = valueOf(parser, "people");
     bool isNumber = false;
     result->people = text.toInt(&isNumber);

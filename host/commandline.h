@@ -7,11 +7,12 @@
 struct HostOptions
 {
     int people = 300;
+    bool peopleGiven = false;
     QString importFile;
     QString dataFolder; // empty: the platform's folder for application data
     QString pluginFile; // empty: the module beside the program
-    QString language;   // "zh_CN" or "en"; empty: the system's
-    QString skin = QStringLiteral("light");
+    QString language;   // "zh_CN" or "en"; empty: the last choice, else the system's
+    QString skin;       // "light" or "dark"; empty: the last choice, else light
     bool offline = false;
     QStringList failing; // names of core operations, or "all"
     QStringList silent;

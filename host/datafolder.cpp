@@ -44,6 +44,7 @@ bool resetDataFolder(const QString &folder, QString *problem)
                        .arg(folder);
         return false;
     }
+    QFile::remove(folder + QLatin1String("/host.ini"));
     for (const char *part : {"core", "users"}) {
         QDir directory(folder + QLatin1Char('/') + QLatin1String(part));
         if (directory.exists() && !directory.removeRecursively()) {

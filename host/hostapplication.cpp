@@ -1,6 +1,7 @@
 #include "host/hostapplication.h"
 
 #include "common/context.h"
+#include "common/logfilewriter.h"
 #include "common/logging.h"
 #include "host/core/embeddedcore.h"
 #include "host/core/presencesimulator.h"
@@ -11,6 +12,7 @@
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/hostlanguage.h"
+#include "host/hostpreferences.h"
 #include "host/hostskin.h"
 #include "host/levermenu.h"
 #include "host/mainwindow.h"
@@ -21,7 +23,7 @@
 #include "host/windows/importreport.h"
 #include "hostapi/plugininterface.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 
@@ -55,6 +57,8 @@ int HostApplication::start()
         tell(problem);
         return ExitCode::StorageFailed;
     }
+    chooseLook();
+    m_pluginFile = m_options.pluginFile.isEmpty() ? defaultPluginFile() : m_options.pluginFile;
     const int opened = openCore();
     if (opened != ExitCode::Success)
         return opened;
@@ -62,15 +66,40 @@ int HostApplication::start()
     // Before anything else of the host or the plug-in runs: it starts the log.
     m_context = new HostContext(m_core.get(), m_folder);
     setHostContext(m_context);
-    LOG_INFO("the reference host starts");
+    LOG_INFO("the reference host " << QCoreApplication::applicationVersion() << " starts; data in "
+                                   << logText(m_folder) << ", plug-in " << logText(m_pluginFile));
+    if (!m_context->logWriter()->isOpen())
+        tell(QCoreApplication::translate("HostApplication", "The log file %1 cannot be written.")
+                 .arg(m_context->logFile()));
     HostSkin::setFont();
     buildWindow();
 
-    m_pluginFile = m_options.pluginFile.isEmpty() ? defaultPluginFile() : m_options.pluginFile;
-    loadPane(m_pluginFile);
+    // First the import, so that the pane starts with the people.
     const int imported = m_options.importFile.isEmpty() ? ExitCode::Success : importPeople();
-    m_window->show();
+    loadPane(m_pluginFile);
+    // Its display has no window manager to enlarge the window with.
+    if (QGuiApplication::platformName() == QLatin1String("vnc"))
+        m_window->showMaximized();
+    else
+        m_window->show();
     return imported;
+}
+
+// What was asked for, else what was chosen the last time, else the system's. First
+// of all, since the core's messages need the language.
+void HostApplication::chooseLook()
+{
+    const HostPreferences preferences(m_folder);
+    if (m_options.language.isEmpty())
+        m_options.language = preferences.language();
+    if (m_options.language.isEmpty())
+        m_options.language = HostLanguage::systemLanguage();
+    if (m_options.skin.isEmpty())
+        m_options.skin = preferences.skin();
+    if (m_options.skin.isEmpty())
+        m_options.skin = QStringLiteral("light");
+    m_language = std::make_unique<HostLanguage>();
+    m_language->apply(m_options.language);
 }
 
 int HostApplication::openCore()
@@ -78,7 +107,8 @@ int HostApplication::openCore()
     EmbeddedCore::Options options;
     options.folder = m_folder + QLatin1String("/core");
     options.people = m_options.people;
-    options.sampleFriends = m_options.importFile.isEmpty();
+    const bool sampleWanted = m_options.peopleGiven || !HostPreferences(m_folder).showsImport();
+    options.sampleFriends = m_options.importFile.isEmpty() && sampleWanted;
     m_core = std::make_unique<EmbeddedCore>(options);
     QString problem;
     if (!m_core->open(&problem)) {
@@ -97,9 +127,6 @@ void HostApplication::buildWindow()
 {
     m_log = std::make_unique<EventLog>();
     m_bus = std::make_unique<HostBus>(m_log.get());
-    m_language = std::make_unique<HostLanguage>();
-    m_language->apply(m_options.language.isEmpty() ? HostLanguage::systemLanguage()
-                                                   : m_options.language);
     m_levers = new LeverMenu(m_core.get(), m_simulator.get());
     m_window = std::make_unique<MainWindow>(MainWindow::Parts{
         m_core.get(), m_context, m_bus.get(), m_log.get(), m_language.get(), m_levers});
@@ -116,6 +143,11 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
+    QObject::connect(
+        m_window.get(), &MainWindow::languageChosen, m_window.get(),
+        [this](const QString &value) { HostPreferences(m_folder).setLanguage(value); });
+    QObject::connect(m_window.get(), &MainWindow::skinChosen, m_window.get(),
+                     [this](const QString &value) { HostPreferences(m_folder).setSkin(value); });
     QObject::connect(m_window->paneArea(), &PaneArea::retryWanted, m_window.get(),
                      [this] { loadPane(m_pluginFile); });
     QObject::connect(m_window->paneArea(), &PaneArea::fileChosen, m_window.get(),
@@ -159,13 +191,17 @@ bool HostApplication::loadPane(const QString &file)
 int HostApplication::importPeople()
 {
     const VCardImportSummary summary = importVCardFile(m_options.importFile, m_core.get());
-    for (const QString &problem : summary.problems)
+    if (summary.ok)
+        HostPreferences(m_folder).setShowsImport(true);
+    // Of a file that could not be used, the summary is the first problem.
+    const QStringList details = summary.problems.mid(summary.ok ? 0 : 1);
+    for (const QString &problem : details)
         tell(m_options.importFile + QLatin1String(": ") + problem);
     tell(summary.text());
     m_window->showNote(summary.text());
-    if (!summary.problems.isEmpty()) {
-        auto *report = new ImportReport(m_options.importFile, summary.text(), summary.problems,
-                                        m_window.get());
+    if (!details.isEmpty()) {
+        auto *report =
+            new ImportReport(m_options.importFile, summary.text(), details, m_window.get());
         QMetaObject::invokeMethod(report, &QDialog::open, Qt::QueuedConnection);
     }
     return summary.ok ? ExitCode::Success : ExitCode::ImportFailed;

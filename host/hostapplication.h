@@ -40,6 +40,7 @@ public:
     QStringList tourArguments() const;
 
 private:
+    void chooseLook();
     int openCore();
     void buildWindow();
     void startWithoutRoster();

@@ -52,7 +52,7 @@ void HostContext::shutDown()
         QThread::msleep(2);
     // The loop looks at the flag when an entry wakes it.
     m_thread->stop();
-    m_thread->enqueue(3, QStringLiteral("hostcontext.cpp:0"),
+    m_thread->enqueue(3, CLogThread::location(__FILE__, __LINE__),
                       QStringLiteral("the log ends with the host"));
     m_thread->wait(qMax(qint64(100), deadline.remainingTime()));
 }

@@ -1,10 +1,10 @@
 #include "host/hostskin.h"
 
+#include "host/hoststyle.h"
+
 #include <QApplication>
 #include <QColor>
 #include <QFont>
-#include <QStyle>
-#include <QStyleFactory>
 
 namespace {
 
@@ -78,9 +78,8 @@ void HostSkin::setFont()
 
 void HostSkin::apply(const QString &name)
 {
-    // A platform theme's style keeps colours of its own; Fusion paints with the
-    // palette alone.
-    if (QApplication::style()->objectName() != QLatin1String("fusion"))
-        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(palette(name));
+    // A platform theme's style keeps colours of its own. Set anew each time, since
+    // docks ask for their signs only then.
+    QApplication::setStyle(new HostStyle);
 }

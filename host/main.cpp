@@ -3,6 +3,7 @@
 #include "host/commandline.h"
 #include "host/hostapplication.h"
 #include "host/levermenu.h"
+#include "host/quitsignals.h"
 #include "host/tour/tour.h"
 
 #include <QApplication>
@@ -85,5 +86,6 @@ int main(int argc, char **argv)
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(count, pointers.data());
+    quitOnSignals(&application);
     return run(application, commandLine.options);
 }

@@ -25,6 +25,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+#include <algorithm>
+
 namespace {
 constexpr int NoteMs = 8000;
 constexpr int MonitorHeight = 300;
@@ -127,14 +129,18 @@ void MainWindow::buildActions()
     m_languages = new QActionGroup(this);
     addChoice(m_languages, QStringLiteral("zh_CN"))->setText(QString::fromUtf8("中文"));
     addChoice(m_languages, QStringLiteral("en"))->setText(QStringLiteral("English"));
-    connect(m_languages, &QActionGroup::triggered, this,
-            [this](QAction *action) { setLanguage(action->data().toString()); });
+    connect(m_languages, &QActionGroup::triggered, this, [this](QAction *action) {
+        setLanguage(action->data().toString());
+        emit languageChosen(action->data().toString());
+    });
 
     m_skins = new QActionGroup(this);
     addChoice(m_skins, QStringLiteral("light"));
     addChoice(m_skins, QStringLiteral("dark"));
-    connect(m_skins, &QActionGroup::triggered, this,
-            [this](QAction *action) { setSkin(action->data().toString()); });
+    connect(m_skins, &QActionGroup::triggered, this, [this](QAction *action) {
+        setSkin(action->data().toString());
+        emit skinChosen(action->data().toString());
+    });
 }
 
 void MainWindow::buildMenus(QMenu *levers)
@@ -294,8 +300,12 @@ void MainWindow::count()
         m_contactCount = core.contacts().size();
     if (m_toCount & Groups)
         m_groupCount = core.groups(true).size();
-    if (m_toCount & Online)
-        m_onlineCount = core.isConnected() ? core.allPresence().size() : 0;
+    if (m_toCount & Online) {
+        const QMap<QString, PresenceData> known =
+            core.isConnected() ? core.allPresence() : QMap<QString, PresenceData>();
+        m_onlineCount = int(std::count_if(known.begin(), known.end(),
+                                          [](const PresenceData &p) { return p.isOnline(); }));
+    }
     m_toCount = 0;
     m_counts->setText(tr("%1 contacts in %2 groups, %3 people online")
                           .arg(m_contactCount)

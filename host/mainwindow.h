@@ -54,6 +54,11 @@ public:
     void showMonitor(bool shown);
     void showNote(const QString &text);
 
+signals:
+    // By the user, in a menu of the window.
+    void languageChosen(const QString &language);
+    void skinChosen(const QString &name);
+
 protected:
     void changeEvent(QEvent *event) override;
 

@@ -11,7 +11,7 @@ constexpr const char *Signatures[] = {
     "保持好奇心",
     "会议中，请稍后联系",
     "Ship it, then measure it",
-    "多喝热水 ☕",
+    "多喝热水",
     "不积跬步，无以至千里；不积小流，无以成江海。",
     "\"Done\" means deployed & documented",
     "Bitte nur per E-Mail",

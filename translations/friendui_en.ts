@@ -153,7 +153,7 @@
     </message>
     <message>
         <source>confirmDeleteContact</source>
-        <translation>Delete the contact “%1”?</translation>
+        <translation>Delete the contact "%1"?</translation>
     </message>
     <message>
         <source>confirmDeleteContacts</source>
@@ -161,7 +161,7 @@
     </message>
     <message>
         <source>confirmDeleteGroup</source>
-        <translation>Delete the group “%1”? Its contacts move to “我的好友”.</translation>
+        <translation>Delete the group "%1"? Its contacts move to "我的好友".</translation>
     </message>
     <message>
         <source>contactAccessible</source>
@@ -213,7 +213,7 @@
     </message>
     <message>
         <source>deleteContactFailed</source>
-        <translation>“%1” could not be deleted. Please try again.</translation>
+        <translation>"%1" could not be deleted. Please try again.</translation>
     </message>
     <message>
         <source>deleteFromContact</source>
@@ -1091,6 +1091,10 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostApplication</name>
     <message>
+        <source>The log file %1 cannot be written.</source>
+        <translation>The log file %1 cannot be written.</translation>
+    </message>
+    <message>
         <source>The plug-in has no pane.</source>
         <translation>The plug-in has no pane.</translation>
     </message>
@@ -1404,6 +1408,72 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Close</source>
         <translation>Close</translation>
+    </message>
+</context>
+<context>
+    <name>CoreStore</name>
+    <message>
+        <source>The data file was damaged. It was kept as %1, and a new one was begun.</source>
+        <translation>The data file was damaged. It was kept as %1, and a new one was begun.</translation>
+    </message>
+</context>
+<context>
+    <name>VCardImport</name>
+    <message>
+        <source>%1 contacts added, %2 updated, %3 unchanged, %4 cards left out.</source>
+        <translation>Contacts added: %1, updated: %2, unchanged: %3. Cards left out: %4.</translation>
+    </message>
+    <message>
+        <source>A card ends here that was never begun.</source>
+        <translation>A card ends here that was never begun.</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>line %1: %2</translation>
+    </message>
+    <message>
+        <source>line %1: This card is the one of line %2 again; it was left out.</source>
+        <translation>line %1: This card is the one of line %2 again; it was left out.</translation>
+    </message>
+    <message>
+        <source>The contacts could not be stored.</source>
+        <translation>The contacts could not be stored.</translation>
+    </message>
+    <message>
+        <source>The file ends inside this card; it was left out.</source>
+        <translation>The file ends inside this card; it was left out.</translation>
+    </message>
+    <message>
+        <source>The file has more than %1 cards; the rest was left out.</source>
+        <translation>The file has more than %1 cards; the rest was left out.</translation>
+    </message>
+    <message>
+        <source>There are more problems than are listed.</source>
+        <translation>There are more problems than are listed.</translation>
+    </message>
+    <message>
+        <source>There is text outside a card; it was left out.</source>
+        <translation>There is text outside a card; it was left out.</translation>
+    </message>
+    <message>
+        <source>This card has more than %1 properties; it was left out.</source>
+        <translation>This card has more than %1 properties; it was left out.</translation>
+    </message>
+    <message>
+        <source>This card has no end; it was left out.</source>
+        <translation>This card has no end; it was left out.</translation>
+    </message>
+    <message>
+        <source>This card has no name; it was left out.</source>
+        <translation>This card has no name; it was left out.</translation>
+    </message>
+    <message>
+        <source>This is no vCard file: no card begins in it.</source>
+        <translation>This is no vCard file: no card begins in it.</translation>
+    </message>
+    <message>
+        <source>This line is no property of a card; it was left out.</source>
+        <translation>This line is no property of a card; it was left out.</translation>
     </message>
 </context>
 </TS>

@@ -1091,6 +1091,10 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostApplication</name>
     <message>
+        <source>The log file %1 cannot be written.</source>
+        <translation>日志文件 %1 无法写入。</translation>
+    </message>
+    <message>
         <source>The plug-in has no pane.</source>
         <translation>该插件没有界面。</translation>
     </message>
@@ -1404,6 +1408,72 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>CoreStore</name>
+    <message>
+        <source>The data file was damaged. It was kept as %1, and a new one was begun.</source>
+        <translation>数据文件已损坏，已保留为 %1，并新建了一个。</translation>
+    </message>
+</context>
+<context>
+    <name>VCardImport</name>
+    <message>
+        <source>%1 contacts added, %2 updated, %3 unchanged, %4 cards left out.</source>
+        <translation>新增联系人 %1 位，更新 %2 位，未变 %3 位，略过名片 %4 张。</translation>
+    </message>
+    <message>
+        <source>A card ends here that was never begun.</source>
+        <translation>此处结束的名片没有开头。</translation>
+    </message>
+    <message>
+        <source>line %1: %2</source>
+        <translation>第 %1 行：%2</translation>
+    </message>
+    <message>
+        <source>line %1: This card is the one of line %2 again; it was left out.</source>
+        <translation>第 %1 行：此名片与第 %2 行的重复，已略过。</translation>
+    </message>
+    <message>
+        <source>The contacts could not be stored.</source>
+        <translation>联系人无法保存。</translation>
+    </message>
+    <message>
+        <source>The file ends inside this card; it was left out.</source>
+        <translation>文件在此名片中间结束，已略过。</translation>
+    </message>
+    <message>
+        <source>The file has more than %1 cards; the rest was left out.</source>
+        <translation>文件中的名片超过 %1 张，其余已略过。</translation>
+    </message>
+    <message>
+        <source>There are more problems than are listed.</source>
+        <translation>还有更多问题未列出。</translation>
+    </message>
+    <message>
+        <source>There is text outside a card; it was left out.</source>
+        <translation>名片之外有文字，已略过。</translation>
+    </message>
+    <message>
+        <source>This card has more than %1 properties; it was left out.</source>
+        <translation>此名片的属性超过 %1 项，已略过。</translation>
+    </message>
+    <message>
+        <source>This card has no end; it was left out.</source>
+        <translation>此名片没有结尾，已略过。</translation>
+    </message>
+    <message>
+        <source>This card has no name; it was left out.</source>
+        <translation>此名片没有姓名，已略过。</translation>
+    </message>
+    <message>
+        <source>This is no vCard file: no card begins in it.</source>
+        <translation>这不是 vCard 文件：其中没有名片。</translation>
+    </message>
+    <message>
+        <source>This line is no property of a card; it was left out.</source>
+        <translation>此行不是名片属性，已略过。</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
@@ -220,7 +221,8 @@ bool CoreStore::setAside(QString *problem)
             QFile::rename(journal, target + QString::fromLatin1(suffix));
     }
     m_notice =
-        QStringLiteral("The data file was damaged. It was kept as %1, and a new one was begun.")
+        QCoreApplication::translate(
+            "CoreStore", "The data file was damaged. It was kept as %1, and a new one was begun.")
             .arg(target);
     LOG_ERROR("the core's data file was damaged and is kept as " << logText(target));
     return true;

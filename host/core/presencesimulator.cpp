@@ -5,9 +5,15 @@
 namespace {
 constexpr int ReplyDelay = 1200; // ms
 constexpr const char *Texts[] = {
-    "好的，收到", "Can you have a look at the draft?", "下午三点开会，别忘了", "在吗？",
-    "谢谢！",     "I'll be ten minutes late.",         "文件已经发到邮箱了",   "周报今天下班前交",
-    "👍",
+    "好的，收到",
+    "Can you have a look at the draft?",
+    "下午三点开会，别忘了",
+    "在吗？",
+    "谢谢！",
+    "I'll be ten minutes late.",
+    "文件已经发到邮箱了",
+    "周报今天下班前交",
+    "好的，稍后回复。",
 };
 } // namespace
 

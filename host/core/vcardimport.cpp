@@ -3,11 +3,17 @@
 #include "host/core/embeddedcore.h"
 #include "host/vcard/vcardreader.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QHash>
 
 namespace {
+QString told(const char *text)
+{
+    return QCoreApplication::translate("VCardImport", text);
+}
+
 constexpr int LongestField = 1000; // characters
 
 // One line of printable text, as the profile fields hold it.
@@ -126,7 +132,7 @@ QList<EmbeddedCore::ImportedContact> contactsOf(const VCardReader::Result &resul
         const QString uid = uidOf(card);
         if (lines.contains(uid)) {
             summary->problems.append(
-                QStringLiteral("line %1: This card is the one of line %2 again; it was left out.")
+                told("line %1: This card is the one of line %2 again; it was left out.")
                     .arg(card.line)
                     .arg(lines.value(uid)));
             ++summary->skipped;
@@ -143,7 +149,7 @@ QString VCardImportSummary::text() const
 {
     if (!ok)
         return problems.value(0);
-    return QStringLiteral("%1 contacts added, %2 updated, %3 unchanged, %4 cards left out.")
+    return told("%1 contacts added, %2 updated, %3 unchanged, %4 cards left out.")
         .arg(added)
         .arg(updated)
         .arg(unchanged)
@@ -156,9 +162,9 @@ VCardImportSummary importVCards(QIODevice &device, EmbeddedCore *core)
     VCardImportSummary summary;
     summary.skipped = result.skipped;
     for (const VCardReader::Problem &problem : result.problems) {
-        summary.problems.append(
-            problem.line > 0 ? QStringLiteral("line %1: %2").arg(problem.line).arg(problem.text)
-                             : problem.text);
+        summary.problems.append(problem.line > 0
+                                    ? told("line %1: %2").arg(problem.line).arg(problem.text)
+                                    : problem.text);
     }
     if (!result.isVCard)
         return summary;
@@ -169,7 +175,7 @@ VCardImportSummary importVCards(QIODevice &device, EmbeddedCore *core)
     summary.updated = counts.updated;
     summary.unchanged = counts.unchanged;
     if (!summary.ok)
-        summary.problems.prepend(QStringLiteral("The contacts could not be stored."));
+        summary.problems.prepend(told("The contacts could not be stored."));
     return summary;
 }
 

@@ -95,7 +95,7 @@ void TourDriver::tick()
                 this, [this, &move] { move.act(*m_stage); }, Qt::QueuedConnection);
         return;
     }
-    if (move.until(*m_stage)) {
+    if (!move.until || move.until(*m_stage)) {
         ++m_move;
         beginMove();
     } else if (m_since.elapsed() > MoveDeadlineMs) {

@@ -12,9 +12,9 @@ class TourStage;
 
 struct TourMove
 {
-    const char *what;                     // told when it does not succeed: "the menu opens"
-    std::function<void(TourStage &)> act; // may be empty; may open a modal dialog
-    std::function<bool(TourStage &)> until;
+    const char *what;                       // told when it does not succeed: "the menu opens"
+    std::function<void(TourStage &)> act;   // may be empty; may open a modal dialog
+    std::function<bool(TourStage &)> until; // may be missing: done when acted
 };
 
 struct TourStep

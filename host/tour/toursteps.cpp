@@ -211,7 +211,10 @@ std::vector<TourStep> hostSteps()
            }}}},
         {"dark",
          TourStep::HostOnly,
-         {{"the window is dark", [](Stage &s) { s.window().setSkin(QStringLiteral("dark")); },
+         {{"the language is again that of the start",
+           [](Stage &s) { s.window().setLanguage(s.host().options().language); },
+           {}},
+          {"the window is dark", [](Stage &s) { s.window().setSkin(QStringLiteral("dark")); },
            [](Stage &s) {
                return s.window().palette().color(QPalette::Window).lightness() < 80;
            }}}},
@@ -236,7 +239,10 @@ std::vector<TourStep> hostSteps()
            }}}},
         {"chat",
          TourStep::Pane,
-         {expandAndRemember(2),
+         {{"the skin is again that of the start",
+           [](Stage &s) { s.window().setSkin(s.host().options().skin); },
+           {}},
+          expandAndRemember(2),
           {"Enter opens the chat",
            [](Stage &s) {
                s.tree()->setCurrentIndex(s.contact(s.jid));

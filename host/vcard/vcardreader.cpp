@@ -4,9 +4,15 @@
 #include "host/vcard/vcardproperty.h"
 #include "host/vcard/vcardtext.h"
 
+#include <QCoreApplication>
 #include <QSet>
 
 namespace {
+QString told(const char *text)
+{
+    return QCoreApplication::translate("VCardImport", text);
+}
+
 QString withoutScheme(const QString &value, const char *scheme)
 {
     const QString prefix = QString::fromLatin1(scheme);
@@ -74,8 +80,7 @@ void Collector::problem(int line, const QString &text)
     if (m_result->problems.size() < m_limits.problems)
         m_result->problems.append({line, text});
     else if (m_result->problems.size() == m_limits.problems)
-        m_result->problems.append(
-            {line, QStringLiteral("There are more problems than are listed.")});
+        m_result->problems.append({line, told("There are more problems than are listed.")});
 }
 
 bool Collector::take(const QByteArray &line, int number, bool truncated)
@@ -84,18 +89,17 @@ bool Collector::take(const QByteArray &line, int number, bool truncated)
         return true;
     if (!m_property.parse(line)) {
         if (m_inCard)
-            problem(number, QStringLiteral("This line is no property of a card; it was left out."));
+            problem(number, told("This line is no property of a card; it was left out."));
         else if (!m_strayTold)
-            problem(number, QStringLiteral("There is text outside a card; it was left out."));
+            problem(number, told("There is text outside a card; it was left out."));
         m_strayTold = m_strayTold || !m_inCard;
         return true;
     }
     const bool isCard = m_property.raw.trimmed().toUpper() == "VCARD";
     if (m_property.name == "BEGIN" && isCard) {
         if (!m_inCard && m_result->cards.size() >= m_limits.cards) {
-            problem(number,
-                    QStringLiteral("The file has more than %1 cards; the rest was left out.")
-                        .arg(m_limits.cards));
+            problem(number, told("The file has more than %1 cards; the rest was left out.")
+                                .arg(m_limits.cards));
             return false;
         }
         begin(number);
@@ -104,7 +108,7 @@ bool Collector::take(const QByteArray &line, int number, bool truncated)
     } else if (m_inCard && m_nested == 0) {
         property(number, truncated);
     } else if (!m_inCard && !m_strayTold) {
-        problem(number, QStringLiteral("There is text outside a card; it was left out."));
+        problem(number, told("There is text outside a card; it was left out."));
         m_strayTold = true;
     }
     return true;
@@ -117,7 +121,7 @@ void Collector::begin(int line)
         return;
     }
     if (m_inCard)
-        skip(m_card.line, QStringLiteral("This card has no end; it was left out."));
+        skip(m_card.line, told("This card has no end; it was left out."));
     m_result->isVCard = true;
     m_card = VCard();
     m_card.line = line;
@@ -135,16 +139,16 @@ void Collector::end(int line)
         return;
     }
     if (!m_inCard) {
-        problem(line, QStringLiteral("A card ends here that was never begun."));
+        problem(line, told("A card ends here that was never begun."));
         return;
     }
     m_inCard = false;
     m_strayTold = false;
     if (m_tooMany)
-        skip(m_card.line, QStringLiteral("This card has more than %1 properties; it was left out.")
+        skip(m_card.line, told("This card has more than %1 properties; it was left out.")
                               .arg(m_limits.propertiesPerCard));
     else if (m_card.displayName().isEmpty())
-        skip(m_card.line, QStringLiteral("This card has no name; it was left out."));
+        skip(m_card.line, told("This card has no name; it was left out."));
     else
         m_result->cards.append(m_card);
 }
@@ -158,7 +162,7 @@ void Collector::skip(int line, const QString &reason)
 void Collector::finish()
 {
     if (m_inCard)
-        skip(m_card.line, QStringLiteral("The file ends inside this card; it was left out."));
+        skip(m_card.line, told("The file ends inside this card; it was left out."));
 }
 
 void Collector::property(int number, bool truncated)
@@ -309,7 +313,7 @@ VCardReader::Result VCardReader::read(QIODevice &device)
             break;
     }
     if (!result.isVCard) {
-        result.problems = {{0, QStringLiteral("This is no vCard file: no card begins in it.")}};
+        result.problems = {{0, told("This is no vCard file: no card begins in it.")}};
         return result;
     }
     if (more)

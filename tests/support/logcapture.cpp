@@ -3,6 +3,7 @@
 #include "common/clogthread.h"
 #include "common/logfilewriter.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTest>
@@ -20,7 +21,10 @@ struct ProcessLog
         writer.setMaximumFileSize(1024 * 1024);
         thread.setWriter(&writer);
         thread.start();
+        // It would go on writing while the process takes the codecs apart.
+        qAddPostRoutine(stop);
     }
+    static void stop();
 };
 
 // Never destroyed: the log manager keeps the first thread that it sees.
@@ -28,6 +32,14 @@ ProcessLog &processLog()
 {
     static auto *log = new ProcessLog;
     return *log;
+}
+
+void ProcessLog::stop()
+{
+    CLogThread &thread = processLog().thread;
+    thread.stop();
+    thread.enqueue(LogEntry()); // wakes it
+    thread.wait();
 }
 
 QStringList writtenLines()

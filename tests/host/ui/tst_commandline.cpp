@@ -1,6 +1,7 @@
 // The command line: what is understood and what is refused, with a clear word.
 #include "host/commandline.h"
 #include "host/datafolder.h"
+#include "host/hostpreferences.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -35,7 +36,7 @@ private slots:
         QCOMPARE(result.options.people, 300);
         QVERIFY(result.options.simulation);
         QVERIFY(!result.options.offline);
-        QCOMPARE(result.options.skin, QStringLiteral("light"));
+        QVERIFY(result.options.skin.isEmpty());
     }
 
     void everyOptionIsTaken()
@@ -132,6 +133,24 @@ private slots:
         for (const char *option :
              {"--people", "--import", "--data", "--plugin", "--tour", "--reset"})
             QVERIFY2(result.text.contains(QLatin1String(option)), option);
+    }
+
+    void choicesAreRememberedAndNonsenseIsNot()
+    {
+        const QTemporaryDir folder;
+        const HostPreferences fresh(folder.path());
+        QVERIFY(fresh.language().isEmpty() && fresh.skin().isEmpty() && !fresh.showsImport());
+        fresh.setLanguage(QStringLiteral("en"));
+        fresh.setSkin(QStringLiteral("dark"));
+        fresh.setShowsImport(true);
+        const HostPreferences later(folder.path());
+        QCOMPARE(later.language(), QStringLiteral("en"));
+        QCOMPARE(later.skin(), QStringLiteral("dark"));
+        QVERIFY(later.showsImport());
+
+        later.setLanguage(QStringLiteral("../en"));
+        later.setSkin(QStringLiteral("blue"));
+        QVERIFY(later.language().isEmpty() && later.skin().isEmpty());
     }
 
     void resetDeletesOnlyInAFolderOfItsOwn()

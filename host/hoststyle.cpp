@@ -1,0 +1,83 @@
+#include "host/hoststyle.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QStyleOption>
+
+namespace {
+
+void drawCross(QPainter *painter, const QRectF &place, const QColor &colour)
+{
+    const QPointF centre = place.center();
+    const qreal arm = qMin(place.width(), place.height()) * 0.24;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(colour, 1.4, Qt::SolidLine, Qt::RoundCap));
+    painter->drawLine(centre + QPointF(-arm, -arm), centre + QPointF(arm, arm));
+    painter->drawLine(centre + QPointF(-arm, arm), centre + QPointF(arm, -arm));
+    painter->restore();
+}
+
+// Of the size of a dock's buttons.
+QIcon icon(bool cross)
+{
+    constexpr int Size = 16;
+    const qreal ratio = qApp->devicePixelRatio();
+    QPixmap pixmap(QSize(Size, Size) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    const QColor colour = QApplication::palette().color(QPalette::WindowText);
+    if (cross) {
+        drawCross(&painter, QRectF(0, 0, Size, Size), colour);
+    } else {
+        painter.setPen(QPen(colour, 1));
+        painter.drawRect(QRectF(3.5, 5.5, 7, 7));
+        painter.drawLine(QPointF(5.5, 3.5), QPointF(12.5, 3.5));
+        painter.drawLine(QPointF(12.5, 3.5), QPointF(12.5, 10.5));
+    }
+    return pixmap;
+}
+
+} // namespace
+
+HostStyle::HostStyle() : QProxyStyle(QStringLiteral("Fusion"))
+{
+    setObjectName(QStringLiteral("hoststyle"));
+}
+
+void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *option,
+                              QPainter *painter, const QWidget *widget) const
+{
+    if (element != PE_IndicatorTabClose) {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        return;
+    }
+    const bool hovered = option->state & State_Enabled && option->state & State_MouseOver;
+    if (hovered) {
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(option->palette.color(QPalette::Highlight));
+        painter->drawRoundedRect(option->rect, 3, 3);
+        painter->restore();
+    }
+    drawCross(painter, option->rect,
+              option->palette.color(hovered ? QPalette::WindowText : QPalette::PlaceholderText));
+}
+
+QIcon HostStyle::standardIcon(StandardPixmap standard, const QStyleOption *option,
+                              const QWidget *widget) const
+{
+    if (standard == SP_TitleBarCloseButton || standard == SP_TitleBarNormalButton)
+        return icon(standard == SP_TitleBarCloseButton);
+    return QProxyStyle::standardIcon(standard, option, widget);
+}
+
+int HostStyle::styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+                         QStyleHintReturn *returned) const
+{
+    if (hint == SH_DialogButtonBox_ButtonsHaveIcons)
+        return 0;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+}
