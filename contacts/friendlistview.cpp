@@ -33,9 +33,9 @@ constexpr Entry entries[] = {
 };
 
 constexpr int EntryHeight = 68;
-constexpr int LineHeight = 15;
+constexpr int LineHeight = 16;
 constexpr int IconSize = 24;
-constexpr int TextPixels = 11;
+constexpr int TextPixels = 12;
 constexpr int MarkWidth = 3;
 
 // An entry's text follows the language, so it is translated when it is read.
@@ -100,7 +100,7 @@ public:
         painter->drawPixmap(
             middle.x() - IconSize / 2, option.rect.top() + 10,
             loadPicture(icon, IconSize, painter->device()->devicePixelRatioF(), color));
-        painter->setFont(skinFont(TextPixels, current ? QFont::DemiBold : QFont::Normal));
+        painter->setFont(skinFont(TextPixels));
         painter->setPen(current ? colors.theme : colors.text);
         const QRect textArea(option.rect.left() + 3, option.rect.top() + 36,
                              option.rect.width() - 6, 2 * LineHeight);

@@ -27,7 +27,7 @@ public:
     // Makes an entry current as a click would. False when there is no such entry.
     bool selectEntry(const QString &id);
 
-    static constexpr int ColumnWidth = 76;
+    static constexpr int ColumnWidth = 80;
 
 signals:
     void signal_clickItem(int nType, QString strJid);

@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "plugin/frienduisignalsender.h"
 
+#include <QFontDatabase>
 #include <QStringList>
 #include <QWidget>
 
@@ -95,11 +96,23 @@ void followSkin(QWidget *widget)
                      [widget] { widget->setPalette(Skin::instance().palette()); });
 }
 
+// The first family that is installed: to name one that is not costs a search for a
+// substitute for every size, weight and script.
+static QString skinFontFamily()
+{
+    const QStringList installed = QFontDatabase().families();
+    for (const char *family : {"Microsoft YaHei", "Noto Sans CJK SC", "WenQuanYi Micro Hei"}) {
+        const QString name = QString::fromLatin1(family);
+        if (installed.contains(name, Qt::CaseInsensitive))
+            return name;
+    }
+    return QFont().family();
+}
+
 QFont skinFont(int pixelSize, QFont::Weight weight)
 {
-    QFont font;
-    font.setFamilies({QStringLiteral("Microsoft Yahei"), QStringLiteral("Noto Sans CJK SC"),
-                      QStringLiteral("WenQuanYi Micro Hei")});
+    static const auto *family = new QString(skinFontFamily());
+    QFont font(*family);
     font.setPixelSize(pixelSize);
     font.setWeight(weight);
     return font;
