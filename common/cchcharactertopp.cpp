@@ -136,20 +136,6 @@ QString CChCharacterToPP::toPinyin(const QString &text, bool firstCharacterOnly)
     return result;
 }
 
-QString CChCharacterToPP::initials(const QString &text)
-{
-    QString result;
-    result.reserve(text.size());
-    for (const QChar c : text) {
-        const QStringView letters = syllable(c);
-        if (!letters.isEmpty())
-            result += letters.at(0);
-        else if (c.unicode() < 0x80 && c.isLetterOrNumber())
-            result += c;
-    }
-    return result;
-}
-
 QStringView CChCharacterToPP::syllable(QChar character)
 {
     const quint16 entry = entryOf(character.unicode());

@@ -17,10 +17,6 @@ public:
     // The syllables one after another, or that of the first character alone.
     QString toPinyin(const QString &text, bool firstCharacterOnly) const;
 
-    // The first letter of each syllable; ASCII letters and digits as they are,
-    // everything else left out: "A3" for "啊3!".
-    static QString initials(const QString &text);
-
     // Empty for everything but a GB2312 character. Static data, never freed.
     static QStringView syllable(QChar character);
 

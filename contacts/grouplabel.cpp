@@ -66,6 +66,7 @@ void GroupLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     const Skin::Colors &colors = Skin::instance().colors();
+    const QColor quiet = Skin::instance().quietText(m_selected);
     painter.fillRect(rect(), m_selected     ? colors.selected
                              : underMouse() ? colors.hover
                                             : colors.background);
@@ -80,7 +81,7 @@ void GroupLabel::paintEvent(QPaintEvent *)
     const QString arrow = m_expanded ? QStringLiteral("Resources/images/contacts/arrow_down.png")
                                      : QStringLiteral("Resources/images/contacts/arrow_right.png");
     painter.drawPixmap(placed(QRect(SideMargin, (height() - ArrowSize) / 2, ArrowSize, ArrowSize)),
-                       loadPicture(arrow, ArrowSize, devicePixelRatioF(), colors.secondary));
+                       loadPicture(arrow, ArrowSize, devicePixelRatioF(), quiet));
 
     // The counts stay whole; only the name is cut.
     const int split = text().lastIndexOf(QLatin1Char(' '));
@@ -99,7 +100,7 @@ void GroupLabel::paintEvent(QPaintEvent *)
     painter.setPen(colors.text);
     painter.drawText(placed(QRect(left, 0, qMax(room, nameWidth), height())), side, name);
     painter.setFont(countFont);
-    painter.setPen(colors.secondary);
+    painter.setPen(quiet);
     painter.drawText(placed(QRect(left + nameWidth + 2 * Gap, 0, countWidth + Gap, height())), side,
                      counts);
 }

@@ -14,21 +14,6 @@ constexpr int NamePixels = 14;
 constexpr int SecondPixels = 12;
 constexpr qreal FadedOpacity = 0.55;
 
-// What steps back on the plain background would be hard to read on that of a
-// selected row.
-QColor quietColor(const Skin::Colors &colors, bool selected)
-{
-    if (!selected)
-        return colors.secondary;
-    constexpr qreal TextShare = 0.6;
-    const auto blend = [](int text, int quiet) {
-        return qRound(text * TextShare + quiet * (1 - TextShare));
-    };
-    return QColor(blend(colors.text.red(), colors.secondary.red()),
-                  blend(colors.text.green(), colors.secondary.green()),
-                  blend(colors.text.blue(), colors.secondary.blue()));
-}
-
 void drawPhone(QPainter *painter, const QRectF &area, const QColor &color)
 {
     const QRectF body(area.center().x() - area.width() * 0.28, area.top(), area.width() * 0.56,
@@ -149,7 +134,8 @@ void RowPainter::markAtRight(const QPixmap &glyph)
 void RowPainter::texts(const QString &first, const QString &second, bool faded)
 {
     const Skin::Colors &colors = Skin::instance().colors();
-    const QColor quiet = quietColor(colors, m_option.state.testFlag(QStyle::State_Selected));
+    const QColor quiet =
+        Skin::instance().quietText(m_option.state.testFlag(QStyle::State_Selected));
     const QFont firstFont = skinFont(NamePixels);
     const QFont secondFont = skinFont(SecondPixels);
     const QFontMetrics firstMetrics(firstFont);

@@ -89,6 +89,21 @@ QPalette Skin::palette() const
     return palette;
 }
 
+QColor Skin::quietText(bool onSelectedRow) const
+{
+    // What steps back on the plain background would be hard to read on that of a
+    // selected row.
+    if (!onSelectedRow)
+        return m_colors.secondary;
+    constexpr qreal TextShare = 0.6;
+    const auto blend = [](int text, int quiet) {
+        return qRound(text * TextShare + quiet * (1 - TextShare));
+    };
+    return QColor(blend(m_colors.text.red(), m_colors.secondary.red()),
+                  blend(m_colors.text.green(), m_colors.secondary.green()),
+                  blend(m_colors.text.blue(), m_colors.secondary.blue()));
+}
+
 void followSkin(QWidget *widget)
 {
     widget->setPalette(Skin::instance().palette());

@@ -36,6 +36,8 @@ public:
     const Colors &colors() const { return m_colors; }
     bool isDark() const { return m_dark; }
     QPalette palette() const;
+    // The colour of less important text, readable on the row behind it.
+    QColor quietText(bool onSelectedRow) const;
 
     void setRecord(const SysUIData &record);
 

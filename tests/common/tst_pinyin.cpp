@@ -216,12 +216,6 @@ private slots:
         QCOMPARE(whole(name + QString::fromUtf8("€a李")),
                  QStringLiteral("ZHANG").repeated(1000) + QStringLiteral("LI"));
     }
-
-    void initialsSkipWhatIsNeitherLetterNorSyllable()
-    {
-        QCOMPARE(CChCharacterToPP::initials(QString::fromUtf8("张 三-Bob2東!")),
-                 QStringLiteral("ZSBob2"));
-    }
 };
 
 FRIENDUI_TEST(TstPinyin)
