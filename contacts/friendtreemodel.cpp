@@ -149,8 +149,7 @@ void FriendTreeModel::applyRecord(Contact *contact, const FriendData &record)
     contact->record = record;
     Group *group = groupFor(record);
     if (group != contact->group) {
-        detach(contact);
-        attach(contact, group);
+        transfer(contact, group);
         return;
     }
     contactUpdated(contact);
@@ -191,8 +190,7 @@ bool FriendTreeModel::moveContact(const QString &jid, const QString &groupId)
         return false;
     if (contact->group != target) {
         contact->record.groupId = groupId;
-        detach(contact);
-        attach(contact, target);
+        transfer(contact, target);
     }
     return true;
 }
@@ -283,6 +281,33 @@ void FriendTreeModel::attach(Contact *contact, Group *group)
     }
     group->online += contact->presence().isOnline() ? 1 : 0;
     groupChanged(group);
+}
+
+// As a move, so that views keep the row selected and current.
+void FriendTreeModel::transfer(Contact *contact, Group *target)
+{
+    if (contact->hidden || shouldHide(contact)) {
+        detach(contact);
+        attach(contact, target);
+        return;
+    }
+    Group *source = contact->group;
+    const FriendTreePlace place = placeOf(contact);
+    const FriendTreeRow moved{FriendTreeSort::prefix(place.block, place.name), contact};
+    const int from = FriendTreeOrder::rowOf(source->rows, contact);
+    const int to =
+        FriendTreeOrder::placeFor(target->rows, moved.prefix, place, contact->record.jid);
+    beginMoveRows(indexOf(source), from, from, indexOf(target), to);
+    source->rows.erase(source->rows.begin() + from);
+    contact->group = target;
+    contact->place = place;
+    target->rows.insert(target->rows.begin() + to, moved);
+    endMoveRows();
+    const int online = contact->presence().isOnline() ? 1 : 0;
+    source->online -= online;
+    target->online += online;
+    groupChanged(source);
+    groupChanged(target);
 }
 
 void FriendTreeModel::contactUpdated(Contact *contact, bool sameName)

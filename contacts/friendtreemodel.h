@@ -120,6 +120,7 @@ private:
     FriendTreeSort::Block blockOf(const Contact *contact) const;
     void detach(Contact *contact);
     void attach(Contact *contact, Group *group);
+    void transfer(Contact *contact, Group *target);
     void arrive(Contact *contact, Group *group); // joins the group's arrivals
     void attachArrivals(Group *group);
     void insertRuns(Group *group, const Rows &sorted);

@@ -119,11 +119,8 @@ void FriendTreeModel::adoptStrays()
             }
         }
     }
-    for (Contact *stray : strays) {
-        Group *home = groupFor(stray->record);
-        detach(stray);
-        attach(stray, home);
-    }
+    for (Contact *stray : strays)
+        transfer(stray, groupFor(stray->record));
     const Group *unnamed = group(QString());
     if (m_defaultMadeHere && unnamed && unnamed->total() == 0)
         removeGroup(QString());

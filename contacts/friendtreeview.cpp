@@ -74,6 +74,11 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     connect(this, &QTreeView::clicked, this, &FriendTreeView::slot_click);
     connect(this, &QTreeView::expanded, this, &FriendTreeView::slot_expanded);
     connect(this, &QTreeView::collapsed, this, &FriendTreeView::slot_collapsed);
+    connect(model, &QAbstractItemModel::rowsMoved, this,
+            [this](const QModelIndex &from, int, int, const QModelIndex &to) {
+                if (from != to)
+                    QTimer::singleShot(0, this, &FriendTreeView::leaveClosedGroup);
+            });
     connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
         reveal(index);
         // Clear of the typed text, which stands over the last rows.
@@ -146,6 +151,13 @@ void FriendTreeView::reveal(const QModelIndex &index)
         setExpanded(index.parent(), true);
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index);
+}
+
+void FriendTreeView::leaveClosedGroup()
+{
+    const QModelIndex group = currentIndex().parent();
+    if (group.isValid() && !isExpanded(group))
+        selectionModel()->setCurrentIndex(group, QItemSelectionModel::ClearAndSelect);
 }
 
 void FriendTreeView::slot_expanded(QModelIndex expandedIndex)

@@ -109,6 +109,8 @@ private:
     void fillMoveMenu(const QString &jid);
     void activate(const QModelIndex &index);
     void updateFreeze();
+    // A current row that was moved out of sight: its group's header takes over.
+    void leaveClosedGroup();
     QStringList selectedContacts() const;
     QModelIndex groupAt(QPoint pos) const; // the group of whatever row is there
     bool isGroup(const QModelIndex &index) const;

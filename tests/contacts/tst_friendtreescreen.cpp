@@ -74,6 +74,7 @@ private slots:
     void floodMovesNothing_data();
     void floodMovesNothing();
     void collapsedGroupsDoNotScroll();
+    void keepsWhatMovesToAnotherGroup();
     void waitsForThePointer();
     void waitsForTheMenu();
     void oneRepaintForAFlood();
@@ -152,6 +153,27 @@ void TstFriendTreeScreen::collapsedGroupsDoNotScroll()
     FakeHost::send(4101, jidOf(QStringLiteral("u0299")), true);
     TreeFixture::settle();
     QCOMPARE(topRow(tree.view), top);
+}
+
+void TstFriendTreeScreen::keepsWhatMovesToAnotherGroup()
+{
+    const TreeFixture tree;
+    const auto move = [](const char *from, const char *to) {
+        FakeHost::send(4121, true, jidOf(QStringLiteral("bob")), QString::fromLatin1(from),
+                       QString::fromLatin1(to), true);
+        TreeFixture::settle();
+    };
+    tree.view->expand(tree.group("g2"));
+    tree.select(tree.contact("bob"));
+    move("g1", "g2");
+    QCOMPARE(tree.view->currentIndex(), tree.contact("bob"));
+    QVERIFY(tree.view->selectionModel()->isSelected(tree.contact("bob")));
+    QCOMPARE(tree.rows("g2"), (QStringList{QStringLiteral("bob"), QStringLiteral("dora")}));
+
+    // Out of sight in a closed group, its header takes over.
+    tree.view->collapse(tree.group("g1"));
+    move("g2", "g1");
+    QTRY_COMPARE(tree.view->currentIndex(), tree.group("g1"));
 }
 
 void TstFriendTreeScreen::waitsForThePointer()
