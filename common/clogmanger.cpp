@@ -23,7 +23,7 @@ CLogManger &CLogManger::instance()
     return *manager;
 }
 
-CLogManger::CLogManger()
+CLogManger::CLogManger() : m_guiThread(isGuiThread() ? QThread::currentThreadId() : nullptr)
 {
     attach();
 }
@@ -32,7 +32,7 @@ CLogThread *CLogManger::attach()
 {
     CLogThread *thread = m_thread;
     // Only the GUI thread may ask the host.
-    if (thread || !isGuiThread())
+    if (thread || !(m_guiThread ? m_guiThread == QThread::currentThreadId() : isGuiThread()))
         return thread;
     thread = ctx().logThread();
     if (!thread)

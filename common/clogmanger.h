@@ -47,6 +47,7 @@ private:
     void finishEntry();
 
     std::atomic<LogFileWriter *> m_writer{nullptr};
+    const Qt::HANDLE m_guiThread; // null when it was not the one that made this
     std::atomic<CLogThread *> m_thread{nullptr};
     QString m_location;
     QString m_buffer;

@@ -308,6 +308,7 @@ void FriendTreeModel::transfer(Contact *contact, Group *target)
     target->online += online;
     groupChanged(source);
     groupChanged(target);
+    emit groupOfContactChanged();
 }
 
 void FriendTreeModel::contactUpdated(Contact *contact, bool sameName)

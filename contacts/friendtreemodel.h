@@ -88,6 +88,10 @@ public:
     QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
     QStringList mimeTypes() const override;
 
+signals:
+    // A row was moved below another group's.
+    void groupOfContactChanged();
+
 private:
     using Contact = FriendTreeContact;
     using Group = FriendTreeGroup;

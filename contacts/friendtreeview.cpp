@@ -74,11 +74,8 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     connect(this, &QTreeView::clicked, this, &FriendTreeView::slot_click);
     connect(this, &QTreeView::expanded, this, &FriendTreeView::slot_expanded);
     connect(this, &QTreeView::collapsed, this, &FriendTreeView::slot_collapsed);
-    connect(model, &QAbstractItemModel::rowsMoved, this,
-            [this](const QModelIndex &from, int, int, const QModelIndex &to) {
-                if (from != to)
-                    QTimer::singleShot(0, this, &FriendTreeView::leaveClosedGroup);
-            });
+    connect(model, &FriendTreeModel::groupOfContactChanged, this, &FriendTreeView::leaveClosedGroup,
+            Qt::QueuedConnection);
     connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
         reveal(index);
         // Clear of the typed text, which stands over the last rows.
