@@ -14,6 +14,7 @@ private slots:
     void allOfflineUntilTheNextPresence();
     void hideOffline();
     void frozenOrder();
+    void manyArriveWhileFrozen();
 };
 
 void TstFriendTreePresence::presenceUnknown()
@@ -151,6 +152,24 @@ void TstFriendTreePresence::frozenOrder()
     QVERIFY(model->removeContact(jid(QStringLiteral("u1"))));
     model->setOrderFrozen(false);
     QCOMPARE(rows(group), QStringList({"u3", "u2"}));
+}
+
+// So many arrive at once that the group would be sorted anew: who waits still waits.
+void TstFriendTreePresence::manyArriveWhileFrozen()
+{
+    QList<FriendData> even;
+    QList<FriendData> odd;
+    for (int i = 100; i < 400; ++i) {
+        const QString number = QString::number(i);
+        (i % 2 ? odd : even).append(makeContact(QStringLiteral("u") + number, number));
+    }
+    model->mergeContacts(even);
+    model->setOrderFrozen(true);
+    model->setPresence({{jid(QStringLiteral("u398")), makePresence(1)}});
+    model->mergeContacts(odd);
+    QCOMPARE(rows(QStringLiteral("g1")).indexOf(QStringLiteral("u398")), 298);
+    model->setOrderFrozen(false);
+    QCOMPARE(rows(QStringLiteral("g1")).indexOf(QStringLiteral("u398")), 0);
 }
 
 FRIENDUI_TEST(TstFriendTreePresence)
