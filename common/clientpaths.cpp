@@ -62,7 +62,8 @@ QString ClientPaths::applicationDataFolder()
 
 QString ClientPaths::applicationFolder()
 {
-    return QCoreApplication::applicationDirPath();
+    const QString folder = ctx().applicationFolder();
+    return folder.isEmpty() ? QCoreApplication::applicationDirPath() : folder;
 }
 
 QString ClientPaths::serviceAddressFile()

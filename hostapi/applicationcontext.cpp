@@ -104,6 +104,20 @@ QString ApplicationContext::productTeamJid() const
     return QString();
 }
 
+QString ApplicationContext::password() const
+{
+    return QString();
+}
+QString ApplicationContext::applicationFolder() const
+{
+    return QString();
+}
+QString ApplicationContext::caFile() const
+{
+    return QString();
+}
+void ApplicationContext::webRequestFinished(const WebRequestRecord &) {}
+
 QString ApplicationContext::ownJid() const
 {
     const QString user = userId();

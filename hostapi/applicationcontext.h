@@ -6,6 +6,7 @@
 #pragma once
 
 #include "hostapi/hostrecords.h"
+#include "hostapi/webrequestrecord.h"
 
 #include <QList>
 #include <QSqlDatabase>
@@ -82,6 +83,18 @@ public:
     virtual bool hasRight(int right) const; // a Right; default true
     virtual int contactLimit() const;       // 0 = unlimited
     virtual QString productTeamJid() const;
+
+    // Web services.
+    // Of the user who is logged in, for services that take basic authorisation;
+    // empty: none is sent. Never written to a log or a file.
+    virtual QString password() const;
+    // Where the service address file lies; empty: the folder of the executable.
+    virtual QString applicationFolder() const;
+    // PEM file with certificate authorities to trust besides the system's own;
+    // empty: only those.
+    virtual QString caFile() const;
+    // Called after each web request of the module, also a failed one.
+    virtual void webRequestFinished(const WebRequestRecord &record);
 
     QString ownJid() const;     // userId@serverDomain; empty while nobody is logged in
     QString userFolder() const; // userBaseFolder/userId; empty when either is

@@ -2,9 +2,9 @@
 // and in variants. Records of the host's events are in hostapi/hostrecords.h.
 #pragma once
 
+#include "common/httpresponsedata.h"
 #include "hostapi/recordstream.h"
 
-#include <QByteArray>
 #include <QMetaType>
 #include <QString>
 
@@ -55,22 +55,5 @@ struct ChatSummaryData
     }
 };
 
-// How an upload, a download or another single web request ended.
-struct HttpResponseData
-{
-    bool ok = false;
-    qint32 code = 0; // the service's result code; 0 = success
-    QString message; // the service's text for a failure
-    QString fileName;
-    QString localPath; // where a download was stored
-    QByteArray body;
-
-    template <class Self> static auto fieldsOf(Self &r)
-    {
-        return std::tie(r.ok, r.code, r.message, r.fileName, r.localPath, r.body);
-    }
-};
-
 Q_DECLARE_METATYPE(DBFriendData)
 Q_DECLARE_METATYPE(ChatSummaryData)
-Q_DECLARE_METATYPE(HttpResponseData)

@@ -18,6 +18,8 @@ LAYERS = {
     "common": {"hostapi"},
     "http": {"common", "hostapi"},
     "plugin": {"common", "hostapi"},
+    "sample": set(),
+    "backend": {"sample"},
     "controls": {"plugin", "common", "hostapi", "Resources"},
     "contacts": CONTROLS,
     "detail": CONTROLS,

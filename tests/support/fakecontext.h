@@ -10,6 +10,7 @@
 
 #include <QMap>
 #include <QSet>
+#include <QVector>
 
 class FakeContext : public ApplicationContext
 {
@@ -47,6 +48,10 @@ public:
     QSet<int> deniedRights;
     int limit = 0;
     QString productTeam;
+    QString userPassword;
+    QString programFolder;                 // where allurl.ini is looked for
+    QString authorities;                   // PEM file
+    QVector<WebRequestRecord> webRequests; // in the order in which they finished
 
     void addContact(const FriendData &contact) { contacts.insert(contact.jid, contact); }
 
@@ -97,6 +102,10 @@ public:
     bool hasRight(int right) const override { return !deniedRights.contains(right); }
     int contactLimit() const override { return limit; }
     QString productTeamJid() const override { return productTeam; }
+    QString password() const override { return userPassword; }
+    QString applicationFolder() const override { return programFolder; }
+    QString caFile() const override { return authorities; }
+    void webRequestFinished(const WebRequestRecord &record) override { webRequests.append(record); }
 
 private:
     template <class Value>

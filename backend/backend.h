@@ -1,0 +1,45 @@
+// The reference back end: the web services of the sample company over HTTPS on the
+// loopback interface, with an SQLite file of its own. A library, so that tests can
+// run it inside their process; friendui-backend is the program.
+//
+// start() serves on threads of its own; all functions are called from one thread.
+#pragma once
+
+#include <QString>
+
+#include <memory>
+
+struct BackEndOptions
+{
+    // Certificate, database, uploaded files, passwords; made when missing, readable
+    // by the owner only.
+    QString dataFolder;
+    int people = 300;
+    quint64 seed = 1;
+    int port = 0; // 0: any free one
+    // The port on which tests script the answers; -1: off, 0: any free one.
+    int controlPort = -1;
+};
+
+class BackEnd
+{
+public:
+    explicit BackEnd(const BackEndOptions &options);
+    ~BackEnd();
+
+    // False with *problem set when it cannot serve.
+    bool start(QString *problem);
+    void stop(); // drops what runs
+
+    int port() const;
+    int controlPort() const; // -1: off
+    // Base address, such as "https://127.0.0.1:40123", without a slash at its end.
+    QString address() const;
+    QString caFile() const; // PEM, of the authority that signed the certificate
+    // Of every sample user; random, made with the data folder.
+    QString password() const;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};

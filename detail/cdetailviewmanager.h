@@ -1,0 +1,42 @@
+// The windows of contact cards, at most one per jid, and the own profile's window.
+#pragma once
+
+#include "controls/windowregistry.h"
+
+#include <QObject>
+#include <QPointer>
+
+class CDetailView;
+class OwnProfileWindow;
+
+class CDetailViewManager : public QObject
+{
+    Q_OBJECT
+
+public:
+    static CDetailViewManager *instance();
+
+    // Opens or raises the card of a contact, or the own profile for the own jid. Does
+    // nothing for an empty jid; tells the user while offline.
+    void openDialogByJid(const QString &jid);
+    // A card with its connections, not yet shown; null for an empty jid.
+    CDetailView *createInit(const QString &jid);
+
+    CDetailView *openDialog(const QString &jid) const; // null: not open
+    OwnProfileWindow *ownProfileWindow() const;        // null: never opened
+
+public slots:
+    void slot_closeDetailDialog(const QString &jid);
+    void slot_showTopicWidget(QString jid);
+    void slot_openLeaderDetail(QString jid);
+    void slot_showPhoto(QString jid);
+    void slot_sendMail(QString jid);
+    void slot_opendialog(QString jid);
+    void slot_orgPosition(QString jid);
+
+private:
+    CDetailViewManager();
+
+    WindowRegistry<CDetailView> m_dialogs;
+    QPointer<OwnProfileWindow> m_ownProfile;
+};

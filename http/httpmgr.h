@@ -1,0 +1,51 @@
+// The front door to the web services that are single requests: makes the request
+// object, starts it, and passes its answer on as a signal of its own.
+#pragma once
+
+#include "http/orgrecords.h"
+
+#include <QObject>
+
+#include <functional>
+
+class OrgRequest;
+
+class HttpMgr : public QObject
+{
+    Q_OBJECT
+
+public:
+    static HttpMgr *instance();
+
+    using OrgRequestFactory = std::function<OrgRequest *(QObject *parent)>;
+    // Set by the organisation feature; without one the requests below fail.
+    void setOrgRequestFactory(const OrgRequestFactory &factory);
+
+    // The organisation services; see OrgRequest for the answers.
+    void searchOrg(const QString &orgId, const QString &companyCode);
+    void locateOrg(const QString &id, bool bIsOrg);
+    void fuzzySearchOrg(const QString &searchText, bool containOrg, int pageNo, int pageSize);
+
+    // The address behind the web page of a service key, which the ticket service
+    // hands out to a user who is logged in.
+    void getThirdPartyRealLink(const char *key);
+
+signals:
+    void signal_searchOrgElements(const OrgElementList &elements, const QString &strCompanyCode);
+    void searchOrgFail(QString strSearchOrgElementId, int nStatusCode);
+    void signal_searchOrgDone(const QString &strOrgId);
+    void signal_locateOrgElements(const OrgElementList &elements, QString strFrdJid);
+    void signal_locateOrgFail(QString strFrdJid);
+    void signal_noLocate();
+    void signal_searchFinished(const SearchResponseData &response, int iOrgCount,
+                               const OrgElementList &departments, QString strSearchText);
+    void signal_fuzzySearchFail(QString strSearchText);
+    // http or https only; an empty address when it failed.
+    void signal_getThirdPartyRealLinkFinish(bool bSuccess, QString strUrl);
+
+private:
+    HttpMgr();
+    OrgRequest *makeOrgRequest();
+
+    OrgRequestFactory m_makeOrgRequest;
+};

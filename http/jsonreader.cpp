@@ -1,0 +1,1 @@
+#include "http/jsonreader.h"

@@ -1,0 +1,35 @@
+// What every request of the client carries, and how the log-in cookies get into it
+// and out of its reply. Shared by all who send.
+#pragma once
+
+#include <QNetworkRequest>
+#include <QString>
+#include <QVector>
+
+#include <utility>
+
+class QNetworkCookieJar;
+
+namespace RequestHeaders {
+
+// A request to the address with the client's user agent, without compression, with
+// redirects left to the caller, and with peers verified against the system's and
+// the host's certificate authorities.
+QNetworkRequest request(const QUrl &url);
+// The same, with the content type of a form.
+QNetworkRequest formRequest(const QUrl &url);
+
+// "Basic ..." for the user who is logged in; empty without user or password.
+QByteArray basicAuthorization();
+
+// name=value&..., each value percent-encoded as a whole ("," and "+" too).
+using Fields = QVector<std::pair<const char *, QString>>;
+QString formBody(const Fields &fields);
+
+// Puts the passport's cookies for this address into the jar, and removes those of
+// the same names first. A value that could break a header is left out.
+void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
+// Hands the cookies that the jar holds for this address to the passport.
+void takeLoginCookies(const QNetworkCookieJar *jar, const QUrl &url);
+
+} // namespace RequestHeaders

@@ -1,0 +1,82 @@
+// The organisation as a tree of rows: departments and employees, and under a
+// department that is being asked for a row that says so, or that it failed. Rows
+// are made for what is shown, in the order in which the service delivers them;
+// the records stay in the cache.
+//
+// Elements may come in any order, more than once, under another parent, in circles:
+// one without a way up to the root is kept aside until its parent comes.
+#pragma once
+
+#include "http/orgrecords.h"
+
+#include <QAbstractItemModel>
+
+#include <memory>
+
+namespace OrgRole {
+enum Role
+{
+    Name = 257,
+    Id = 258,
+    Photo = 259,
+    Status = 260, // a PresenceData::ePcShowType
+    Device = 261, // a PresenceData::MobileDevice
+    Duty = 263,
+    Kind = 280 // an OrgRowKind
+};
+}
+
+enum class OrgRowKind
+{
+    Department = 1,
+    Employee = 2,
+    Loading = 3, // stands alone under its department
+    Failed = 4
+};
+
+class OrgTreeModel : public QAbstractItemModel
+{
+    Q_OBJECT
+
+public:
+    // What is known of a department's children.
+    enum class Children
+    {
+        NotAsked,
+        Loading,
+        Failed,
+        Loaded
+    };
+
+    explicit OrgTreeModel(QObject *parent = nullptr);
+    ~OrgTreeModel() override;
+
+    // The id above the topmost rows; a change empties the model.
+    void setRootId(const QString &rootId);
+    QString rootId() const;
+
+    // Adds new elements below their parents and updates the ones that are there, in
+    // time proportional to their number.
+    void addElements(const OrgElementList &elements);
+    void setChildrenState(const QString &departmentId, Children state);
+    Children childrenState(const QString &departmentId) const;
+
+    QModelIndex indexOf(const QString &id) const; // invalid: there is no row
+    OrgRowKind kind(const QModelIndex &index) const;
+    OrgElement element(const QModelIndex &index) const; // empty for the other kinds of row
+    bool isEmpty() const;                               // no row at all
+
+    void setPresence(const QString &uid, int status, int device);
+
+    QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
+    QModelIndex parent(const QModelIndex &child) const override;
+    int rowCount(const QModelIndex &parent = {}) const override;
+    int columnCount(const QModelIndex &parent = {}) const override;
+    bool hasChildren(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
