@@ -213,17 +213,17 @@ void CHttpSession::replyFinished()
         d->fail(QNetworkReply::UnknownContentError, refusal);
         return;
     }
+    const QPointer<CHttpSession> alive(this); // the host is called next
     d->timing.finish(status, d->taken + reply->bytesAvailable(),
                      error == QNetworkReply::NoError ? QString() : reply->errorString());
 
     if (reply->rawHeader("passport.login.flag") == "true") {
         LOG_DEBUG("HttpSession::replyFinished cookie expires, url is" << logUrl(reply->url()));
-        const QPointer<CHttpSession> alive(this);
         if (CPassportLoginServer *passport = ctx().passport())
             passport->UserOverdue();
-        if (!alive)
-            return;
     }
+    if (!alive)
+        return;
     if (d->trusted)
         RequestHeaders::takeLoginCookies(d->manager()->cookieJar(), reply->url(), d->sent);
     if (d->redirect(status))
@@ -397,9 +397,11 @@ void CHttpSession::Private::release()
 void CHttpSession::Private::fail(QNetworkReply::NetworkError error, const QString &text)
 {
     LOG_ERROR("CHttpSession failed, url=" << logUrl(url) << ", " << text);
-    timing.finish(0, 0, text);
     stopReply();
-    handOver(new FailedReply(request, operation, error, text, nullptr));
+    const QPointer<CHttpSession> alive(q);
+    timing.finish(0, 0, text);
+    if (alive)
+        handOver(new FailedReply(request, operation, error, text, nullptr));
 }
 
 // The same for a caller who is still inside a call of his own.

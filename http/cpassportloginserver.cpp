@@ -4,6 +4,7 @@
 #include "http/logurl.h"
 #include "http/managerpool.h"
 #include "http/requestheaders.h"
+#include "http/requesttext.h"
 #include "http/serviceaddresses.h"
 
 #include <QNetworkCookie>
@@ -129,7 +130,7 @@ void CPassportLoginServer::exchangeEnded()
         refuse();
         return;
     }
-    LOG_ERROR("networkerror=" << logText(reply->errorString()));
+    LOG_ERROR("networkerror=" << RequestText::message(reply->errorString()));
     finishRefresh(false);
 }
 

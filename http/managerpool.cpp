@@ -1,6 +1,7 @@
 #include "http/managerpool.h"
 
 #include <QCoreApplication>
+#include <QNetworkCookie>
 #include <QNetworkCookieJar>
 
 #include <utility>
