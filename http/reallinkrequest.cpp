@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "http/cpassportloginserver.h"
+#include "http/replylimits.h"
 #include "http/requestheaders.h"
 #include "http/requesttext.h"
 #include "http/serviceaddresses.h"
@@ -56,6 +57,10 @@ void RealLinkRequest::start(const QString &address)
     m_timing = RequestTiming("GET", url, 0);
     m_reply = m_manager->get(request);
     connect(m_reply, &QNetworkReply::finished, this, &RealLinkRequest::replyFinished);
+    connect(m_reply, &QNetworkReply::readyRead, this, [this] {
+        if (!ReplyLimits::refusal(m_reply, 0, MaximumReply).isEmpty())
+            m_reply->abort();
+    });
 }
 
 void RealLinkRequest::replyFinished()

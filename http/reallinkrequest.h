@@ -17,7 +17,8 @@ class RealLinkRequest : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int Timeout = 10000; // ms
+    static constexpr int Timeout = 10000;               // ms
+    static constexpr qint64 MaximumReply = 1024 * 1024; // bytes
 
     explicit RealLinkRequest(QObject *parent = nullptr);
     ~RealLinkRequest() override;
