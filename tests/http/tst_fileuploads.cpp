@@ -146,21 +146,35 @@ private slots:
         QVERIFY(fixture.server.requests().isEmpty());
     }
 
+    void cancelledInTheMiddle_data()
+    {
+        QTest::addColumn<int>("sent"); // requests when it is cancelled
+        QTest::newRow("while the file is read") << 0;
+        QTest::newRow("while the answer is awaited") << 1;
+    }
+
     void cancelledInTheMiddle()
     {
+        QFETCH(int, sent);
         ServiceFixture fixture;
         fixture.server.reply(UploadPath, FakeReply::json(Stored).onRelease());
         FileUpload upload;
         QSignalSpy finished(&upload, &FileTransfer::finished);
         upload.cancel(); // before it has begun
         upload.start(fixture.makeFile(QStringLiteral("a.png"), "x"), QStringLiteral("head"));
-        QTRY_COMPARE(fixture.server.requests().size(), 1);
+        QTRY_COMPARE(fixture.server.requests().size(), sent);
         upload.cancel();
         upload.cancel();
         QVERIFY(finished.isEmpty());
         QVERIFY(!resultOf(finished).ok);
         fixture.server.release();
+        FileUpload next; // by its end, the other would have come to one, too
+        QSignalSpy nextFinished(&next, &FileTransfer::finished);
+        fixture.server.reply(UploadPath, FakeReply::json(Stored));
+        next.start(fixture.folder.filePath(QStringLiteral("a.png")), QStringLiteral("head"));
+        QVERIFY(resultOf(nextFinished).ok);
         QCOMPARE(finished.size(), 1);
+        QCOMPARE(fixture.server.requests().size(), sent + 1);
     }
 
     void partsArriveInOrder()
