@@ -229,6 +229,8 @@ private slots:
         QTest::newRow("second sending") << Replies{FakeReply::of(503), good} << true << 2;
         QTest::newRow("last sending") << Replies{bad, bad, bad, good} << true << 4;
         QTest::newRow("given up") << Replies{bad, bad, bad, bad, good} << false << 4;
+        QTest::newRow("each part has its own")
+            << Replies{bad, bad, good, bad, bad, good} << true << 6;
         QTest::newRow("authority renewed") << Replies{forbidden, good} << true << 2;
     }
 
@@ -247,7 +249,9 @@ private slots:
         fixture.server.reply(AbortPath, FakeReply::json(R"({"SNRetCode":"0"})"));
         MultipartUpload upload;
         QSignalSpy finished(&upload, &FileTransfer::finished);
-        upload.start(fixture.makeFile(QStringLiteral("a.bin"), "abc"));
+        const int parts = replies.count() > 5 ? 2 : 1;
+        const QByteArray bytes(int(MultipartUpload::PartSize) * (parts - 1) + 1, 'x');
+        upload.start(fixture.makeFile(QStringLiteral("a.bin"), bytes));
         QCOMPARE(resultOf(finished).ok, ok);
         QCOMPARE(fixture.server.count(PartPath), sendings);
         QCOMPARE(fixture.server.count(CompletePath), ok ? 1 : 0);
