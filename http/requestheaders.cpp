@@ -108,11 +108,17 @@ QString formBody(const Fields &fields)
 
 LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
 {
+    LoginCookies sent;
+    if (const CPassportLoginServer *passport = ctx().passport())
+        sent = {passport->authId(), passport->ticket(), passport->rememberMe()};
+    storeLoginCookies(jar, url, sent);
+    return sent;
+}
+
+void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies)
+{
     dropLoginCookies(jar, url);
-    const CPassportLoginServer *passport = ctx().passport();
-    if (!passport)
-        return {};
-    QList<QNetworkCookie> cookies;
+    QList<QNetworkCookie> made;
     const auto add = [&](const char *name, const QString &value) {
         const QByteArray bytes = value.toLatin1();
         if (bytes.isEmpty() || !fitsIntoHeader(bytes))
@@ -120,14 +126,12 @@ LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
         QNetworkCookie cookie(name, bytes);
         cookie.setPath(QStringLiteral("/"));
         cookie.setSecure(url.scheme() == QLatin1String("https"));
-        cookies.append(cookie);
+        made.append(cookie);
     };
-    const LoginCookies sent{passport->authId(), passport->ticket(), passport->rememberMe()};
-    add(AuthIdCookie, sent.authId);
-    add(TicketCookie, sent.ticket);
-    add(RememberMeCookie, sent.rememberMe);
-    jar->setCookiesFromUrl(cookies, url);
-    return sent;
+    add(AuthIdCookie, cookies.authId);
+    add(TicketCookie, cookies.ticket);
+    add(RememberMeCookie, cookies.rememberMe);
+    jar->setCookiesFromUrl(made, url);
 }
 
 void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url)

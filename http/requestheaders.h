@@ -39,6 +39,8 @@ struct LoginCookies
 // Puts the passport's cookies for this address into the jar, and removes those of
 // the same names first. A value that could break a header is left out.
 LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
+// The same with these values.
+void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies);
 // Removes them only: for an address that may not see them.
 void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
 // Hands the cookies that the jar holds for this address to the passport, except
