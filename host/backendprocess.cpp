@@ -12,6 +12,7 @@
 namespace {
 constexpr int MaximumLine = 64 * 1024; // bytes
 constexpr int EndMs = 2500;
+constexpr int KillMs = 500;
 constexpr int MaximumPassword = 1024;
 
 QString defaultProgram()
@@ -141,7 +142,7 @@ void BackendProcess::ended(int exitCode, QProcess::ExitStatus status)
         giveUp(reason);
         return;
     }
-    dropProcess();
+    end(0);
     m_restarted = true;
     LOG_ERROR(logText(reason) << " It is started once more.");
     emit restarting(reason);
@@ -155,39 +156,33 @@ QString BackendProcess::lastWords(const QString &reason) const
 
 void BackendProcess::giveUp(const QString &reason)
 {
-    QProcess *process = dropProcess();
-    process->kill();
+    end(0);
     LOG_ERROR(logText(reason));
     emit failed(reason);
 }
 
-// The object deletes itself, once its process has ended.
-QProcess *BackendProcess::dropProcess()
+void BackendProcess::stop()
+{
+    if (m_process)
+        end(EndMs);
+}
+
+// Gives the process so many milliseconds to end by itself.
+void BackendProcess::end(int patience)
 {
     QProcess *process = m_process;
     m_process = nullptr;
     m_deadline.stop();
     m_serving = false;
     process->disconnect(this);
-    if (process->state() == QProcess::NotRunning)
-        process->deleteLater();
-    else
-        connect(process, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), process,
-                &QObject::deleteLater);
-    return process;
-}
-
-void BackendProcess::stop()
-{
-    if (!m_process)
-        return;
-    QProcess *process = dropProcess();
     // The end of its input tells it to finish what it writes.
     process->closeWriteChannel();
-    if (process->state() != QProcess::NotRunning && !process->waitForFinished(EndMs)) {
+    if (process->state() != QProcess::NotRunning &&
+        (patience == 0 || !process->waitForFinished(patience))) {
         process->kill();
-        process->waitForFinished(500);
+        process->waitForFinished(KillMs);
     }
+    process->deleteLater();
 }
 
 bool BackendProcess::readAddress(const QByteArray &line, BackendAddress *address, QString *problem)

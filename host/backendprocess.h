@@ -67,7 +67,7 @@ private:
     void takeLine(const QByteArray &line);
     void ended(int exitCode, QProcess::ExitStatus status);
     void giveUp(const QString &reason);
-    QProcess *dropProcess();
+    void end(int patience);
     QString lastWords(const QString &reason) const;
 
     Options m_options;

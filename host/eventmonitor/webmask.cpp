@@ -14,7 +14,7 @@ constexpr int LongestInput = 8000;
 // begin what may hold tickets. By hand, since a broken address must be masked too.
 QString maskedAddress(QString address)
 {
-    address.truncate(address.indexOf(QLatin1Char('#')));
+    address = address.section(QLatin1Char('#'), 0, 0);
     const int query = address.indexOf(QLatin1Char('?'));
     if (query >= 0)
         address = address.left(query) + QString::fromUtf8("?…");

@@ -65,7 +65,7 @@ private slots:
 
     void aBackEndThatRunsAlready()
     {
-        const QString file = QStringLiteral(__FILE__);
+        const QString file = QCoreApplication::applicationFilePath();
         const CommandLineResult result =
             parse({QStringLiteral("--backend"), QStringLiteral("https://im.example:8443/x//"),
                    QStringLiteral("--ca"), file, QStringLiteral("--password-file"), file});
@@ -97,18 +97,17 @@ private slots:
                               << "light, dark";
         QTest::newRow("operation") << "--fail Explode"
                                    << "CreateGroup";
-        QTest::newRow("no encryption")
-            << "--backend http://x --password-file " __FILE__ << "https://";
-        QTest::newRow("password in the address")
-            << "--backend https://a:b@x --password-file " __FILE__ << "https://";
+        const QString file =
+            QLatin1String(" --password-file ") + QCoreApplication::applicationFilePath();
+        QTest::newRow("no encryption") << "--backend http://x" + file << "https://";
+        QTest::newRow("password in the address") << "--backend https://a:b@x" + file << "https://";
         QTest::newRow("no password") << "--backend https://x"
                                      << "needs --password-file";
         QTest::newRow("missing authority")
-            << "--backend https://x --password-file " __FILE__ " --ca /nowhere/ca.pem"
-            << "/nowhere/ca.pem";
-        QTest::newRow("authority of nothing") << "--ca " __FILE__ << "need --backend";
-        QTest::newRow("two back ends")
-            << "--no-backend --backend https://x --password-file " __FILE__ << "Only one";
+            << "--backend https://x --ca /nowhere/ca.pem" + file << "/nowhere/ca.pem";
+        QTest::newRow("authority of nothing")
+            << "--ca " + QCoreApplication::applicationFilePath() << "need --backend";
+        QTest::newRow("two back ends") << "--no-backend --backend https://x" + file << "Only one";
         QTest::newRow("lever of nothing") << "--no-backend --backend-control-port 1"
                                           << "Only one";
         QTest::newRow("port") << "--backend-control-port 65536"
