@@ -37,11 +37,14 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     m_text->setWordWrap(true);
     m_text->setFont(skinFont(13));
     m_text->setForegroundRole(QPalette::PlaceholderText);
+    // By itself: below a widget with a style sheet nothing inherits a palette.
+    followSkin(m_text);
     layout->addWidget(m_text);
     if (buttonKey) {
         m_button = new QPushButton(this);
         m_button->setObjectName(QLatin1String(buttonKey));
         m_button->setFont(skinFont(13));
+        followSkin(m_button);
         layout->addWidget(m_button, 0, Qt::AlignCenter);
         connect(m_button, &QPushButton::clicked, this, &StatePage::buttonClicked);
     }

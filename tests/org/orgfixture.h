@@ -246,9 +246,15 @@ public:
         QTest::keyClick(tree, key);
         settle();
     }
-    SkinMenu *menuAt(const char *name) const
+    void moveTo(QPoint pos) const
     {
-        const QPoint pos = middle(row(name));
+        QMouseEvent event(QEvent::MouseMove, pos, tree->viewport()->mapToGlobal(pos), Qt::NoButton,
+                          Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(tree->viewport(), &event);
+    }
+    SkinMenu *menuAt(const char *name) const { return menuAt(middle(row(name))); }
+    SkinMenu *menuAt(QPoint pos) const
+    {
         QContextMenuEvent event(QContextMenuEvent::Mouse, pos, tree->viewport()->mapToGlobal(pos));
         QApplication::sendEvent(tree->viewport(), &event);
         return qobject_cast<SkinMenu *>(QApplication::activePopupWidget());
