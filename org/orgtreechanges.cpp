@@ -163,9 +163,9 @@ void OrgTreeChanges::changeKinds()
             m_rows->putChildrenAside(number);
             m_model->endRemoveRows();
         }
+        insertArrivals();
         updatePlaceholder(number, false);
     }
-    insertArrivals();
 }
 
 void OrgTreeChanges::setPresence(quint32 number, int newStatus, int newDevice)

@@ -41,6 +41,8 @@ private:
 
     void moveRows();
     void leave(quint32 source, const std::vector<quint32> &leaving);
+    void placeTakenOut();
+    void leaveInRuns(quint32 source, const Departures &going);
     Departures departures(quint32 source, const std::vector<quint32> &leaving);
     bool mayMove(quint32 number, quint32 target) const;
     bool areInARow(const Departures &leaving) const;

@@ -10,17 +10,19 @@ void OrgTreeChanges::moveRows()
     std::vector<quint32> sources;
     QHash<quint32, std::vector<quint32>> leavingFrom;
     for (const quint32 number : m_leaving) {
-        if (!m_newParent.contains(number))
+        if (!m_rows->node(number).isAttached) {
+            m_rows->waitFor(number, m_newParent.value(number));
+            m_takenOut.push_back(number);
             continue;
+        }
         std::vector<quint32> &leaving = leavingFrom[m_rows->node(number).parent];
         if (leaving.empty())
             sources.push_back(m_rows->node(number).parent);
         leaving.push_back(number);
     }
-    for (const quint32 source : sources) {
+    placeTakenOut();
+    for (const quint32 source : sources)
         leave(source, leavingFrom.value(source));
-        insertArrivals();
-    }
     m_leaving.clear();
     m_newParent.clear();
 }
@@ -28,8 +30,24 @@ void OrgTreeChanges::moveRows()
 void OrgTreeChanges::leave(quint32 source, const std::vector<quint32> &leaving)
 {
     const Departures going = departures(source, leaving);
-    if (going.empty())
-        return;
+    if (!going.empty())
+        leaveInRuns(source, going);
+    placeTakenOut();
+    updatePlaceholder(source, false);
+}
+
+void OrgTreeChanges::placeTakenOut()
+{
+    for (const quint32 number : std::exchange(m_takenOut, {})) {
+        const quint32 target = m_rows->holder(m_newParent.value(number));
+        if (target != OrgTreeRows::None && !m_rows->node(number).isAttached)
+            arrive(number, target);
+    }
+    insertArrivals();
+}
+
+void OrgTreeChanges::leaveInRuns(quint32 source, const Departures &going)
+{
     int end = int(m_rows->branch(source).rows.size());
     if (areInARow(going))
         end = int(m_rows->node(going.back().node).row) + 1;
@@ -48,12 +66,6 @@ void OrgTreeChanges::leave(quint32 source, const std::vector<quint32> &leaving)
         end = begin;
         last = first;
     }
-    for (const quint32 number : std::exchange(m_takenOut, {})) {
-        const quint32 target = m_rows->holder(m_newParent.value(number));
-        if (target != OrgTreeRows::None && !m_rows->node(number).isAttached)
-            arrive(number, target);
-    }
-    updatePlaceholder(source, false);
 }
 
 // Who really leaves, those with the same target together.
@@ -65,8 +77,10 @@ OrgTreeChanges::Departures OrgTreeChanges::departures(quint32 source,
         const OrgTreeNode &node = m_rows->node(number);
         if (!node.isAttached || node.parent != source) {
             // Went with the department that it was in.
-            if (!node.isAttached)
-                place(number, m_newParent.value(number));
+            if (!node.isAttached) {
+                m_rows->waitFor(number, m_newParent.value(number));
+                m_takenOut.push_back(number);
+            }
             continue;
         }
         const quint32 target = m_rows->holder(m_newParent.value(number));
@@ -85,7 +99,7 @@ OrgTreeChanges::Departures OrgTreeChanges::departures(quint32 source,
 // Not below itself, and not where levels would appear or vanish.
 bool OrgTreeChanges::mayMove(quint32 number, quint32 target) const
 {
-    if (m_rows->isAtOrAbove(number, target))
+    if (!m_rows->canHold(target) || m_rows->isAtOrAbove(number, target))
         return false;
     const int depth = m_rows->depth(target) + 1;
     return depth == m_rows->depth(number) ||
@@ -132,7 +146,7 @@ void OrgTreeChanges::moveRun(quint32 source, int first, int last, quint32 target
 {
     std::vector<quint32> &from = m_rows->branch(source).rows;
     const std::vector<quint32> moved(from.begin() + first, from.begin() + last + 1);
-    // A move before this one may have put the target below or deeper.
+    // A move before this one may have put the target below, deeper or aside.
     for (const quint32 number : moved) {
         if (!mayMove(number, target)) {
             takeOutRun(source, first, last);
