@@ -19,7 +19,6 @@ void OrgStructureTreeView::connectSources()
     // The cache first: it has to know what arrives before the tree asks it.
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     connect(cache, &OrgStructureMgr::signal_recvOrgElementList, this, &View::received);
-    connect(cache, &OrgStructureMgr::signal_recvOrgElementList, this, &View::slot_addToFriendList);
     connect(cache, &OrgStructureMgr::signal_upDataOrgStructure, this, &View::slot_upDataTreeView);
     connect(cache, &OrgStructureMgr::signal_locateEmp, this, &View::slot_locateOrgElements);
     connect(cache, &OrgStructureMgr::signal_locateOrg, this, &View::locateOrgElements);
@@ -219,7 +218,7 @@ void OrgStructureTreeView::departmentDone(const QString &id)
 bool OrgStructureTreeView::departmentFailed(const QString &id)
 {
     const bool wasAsked = m_asked.remove(id);
-    const bool wasAdding = m_adding.remove(id) > 0;
+    const bool wasAdding = m_adding.remove(id);
     if (id == rootId() || !m_model->indexOf(id).isValid())
         return wasAsked;
     if (m_model->childrenState(id) == OrgTreeModel::Children::Loading)

@@ -147,27 +147,32 @@ void OrgStructureTreeView::addToContacts(const QString &departmentId)
 {
     if (m_adding.contains(departmentId) || !m_commands->mayAddContacts())
         return;
-    m_adding.insert(departmentId, {});
-    // A reply that is under way may have delivered some of them already.
-    if (!m_asked.contains(departmentId) && OrgStructureMgr::instance()->queryChildren(departmentId))
+    m_adding.insert(departmentId);
+    // The first people of a reply that is under way are not all of them.
+    if (!m_asked.contains(departmentId) && OrgStructureMgr::instance()->isLoaded(departmentId))
         finishAdding(departmentId);
     else
         expandItem(m_model->indexOf(departmentId), false);
 }
 
-void OrgStructureTreeView::slot_addToFriendList(const OrgElementList &orgList)
-{
-    if (m_adding.isEmpty())
-        return;
-    for (const OrgElement &element : orgList) {
-        const auto department = m_adding.find(element.strParentId);
-        if (department != m_adding.end() && element.bIsEmp)
-            department->append(element);
-    }
-}
-
 void OrgStructureTreeView::finishAdding(const QString &departmentId)
 {
-    if (m_adding.contains(departmentId))
-        m_commands->addContacts(m_adding.take(departmentId));
+    if (!m_adding.remove(departmentId))
+        return;
+    const OrgStructureMgr *cache = OrgStructureMgr::instance();
+    OrgElementList people;
+    const QStringList children = cache->childrenOf(departmentId);
+    for (const QString &id : children) {
+        const OrgElement element = cache->elements().value(id);
+        // Nobody leaves the list of a department that was left.
+        if (element.strParentId == departmentId)
+            people.append(element);
+    }
+    slot_addToFriendList(people);
+}
+
+void OrgStructureTreeView::slot_addToFriendList(const OrgElementList &orgList)
+{
+    LOG_SCOPE("OrgStructureTreeView::slot_addToFriendList(const OrgElementList& orgList)");
+    m_commands->addContacts(orgList);
 }

@@ -87,6 +87,7 @@ public:
         host.context.company = id("C");
         host.context.baseFolder = folder.path();
         host.context.settings.setConnected(true);
+        OrgStructureMgr::instance(); // sets the real factory
         HttpMgr::instance()->setOrgRequestFactory([this](QObject *parent) -> OrgRequest * {
             requests.append(new FakeOrgRequest(&asks, parent));
             return requests.last();
