@@ -11,7 +11,8 @@
 
 namespace {
 constexpr int PictureSize = 120;
-}
+constexpr int ButtonPadding = 40; // of both sides together
+} // namespace
 
 StatePage::StatePage(const char *key, const QString &picture, const char *buttonKey,
                      QWidget *parent)
@@ -76,6 +77,10 @@ void StatePage::changeEvent(QEvent *event)
 void StatePage::retranslate()
 {
     m_text->setText(QObject::tr(m_key));
-    if (m_button)
-        m_button->setText(QObject::tr(m_buttonKey));
+    if (!m_button)
+        return;
+    m_button->setText(QObject::tr(m_buttonKey));
+    // A style sheet above takes the style's own padding away.
+    m_button->setMinimumWidth(m_button->fontMetrics().horizontalAdvance(m_button->text()) +
+                              ButtonPadding);
 }

@@ -97,6 +97,7 @@ private:
     void connectSources();
     void buildMenus();
     void releaseMenus();
+    void prepareEmployeeMenu(const QString &uid);
     void popUp(SkinMenu *menu, const QModelIndex &index, QPoint pos);
 
     void activate(const QModelIndex &index);

@@ -6,6 +6,7 @@
 #include "org/orgstructuremgr.h"
 #include "org/orgstructuretreeview.h"
 #include "org/orgtreemodel.h"
+#include "plugin/paneactions.h"
 
 #include <QContextMenuEvent>
 
@@ -87,9 +88,23 @@ void OrgStructureTreeView::contextMenuEvent(QContextMenuEvent *event)
         popUp(selectedEmployees().size() > 1 ? m_multipMenu : m_empMenu, index, pos);
 }
 
+void OrgStructureTreeView::prepareEmployeeMenu(const QString &uid)
+{
+    const auto enable = [this](const char *key, bool enabled) {
+        if (QAction *action = m_empMenu->action(key))
+            action->setEnabled(enabled);
+    };
+    const bool other = uid != ctx().userId();
+    for (const char *key : {"invitechat", "sendemail", "addcon"})
+        enable(key, other);
+    const PaneActions *actions = paneActions();
+    enable("viewdetail", actions && actions->canOpenContactDetail());
+}
+
 void OrgStructureTreeView::popUp(SkinMenu *menu, const QModelIndex &index, QPoint pos)
 {
     m_menuId = idOf(index);
+    prepareEmployeeMenu(m_menuId);
     if (!menu->isEmpty())
         menu->popup(viewport()->mapToGlobal(pos));
 }

@@ -71,6 +71,7 @@ private slots:
     void pages_data();
     void pages();
     void deepRowsStayInView();
+    void whileAPlaceIsLookedFor();
 };
 
 void TstOrgLook::watermarkLiesBehindTheRows_data()
@@ -202,6 +203,22 @@ void TstOrgLook::deepRowsStayInView()
         const QRect mirrored = OrgStructureTreeDelegate::caretArea(row, depth, Qt::RightToLeft);
         QCOMPARE(row.right() - mirrored.right(), caret.left() - row.left());
     }
+}
+
+void TstOrgLook::whileAPlaceIsLookedFor()
+{
+    OrgFixture org;
+    org.showFilled();
+    org.tree->expandItem(org.row("D1"));
+    org.answer("D1", org.many("D1", 60));
+    org.page->slot_orgPosition(org.id("carl"));
+    picture(org.page.get(), 2, QStringLiteral("org-locating"));
+    const auto *label = org.page->findChild<QLabel *>(QStringLiteral("orgLocatingLabel"));
+    QVERIFY(::contrast(label->palette().color(QPalette::Window),
+                       label->palette().color(QPalette::WindowText)) >= 4.5);
+    // Below a style sheet, too, the bar is the narrow one of all lists.
+    QVERIFY(org.tree->verticalScrollBar()->isVisible());
+    QCOMPARE(org.tree->verticalScrollBar()->width(), 10);
 }
 
 FRIENDUI_TEST(TstOrgLook)

@@ -13,6 +13,7 @@ private slots:
     void entriesByRight_data();
     void entriesByRight();
     void menuByRowAndSelection();
+    void entriesThatLeadNowhere();
     void employeeRequests_data();
     void employeeRequests();
     void fileRefusals_data();
@@ -115,6 +116,27 @@ void TstOrgMenus::menuByRowAndSelection()
     QCOMPARE(keysOf(menu).first(), QStringLiteral("invitechat"));
     menu->close();
     QVERIFY(!org.menuAt(QPoint(20, org.tree->viewport()->height() - 2)));
+}
+
+void TstOrgMenus::entriesThatLeadNowhere()
+{
+    OrgFixture org;
+    org.showFilled();
+    org.tree->expandItem(org.row("D1"));
+    org.answer("D1", org.belowD1() + OrgElementList{makeEmployee(org.id("me"), org.id("D1"))});
+    const auto enabled = [&org](const char *who) {
+        SkinMenu *menu = org.menuAt(who);
+        QStringList keys;
+        for (const QAction *action : menu->actions()) {
+            if (action->isEnabled())
+                keys.append(action->objectName());
+        }
+        menu->close();
+        return keys.join(QLatin1Char(' '));
+    };
+    QCOMPARE(enabled("me"), QStringLiteral("sendFile viewdetail msgrecord"));
+    org.actions.detailOpens = false;
+    QCOMPARE(enabled("anna"), QStringLiteral("invitechat sendFile sendemail msgrecord addcon"));
 }
 
 void TstOrgMenus::employeeRequests_data()

@@ -166,6 +166,12 @@ void TstOrgWidget::connectionComesBack()
     org.answer("C", org.topmost());
     emit hub()->signal_isConnected(true);
     QCOMPARE(org.asks.size(), 2);
+    // The tree is there, but a failed reload hides it.
+    org.page->slot_reLoad();
+    org.fail("C");
+    emit hub()->signal_isConnected(true);
+    QCOMPARE(org.asks.size(), 4);
+    QCOMPARE(org.shownPage(), QStringLiteral("OrgStructureTreeView"));
 }
 
 void TstOrgWidget::refreshOfTheHost()
