@@ -1,10 +1,13 @@
 #include "contacts/assembly.h"
 
+#include "common/context.h"
 #include "common/logging.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
+#include "detail/cdetailviewmanager.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduimessageprocess.h"
+#include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 
 namespace {
@@ -35,16 +38,22 @@ public:
             LOG_DEBUG("there is no page " << logText(id));
     }
 
-    bool canOpenContactDetail() const override { return false; }
+    bool canOpenContactDetail() const override
+    {
+        return ctx().hasRight(ApplicationContext::Detail);
+    }
     bool openContactDetail(const QString &jid) override
     {
-        missing("contact detail", jid);
-        return false;
+        if (jid.isEmpty() || !canOpenContactDetail())
+            return false;
+        CDetailViewManager::instance()->openDialogByJid(jid);
+        return true;
     }
     bool openOwnDetail() override
     {
-        missing("own detail", QString());
-        return false;
+        const QString own = ctx().ownJid();
+        CDetailViewManager::instance()->openDialogByJid(own);
+        return !own.isEmpty();
     }
     void showContactCard(const QString &jid, int, int, int, bool) override
     {
@@ -97,6 +106,10 @@ void assemblePane()
 {
     static auto *actions = new Actions;
     setPaneActions(actions);
+    static const QMetaObject::Connection leader = QObject::connect(
+        FriendUISignalSender::instance(), &FriendUISignalSender::signal_openLeaderDetail,
+        [](const QString &jid) { actions->openContactDetail(jid); });
+    Q_UNUSED(leader)
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

@@ -1,0 +1,198 @@
+#include "controls/elidedlabel.h"
+
+#include "common/displaytext.h"
+#include "controls/skin.h"
+#include "controls/skinmenu.h"
+
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QPainter>
+#include <QStyle>
+
+namespace {
+constexpr int SmallestWidth = 48; // device-independent pixels
+constexpr int LongestCopy = 4096; // characters
+
+// A value that is pasted into a terminal or a mail's address line must not bring line
+// ends or characters that turn the reading direction.
+bool isHarmful(QChar c)
+{
+    const ushort code = c.unicode();
+    return c.category() == QChar::Other_Control || code == QChar::LineSeparator ||
+           code == QChar::ParagraphSeparator || (code >= 0x202a && code <= 0x202e) ||
+           (code >= 0x2066 && code <= 0x2069);
+}
+} // namespace
+
+ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent)
+{
+    setTextFormat(Qt::PlainText);
+    followSkin(this); // a style sheet above keeps the window's palette from it
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    refresh();
+}
+
+void ElidedLabel::setQuiet(bool quiet)
+{
+    m_quiet = quiet;
+    refresh();
+}
+
+void ElidedLabel::setValue(const QString &value)
+{
+    m_value = value;
+    refresh();
+}
+
+void ElidedLabel::setTextWhenEmpty(const QString &text)
+{
+    m_textWhenEmpty = text;
+    refresh();
+}
+
+void ElidedLabel::setLink(bool link, const QString &toolTip)
+{
+    m_link = link;
+    m_linkToolTip = toolTip;
+    refresh();
+}
+
+void ElidedLabel::refresh()
+{
+    const QString shown = displayText(m_value);
+    setTextInteractionFlags(m_value.isEmpty()
+                                ? Qt::NoTextInteraction
+                                : Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setFocusPolicy(m_value.isEmpty() ? Qt::NoFocus : Qt::StrongFocus);
+    setText(m_value.isEmpty() ? m_textWhenEmpty : shown);
+    setForegroundRole(leads()   ? QPalette::Link
+                      : m_quiet ? QPalette::PlaceholderText
+                                : QPalette::WindowText);
+    if (leads())
+        setCursor(Qt::PointingHandCursor);
+    else
+        unsetCursor();
+    updateToolTip();
+    updateGeometry();
+}
+
+QString ElidedLabel::copyText() const
+{
+    QString text = m_value.left(LongestCopy);
+    for (QChar &c : text) {
+        if (isHarmful(c))
+            c = QLatin1Char(' ');
+    }
+    return text.simplified();
+}
+
+void ElidedLabel::copy() const
+{
+    const bool part = hasSelectedText() && selectedText() != text();
+    const QString copied = part ? selectedText() : copyText();
+    if (!copied.isEmpty())
+        QGuiApplication::clipboard()->setText(copied);
+}
+
+QSize ElidedLabel::sizeHint() const
+{
+    ensurePolished();
+    const QFontMetrics metrics = fontMetrics();
+    return QSize(metrics.horizontalAdvance(text()) + 2, metrics.height() + 2);
+}
+
+QSize ElidedLabel::minimumSizeHint() const
+{
+    return QSize(SmallestWidth, sizeHint().height());
+}
+
+bool ElidedLabel::isCut() const
+{
+    return text() != m_value || fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+}
+
+void ElidedLabel::updateToolTip()
+{
+    if (m_value.isEmpty())
+        setToolTip(QString());
+    else
+        setToolTip(isCut() ? toolTipText(m_value) : m_linkToolTip);
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent *event)
+{
+    QLabel::resizeEvent(event);
+    updateToolTip();
+}
+
+void ElidedLabel::changeEvent(QEvent *event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        updateToolTip();
+}
+
+void ElidedLabel::paintEvent(QPaintEvent *event)
+{
+    // A selection shows the text itself, from its beginning.
+    if (hasSelectedText() || fontMetrics().horizontalAdvance(text()) <= contentsRect().width()) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QPainter painter(this);
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
+    style()->drawItemText(&painter, contentsRect(), int(alignment()), palette(), isEnabled(), shown,
+                          foregroundRole());
+}
+
+void ElidedLabel::contextMenuEvent(QContextMenuEvent *event)
+{
+    event->accept();
+    if (m_value.isEmpty())
+        return;
+    auto *menu = new SkinMenu(QStringLiteral("valueMenu"), this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    connect(menu->addKey("copy"), &QAction::triggered, this, &ElidedLabel::copy);
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu->popup(byKey ? mapToGlobal(QPoint(0, height())) : event->globalPos());
+}
+
+void ElidedLabel::focusInEvent(QFocusEvent *event)
+{
+    QLabel::focusInEvent(event);
+    const bool byKey =
+        event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+    // As in a line edit: shows where the focus is, and what would be copied.
+    if (byKey && !m_value.isEmpty())
+        setSelection(0, text().size());
+}
+
+void ElidedLabel::focusOutEvent(QFocusEvent *event)
+{
+    QLabel::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
+        hasSelectedText())
+        setSelection(0, 0);
+}
+
+void ElidedLabel::keyPressEvent(QKeyEvent *event)
+{
+    const int key = event->key();
+    if (event->matches(QKeySequence::Copy)) {
+        copy();
+    } else if (leads() && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space)) {
+        event->accept();
+        emit activated(); // may be the end of this label
+    } else {
+        QLabel::keyPressEvent(event);
+    }
+}
+
+void ElidedLabel::mouseReleaseEvent(QMouseEvent *event)
+{
+    QLabel::mouseReleaseEvent(event);
+    if (leads() && event->button() == Qt::LeftButton && !hasSelectedText() &&
+        rect().contains(event->pos()))
+        emit activated(); // may be the end of this label
+}
