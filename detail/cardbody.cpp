@@ -3,7 +3,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/avatarstore.h"
-#include "controls/elidedlabel.h"
+#include "controls/valuelabel.h"
 #include "controls/loadingoverlay.h"
 #include "controls/pictures.h"
 #include "controls/presencetext.h"

@@ -9,7 +9,7 @@
 #include <QWidget>
 
 class DetailRows;
-class ElidedLabel;
+class ValueLabel;
 class HeadButton;
 class LoadingOverlay;
 class NameEdit;
@@ -106,17 +106,17 @@ private:
     QLabel *m_sex;
     QLabel *m_cooperateIcon;
     QLabel *m_admin;
-    ElidedLabel *m_account;
+    ValueLabel *m_account;
     QLabel *m_presenceText;
     SkinButton *m_topic;
     SkinButton *m_position;
     QStackedWidget *m_signatureStack;
     QWidget *m_signaturePage;
-    ElidedLabel *m_signature;
+    ValueLabel *m_signature;
     QWidget *m_reloadPage;
     QPushButton *m_reload;
     QLabel *m_heading;
-    ElidedLabel *m_company;
+    ValueLabel *m_company;
     DetailRows *m_rows;
     LoadingOverlay *m_loading;
     SkinButton *m_sendMail;

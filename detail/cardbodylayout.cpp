@@ -1,5 +1,5 @@
 // How the card's widgets are made and laid out.
-#include "controls/elidedlabel.h"
+#include "controls/valuelabel.h"
 #include "controls/loadingoverlay.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
@@ -92,7 +92,7 @@ QWidget *CardBody::makeHeader()
     m_admin->setTextFormat(Qt::PlainText);
     m_admin->setFont(skinFont(11));
     m_admin->hide();
-    m_account = new ElidedLabel(header);
+    m_account = new ValueLabel(header);
     m_account->setObjectName(QStringLiteral("lblAccount"));
     m_account->setFont(skinFont(12));
     m_account->setQuiet(true);
@@ -142,7 +142,7 @@ QWidget *CardBody::makeSignatureLine()
 
     m_signaturePage = new QWidget(m_signatureStack);
     m_signaturePage->setObjectName(QStringLiteral("qianmingWidget"));
-    m_signature = new ElidedLabel(m_signaturePage);
+    m_signature = new ValueLabel(m_signaturePage);
     m_signature->setObjectName(QStringLiteral("qianming"));
     m_signature->setTextWhenEmpty(QStringLiteral("---"));
     m_signature->setFont(skinFont(13));
@@ -177,7 +177,7 @@ QWidget *CardBody::makeHeading()
     m_heading->setTextFormat(Qt::PlainText);
     m_heading->setFont(skinFont(13, QFont::DemiBold));
     followSkin(m_heading);
-    m_company = new ElidedLabel(heading);
+    m_company = new ValueLabel(heading);
     m_company->setObjectName(QStringLiteral("companyName"));
     m_company->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_company->setFont(skinFont(12));

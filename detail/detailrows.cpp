@@ -2,7 +2,7 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
-#include "controls/elidedlabel.h"
+#include "controls/valuelabel.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
 
@@ -61,7 +61,7 @@ DetailRows::DetailRows(QWidget *parent) : QWidget(parent)
     for (int i = 0; i < int(std::size(kinds)); ++i)
         addRow(i);
 
-    connect(value("leaderName"), &ElidedLabel::activated, this,
+    connect(value("leaderName"), &ValueLabel::activated, this,
             [this] { emit leaderClicked(m_leaderJid); });
     retranslate();
 }
@@ -78,7 +78,7 @@ void DetailRows::addRow(int index)
     caption->setTextFormat(Qt::PlainText);
     caption->setFont(skinFont(12));
     caption->setFixedWidth(CaptionWidth);
-    auto *value = new ElidedLabel(row);
+    auto *value = new ValueLabel(row);
     value->setObjectName(QLatin1String(kind.value));
     value->setFont(skinFont(13));
     value->setTextWhenEmpty(QStringLiteral("---"));
@@ -95,7 +95,7 @@ void DetailRows::addRow(int index)
         addRemarkButton(value, layout);
 }
 
-void DetailRows::addRemarkButton(ElidedLabel *remark, QHBoxLayout *layout)
+void DetailRows::addRemarkButton(ValueLabel *remark, QHBoxLayout *layout)
 {
     m_setName =
         new SkinButton(SkinButton::Flat, QStringLiteral("Resources/images/icon/glyph_edit.png"),
@@ -109,7 +109,7 @@ void DetailRows::addRemarkButton(ElidedLabel *remark, QHBoxLayout *layout)
     layout->addStretch(1);
 }
 
-ElidedLabel *DetailRows::value(const char *name) const
+ValueLabel *DetailRows::value(const char *name) const
 {
     for (const Row &row : m_rows) {
         if (row.value->objectName() == QLatin1String(name))
@@ -120,7 +120,7 @@ ElidedLabel *DetailRows::value(const char *name) const
 
 void DetailRows::setValue(const char *name, const QString &text, bool complete)
 {
-    ElidedLabel *label = value(name);
+    ValueLabel *label = value(name);
     label->setTextWhenEmpty(complete ? QStringLiteral("---") : QString(QChar(0x2026)));
     label->setValue(text.trimmed());
 }

@@ -7,7 +7,7 @@
 #include <QVector>
 #include <QWidget>
 
-class ElidedLabel;
+class ValueLabel;
 class QHBoxLayout;
 class QLabel;
 class SkinButton;
@@ -26,7 +26,7 @@ public:
     // Only a contact's remark can be edited, and only while connected.
     void setRemarkEditable(bool isContact, bool connected);
 
-    ElidedLabel *value(const char *name) const; // by object name; null: no such row
+    ValueLabel *value(const char *name) const; // by object name; null: no such row
 
 signals:
     void remarkClicked(); // "btnSetName"
@@ -39,11 +39,11 @@ private:
     struct Row
     {
         QLabel *caption;
-        ElidedLabel *value;
+        ValueLabel *value;
         const char *key;
     };
     void addRow(int index);
-    void addRemarkButton(ElidedLabel *remark, QHBoxLayout *layout);
+    void addRemarkButton(ValueLabel *remark, QHBoxLayout *layout);
     void setValue(const char *name, const QString &value, bool complete);
     void retranslate();
 

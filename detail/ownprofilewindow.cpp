@@ -3,7 +3,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/avatarstore.h"
-#include "controls/elidedlabel.h"
+#include "controls/valuelabel.h"
 #include "controls/presencetext.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
@@ -70,7 +70,7 @@ QWidget *OwnProfileWindow::makeBody()
     header->setSpacing(14);
     header->addWidget(m_head);
     header->addLayout(makeTexts(body), 1);
-    m_signature = new ElidedLabel(body);
+    m_signature = new ValueLabel(body);
     m_signature->setObjectName(QStringLiteral("qianming"));
     m_signature->setFont(skinFont(13));
     m_signature->setQuiet(true);
@@ -95,7 +95,7 @@ QLayout *OwnProfileWindow::makeTexts(QWidget *body)
 {
     m_name = new NameEdit(body);
     m_name->setObjectName(QStringLiteral("name"));
-    m_account = new ElidedLabel(body);
+    m_account = new ValueLabel(body);
     m_account->setObjectName(QStringLiteral("lblAccount"));
     m_account->setFont(skinFont(12));
     m_presence = new QLabel(body);

@@ -5,7 +5,7 @@
 #include "hostapi/rosterrecords.h"
 
 class DetailRows;
-class ElidedLabel;
+class ValueLabel;
 class HeadButton;
 class NameEdit;
 class QLabel;
@@ -39,9 +39,9 @@ private:
     QString m_jid;
     HeadButton *m_head;
     NameEdit *m_name;
-    ElidedLabel *m_account;
+    ValueLabel *m_account;
     QLabel *m_presence;
-    ElidedLabel *m_signature;
+    ValueLabel *m_signature;
     DetailRows *m_rows;
     SkinButton *m_editPicture;
 };

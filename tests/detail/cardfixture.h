@@ -1,7 +1,7 @@
 // Contact cards on screen, and the host behind them.
 #pragma once
 
-#include "controls/elidedlabel.h"
+#include "controls/valuelabel.h"
 #include "controls/inputbox.h"
 #include "controls/tipbox.h"
 #include "detail/cardbody.h"
@@ -98,9 +98,9 @@ public:
     {
         return card->findChild<QPushButton *>(QLatin1String(name));
     }
-    static ElidedLabel *row(const QWidget *card, const char *name)
+    static ValueLabel *row(const QWidget *card, const char *name)
     {
-        return card->findChild<ElidedLabel *>(QLatin1String(name));
+        return card->findChild<ValueLabel *>(QLatin1String(name));
     }
     static QString text(const QWidget *card, const char *name)
     {

@@ -104,7 +104,7 @@ void TstCardContent::showsWhatIsKnownAtOnce()
     QVERIFY(CardFixture::text(card, "mobileEmp") != QStringLiteral("---"));
     const QWidget *overlay = CardFixture::part(card, "widget_loading");
     QVERIFY(overlay->isVisible());
-    const ElidedLabel *department = CardFixture::row(card, "Department");
+    const ValueLabel *department = CardFixture::row(card, "Department");
     QVERIFY(!QRect(overlay->mapTo(card, QPoint()), overlay->size())
                  .intersects(QRect(department->mapTo(card, QPoint()), department->size())));
     m_fixture->answer(m_fixture->anna);
@@ -312,7 +312,7 @@ void TstCardContent::hostileFields()
         QVERIFY(!Qt::mightBeRichText(label->toolTip()) ||
                 label->toolTip().startsWith(QLatin1String("<qt>")));
     }
-    const ElidedLabel *email = CardFixture::row(card, "Email");
+    const ValueLabel *email = CardFixture::row(card, "Email");
     QVERIFY(email->width() <= card->width());
     QVERIFY(!email->copyText().contains(QLatin1Char('\n')));
 }
@@ -337,8 +337,8 @@ void TstCardContent::valuesAreCopied()
     card->activateWindow();
     QTRY_VERIFY(card->isActiveWindow());
     QApplication::clipboard()->clear();
-    ElidedLabel *email = CardFixture::row(card, "Email");
-    ElidedLabel *department = CardFixture::row(card, "Department");
+    ValueLabel *email = CardFixture::row(card, "Email");
+    ValueLabel *department = CardFixture::row(card, "Department");
     QString expected = profile.email;
     if (way == 0) {
         email->setFocus(Qt::TabFocusReason);

@@ -187,7 +187,7 @@ void TstCardManager::leaderOpensHisCard()
 {
     CDetailView *card = m_fixture->open(m_fixture->anna);
     m_fixture->answer(m_fixture->anna);
-    ElidedLabel *leader = m_fixture->row(card, "leaderName");
+    ValueLabel *leader = m_fixture->row(card, "leaderName");
     QCOMPARE(leader->toolTip(), QStringLiteral("clickToLookup"));
     QTest::mouseClick(leader, Qt::LeftButton, Qt::NoModifier, QPoint(5, 5));
     const QPointer<CDetailView> boss =

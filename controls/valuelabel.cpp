@@ -1,4 +1,4 @@
-#include "controls/elidedlabel.h"
+#include "controls/valuelabel.h"
 
 #include "common/displaytext.h"
 #include "controls/skin.h"
@@ -25,7 +25,7 @@ bool isHarmful(QChar c)
 }
 } // namespace
 
-ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent)
+ValueLabel::ValueLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
     followSkin(this); // a style sheet above keeps the window's palette from it
@@ -33,32 +33,32 @@ ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent)
     refresh();
 }
 
-void ElidedLabel::setQuiet(bool quiet)
+void ValueLabel::setQuiet(bool quiet)
 {
     m_quiet = quiet;
     refresh();
 }
 
-void ElidedLabel::setValue(const QString &value)
+void ValueLabel::setValue(const QString &value)
 {
     m_value = value;
     refresh();
 }
 
-void ElidedLabel::setTextWhenEmpty(const QString &text)
+void ValueLabel::setTextWhenEmpty(const QString &text)
 {
     m_textWhenEmpty = text;
     refresh();
 }
 
-void ElidedLabel::setLink(bool link, const QString &toolTip)
+void ValueLabel::setLink(bool link, const QString &toolTip)
 {
     m_link = link;
     m_linkToolTip = toolTip;
     refresh();
 }
 
-void ElidedLabel::refresh()
+void ValueLabel::refresh()
 {
     const QString shown = displayText(m_value);
     setTextInteractionFlags(m_value.isEmpty()
@@ -77,7 +77,7 @@ void ElidedLabel::refresh()
     updateGeometry();
 }
 
-QString ElidedLabel::copyText() const
+QString ValueLabel::copyText() const
 {
     QString text = m_value.left(LongestCopy);
     for (QChar &c : text) {
@@ -87,7 +87,7 @@ QString ElidedLabel::copyText() const
     return text.simplified();
 }
 
-void ElidedLabel::copy() const
+void ValueLabel::copy() const
 {
     const bool part = hasSelectedText() && selectedText() != text();
     const QString copied = part ? selectedText() : copyText();
@@ -95,24 +95,24 @@ void ElidedLabel::copy() const
         QGuiApplication::clipboard()->setText(copied);
 }
 
-QSize ElidedLabel::sizeHint() const
+QSize ValueLabel::sizeHint() const
 {
     ensurePolished();
     const QFontMetrics metrics = fontMetrics();
     return QSize(metrics.horizontalAdvance(text()) + 2, metrics.height() + 2);
 }
 
-QSize ElidedLabel::minimumSizeHint() const
+QSize ValueLabel::minimumSizeHint() const
 {
     return QSize(SmallestWidth, sizeHint().height());
 }
 
-bool ElidedLabel::isCut() const
+bool ValueLabel::isCut() const
 {
     return text() != m_value || fontMetrics().horizontalAdvance(text()) > contentsRect().width();
 }
 
-void ElidedLabel::updateToolTip()
+void ValueLabel::updateToolTip()
 {
     if (m_value.isEmpty())
         setToolTip(QString());
@@ -120,20 +120,20 @@ void ElidedLabel::updateToolTip()
         setToolTip(isCut() ? toolTipText(m_value) : m_linkToolTip);
 }
 
-void ElidedLabel::resizeEvent(QResizeEvent *event)
+void ValueLabel::resizeEvent(QResizeEvent *event)
 {
     QLabel::resizeEvent(event);
     updateToolTip();
 }
 
-void ElidedLabel::changeEvent(QEvent *event)
+void ValueLabel::changeEvent(QEvent *event)
 {
     QLabel::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         updateToolTip();
 }
 
-void ElidedLabel::paintEvent(QPaintEvent *event)
+void ValueLabel::paintEvent(QPaintEvent *event)
 {
     // A selection shows the text itself, from its beginning.
     if (hasSelectedText() || fontMetrics().horizontalAdvance(text()) <= contentsRect().width()) {
@@ -146,19 +146,19 @@ void ElidedLabel::paintEvent(QPaintEvent *event)
                           foregroundRole());
 }
 
-void ElidedLabel::contextMenuEvent(QContextMenuEvent *event)
+void ValueLabel::contextMenuEvent(QContextMenuEvent *event)
 {
     event->accept();
     if (m_value.isEmpty())
         return;
     auto *menu = new SkinMenu(QStringLiteral("valueMenu"), this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    connect(menu->addKey("copy"), &QAction::triggered, this, &ElidedLabel::copy);
+    connect(menu->addKey("copy"), &QAction::triggered, this, &ValueLabel::copy);
     const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
     menu->popup(byKey ? mapToGlobal(QPoint(0, height())) : event->globalPos());
 }
 
-void ElidedLabel::focusInEvent(QFocusEvent *event)
+void ValueLabel::focusInEvent(QFocusEvent *event)
 {
     QLabel::focusInEvent(event);
     const bool byKey =
@@ -168,7 +168,7 @@ void ElidedLabel::focusInEvent(QFocusEvent *event)
         setSelection(0, text().size());
 }
 
-void ElidedLabel::focusOutEvent(QFocusEvent *event)
+void ValueLabel::focusOutEvent(QFocusEvent *event)
 {
     QLabel::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
@@ -176,7 +176,7 @@ void ElidedLabel::focusOutEvent(QFocusEvent *event)
         setSelection(0, 0);
 }
 
-void ElidedLabel::keyPressEvent(QKeyEvent *event)
+void ValueLabel::keyPressEvent(QKeyEvent *event)
 {
     const int key = event->key();
     if (event->matches(QKeySequence::Copy)) {
@@ -189,7 +189,7 @@ void ElidedLabel::keyPressEvent(QKeyEvent *event)
     }
 }
 
-void ElidedLabel::mouseReleaseEvent(QMouseEvent *event)
+void ValueLabel::mouseReleaseEvent(QMouseEvent *event)
 {
     QLabel::mouseReleaseEvent(event);
     if (leads() && event->button() == Qt::LeftButton && !hasSelectedText() &&

@@ -4,12 +4,12 @@
 
 #include <QLabel>
 
-class ElidedLabel : public QLabel
+class ValueLabel : public QLabel
 {
     Q_OBJECT
 
 public:
-    explicit ElidedLabel(QWidget *parent = nullptr);
+    explicit ValueLabel(QWidget *parent = nullptr);
 
     void setQuiet(bool quiet); // in the colour of less important text
 
