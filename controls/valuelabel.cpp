@@ -7,11 +7,8 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QGuiApplication>
-#include <QPainter>
-#include <QStyle>
 
 namespace {
-constexpr int SmallestWidth = 48; // device-independent pixels
 constexpr int LongestCopy = 4096; // characters
 
 // A value that is pasted into a terminal or a mail's address line must not bring line
@@ -25,9 +22,8 @@ bool isHarmful(QChar c)
 }
 } // namespace
 
-ValueLabel::ValueLabel(QWidget *parent) : QLabel(parent)
+ValueLabel::ValueLabel(QWidget *parent) : ElidedLabel(parent)
 {
-    setTextFormat(Qt::PlainText);
     followSkin(this); // a style sheet above keeps the window's palette from it
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     refresh();
@@ -95,21 +91,9 @@ void ValueLabel::copy() const
         QGuiApplication::clipboard()->setText(copied);
 }
 
-QSize ValueLabel::sizeHint() const
+bool ValueLabel::isTooWide() const
 {
-    ensurePolished();
-    const QFontMetrics metrics = fontMetrics();
-    return QSize(metrics.horizontalAdvance(text()) + 2, metrics.height() + 2);
-}
-
-QSize ValueLabel::minimumSizeHint() const
-{
-    return QSize(SmallestWidth, sizeHint().height());
-}
-
-bool ValueLabel::isCut() const
-{
-    return text() != m_value || fontMetrics().horizontalAdvance(text()) > contentsRect().width();
+    return fontMetrics().horizontalAdvance(text()) > contentsRect().width();
 }
 
 void ValueLabel::updateToolTip()
@@ -117,18 +101,24 @@ void ValueLabel::updateToolTip()
     if (m_value.isEmpty())
         setToolTip(QString());
     else
-        setToolTip(isCut() ? toolTipText(m_value) : m_linkToolTip);
+        setToolTip(text() != m_value || isTooWide() ? toolTipText(m_value) : m_linkToolTip);
+}
+
+bool ValueLabel::event(QEvent *event)
+{
+    // Of the whole value, not only of what of it could be shown.
+    return event->type() == QEvent::ToolTip ? QLabel::event(event) : ElidedLabel::event(event);
 }
 
 void ValueLabel::resizeEvent(QResizeEvent *event)
 {
-    QLabel::resizeEvent(event);
+    ElidedLabel::resizeEvent(event);
     updateToolTip();
 }
 
 void ValueLabel::changeEvent(QEvent *event)
 {
-    QLabel::changeEvent(event);
+    ElidedLabel::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         updateToolTip();
 }
@@ -136,14 +126,10 @@ void ValueLabel::changeEvent(QEvent *event)
 void ValueLabel::paintEvent(QPaintEvent *event)
 {
     // A selection shows the text itself, from its beginning.
-    if (hasSelectedText() || fontMetrics().horizontalAdvance(text()) <= contentsRect().width()) {
+    if (hasSelectedText() || !isTooWide())
         QLabel::paintEvent(event);
-        return;
-    }
-    QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width());
-    style()->drawItemText(&painter, contentsRect(), int(alignment()), palette(), isEnabled(), shown,
-                          foregroundRole());
+    else
+        ElidedLabel::paintEvent(event);
 }
 
 void ValueLabel::contextMenuEvent(QContextMenuEvent *event)
@@ -160,7 +146,7 @@ void ValueLabel::contextMenuEvent(QContextMenuEvent *event)
 
 void ValueLabel::focusInEvent(QFocusEvent *event)
 {
-    QLabel::focusInEvent(event);
+    ElidedLabel::focusInEvent(event);
     const bool byKey =
         event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
     // As in a line edit: shows where the focus is, and what would be copied.
@@ -170,7 +156,7 @@ void ValueLabel::focusInEvent(QFocusEvent *event)
 
 void ValueLabel::focusOutEvent(QFocusEvent *event)
 {
-    QLabel::focusOutEvent(event);
+    ElidedLabel::focusOutEvent(event);
     if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason &&
         hasSelectedText())
         setSelection(0, 0);
@@ -185,13 +171,13 @@ void ValueLabel::keyPressEvent(QKeyEvent *event)
         event->accept();
         emit activated(); // may be the end of this label
     } else {
-        QLabel::keyPressEvent(event);
+        ElidedLabel::keyPressEvent(event);
     }
 }
 
 void ValueLabel::mouseReleaseEvent(QMouseEvent *event)
 {
-    QLabel::mouseReleaseEvent(event);
+    ElidedLabel::mouseReleaseEvent(event);
     if (leads() && event->button() == Qt::LeftButton && !hasSelectedText() &&
         rect().contains(event->pos()))
         emit activated(); // may be the end of this label

@@ -2,9 +2,9 @@
 // long, to be selected and copied by mouse and keyboard, whole in the tool tip.
 #pragma once
 
-#include <QLabel>
+#include "controls/elidedlabel.h"
 
-class ValueLabel : public QLabel
+class ValueLabel : public ElidedLabel
 {
     Q_OBJECT
 
@@ -27,9 +27,6 @@ public:
     // The value as the clipboard gets it.
     QString copyText() const;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
 signals:
     void activated();
 
@@ -38,17 +35,18 @@ public slots:
     void copy() const;
 
 protected:
+    bool event(QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
-    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    bool isCut() const;
+    bool isTooWide() const;
     bool leads() const { return m_link && !m_value.isEmpty(); }
     void refresh();
     void updateToolTip();

@@ -106,7 +106,7 @@ void DetailRows::addRemarkButton(ValueLabel *remark, QHBoxLayout *layout)
     // Beside the text, not at the far end of the row.
     remark->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     layout->addWidget(m_setName);
-    layout->addStretch(1);
+    layout->addStretch();
 }
 
 ValueLabel *DetailRows::value(const char *name) const
