@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation> accepts every contact request</translation>
+        <translation> agrees to become your contact</translation>
     </message>
     <message>
         <source>back</source>

@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation>允许任何人添加为联系人</translation>
+        <translation>同意添加为联系人</translation>
     </message>
     <message>
         <source>back</source>
