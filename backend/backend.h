@@ -5,9 +5,14 @@
 // start() serves on threads of its own; all functions are called from one thread.
 #pragma once
 
+#include "backend/certificate.h"
+
 #include <QString>
 
+#include <functional>
 #include <memory>
+#include <optional>
+#include <string>
 
 struct BackEndOptions
 {
@@ -19,6 +24,12 @@ struct BackEndOptions
     int port = 0; // 0: any free one
     // The port on which tests script the answers; -1: off, 0: any free one.
     int controlPort = -1;
+    // Employees of one more department, "D9000", for lists of any length; 0: none.
+    int departmentSize = 0;
+    // Serves with a certificate like this instead of the good one.
+    std::optional<CertificateOptions> specialCertificate;
+    // Takes a line per request and per failure, without secrets; from any thread.
+    std::function<void(const std::string &line)> log;
 };
 
 class BackEnd
@@ -38,6 +49,7 @@ public:
     QString caFile() const; // PEM, of the authority that signed the certificate
     // Of every sample user; random, made with the data folder.
     QString password() const;
+    QString passwordFile() const;
 
 private:
     struct Private;

@@ -4,6 +4,7 @@
 #include "common/logfilewriter.h"
 #include "host/conversationstore.h"
 #include "host/messagingcore.h"
+#include "host/weblog.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
@@ -60,6 +61,18 @@ void HostContext::shutDown()
 void HostContext::setSessionTop(const QString &jid, bool top)
 {
     m_conversations->setTop(jid, top);
+}
+
+void HostContext::setWebAccess(const QString &caFile, const QString &password)
+{
+    m_caFile = caFile;
+    m_password = password;
+}
+
+void HostContext::webRequestFinished(const WebRequestRecord &record)
+{
+    if (m_webLog)
+        emit m_webLog->recorded(record);
 }
 
 LogFileWriter *HostContext::logWriter() const

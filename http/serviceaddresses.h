@@ -5,7 +5,9 @@
 //     [Hosts]
 //     center=https://im.corp.example
 //
-// The file is read at each call, because an administrator may change it.
+// The file is read at each call, because an administrator may change it. A service
+// in plain HTTP has its host's name but not its port, unless the host group is plain
+// HTTP itself.
 #pragma once
 
 #include <QString>
@@ -19,6 +21,10 @@ namespace ServiceAddresses {
 // neither http nor https.
 QString address(const QString &key);
 QString address(const char *key);
+
+// The text of a key that is no address, such as "/Passport/client_id": what the
+// file has, or empty.
+QString value(const char *key);
 
 // What would be answered without the key in the file; empty for none.
 QString builtInAddress(const QString &key);

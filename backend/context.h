@@ -1,0 +1,23 @@
+// What the services of one back end work on. Each group of services adds its
+// handlers to the list; see routes/.
+#pragma once
+
+#include "backend/database.h"
+#include "backend/datafolder.h"
+#include "backend/people.h"
+#include "backend/session.h"
+
+struct BackEndContext
+{
+    BackEndContext(int peopleCount, quint64 seed, int departmentSize)
+        : people(peopleCount, seed, departmentSize), sessions(database)
+    {
+    }
+
+    DataFolder folder;
+    Database database;
+    People people;
+    Sessions sessions;
+    QString password;
+    QString address; // base address, without a slash at its end
+};

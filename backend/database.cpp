@@ -1,0 +1,192 @@
+#include "backend/database.h"
+
+#include "backend/datafolder.h"
+#include "backend/schema.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <sqlite3.h>
+
+namespace {
+constexpr int BusyTimeout = 5000; // ms
+
+void execute(sqlite3 *handle, const char *sql)
+{
+    if (sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
+        throw DatabaseError(sqlite3_errmsg(handle));
+}
+
+void setAside(const QString &file)
+{
+    const QString aside = file + QStringLiteral(".damaged");
+    QFile::remove(aside);
+    QFile::rename(file, aside);
+    for (const char *companion : {"-wal", "-shm"})
+        QFile::remove(file + QLatin1String(companion));
+}
+} // namespace
+
+Database::~Database()
+{
+    close();
+}
+
+void Database::close()
+{
+    sqlite3_close(m_handle);
+    m_handle = nullptr;
+}
+
+bool Database::open(const QString &file, QString *problem)
+{
+    if (openOnce(file, problem))
+        return true;
+    if (!QFileInfo::exists(file))
+        return false;
+    setAside(file);
+    return openOnce(file, problem);
+}
+
+bool Database::openOnce(const QString &file, QString *problem)
+{
+    close();
+    if (!touchOwnerOnly(file, problem))
+        return false;
+    try {
+        // Its locking is the Transaction's, so that SQLite need not lock as well.
+        const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
+        if (sqlite3_open_v2(file.toUtf8().constData(), &m_handle, flags, nullptr) != SQLITE_OK)
+            throw DatabaseError(m_handle ? sqlite3_errmsg(m_handle) : "out of memory");
+        sqlite3_busy_timeout(m_handle, BusyTimeout);
+        execute(m_handle, "PRAGMA journal_mode = WAL");
+        execute(m_handle, "PRAGMA synchronous = NORMAL");
+        execute(m_handle, "PRAGMA foreign_keys = ON");
+        Transaction transaction(*this);
+        {
+            Statement check = transaction.prepare("PRAGMA quick_check(1)");
+            if (!check.next() || check.text(0) != QLatin1String("ok"))
+                throw DatabaseError("the file is damaged");
+        }
+        upgradeSchema(transaction);
+        transaction.commit();
+        return true;
+    } catch (const DatabaseError &error) {
+        *problem = file + QStringLiteral(": ") + QString::fromUtf8(error.what());
+        close();
+        return false;
+    }
+}
+
+Statement::Statement(sqlite3 *handle, const char *sql) : m_handle(handle)
+{
+    if (sqlite3_prepare_v2(handle, sql, -1, &m_statement, nullptr) != SQLITE_OK)
+        fail();
+}
+
+Statement::Statement(Statement &&other) noexcept
+    : m_handle(other.m_handle), m_statement(other.m_statement), m_bound(other.m_bound)
+{
+    other.m_statement = nullptr;
+}
+
+Statement::~Statement()
+{
+    sqlite3_finalize(m_statement);
+}
+
+void Statement::fail() const
+{
+    throw DatabaseError(sqlite3_errmsg(m_handle));
+}
+
+Statement &Statement::bind(const QString &text)
+{
+    const QByteArray bytes = text.toUtf8();
+    if (sqlite3_bind_text(m_statement, ++m_bound, bytes.constData(), bytes.size(),
+                          SQLITE_TRANSIENT) != SQLITE_OK)
+        fail();
+    return *this;
+}
+
+Statement &Statement::bind(const QByteArray &blob)
+{
+    if (sqlite3_bind_blob(m_statement, ++m_bound, blob.constData(), blob.size(),
+                          SQLITE_TRANSIENT) != SQLITE_OK)
+        fail();
+    return *this;
+}
+
+Statement &Statement::bind(qint64 number)
+{
+    if (sqlite3_bind_int64(m_statement, ++m_bound, number) != SQLITE_OK)
+        fail();
+    return *this;
+}
+
+bool Statement::next()
+{
+    const int result = sqlite3_step(m_statement);
+    if (result != SQLITE_ROW && result != SQLITE_DONE)
+        fail();
+    return result == SQLITE_ROW;
+}
+
+void Statement::run()
+{
+    while (next()) {
+    }
+    sqlite3_reset(m_statement);
+    m_bound = 0;
+}
+
+QString Statement::text(int column) const
+{
+    const auto *bytes = reinterpret_cast<const char *>(sqlite3_column_text(m_statement, column));
+    return QString::fromUtf8(bytes, sqlite3_column_bytes(m_statement, column));
+}
+
+QByteArray Statement::blob(int column) const
+{
+    const auto *bytes = static_cast<const char *>(sqlite3_column_blob(m_statement, column));
+    return QByteArray(bytes, sqlite3_column_bytes(m_statement, column));
+}
+
+qint64 Statement::number(int column) const
+{
+    return sqlite3_column_int64(m_statement, column);
+}
+
+Transaction::Transaction(Database &database) : m_lock(database.m_mutex), m_handle(database.m_handle)
+{
+    if (!m_handle)
+        throw DatabaseError("the database is closed");
+    execute(m_handle, "BEGIN IMMEDIATE");
+}
+
+Transaction::~Transaction()
+{
+    if (!m_done)
+        sqlite3_exec(m_handle, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+Statement Transaction::prepare(const char *sql)
+{
+    return Statement(m_handle, sql);
+}
+
+int Transaction::changes() const
+{
+    return sqlite3_changes(m_handle);
+}
+
+qint64 Transaction::lastId() const
+{
+    return sqlite3_last_insert_rowid(m_handle);
+}
+
+void Transaction::commit()
+{
+    execute(m_handle, "COMMIT");
+    m_done = true;
+}

@@ -1,0 +1,17 @@
+// Every web request that the module or the host has finished, for whoever watches.
+#pragma once
+
+#include "hostapi/webrequestrecord.h"
+
+#include <QObject>
+
+class WebLog : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+
+signals:
+    void recorded(const WebRequestRecord &record);
+};
