@@ -1118,6 +1118,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostWindows</name>
     <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 asks to become a contact: %2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 refuses the contact request: %2</translation>
+    </message>
+    <message>
         <source>A chat was asked for without a jid.</source>
         <translation>A chat was asked for without a jid.</translation>
     </message>
@@ -1211,6 +1219,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>Sorry, I do not know you.</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>People who are asked refuse</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>Hello, we met at the fair.</translation>
