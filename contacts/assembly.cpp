@@ -3,6 +3,7 @@
 #include "common/logging.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
+#include "detail/caddfriendmannger.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduimessageprocess.h"
 #include "plugin/paneactions.h"
@@ -52,7 +53,11 @@ public:
     }
     void hideContactCard(const QString &jid) override { missing("contact card", jid); }
 
-    void addContact(const QString &jid) override { missing("adding a contact", jid); }
+    bool mayAddContact(const QString &jid) const override
+    {
+        return CAddFriendMannger::instance()->mayAddContact(jid);
+    }
+    void addContact(const QString &jid) override { CAddFriendMannger::instance()->openDialog(jid); }
     void externalContactAnswer(const QString &jid, bool, int, int) override
     {
         missing("external contacts", jid);
@@ -97,6 +102,7 @@ void assemblePane()
 {
     static auto *actions = new Actions;
     setPaneActions(actions);
+    CAddFriendMannger::instance(); // the host's events may ask for a window
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

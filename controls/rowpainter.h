@@ -21,6 +21,9 @@ public:
     // The style's item panel in the skin's colours, and the focus frame.
     void background();
 
+    // Leaves room at the left of the row.
+    void indent(int pixels) { m_left.setLeft(m_left.left() + pixels); }
+
     // At the left of what is left of the row. `faded` for who is offline.
     void avatar(const QPixmap &pixmap, bool faded);
 

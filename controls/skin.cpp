@@ -66,6 +66,7 @@ void Skin::setRecord(const SysUIData &record)
     m_colors.secondary = color(record.secondaryColor, m_colors.secondary);
     m_colors.hover = color(record.hoverColor, m_colors.hover);
     m_colors.selected = color(record.selectedColor, m_colors.selected);
+    m_watermarkColor = record.watermarkColor;
     emit changed();
 }
 

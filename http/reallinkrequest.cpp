@@ -45,7 +45,7 @@ void RealLinkRequest::start(const QString &address)
     }
     QNetworkRequest request = RequestHeaders::request(url);
     request.setTransferTimeout(Timeout);
-    RequestHeaders::storeLoginCookies(m_manager.cookieJar(), url);
+    m_sent = RequestHeaders::storeLoginCookies(m_manager.cookieJar(), url);
     m_timing = RequestTiming("GET", url, 0);
     m_manager.get(request);
 }
@@ -61,7 +61,7 @@ void RealLinkRequest::replyFinished(QNetworkReply *reply)
         finish(QString());
         return;
     }
-    RequestHeaders::takeLoginCookies(m_manager.cookieJar(), reply->url());
+    RequestHeaders::takeLoginCookies(m_manager.cookieJar(), reply->url(), m_sent);
     if (reply->rawHeader("passport.login.flag") == "true") {
         if (CPassportLoginServer *passport = ctx().passport())
             passport->UserOverdue();

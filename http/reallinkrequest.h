@@ -3,10 +3,11 @@
 // the address. Deletes itself after signal_finished().
 #pragma once
 
+#include "http/cmonitorlogger.h"
+#include "http/requestheaders.h"
+
 #include <QNetworkAccessManager>
 #include <QObject>
-
-#include "http/cmonitorlogger.h"
 
 class RealLinkRequest : public QObject
 {
@@ -29,5 +30,6 @@ private:
     void finish(const QString &link);
 
     QNetworkAccessManager m_manager;
+    RequestHeaders::LoginCookies m_sent;
     RequestTiming m_timing;
 };

@@ -33,9 +33,7 @@ CHttpSession *ServiceCall::open(const ServiceRequest &request, QObject *parent)
 {
     CHttpSession *opened = session(request, parent);
     const QUrl url(ServiceAddresses::address(request.key));
-    const QString body = RequestHeaders::formBody(request.fields);
-    QTimer::singleShot(
-        0, opened, [opened, url, body] { opened->post(RequestHeaders::formRequest(url), body); });
+    opened->post(RequestHeaders::formRequest(url), RequestHeaders::formBody(request.fields));
     return opened;
 }
 

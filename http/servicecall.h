@@ -26,10 +26,10 @@ class CHttpSession;
 
 struct ServiceRequest
 {
-    const char *key = "";          // of the service's address
-    RequestHeaders::Fields fields; // of the form, in order
+    const char *key = "";               // of the service's address
+    RequestHeaders::Fields fields = {}; // of the form, in order
     // Headers of the service's own, besides the user's authorisation.
-    QVector<std::pair<QByteArray, QByteArray>> headers;
+    QVector<std::pair<QByteArray, QByteArray>> headers = {};
     // For what runs in bulk: takes part in the limits on requests at a time.
     bool throttled = false;
     qint16 kind = 0;
@@ -50,9 +50,8 @@ public:
     static ServiceCall *start(const ServiceRequest &request, QObject *context,
                               SourceLocation caller, const Done &done);
 
-    // The same request by a session that the caller owns and connects to: it is sent
-    // when control returns to the event loop. An address that is empty ends it with
-    // an error.
+    // The same request, sent by a session that the caller owns and connects to. An
+    // empty address ends it with an error.
     static CHttpSession *open(const ServiceRequest &request, QObject *parent);
 
     // A session with the user's authorisation and the headers, time-out and limits of

@@ -556,8 +556,24 @@
         <translation>Organization</translation>
     </message>
     <message>
+        <source>orgEmpty</source>
+        <translation>The organization has no departments yet</translation>
+    </message>
+    <message>
+        <source>orgLinkFailed</source>
+        <translation>The page cannot be opened. Please try again later.</translation>
+    </message>
+    <message>
+        <source>orgLocating</source>
+        <translation>Looking for the place…</translation>
+    </message>
+    <message>
         <source>OrgNotPremissionText</source>
         <translation>You may not view the organization</translation>
+    </message>
+    <message>
+        <source>orgRefreshFailed</source>
+        <translation>Loading failed. Please try again later.</translation>
     </message>
     <message>
         <source>orgStructureManage</source>

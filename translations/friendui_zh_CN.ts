@@ -556,8 +556,24 @@
         <translation>组织架构</translation>
     </message>
     <message>
+        <source>orgEmpty</source>
+        <translation>组织架构中还没有部门</translation>
+    </message>
+    <message>
+        <source>orgLinkFailed</source>
+        <translation>页面无法打开，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>orgLocating</source>
+        <translation>正在定位…</translation>
+    </message>
+    <message>
         <source>OrgNotPremissionText</source>
         <translation>您没有查看组织架构的权限</translation>
+    </message>
+    <message>
+        <source>orgRefreshFailed</source>
+        <translation>加载失败，请稍后重试。</translation>
     </message>
     <message>
         <source>orgStructureManage</source>
