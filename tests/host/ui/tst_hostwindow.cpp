@@ -339,11 +339,20 @@ private slots:
         context.shutDown(); // a second time does nothing
     }
 
-    void picturesOutsideTheDataFolderAreNotGivenOut()
+    void onlyFetchedPicturesAreGivenOut()
     {
         const QTemporaryDir folder;
         FakeCore core;
         HostContext context(&core, folder.path());
+        QVERIFY(context.headPath(QStringLiteral("u7.png")).isEmpty());
+        const QString pictures = context.userFolder() + QLatin1String("/headImage");
+        QVERIFY(QDir().mkpath(pictures));
+        QFile picture(pictures + QLatin1String("/u7.png"));
+        QVERIFY(picture.open(QIODevice::WriteOnly));
+        QCOMPARE(context.headPath(QStringLiteral("u7.png")), picture.fileName());
+        QCOMPARE(context.headPath(QStringLiteral("u7@corp.example")), picture.fileName());
+        QVERIFY(context.headPath(QStringLiteral("../headImage/u7.png")).isEmpty());
+        QVERIFY(context.headPath(QStringLiteral("../headImage/u7@corp.example")).isEmpty());
         QVERIFY(context.headPath(QStringLiteral("../../etc/passwd")).isEmpty());
         QVERIFY(context.headPath(QStringLiteral("/etc/passwd")).isEmpty());
         QVERIFY(context.headPath(QString()).isEmpty());
