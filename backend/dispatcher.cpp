@@ -82,6 +82,7 @@ struct Dispatcher::Body
     Call call;
     std::string text;
     std::vector<SeenRequest::Part> seenParts;
+    bool isWhole = true; // it came to its end and could be read
     bool isTooLarge = false;
 };
 
@@ -95,7 +96,7 @@ Dispatcher::Dispatcher(const Services &services, BackEndContext &context, Levers
 // would be taken for the connection's next request.
 void Dispatcher::readPlain(const httplib::ContentReader &reader, Body *body)
 {
-    reader([body](const char *bytes, size_t size) {
+    body->isWhole = reader([body](const char *bytes, size_t size) {
         if (body->text.size() + size > MaximumForm)
             body->isTooLarge = true;
         else
@@ -108,7 +109,7 @@ void Dispatcher::readPlain(const httplib::ContentReader &reader, Body *body)
 void Dispatcher::readMultipart(const httplib::ContentReader &reader, Body *body)
 {
     std::vector<UploadedPart> parts;
-    const bool isWhole = reader(
+    body->isWhole = reader(
         [&](const httplib::MultipartFormData &header) {
             if (parts.size() < MaximumParts)
                 parts.push_back({header.name, header.filename, {}, false});
@@ -126,7 +127,7 @@ void Dispatcher::readMultipart(const httplib::ContentReader &reader, Body *body)
             return true;
         });
     for (UploadedPart &part : parts) {
-        part.isCutOff = part.isCutOff || !isWhole;
+        part.isCutOff = part.isCutOff || !body->isWhole;
         const bool isFile = !part.fileName.empty();
         const std::string text = isFile ? std::string() : part.content.toStdString();
         body->seenParts.push_back({part.name, part.fileName, size_t(part.content.size()), text});
@@ -244,6 +245,7 @@ bool Dispatcher::answer(const httplib::Request &request, const httplib::ContentR
     else
         body.call.form = FormBody::parse(queryOf(request));
     record(request, body);
+    body.isTooLarge = body.isTooLarge || (!body.isWhole && response->status == 413);
 
     const std::optional<Rule> rule = m_levers.take(request.path);
     if (rule && rule->delayMs > 0)
