@@ -1,6 +1,8 @@
 // The group side of the friend tree's model.
 #include "contacts/friendtreemodel.h"
 
+#include "common/builtingroups.h"
+
 #include <algorithm>
 
 FriendTreeGroup *FriendTreeModel::group(const QString &id) const
@@ -57,12 +59,12 @@ void FriendTreeModel::renumberGroups(int first)
 void FriendTreeModel::noteBuiltInGroups(const QString &oldName, const QString &newName)
 {
     const auto concerns = [&](const QString &name) { return oldName == name || newName == name; };
-    if (concerns(FriendTreeSort::frequentGroupName()))
-        m_frequentGroupId = groupIdByName(FriendTreeSort::frequentGroupName());
-    if (concerns(FriendTreeSort::defaultGroupName())) {
+    if (concerns(frequentGroupName()))
+        m_frequentGroupId = groupIdByName(frequentGroupName());
+    if (concerns(defaultGroupName())) {
         m_hostDefaultId.clear();
         for (const auto &group : m_groups) {
-            if (!group->id.isEmpty() && group->name == FriendTreeSort::defaultGroupName())
+            if (!group->id.isEmpty() && group->name == defaultGroupName())
                 m_hostDefaultId = group->id;
         }
     }
@@ -95,7 +97,7 @@ FriendTreeGroup *FriendTreeModel::defaultGroup()
     if (unnamed)
         return unnamed;
     m_defaultMadeHere = true;
-    return addGroup(QStringLiteral(""), FriendTreeSort::defaultGroupName());
+    return addGroup(QStringLiteral(""), defaultGroupName());
 }
 
 FriendTreeGroup *FriendTreeModel::groupFor(const FriendData &record)
@@ -108,8 +110,7 @@ void FriendTreeModel::adoptStrays()
 {
     Contacts strays;
     for (const auto &group : m_groups) {
-        const bool isHome =
-            group->id.isEmpty() || group->name == FriendTreeSort::defaultGroupName();
+        const bool isHome = group->id.isEmpty() || group->name == defaultGroupName();
         if (!isHome)
             continue;
         for (const Rows *rows : {&group->rows, &group->hidden}) {

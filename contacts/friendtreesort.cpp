@@ -1,5 +1,6 @@
 #include "contacts/friendtreesort.h"
 
+#include "common/builtingroups.h"
 #include "common/cchcharactertopp.h"
 
 namespace FriendTreeSort {
@@ -23,15 +24,6 @@ QString contactKey(Block block, const QString &name)
 QString groupKey(const QString &name)
 {
     return (name == frequentGroupName() ? QStringLiteral("1|") : QStringLiteral("2|")) + name;
-}
-
-QString frequentGroupName()
-{
-    return QString::fromUtf8("常用联系人");
-}
-QString defaultGroupName()
-{
-    return QString::fromUtf8("我的好友");
 }
 
 namespace {

@@ -26,10 +26,6 @@ QString contactKey(Block block, const QString &name);
 // "1|" and the name for the frequent contacts, "2|" and the name for any other.
 QString groupKey(const QString &name);
 
-// The built-in groups.
-QString frequentGroupName();
-QString defaultGroupName();
-
 // A contact's place in its group, cheap to compare: the block and the pinyin's
 // first letters, case ignored. Where two prefixes are equal and not complete,
 // compareNames() decides.

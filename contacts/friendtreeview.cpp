@@ -8,11 +8,11 @@
 #include "contacts/grouplabel.h"
 #include "contacts/grouplabels.h"
 #include "contacts/mydrag.h"
-#include "contacts/typefinder.h"
 #include "controls/avatarstore.h"
 #include "controls/scrollanchor.h"
 #include "controls/skin.h"
 #include "controls/slimscrollbar.h"
+#include "controls/typefinder.h"
 #include "plugin/paneactions.h"
 
 #include <QAccessible>
@@ -35,7 +35,7 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
       m_commands(new FriendCommands(model, inner, this)),
       m_labels(new GroupLabels(this)),
       m_anchor(new ScrollAnchor(this, model)),
-      m_finder(new TypeFinder(this))
+      m_finder(new TypeFinder(this, FriendTreeRole::Name))
 {
     setObjectName(QStringLiteral("FriendTreeView"));
     setModel(model);

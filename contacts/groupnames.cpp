@@ -1,13 +1,12 @@
 #include "contacts/groupnames.h"
 
-#include "contacts/friendtreesort.h"
+#include "common/builtingroups.h"
 
 #include <QObject>
 
 bool isBuiltInGroup(const QString &name)
 {
-    return name == FriendTreeSort::defaultGroupName() ||
-           name == FriendTreeSort::frequentGroupName();
+    return name == defaultGroupName() || name == frequentGroupName();
 }
 
 const char *groupNameRefusal(const QString &name, const QStringList &taken)

@@ -2,6 +2,8 @@
 
 #include "controls/tipbox.h"
 
+#include <QLineEdit>
+
 InputBox::InputBox(QWidget *parent) : QInputDialog(parent)
 {
     setObjectName(QStringLiteral("InputBox"));
@@ -23,6 +25,12 @@ InputBox *InputBox::ask(QWidget *parent, const QString &title, const QString &la
     box->resize(320, box->sizeHint().height());
     box->open();
     return box;
+}
+
+void InputBox::setMaximumLength(int length)
+{
+    if (auto *edit = findChild<QLineEdit *>())
+        edit->setMaxLength(length);
 }
 
 void InputBox::done(int result)

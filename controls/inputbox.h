@@ -20,6 +20,9 @@ public:
     static InputBox *ask(QWidget *parent, const QString &title, const QString &label,
                          const QString &preset, const Check &check, const Accepted &accepted);
 
+    // In characters; what is beyond it cannot be typed or pasted.
+    void setMaximumLength(int length);
+
     void done(int result) override;
 
 private:

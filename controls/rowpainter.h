@@ -21,12 +21,18 @@ public:
     // The style's item panel in the skin's colours, and the focus frame.
     void background();
 
+    // Leaves room at the left of the row.
+    void indent(int pixels) { m_left.setLeft(m_left.left() + pixels); }
+
     // At the left of what is left of the row. `faded` for who is offline.
     void avatar(const QPixmap &pixmap, bool faded);
 
     // Over the lower right of the avatar; the kinds differ in shape, not only in
     // colour.
     void presence(const PresenceData &presence);
+
+    // A mark at the left of what is left of the row.
+    void mark(const QPixmap &glyph);
 
     // A mark at the right of what is left of the row.
     void markAtRight(const QPixmap &glyph);

@@ -66,6 +66,7 @@ void Skin::setRecord(const SysUIData &record)
     m_colors.secondary = color(record.secondaryColor, m_colors.secondary);
     m_colors.hover = color(record.hoverColor, m_colors.hover);
     m_colors.selected = color(record.selectedColor, m_colors.selected);
+    m_watermarkColor = record.watermarkColor;
     emit changed();
 }
 
@@ -118,8 +119,12 @@ static QString skinFontFamily()
     const QStringList installed = QFontDatabase().families();
     for (const char *family : {"Microsoft YaHei", "Noto Sans CJK SC", "WenQuanYi Micro Hei"}) {
         const QString name = QString::fromLatin1(family);
-        if (installed.contains(name, Qt::CaseInsensitive))
-            return name;
+        if (!installed.contains(name, Qt::CaseInsensitive))
+            continue;
+        // For the style sheets, which name the first.
+        if (name != QLatin1String("Microsoft YaHei"))
+            QFont::insertSubstitution(QStringLiteral("Microsoft YaHei"), name);
+        return name;
     }
     return QFont().family();
 }

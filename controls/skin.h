@@ -39,6 +39,9 @@ public:
     // The colour of less important text, readable on the row behind it.
     QColor quietText(bool onSelectedRow) const;
 
+    // As the host's record tells it: any text, empty for none.
+    const QString &watermarkColor() const { return m_watermarkColor; }
+
     void setRecord(const SysUIData &record);
 
     // "180,180,180" as a colour; `fallback` for anything else.
@@ -51,6 +54,7 @@ private:
     Skin();
 
     Colors m_colors;
+    QString m_watermarkColor;
     bool m_dark = false;
 };
 

@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QFileInfo>
+#include <QUrl>
 
 namespace {
 
@@ -25,6 +26,15 @@ constexpr Option options[] = {
     {"offline", nullptr, "Start without a connection."},
     {"fail", "OPERATION", "Let an operation of the core fail, or all. May be given repeatedly."},
     {"silent", "OPERATION", "Never answer an operation, or all. May be repeated."},
+    {"backend", "ADDRESS",
+     "Use the web services that run at this address, with --password-file and --ca, "
+     "instead of starting some."},
+    {"ca", "FILE", "PEM file with the authority to trust for --backend."},
+    {"password-file", "FILE", "File with the password of the own user for --backend."},
+    {"no-backend", nullptr, "Start without web services."},
+    {"backend-control-port", "N",
+     "Let the started web services be scripted on this port of the loopback interface; "
+     "0 takes any free one."},
     {"tour", "DIR", "Drive the main flows, leave one picture of each in DIR, and end."},
     {"tour-steps", "NAMES", "Only these steps of the tour, separated by commas."},
     {"no-simulation", nullptr, "People neither come and go nor answer."},
@@ -90,6 +100,8 @@ void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *p
     } paths[] = {{"import", &result->importFile, true},
                  {"plugin", &result->pluginFile, false}, // the window tells when it is missing
                  {"data", &result->dataFolder, false},
+                 {"ca", &result->caFile, true},
+                 {"password-file", &result->passwordFile, true},
                  {"tour", &result->tourFolder, false}};
     for (const auto &path : paths) {
         if (!isSet(parser, path.name))
@@ -104,6 +116,44 @@ void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *p
         if (!folder.isEmpty() && QFileInfo(folder).isFile())
             *problem = QStringLiteral("\"%1\" is a file, not a folder.").arg(folder);
     }
+}
+
+void readControlPort(const QCommandLineParser &parser, HostOptions *result, QString *problem)
+{
+    if (!isSet(parser, "backend-control-port"))
+        return;
+    const QString text = valueOf(parser, "backend-control-port");
+    bool isNumber = false;
+    result->backendControlPort = text.toInt(&isNumber);
+    if (!isNumber || result->backendControlPort < 0 || result->backendControlPort > 65535)
+        *problem =
+            QStringLiteral("--backend-control-port takes a number from 0 to 65535, not \"%1\".")
+                .arg(text);
+}
+
+void readBackend(const QCommandLineParser &parser, HostOptions *result, QString *problem)
+{
+    readControlPort(parser, result, problem);
+    result->noBackend = isSet(parser, "no-backend");
+    const bool isNamed = isSet(parser, "backend");
+    result->backendAddress = valueOf(parser, "backend");
+    while (result->backendAddress.endsWith(QLatin1Char('/')))
+        result->backendAddress.chop(1);
+    const QUrl url(result->backendAddress, QUrl::StrictMode);
+    const bool isHttps = url.isValid() && url.scheme() == QLatin1String("https") &&
+                         !url.host().isEmpty() && url.userInfo().isEmpty() && !url.hasQuery() &&
+                         !url.hasFragment();
+    if (isNamed && !isHttps)
+        *problem = QStringLiteral("--backend takes an address such as https://host:8443, not "
+                                  "\"%1\".")
+                       .arg(result->backendAddress);
+    else if (isNamed && result->passwordFile.isEmpty())
+        *problem = QStringLiteral("--backend needs --password-file.");
+    else if (!isNamed && (isSet(parser, "ca") || isSet(parser, "password-file")))
+        *problem = QStringLiteral("--ca and --password-file need --backend.");
+    else if (int(isNamed) + int(result->noBackend) + int(result->backendControlPort >= 0) > 1)
+        *problem = QStringLiteral(
+            "Only one of --backend, --no-backend and --backend-control-port can be given.");
 }
 
 } // namespace
@@ -165,6 +215,7 @@ CommandLineResult parseCommandLine(const QStringList &arguments, const QStringLi
         const QStringList allowed = QStringList{QStringLiteral("all")} + operations;
         readPeople(parser, &chosen, &problem);
         readPaths(parser, &chosen, &problem);
+        readBackend(parser, &chosen, &problem);
         if (isSet(parser, "lang"))
             chosen.language =
                 oneOf(valueOf(parser, "lang"), {QStringLiteral("zh_CN"), QStringLiteral("en")},

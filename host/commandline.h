@@ -18,6 +18,11 @@ struct HostOptions
     QStringList silent;
     QString tourFolder;    // empty: no tour
     QStringList tourSteps; // empty: all
+    bool noBackend = false;
+    QString backendAddress; // of one that runs already; empty: the host's own
+    QString caFile;         // PEM; both for backendAddress only
+    QString passwordFile;
+    int backendControlPort = -1; // -1: off
     bool simulation = true;
     bool reset = false;
 };

@@ -62,7 +62,8 @@ void CoreNotifier::forwardRoster()
             [this](bool) { m_bus->notify(Inbound::GroupListFailed); });
     connect(m_core, &Core::policyReceived, this,
             [this](const QString &jid, const QString &config, const QString &displayName) {
-                m_bus->notify(Inbound::RequestPolicy, jid, config, QString(), displayName, true);
+                // Whoever asked has a window open, or has closed it since.
+                m_bus->notify(Inbound::RequestPolicy, jid, config, QString(), displayName, false);
             });
 }
 

@@ -45,7 +45,8 @@ bool resetDataFolder(const QString &folder, QString *problem)
         return false;
     }
     QFile::remove(folder + QLatin1String("/host.ini"));
-    for (const char *part : {"core", "users"}) {
+    QFile::remove(folder + QLatin1String("/allurl.ini"));
+    for (const char *part : {"core", "users", "backend"}) {
         QDir directory(folder + QLatin1Char('/') + QLatin1String(part));
         if (directory.exists() && !directory.removeRecursively()) {
             *problem = QStringLiteral("\"%1\" could not be deleted.").arg(directory.path());

@@ -19,11 +19,15 @@
 #include "host/panearea.h"
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
+#include "host/weblog.h"
+#include "host/webservices.h"
 #include "host/windows/hostwindows.h"
 #include "host/windows/importreport.h"
 #include "hostapi/plugininterface.h"
 
+#include <QFileInfo>
 #include <QGuiApplication>
+#include <QTimer>
 
 #include <cstdio>
 
@@ -46,6 +50,10 @@ HostApplication::~HostApplication()
     m_window.reset();
     if (m_bus)
         m_bus->setPlugin(nullptr, QString());
+    // The context stays, without what goes now.
+    m_services.reset();
+    if (m_context)
+        m_context->setWebLog(nullptr);
 }
 
 int HostApplication::start()
@@ -72,6 +80,7 @@ int HostApplication::start()
         tell(QCoreApplication::translate("HostApplication", "The log file %1 cannot be written.")
                  .arg(m_context->logFile()));
     HostSkin::setFont();
+    prepareServices();
     buildWindow();
 
     // First the import, so that the pane starts with the people.
@@ -82,6 +91,8 @@ int HostApplication::start()
         m_window->showMaximized();
     else
         m_window->show();
+    // Behind the first picture of the window, which needs no service.
+    QTimer::singleShot(0, m_services.get(), &WebServices::start);
     return imported;
 }
 
@@ -123,13 +134,33 @@ int HostApplication::openCore()
     return ExitCode::Success;
 }
 
+void HostApplication::prepareServices()
+{
+    WebServices::Options options;
+    if (m_options.noBackend)
+        options.source = WebServices::None;
+    else if (!m_options.backendAddress.isEmpty())
+        options.source = WebServices::Named;
+    options.named.address = m_options.backendAddress;
+    if (!m_options.caFile.isEmpty())
+        options.named.caFile = QFileInfo(m_options.caFile).absoluteFilePath();
+    options.named.password = BackendProcess::passwordIn(m_options.passwordFile);
+    options.process.dataFolder = m_folder + QLatin1String("/backend");
+    options.process.people = m_options.people;
+    options.process.controlPort = m_options.backendControlPort;
+    m_webLog = std::make_unique<WebLog>();
+    m_context->setWebLog(m_webLog.get());
+    m_services = std::make_unique<WebServices>(m_context, options);
+}
+
 void HostApplication::buildWindow()
 {
     m_log = std::make_unique<EventLog>();
     m_bus = std::make_unique<HostBus>(m_log.get());
     m_levers = new LeverMenu(m_core.get(), m_simulator.get());
-    m_window = std::make_unique<MainWindow>(MainWindow::Parts{
-        m_core.get(), m_context, m_bus.get(), m_log.get(), m_language.get(), m_levers});
+    m_window = std::make_unique<MainWindow>(
+        MainWindow::Parts{m_core.get(), m_context, m_bus.get(), m_log.get(), m_language.get(),
+                          m_levers, m_services.get(), m_webLog.get()});
     m_levers->setParent(m_window.get(), m_levers->windowFlags());
     installRequestHandlers(*m_bus, *m_core, *m_window->windows());
     m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), &m_context->settings());
@@ -214,10 +245,16 @@ bool HostApplication::hasPane() const
 
 QStringList HostApplication::tourArguments() const
 {
-    QStringList arguments{QStringLiteral("--people"), QString::number(m_options.people),
-                          QStringLiteral("--plugin"), m_pluginFile,
-                          QStringLiteral("--lang"),   m_options.language,
-                          QStringLiteral("--skin"),   m_options.skin};
+    // What such a process shows needs no web services.
+    QStringList arguments{QStringLiteral("--no-backend"),
+                          QStringLiteral("--people"),
+                          QString::number(m_options.people),
+                          QStringLiteral("--plugin"),
+                          m_pluginFile,
+                          QStringLiteral("--lang"),
+                          m_options.language,
+                          QStringLiteral("--skin"),
+                          m_options.skin};
     if (!m_options.importFile.isEmpty())
         arguments += {QStringLiteral("--import"), m_options.importFile};
     return arguments;
@@ -225,6 +262,8 @@ QStringList HostApplication::tourArguments() const
 
 void HostApplication::shutDown()
 {
+    if (m_services)
+        m_services->stop();
     if (m_context)
         m_context->shutDown();
 }

@@ -14,6 +14,8 @@ class HostLanguage;
 class LeverMenu;
 class MainWindow;
 class PresenceSimulator;
+class WebLog;
+class WebServices;
 
 class HostApplication
 {
@@ -27,12 +29,14 @@ public:
     // failure the reason is on the standard error.
     int start();
 
-    // Writes the rest of the log. Called after the event loop has ended.
+    // Ends the back end and writes the rest of the log. Called after the event loop
+    // has ended.
     void shutDown();
 
     MainWindow *window() const { return m_window.get(); }
     LeverMenu *levers() const { return m_levers; }
     EmbeddedCore *core() const { return m_core.get(); }
+    WebServices *services() const { return m_services.get(); }
     const HostOptions &options() const { return m_options; }
     bool hasPane() const;
 
@@ -42,6 +46,7 @@ public:
 private:
     void chooseLook();
     int openCore();
+    void prepareServices();
     void buildWindow();
     void startWithoutRoster();
     bool loadPane(const QString &file);
@@ -55,6 +60,8 @@ private:
     // Never deleted: the plug-in keeps the pointer until the process ends.
     HostContext *m_context = nullptr;
     std::unique_ptr<EventLog> m_log;
+    std::unique_ptr<WebLog> m_webLog;
+    std::unique_ptr<WebServices> m_services;
     std::unique_ptr<HostBus> m_bus;
     std::unique_ptr<HostLanguage> m_language;
     std::unique_ptr<CoreNotifier> m_notifier;

@@ -15,6 +15,7 @@
 
 class ConversationStore;
 class MessagingCore;
+class WebLog;
 
 class HostContext : public ApplicationContext
 {
@@ -36,6 +37,12 @@ public:
     // False: answers as a client does at its first log-in, before the server has
     // delivered groups and contacts. True at first.
     void setRosterKnown(bool known) { m_rosterKnown = known; }
+    // The log-in to the web services; not owned, null takes it back.
+    void setPassport(CPassportLoginServer *passport) { m_passport = passport; }
+    // What the web services demand of whoever sends; empty: nothing.
+    void setWebAccess(const QString &caFile, const QString &password);
+    // Told of every finished web request; not owned, null ends it.
+    void setWebLog(WebLog *log) { m_webLog = log; }
 
     LogFileWriter *logWriter() const override;
     CLogThread *logThread() const override;
@@ -48,6 +55,7 @@ public:
     QString userBaseFolder() const override;
     QSqlDatabase userDatabase() const override;
     void setAllUsersDatabase(const QSqlDatabase &database) override;
+    CPassportLoginServer *passport() const override { return m_passport; }
     CServerSettings *serverSettings() const override;
 
     QList<GroupData> groups(bool inner) const override;
@@ -64,6 +72,12 @@ public:
     QString headPath(const QString &jidOrPhoto) const override;
     SysUIData skin() const override;
 
+    QString password() const override { return m_password; }
+    // The data folder: the addresses of one host's back end are of no use to another.
+    QString applicationFolder() const override { return m_dataFolder; }
+    QString caFile() const override { return m_caFile; }
+    void webRequestFinished(const WebRequestRecord &record) override;
+
 private:
     void startLog();
 
@@ -75,6 +89,9 @@ private:
     mutable CServerSettings m_settings;
     mutable QScopedPointer<ConversationStore> m_conversations;
     QSqlDatabase m_allUsers;
+    CPassportLoginServer *m_passport = nullptr;
+    WebLog *m_webLog = nullptr;
+    QString m_password, m_caFile;
     SysUIData m_skin;
     bool m_rosterKnown = true;
 };

@@ -1,7 +1,9 @@
 #include "host/mainwindow.h"
 
+#include "common/displaytext.h"
 #include "host/chat/chatarea.h"
 #include "host/eventmonitor/eventmonitor.h"
+#include "host/eventmonitor/webmonitor.h"
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/hostlanguage.h"
@@ -10,6 +12,7 @@
 #include "host/panearea.h"
 #include "host/presencepicture.h"
 #include "host/presencewords.h"
+#include "host/webservices.h"
 #include "host/windows/hostwindows.h"
 #include "hostapi/eventcodes.h"
 
@@ -22,6 +25,7 @@
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStatusBar>
+#include <QTabWidget>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -60,6 +64,7 @@ MainWindow::MainWindow(const Parts &parts, QWidget *parent) : QMainWindow(parent
     buildStatusBar();
     m_windows = new HostWindows(parts.core, parts.context, parts.bus, m_chats, this);
     connectCore();
+    connectServices();
     m_countTimer.setSingleShot(true);
     connect(&m_countTimer, &QTimer::timeout, this, &MainWindow::count);
     countLater(Contacts | Groups | Online);
@@ -84,10 +89,16 @@ void MainWindow::buildCentre()
 
 void MainWindow::buildMonitor()
 {
-    m_monitor = new EventMonitor(m_parts.log, this);
     m_dock = new QDockWidget(this);
+    m_monitors = new QTabWidget(m_dock);
+    m_monitor = new EventMonitor(m_parts.log, m_monitors);
+    m_webMonitor = new WebMonitor(m_parts.webLog, m_monitors);
+    m_monitors->setObjectName(QStringLiteral("monitorTabs"));
+    m_monitors->setDocumentMode(true);
+    m_monitors->addTab(m_monitor, QString());
+    m_monitors->addTab(m_webMonitor, QString());
     m_dock->setObjectName(QStringLiteral("eventMonitorDock"));
-    m_dock->setWidget(m_monitor);
+    m_dock->setWidget(m_monitors);
     m_dock->setAllowedAreas(Qt::BottomDockWidgetArea | Qt::TopDockWidgetArea);
     addDockWidget(Qt::BottomDockWidgetArea, m_dock);
     m_dock->hide();
@@ -108,6 +119,8 @@ void MainWindow::buildActions()
     m_online->setObjectName(QStringLiteral("toggleOnline"));
     connect(m_online, &QAction::triggered, this,
             [this] { setConnected(!m_parts.core->isConnected()); });
+    m_serviceRetry = new QAction(this);
+    m_serviceRetry->setObjectName(QStringLiteral("serviceRetry"));
     m_quit = new QAction(this);
     m_quit->setShortcut(QKeySequence::Quit);
     connect(m_quit, &QAction::triggered, this, &QWidget::close);
@@ -150,6 +163,8 @@ void MainWindow::buildMenus(QMenu *levers)
     m_presenceMenu = m_sessionMenu->addMenu(QString());
     m_presenceMenu->addActions(m_presences->actions());
     m_sessionMenu->addSeparator();
+    m_sessionMenu->addAction(m_serviceRetry);
+    m_sessionMenu->addSeparator();
     m_sessionMenu->addAction(m_quit);
 
     m_viewMenu = menuBar()->addMenu(QString());
@@ -191,8 +206,10 @@ void MainWindow::buildToolBar(QMenu *levers)
 void MainWindow::buildStatusBar()
 {
     m_connection = new QLabel(this);
+    m_services = new QLabel(this);
+    m_services->setObjectName(QStringLiteral("serviceState"));
     m_counts = new QLabel(this);
-    for (QLabel *label : {m_counts, m_connection}) {
+    for (QLabel *label : {m_counts, m_services, m_connection}) {
         label->setTextFormat(Qt::PlainText);
         label->setContentsMargins(6, 0, 6, 0);
         statusBar()->addPermanentWidget(label);
@@ -228,6 +245,29 @@ void MainWindow::connectCore()
     });
 }
 
+void MainWindow::connectServices()
+{
+    WebServices *services = m_parts.services;
+    m_services->setVisible(services != nullptr);
+    m_serviceRetry->setVisible(services != nullptr);
+    if (!services)
+        return;
+    connect(services, &WebServices::changed, this, &MainWindow::showServices);
+    connect(services, &WebServices::note, this, &MainWindow::showNote);
+    connect(m_serviceRetry, &QAction::triggered, services, &WebServices::tryAgain);
+}
+
+void MainWindow::showServices()
+{
+    if (!m_parts.services)
+        return;
+    const WebServices &services = *m_parts.services;
+    m_services->setText(services.stateText());
+    m_services->setToolTip(toolTipText(services.problem()));
+    m_serviceRetry->setEnabled(services.state() == WebServices::Failed ||
+                               services.state() == WebServices::Unreachable);
+}
+
 void MainWindow::setLanguage(const QString &language)
 {
     m_parts.language->apply(language);
@@ -257,6 +297,12 @@ void MainWindow::showMonitor(bool shown)
     m_dock->setVisible(shown);
     if (shown)
         resizeDocks({m_dock}, {MonitorHeight}, Qt::Vertical);
+}
+
+void MainWindow::showWebMonitor()
+{
+    showMonitor(true);
+    m_monitors->setCurrentWidget(m_webMonitor);
 }
 
 void MainWindow::showNote(const QString &text)
@@ -342,6 +388,9 @@ void MainWindow::retranslate()
     m_languageMenu->setTitle(tr("Language"));
     m_skinMenu->setTitle(tr("Skin"));
     m_quit->setText(tr("Quit"));
+    m_serviceRetry->setText(tr("Try the web services again"));
+    m_monitors->setTabText(0, tr("Events"));
+    m_monitors->setTabText(1, tr("Web requests"));
     m_skins->actions().at(0)->setText(tr("Light"));
     m_skins->actions().at(1)->setText(tr("Dark"));
     m_dock->setWindowTitle(tr("Event monitor"));
@@ -350,5 +399,6 @@ void MainWindow::retranslate()
     retranslatePresence();
     showConnection();
     showOwnPresence();
+    showServices();
     count();
 }

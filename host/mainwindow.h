@@ -17,10 +17,14 @@ class HostLanguage;
 class HostWindows;
 class MessagingCore;
 class PaneArea;
+class WebLog;
+class WebMonitor;
+class WebServices;
 class QActionGroup;
 class QComboBox;
 class QDockWidget;
 class QLabel;
+class QTabWidget;
 class QToolBar;
 
 class MainWindow : public QMainWindow
@@ -35,7 +39,9 @@ public:
         HostBus *bus;
         EventLog *log;
         HostLanguage *language;
-        QMenu *levers; // may be null: a core without levers
+        QMenu *levers;                   // may be null: a core without levers
+        WebServices *services = nullptr; // both may be null: a host without them
+        WebLog *webLog = nullptr;
     };
 
     // None of the parts is owned; all outlive the window.
@@ -44,6 +50,7 @@ public:
     PaneArea *paneArea() const { return m_pane; }
     ChatArea *chats() const { return m_chats; }
     EventMonitor *monitor() const { return m_monitor; }
+    WebMonitor *webMonitor() const { return m_webMonitor; }
     HostWindows *windows() const { return m_windows; }
 
     void setLanguage(const QString &language);
@@ -52,6 +59,7 @@ public:
     QString skin() const { return m_skin; }
     void setConnected(bool connected);
     void showMonitor(bool shown);
+    void showWebMonitor(); // the same window, the list of web requests in front
     void showNote(const QString &text);
 
 signals:
@@ -70,6 +78,8 @@ private:
     void buildToolBar(QMenu *levers);
     void buildStatusBar();
     void connectCore();
+    void connectServices();
+    void showServices();
     void showConnection();
     void showOwnPresence();
     void countLater(int what);
@@ -83,14 +93,16 @@ private:
     ChatArea *m_chats;
     HostWindows *m_windows;
     EventMonitor *m_monitor;
+    WebMonitor *m_webMonitor;
+    QTabWidget *m_monitors;
     QDockWidget *m_dock;
     QToolBar *m_toolBar;
 
     QMenu *m_sessionMenu, *m_viewMenu, *m_languageMenu, *m_skinMenu, *m_presenceMenu;
-    QAction *m_online, *m_quit, *m_toggleMonitor;
+    QAction *m_online, *m_serviceRetry, *m_quit, *m_toggleMonitor;
     QActionGroup *m_presences, *m_languages, *m_skins;
     QComboBox *m_presenceBox;
-    QLabel *m_connection, *m_counts;
+    QLabel *m_connection, *m_services, *m_counts;
 
     QString m_skin;
     QTimer m_countTimer;

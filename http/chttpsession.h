@@ -23,7 +23,6 @@
 
 #include <memory>
 
-class ManagerLease;
 class QHttpMultiPart;
 
 class CHttpSession : public QObject
@@ -34,13 +33,17 @@ public:
     static constexpr int DefaultTimeout = 10000;                    // ms
     static constexpr qint64 DefaultMaximumReply = 16 * 1024 * 1024; // bytes
     static constexpr int MaximumRedirects = 20;
+    // With all its redirects a request ends after this many time-outs, whether bytes
+    // still arrive or not.
+    static constexpr int DeadlineFactor = 3;
     static constexpr qint16 PictureKind = 15; // pictures and icons, limited by themselves
 
     explicit CHttpSession(QObject *parent = nullptr);
     ~CHttpSession() override;
 
-    // Milliseconds from the moment the request is sent, anew for each redirect;
-    // values <= 0 are ignored.
+    // Milliseconds from the moment the request is sent to the last byte of its reply,
+    // anew for each redirect; values <= 0 are ignored. Bytes that arrive do not
+    // prolong it: a server that sends one a second runs out of time, too.
     void setTimeout(int milliseconds);
     int timeout() const;
     // Whether the request takes part in the limits on requests at a time.
@@ -48,7 +51,8 @@ public:
     bool isThrottled() const;
     void setRequestKind(qint16 kind);
     qint16 requestKind() const;
-    // A larger reply is cut off and fails. Bytes.
+    // A larger reply is cut off and fails, as does one that is packed or has
+    // thousands of headers. Bytes.
     void setMaximumReply(qint64 bytes);
     // A header of the service's own, sent with the request and to service hosts on
     // redirects.

@@ -7,11 +7,17 @@
 #include <QObject>
 #include <QString>
 
+#include <memory>
+
+class QNetworkReply;
+
 class CPassportLoginServer : public QObject
 {
     Q_OBJECT
 
 public:
+    static constexpr int ExchangeTimeout = 10000; // ms
+
     explicit CPassportLoginServer(QObject *parent = nullptr);
     ~CPassportLoginServer() override;
 
@@ -26,10 +32,11 @@ public:
     // Whether an exchange is under way; signal_refreshed() will tell its end.
     bool isRefreshing() const { return m_refreshing; }
 
-    // Asks the ticket service for a fresh auth id. One exchange at a time.
+    // Asks the ticket service for a fresh auth id. One exchange at a time. The
+    // signals come later, never inside the call.
     virtual void ManualRefreshAuthID();
     // The back end says that the log-in has expired. Refreshes it unless that is
-    // under way or has just been refused.
+    // under way or this ticket has been refused.
     virtual void UserOverdue();
 
 signals:
@@ -43,7 +50,12 @@ protected:
     void finishRefresh(bool success);
 
 private:
+    struct Exchange;
+    void exchangeEnded();
+    void refuse();
+
     QString m_authId, m_ticket, m_rememberMe;
     bool m_refreshing = false;
-    QString m_refusedTicket; // asked for once and refused
+    QString m_refusedTicket; // asked for once and refused; null: none was
+    std::unique_ptr<Exchange> m_exchange;
 };

@@ -1,6 +1,7 @@
 // Files to and from the back end. Each object is one transfer: it ends in exactly
-// one finished(), never inside the call that started it. Deleting it ends the
-// transfer without a signal. The file of an upload is only read.
+// one finished(), never inside the call that started it or cancelled it. Deleting it
+// ends the transfer without a signal; use deleteLater() inside a slot. The file of an
+// upload is only read. GUI thread only.
 #pragma once
 
 #include "common/httpresponsedata.h"
@@ -10,6 +11,8 @@
 
 #include <memory>
 
+class QNetworkReply;
+
 class FileTransfer : public QObject
 {
     Q_OBJECT
@@ -17,14 +20,39 @@ class FileTransfer : public QObject
 public:
     using QObject::QObject;
 
-    // finished() follows with ok false; what was stored so far is removed.
+    // finished() follows with ok false; what was stored so far is removed. Nothing
+    // happens when the transfer does not run.
     virtual void cancel() = 0;
+    bool isRunning() const { return m_state == Running; }
 
 signals:
     // Bytes; total is -1 while it is unknown.
     void progress(qint64 done, qint64 total);
     void finished(const HttpResponseData &result);
+
+protected:
+    bool begin(); // false: the object has had its transfer
+    // The transfer is over; finished() follows from the event loop.
+    void end(const HttpResponseData &result);
+    void fail(const QString &reason); // the same, with a line in the log
+
+private:
+    enum State
+    {
+        Idle,
+        Running,
+        Over
+    };
+    State m_state = Idle;
 };
+
+namespace FileServices {
+
+// Whether the name is one plain component of a path on every system: such names
+// are asked for, stored and taken from replies, no others.
+bool isSafeName(const QString &name);
+
+} // namespace FileServices
 
 // One form with the whole file: for pictures.
 class FileUpload : public FileTransfer
@@ -38,7 +66,7 @@ public:
     ~FileUpload() override;
 
     // `type` is the service's word for what the file is, such as "head". The
-    // result's fileName is the name that the back end gave it.
+    // result's fileName is the name that the back end gave it, always a safe one.
     void start(const QString &file, const QString &type);
     void cancel() override;
 
@@ -55,6 +83,7 @@ class MultipartUpload : public FileTransfer
 
 public:
     static constexpr qint64 PartSize = 4 * 1024 * 1024; // bytes
+    static constexpr int Repetitions = 3;               // of a part
 
     explicit MultipartUpload(QObject *parent = nullptr);
     ~MultipartUpload() override;
@@ -68,33 +97,52 @@ private:
 };
 
 // A file of the back end, stored under a new name first and renamed when it is
-// complete: `target` is either the old or the whole new file.
+// complete: `target` is either the old or the whole new file, which only its owner
+// can read.
 class FileDownload : public FileTransfer
 {
     Q_OBJECT
 
 public:
+    static constexpr qint64 MaximumSize = qint64(2) << 30;    // bytes
+    static constexpr qint64 MaximumPicture = 8 * 1024 * 1024; // bytes
+
+    // The service does not know the name: the result's code, then.
+    static constexpr int NotThere = 404;
+
     explicit FileDownload(QObject *parent = nullptr);
     ~FileDownload() override;
 
-    // `name` is the base name of a file of the file service. `picture`: takes its
-    // turn among the pictures.
+    // `name` is the base name of a file of the file service; any other is refused.
+    // `target` is a path on this computer, whose folder is made when it is missing.
+    // `picture`: takes its turn among the pictures.
     void start(const QString &name, const QString &target, bool picture = false);
     void cancel() override;
 
 private:
+    void arrived(QNetworkReply *reply);
+    void succeed();
+    void giveUp(const QString &reason);
+
     struct Private;
     std::unique_ptr<Private> d;
 };
 
 // Pictures of people and service numbers by the name that the back end knows them
-// under. What is there is answered at once; the rest is fetched one after the
-// other, each name once, most recently asked for first.
+// under. What is there is answered at once; the rest is fetched a few at a time, each
+// name once, most recently asked for first. They are kept in the folder of the user
+// who is logged in; with another user, or none, nothing of the old one is fetched on.
 class PictureFiles : public QObject
 {
     Q_OBJECT
 
 public:
+    static constexpr int AtATime = 4;
+    // Of those that wait, those asked for longest ago are given up.
+    static constexpr int MaximumWaiting = 200;
+    static constexpr int UnknownFor = 10 * 60 * 1000; // ms
+    static constexpr int FailedFor = 30 * 1000;       // ms; when the service did not answer
+
     static PictureFiles &instance();
     ~PictureFiles() override;
 
@@ -103,11 +151,18 @@ public:
     // ten minutes.
     QString file(const QString &pictureName);
 
+    // Gives up everything that is being fetched: at log-out.
+    void stop();
+
 signals:
     void ready(const QString &pictureName, const QString &file);
 
 private:
     PictureFiles();
+    void fetchOn();
+    void fetched(const QString &pictureName, const HttpResponseData &result);
+    void forgetOtherUser();
+
     struct Private;
     std::unique_ptr<Private> d;
 };

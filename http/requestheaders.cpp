@@ -1,1 +1,170 @@
 #include "http/requestheaders.h"
+
+#include "common/context.h"
+#include "http/cpassportloginserver.h"
+
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QFileInfo>
+#include <QNetworkCookie>
+#include <QNetworkCookieJar>
+#include <QSslConfiguration>
+
+#include <algorithm>
+
+namespace RequestHeaders {
+namespace {
+
+constexpr char AuthIdCookie[] = "imAuthId";
+constexpr char TicketCookie[] = "IMTGC";
+constexpr char RememberMeCookie[] = "im_ids_r_me";
+
+// Reading the authorities costs more than a request: once for each state of the file.
+QSslConfiguration verification()
+{
+    static QString loadedFile;
+    static QDateTime loadedTime;
+    static QSslConfiguration loaded;
+    const QString file = ctx().caFile();
+    const QDateTime time = file.isEmpty() ? QDateTime() : QFileInfo(file).lastModified();
+    if (!loaded.isNull() && file == loadedFile && time == loadedTime)
+        return loaded;
+    loaded = QSslConfiguration::defaultConfiguration();
+    loaded.setPeerVerifyMode(QSslSocket::VerifyPeer);
+    loaded.setProtocol(QSsl::TlsV1_2OrLater);
+    if (!file.isEmpty())
+        loaded.addCaCertificates(file);
+    loadedFile = file;
+    loadedTime = time;
+    return loaded;
+}
+
+bool fitsIntoHeader(const QByteArray &value)
+{
+    return std::none_of(value.begin(), value.end(), [](char c) {
+        const auto byte = uchar(c);
+        return byte < 0x20 || byte == 0x7f || byte == ';';
+    });
+}
+
+bool isLoginCookie(const QByteArray &name)
+{
+    return name == AuthIdCookie || name == TicketCookie || name == RememberMeCookie;
+}
+
+} // namespace
+
+void complete(QNetworkRequest *request)
+{
+    if (!request->hasRawHeader("User-Agent"))
+        request->setRawHeader("User-Agent", "PcClient");
+    // Naming an encoding oneself keeps Qt from unpacking: a small reply must not
+    // become a large one in memory.
+    request->setRawHeader("Accept-Encoding", "identity");
+    request->setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                          QNetworkRequest::ManualRedirectPolicy);
+    if (request->url().scheme() == QLatin1String("https"))
+        request->setSslConfiguration(verification());
+}
+
+QNetworkRequest request(const QUrl &url)
+{
+    QNetworkRequest made(url);
+    complete(&made);
+    return made;
+}
+
+QNetworkRequest formRequest(const QUrl &url)
+{
+    QNetworkRequest made = request(url);
+    made.setHeader(QNetworkRequest::ContentTypeHeader,
+                   QStringLiteral("application/x-www-form-urlencoded"));
+    return made;
+}
+
+QByteArray basicAuthorization()
+{
+    const QString user = ctx().userId();
+    const QString password = ctx().password();
+    if (user.isEmpty() || password.isEmpty())
+        return QByteArray();
+    const QByteArray digest =
+        QCryptographicHash::hash(password.toLatin1(), QCryptographicHash::Md5).toHex();
+    return "Basic " + (user.toUtf8() + ':' + digest).toBase64();
+}
+
+QString formBody(const Fields &fields)
+{
+    QByteArray body;
+    for (const auto &[name, value] : fields) {
+        if (!body.isEmpty())
+            body += '&';
+        body += name;
+        body += '=';
+        body += QUrl::toPercentEncoding(value);
+    }
+    return QString::fromLatin1(body);
+}
+
+LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
+{
+    LoginCookies sent;
+    if (const CPassportLoginServer *passport = ctx().passport())
+        sent = {passport->authId(), passport->ticket(), passport->rememberMe()};
+    storeLoginCookies(jar, url, sent);
+    return sent;
+}
+
+void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies)
+{
+    dropLoginCookies(jar, url);
+    QList<QNetworkCookie> made;
+    const auto add = [&](const char *name, const QString &value) {
+        const QByteArray bytes = value.toLatin1();
+        if (bytes.isEmpty() || !fitsIntoHeader(bytes))
+            return;
+        QNetworkCookie cookie(name, bytes);
+        cookie.setPath(QStringLiteral("/"));
+        cookie.setSecure(url.scheme() == QLatin1String("https"));
+        made.append(cookie);
+    };
+    add(AuthIdCookie, cookies.authId);
+    add(TicketCookie, cookies.ticket);
+    add(RememberMeCookie, cookies.rememberMe);
+    jar->setCookiesFromUrl(made, url);
+}
+
+void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
+{
+    const QList<QNetworkCookie> held = jar->cookiesForUrl(url);
+    for (const QNetworkCookie &cookie : held)
+        if (isLoginCookie(cookie.name()))
+            jar->deleteCookie(cookie);
+}
+
+void takeLoginCookies(const QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &sent)
+{
+    CPassportLoginServer *passport = ctx().passport();
+    if (!passport)
+        return;
+    // Of several with one name the last counts: longer paths come first.
+    LoginCookies held = sent;
+    const QList<QNetworkCookie> cookies = jar->cookiesForUrl(url);
+    for (const QNetworkCookie &cookie : cookies) {
+        const QString value = QString::fromLatin1(cookie.value());
+        if (cookie.name() == AuthIdCookie)
+            held.authId = value;
+        else if (cookie.name() == TicketCookie)
+            held.ticket = value;
+        else if (cookie.name() == RememberMeCookie)
+            held.rememberMe = value;
+    }
+    if (held.authId != sent.authId)
+        passport->setAuthId(held.authId);
+    if (held.ticket != sent.ticket)
+        passport->setTicket(held.ticket);
+    if (held.rememberMe != sent.rememberMe)
+        passport->setRememberMe(held.rememberMe);
+}
+
+} // namespace RequestHeaders

@@ -18,6 +18,10 @@ namespace RequestHeaders {
 QNetworkRequest request(const QUrl &url);
 // The same, with the content type of a form.
 QNetworkRequest formRequest(const QUrl &url);
+// Puts the user agent and the refusal of compression where they are missing, and
+// leaves redirects to the caller, whatever the request says. Its verification of
+// peers becomes that of request().
+void complete(QNetworkRequest *request);
 
 // "Basic ..." for the user who is logged in; empty without user or password.
 QByteArray basicAuthorization();
@@ -26,10 +30,22 @@ QByteArray basicAuthorization();
 using Fields = QVector<std::pair<const char *, QString>>;
 QString formBody(const Fields &fields);
 
+// The log-in cookies of one request, as they were sent.
+struct LoginCookies
+{
+    QString authId, ticket, rememberMe;
+};
+
 // Puts the passport's cookies for this address into the jar, and removes those of
 // the same names first. A value that could break a header is left out.
-void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
-// Hands the cookies that the jar holds for this address to the passport.
-void takeLoginCookies(const QNetworkCookieJar *jar, const QUrl &url);
+LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
+// The same with these values.
+void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies);
+// Removes them only: for an address that may not see them.
+void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
+// Hands the cookies that the jar holds for this address to the passport, except
+// those that are still as they were sent: the passport may have got newer ones
+// while the request ran.
+void takeLoginCookies(const QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &sent = {});
 
 } // namespace RequestHeaders

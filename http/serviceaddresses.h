@@ -5,7 +5,9 @@
 //     [Hosts]
 //     center=https://im.corp.example
 //
-// The file is read at each call, because an administrator may change it.
+// The file is read at each call, because an administrator may change it. A service
+// in plain HTTP has its host's name but not its port, unless the host group is plain
+// HTTP itself.
 #pragma once
 
 #include <QString>
@@ -20,6 +22,10 @@ namespace ServiceAddresses {
 QString address(const QString &key);
 QString address(const char *key);
 
+// The text of a key that is no address, such as "/Passport/client_id": what the
+// file has, or empty.
+QString value(const char *key);
+
 // What would be answered without the key in the file; empty for none.
 QString builtInAddress(const QString &key);
 
@@ -29,6 +35,9 @@ QStringList keysWithoutAddress();
 
 // The base address of a host group: "center", "ids", "vcs", "monitor" or "web".
 QString host(const QString &group);
+
+// Whether it is an http or https address with a host.
+bool isWebAddress(const QUrl &url);
 
 // Whether credentials may be sent there: the scheme, host and port are those of a
 // host group or of an address in the file.

@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation> accepts every contact request</translation>
+        <translation> agrees to become your contact</translation>
     </message>
     <message>
         <source>back</source>
@@ -184,6 +184,14 @@
         <translation>Deleted contacts</translation>
     </message>
     <message>
+        <source>cooperatingContact</source>
+        <translation>Cooperating contact</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
         <source>create</source>
         <translation>Create</translation>
     </message>
@@ -264,6 +272,14 @@
         <translation>Change nickname</translation>
     </message>
     <message>
+        <source>editPicture</source>
+        <translation>Edit picture</translation>
+    </message>
+    <message>
+        <source>emailAddress</source>
+        <translation>Email address</translation>
+    </message>
+    <message>
         <source>enterprisesCard</source>
         <translation>Business card</translation>
     </message>
@@ -274,6 +290,10 @@
     <message>
         <source>expandAll</source>
         <translation>Expand all</translation>
+    </message>
+    <message>
+        <source>extensionNumber</source>
+        <translation>Extension</translation>
     </message>
     <message>
         <source>failaddfrd</source>
@@ -392,6 +412,10 @@
         <translation>No recent conversations</translation>
     </message>
     <message>
+        <source>leader</source>
+        <translation>Reports to</translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>Loading failed. Click to try again</translation>
     </message>
@@ -412,12 +436,20 @@
         <translation>Show my place</translation>
     </message>
     <message>
+        <source>location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
     </message>
     <message>
         <source>minimize</source>
         <translation>Minimize</translation>
+    </message>
+    <message>
+        <source>mobileNumber</source>
+        <translation>Mobile number</translation>
     </message>
     <message>
         <source>modifyGroupName</source>
@@ -556,8 +588,24 @@
         <translation>Organization</translation>
     </message>
     <message>
+        <source>orgEmpty</source>
+        <translation>The organization has no departments yet</translation>
+    </message>
+    <message>
+        <source>orgLinkFailed</source>
+        <translation>The page cannot be opened. Please try again later.</translation>
+    </message>
+    <message>
+        <source>orgLocating</source>
+        <translation>Looking for the place…</translation>
+    </message>
+    <message>
         <source>OrgNotPremissionText</source>
         <translation>You may not view the organization</translation>
+    </message>
+    <message>
+        <source>orgRefreshFailed</source>
+        <translation>Loading failed. Please try again later.</translation>
     </message>
     <message>
         <source>orgStructureManage</source>
@@ -576,12 +624,24 @@
         <translation>External contacts</translation>
     </message>
     <message>
+        <source>ownProfile</source>
+        <translation>My profile</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>Product team</translation>
     </message>
     <message>
         <source>persionnalAcountConnotAdd</source>
         <translation>Personal accounts cannot join a virtual team.</translation>
+    </message>
+    <message>
+        <source>personalNumber</source>
+        <translation>Personal number</translation>
+    </message>
+    <message>
+        <source>position</source>
+        <translation>Position</translation>
     </message>
     <message>
         <source>presenceAway</source>
@@ -658,6 +718,10 @@
     <message>
         <source>registerEnterprise</source>
         <translation>Register a company</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>Remark</translation>
     </message>
     <message>
         <source>remarkColon</source>
@@ -1102,6 +1166,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostWindows</name>
     <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 asks to become a contact: %2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 refuses the contact request: %2</translation>
+    </message>
+    <message>
         <source>A chat was asked for without a jid.</source>
         <translation>A chat was asked for without a jid.</translation>
     </message>
@@ -1195,6 +1267,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>Sorry, I do not know you.</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>People who are asked refuse</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>Hello, we met at the fair.</translation>
@@ -1309,6 +1389,18 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Tools</source>
         <translation>Tools</translation>
+    </message>
+    <message>
+        <source>Try the web services again</source>
+        <translation>Try the web services again</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <translation>Events</translation>
+    </message>
+    <message>
+        <source>Web requests</source>
+        <translation>Web requests</translation>
     </message>
 </context>
 <context>
@@ -1474,6 +1566,168 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>This line is no property of a card; it was left out.</source>
         <translation>This line is no property of a card; it was left out.</translation>
+    </message>
+</context>
+<context>
+    <name>BackendProcess</name>
+    <message>
+        <source>The back end did not answer within %1 s.</source>
+        <translation>The back end did not answer within %1 s.</translation>
+    </message>
+    <message>
+        <source>The back end %1 cannot be started: %2</source>
+        <translation>The back end %1 cannot be started: %2</translation>
+    </message>
+    <message>
+        <source>The back end writes something else than its address.</source>
+        <translation>The back end writes something else than its address.</translation>
+    </message>
+    <message>
+        <source>The back end crashed.</source>
+        <translation>The back end crashed.</translation>
+    </message>
+    <message>
+        <source>The back end ended with code %1.</source>
+        <translation>The back end ended with code %1.</translation>
+    </message>
+    <message>
+        <source>The back end serves without encryption; it is not used.</source>
+        <translation>The back end serves without encryption; it is not used.</translation>
+    </message>
+    <message>
+        <source>The back end's certificate %1 is missing.</source>
+        <translation>The back end's certificate %1 is missing.</translation>
+    </message>
+    <message>
+        <source>There is no password in %1.</source>
+        <translation>There is no password in %1.</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceAddressFile</name>
+    <message>
+        <source>The file %1 with the addresses of the web services cannot be written.</source>
+        <translation>The file %1 with the addresses of the web services cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>WebSession</name>
+    <message>
+        <source>The web services refuse the log-in of %1 (code %2).</source>
+        <translation>The web services refuse the log-in of %1 (code %2).</translation>
+    </message>
+    <message>
+        <source>The web services cannot be reached: %1</source>
+        <translation>The web services cannot be reached: %1</translation>
+    </message>
+    <message>
+        <source>The web services do not answer the log-in (status %1).</source>
+        <translation>The web services do not answer the log-in (status %1).</translation>
+    </message>
+    <message>
+        <source>The log-in to the web services has ended.</source>
+        <translation>The log-in to the web services has ended.</translation>
+    </message>
+</context>
+<context>
+    <name>WebServices</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1 It is started once more.</translation>
+    </message>
+    <message>
+        <source>There is no password for the web services.</source>
+        <translation>There is no password for the web services.</translation>
+    </message>
+    <message>
+        <source>web services: off</source>
+        <translation>web services: off</translation>
+    </message>
+    <message>
+        <source>web services: starting</source>
+        <translation>web services: starting</translation>
+    </message>
+    <message>
+        <source>web services: logging in</source>
+        <translation>web services: logging in</translation>
+    </message>
+    <message>
+        <source>web services: logged in</source>
+        <translation>web services: logged in</translation>
+    </message>
+    <message>
+        <source>web services: trying again</source>
+        <translation>web services: trying again</translation>
+    </message>
+    <message>
+        <source>web services: not available</source>
+        <translation>web services: not available</translation>
+    </message>
+</context>
+<context>
+    <name>WebRequestModel</name>
+    <message>
+        <source>Time</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>Method</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>Status</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>ms</translation>
+    </message>
+    <message>
+        <source>Bytes sent</source>
+        <translation>Bytes sent</translation>
+    </message>
+    <message>
+        <source>Bytes received</source>
+        <translation>Bytes received</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>Error</translation>
+    </message>
+</context>
+<context>
+    <name>WebMonitor</name>
+    <message>
+        <source>%1 requests</source>
+        <translation>%1 requests</translation>
+    </message>
+    <message>
+        <source>%1 of %2 requests</source>
+        <translation>%1 of %2 requests</translation>
+    </message>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>%1 older ones dropped</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>Filter: words in any column</translation>
+    </message>
+    <message>
+        <source>Web requests</source>
+        <translation>Web requests</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
     </message>
 </context>
 </TS>

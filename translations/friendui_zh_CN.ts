@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation>允许任何人添加为联系人</translation>
+        <translation>同意添加为联系人</translation>
     </message>
     <message>
         <source>back</source>
@@ -184,6 +184,14 @@
         <translation>已删除的联系人</translation>
     </message>
     <message>
+        <source>cooperatingContact</source>
+        <translation>协作联系人</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
         <source>create</source>
         <translation>创建</translation>
     </message>
@@ -264,6 +272,14 @@
         <translation>修改昵称</translation>
     </message>
     <message>
+        <source>editPicture</source>
+        <translation>修改头像</translation>
+    </message>
+    <message>
+        <source>emailAddress</source>
+        <translation>邮箱</translation>
+    </message>
+    <message>
         <source>enterprisesCard</source>
         <translation>企业名片</translation>
     </message>
@@ -274,6 +290,10 @@
     <message>
         <source>expandAll</source>
         <translation>全部展开</translation>
+    </message>
+    <message>
+        <source>extensionNumber</source>
+        <translation>分机</translation>
     </message>
     <message>
         <source>failaddfrd</source>
@@ -392,6 +412,10 @@
         <translation>还没有最近的会话</translation>
     </message>
     <message>
+        <source>leader</source>
+        <translation>负责人</translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>加载失败，点击重试</translation>
     </message>
@@ -412,12 +436,20 @@
         <translation>定位到我</translation>
     </message>
     <message>
+        <source>location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>消息设置</translation>
     </message>
     <message>
         <source>minimize</source>
         <translation>最小化</translation>
+    </message>
+    <message>
+        <source>mobileNumber</source>
+        <translation>手机号</translation>
     </message>
     <message>
         <source>modifyGroupName</source>
@@ -556,8 +588,24 @@
         <translation>组织架构</translation>
     </message>
     <message>
+        <source>orgEmpty</source>
+        <translation>组织架构中还没有部门</translation>
+    </message>
+    <message>
+        <source>orgLinkFailed</source>
+        <translation>页面无法打开，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>orgLocating</source>
+        <translation>正在定位…</translation>
+    </message>
+    <message>
         <source>OrgNotPremissionText</source>
         <translation>您没有查看组织架构的权限</translation>
+    </message>
+    <message>
+        <source>orgRefreshFailed</source>
+        <translation>加载失败，请稍后重试。</translation>
     </message>
     <message>
         <source>orgStructureManage</source>
@@ -576,12 +624,24 @@
         <translation>外部联系人</translation>
     </message>
     <message>
+        <source>ownProfile</source>
+        <translation>我的资料</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>产品团队</translation>
     </message>
     <message>
         <source>persionnalAcountConnotAdd</source>
         <translation>个人账号不能添加到虚拟团队。</translation>
+    </message>
+    <message>
+        <source>personalNumber</source>
+        <translation>个人号</translation>
+    </message>
+    <message>
+        <source>position</source>
+        <translation>职位</translation>
     </message>
     <message>
         <source>presenceAway</source>
@@ -658,6 +718,10 @@
     <message>
         <source>registerEnterprise</source>
         <translation>注册企业</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>备注</translation>
     </message>
     <message>
         <source>remarkColon</source>
@@ -1102,6 +1166,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostWindows</name>
     <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 请求添加你为联系人：%2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 拒绝了好友请求：%2</translation>
+    </message>
+    <message>
         <source>A chat was asked for without a jid.</source>
         <translation>收到了没有 jid 的会话请求。</translation>
     </message>
@@ -1195,6 +1267,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>抱歉，我不认识你。</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>收到请求的人一律拒绝</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>您好，我们在展会上见过面。</translation>
@@ -1309,6 +1389,18 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Tools</source>
         <translation>工具栏</translation>
+    </message>
+    <message>
+        <source>Try the web services again</source>
+        <translation>重新连接网络服务</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <translation>事件</translation>
+    </message>
+    <message>
+        <source>Web requests</source>
+        <translation>网络请求</translation>
     </message>
 </context>
 <context>
@@ -1474,6 +1566,168 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>This line is no property of a card; it was left out.</source>
         <translation>此行不是名片属性，已略过。</translation>
+    </message>
+</context>
+<context>
+    <name>BackendProcess</name>
+    <message>
+        <source>The back end did not answer within %1 s.</source>
+        <translation>后台服务在 %1 秒内没有应答。</translation>
+    </message>
+    <message>
+        <source>The back end %1 cannot be started: %2</source>
+        <translation>无法启动后台服务 %1：%2</translation>
+    </message>
+    <message>
+        <source>The back end writes something else than its address.</source>
+        <translation>后台服务没有给出自己的地址。</translation>
+    </message>
+    <message>
+        <source>The back end crashed.</source>
+        <translation>后台服务异常退出。</translation>
+    </message>
+    <message>
+        <source>The back end ended with code %1.</source>
+        <translation>后台服务已退出，代码 %1。</translation>
+    </message>
+    <message>
+        <source>The back end serves without encryption; it is not used.</source>
+        <translation>后台服务未加密，已停止使用。</translation>
+    </message>
+    <message>
+        <source>The back end's certificate %1 is missing.</source>
+        <translation>缺少后台服务的证书 %1。</translation>
+    </message>
+    <message>
+        <source>There is no password in %1.</source>
+        <translation>%1 中没有密码。</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceAddressFile</name>
+    <message>
+        <source>The file %1 with the addresses of the web services cannot be written.</source>
+        <translation>无法写入网络服务地址文件 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>WebSession</name>
+    <message>
+        <source>The web services refuse the log-in of %1 (code %2).</source>
+        <translation>网络服务拒绝了 %1 的登录（代码 %2）。</translation>
+    </message>
+    <message>
+        <source>The web services cannot be reached: %1</source>
+        <translation>无法连接网络服务：%1</translation>
+    </message>
+    <message>
+        <source>The web services do not answer the log-in (status %1).</source>
+        <translation>网络服务没有应答登录请求（状态 %1）。</translation>
+    </message>
+    <message>
+        <source>The log-in to the web services has ended.</source>
+        <translation>网络服务的登录已失效。</translation>
+    </message>
+</context>
+<context>
+    <name>WebServices</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1正在重新启动。</translation>
+    </message>
+    <message>
+        <source>There is no password for the web services.</source>
+        <translation>没有网络服务的密码。</translation>
+    </message>
+    <message>
+        <source>web services: off</source>
+        <translation>网络服务：未启用</translation>
+    </message>
+    <message>
+        <source>web services: starting</source>
+        <translation>网络服务：正在启动</translation>
+    </message>
+    <message>
+        <source>web services: logging in</source>
+        <translation>网络服务：正在登录</translation>
+    </message>
+    <message>
+        <source>web services: logged in</source>
+        <translation>网络服务：已登录</translation>
+    </message>
+    <message>
+        <source>web services: trying again</source>
+        <translation>网络服务：正在重试</translation>
+    </message>
+    <message>
+        <source>web services: not available</source>
+        <translation>网络服务：不可用</translation>
+    </message>
+</context>
+<context>
+    <name>WebRequestModel</name>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Method</source>
+        <translation>方法</translation>
+    </message>
+    <message>
+        <source>Status</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>ms</source>
+        <translation>毫秒</translation>
+    </message>
+    <message>
+        <source>Bytes sent</source>
+        <translation>发送字节</translation>
+    </message>
+    <message>
+        <source>Bytes received</source>
+        <translation>接收字节</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>地址</translation>
+    </message>
+    <message>
+        <source>Error</source>
+        <translation>错误</translation>
+    </message>
+</context>
+<context>
+    <name>WebMonitor</name>
+    <message>
+        <source>%1 requests</source>
+        <translation>%1 个请求</translation>
+    </message>
+    <message>
+        <source>%1 of %2 requests</source>
+        <translation>%1 / %2 个请求</translation>
+    </message>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>已丢弃较早的 %1 个</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>筛选：任意列中的词</translation>
+    </message>
+    <message>
+        <source>Web requests</source>
+        <translation>网络请求</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
     </message>
 </context>
 </TS>

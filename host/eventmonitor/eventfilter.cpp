@@ -6,12 +6,6 @@
 
 #include <algorithm>
 
-void EventFilter::setText(const QString &text)
-{
-    m_words = text.simplified().split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    invalidateFilter();
-}
-
 void EventFilter::setCodes(const QString &codes)
 {
     static const QRegularExpression range(QStringLiteral("(\\d{1,9})(?:\\s*-\\s*(\\d{1,9}))?"));
@@ -46,12 +40,5 @@ bool EventFilter::filterAcceptsRow(int row, const QModelIndex &parent) const
         return false;
     if (!acceptsCode(cell(0).data(EventModel::CodeRole).toInt()))
         return false;
-    return std::all_of(m_words.begin(), m_words.end(), [&](const QString &word) {
-        // From the front: the payload, which must be decoded, comes last.
-        for (int column = 0; column < EventModel::ColumnCount; ++column) {
-            if (cell(column).data().toString().contains(word, Qt::CaseInsensitive))
-                return true;
-        }
-        return false;
-    });
+    return WordFilter::filterAcceptsRow(row, parent);
 }

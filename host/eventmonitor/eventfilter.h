@@ -1,10 +1,12 @@
 // Which events the monitor shows: by text in any column, by code, by direction.
 #pragma once
 
-#include <QSet>
-#include <QSortFilterProxyModel>
+#include "host/eventmonitor/wordfilter.h"
 
-class EventFilter : public QSortFilterProxyModel
+#include <QPair>
+#include <QVector>
+
+class EventFilter : public WordFilter
 {
     Q_OBJECT
 
@@ -16,10 +18,8 @@ public:
         FromPlugin = 1
     };
 
-    using QSortFilterProxyModel::QSortFilterProxyModel;
+    using WordFilter::WordFilter;
 
-    // Every word must occur in some column, in any case. Empty: everything.
-    void setText(const QString &text);
     // "4118" or "4118, 4360 4100-4199"; what is no number is ignored.
     void setCodes(const QString &codes);
     void setDirection(Direction direction);
@@ -30,7 +30,6 @@ protected:
 private:
     bool acceptsCode(int code) const;
 
-    QStringList m_words;
     QVector<QPair<int, int>> m_codes;
     Direction m_direction = Both;
 };

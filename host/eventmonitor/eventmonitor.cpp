@@ -2,6 +2,7 @@
 
 #include "host/eventmonitor/eventfilter.h"
 #include "host/eventmonitor/eventmodel.h"
+#include "host/eventmonitor/monitortable.h"
 #include "host/eventmonitor/payloaddecoder.h"
 
 #include <QAction>
@@ -11,7 +12,6 @@
 #include <QEvent>
 #include <QFontDatabase>
 #include <QHBoxLayout>
-#include <QHeaderView>
 #include <QJsonDocument>
 #include <QLabel>
 #include <QLineEdit>
@@ -22,26 +22,15 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
 constexpr int FrameMs = 16;
 constexpr int HiddenMs = 500;
 constexpr int TypingPauseMs = 200;
-constexpr int CellPadding = 14;
 
 QString addressText(const QString &pluginId)
 {
     const QString name = EventCatalogue::receiverName(pluginId);
     return name == pluginId ? pluginId : name + QLatin1Char(' ') + pluginId;
-}
-
-QToolButton *buttonFor(QAction *action, QWidget *parent)
-{
-    auto *button = new QToolButton(parent);
-    button->setDefaultAction(action);
-    button->setAutoRaise(true);
-    return button;
 }
 } // namespace
 
@@ -91,26 +80,9 @@ void EventMonitor::buildTable()
 {
     m_table->setObjectName(QStringLiteral("eventTable"));
     m_table->setModel(m_filter);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_table->setWordWrap(false);
-    m_table->setShowGrid(false);
-    m_table->setAlternatingRowColors(true);
-    m_table->setTabKeyNavigation(false);
-    m_table->setContextMenuPolicy(Qt::ActionsContextMenu);
-    m_table->verticalHeader()->hide();
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
-    const QString widest[] = {
-        QStringLiteral("00:00:00.000"), QStringLiteral("← plug-in"),
-        QStringLiteral("00000"),        QStringLiteral("ContactRequestAnswer"),
-        QStringLiteral("friendui"),     QStringLiteral("everybody")};
-    for (int column = 0; column < EventModel::Payload; ++column)
-        m_table->setColumnWidth(column, m_table->fontMetrics().horizontalAdvance(widest[column]) +
-                                            CellPadding);
-    m_table->horizontalHeader()->setStretchLastSection(true);
-    m_table->horizontalHeader()->setHighlightSections(false);
-    m_table->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    MonitorTable::prepare(m_table, {QStringLiteral("00:00:00.000"), QStringLiteral("← plug-in"),
+                                    QStringLiteral("00000"), QStringLiteral("ContactRequestAnswer"),
+                                    QStringLiteral("friendui"), QStringLiteral("everybody")});
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             &EventMonitor::showDetails);
 }
@@ -149,7 +121,7 @@ QWidget *EventMonitor::buildBar()
     layout->addWidget(m_codes, 1);
     layout->addWidget(m_direction);
     for (QAction *action : {m_pause, m_clear, m_copy, m_copyJson})
-        layout->addWidget(buttonFor(action, bar));
+        layout->addWidget(MonitorTable::buttonFor(action, bar));
     layout->addWidget(m_state);
 
     connect(m_text, &QLineEdit::textChanged, this, [this] { m_filterTimer.start(TypingPauseMs); });
@@ -244,12 +216,7 @@ void EventMonitor::showDetails()
 
 QVector<int> EventMonitor::chosenRows() const
 {
-    QVector<int> rows;
-    const auto selected = m_table->selectionModel()->selectedRows();
-    for (const QModelIndex &index : selected)
-        rows.append(m_filter->mapToSource(index).row());
-    std::sort(rows.begin(), rows.end());
-    return rows;
+    return MonitorTable::chosenRows(m_table, m_filter);
 }
 
 void EventMonitor::copyText()

@@ -255,7 +255,7 @@ DecodedPayload PayloadDecoder::decode(const EventInfo *info, const QByteArray &p
 bool PayloadDecoder::isSecret(const QString &fieldName)
 {
     static const QRegularExpression secret(
-        QStringLiteral("password|passwd|ticket|token|cookie|authorization"),
+        QStringLiteral("password|passwd|ticket|token|cookie|authorization|authid|imtgc|ids_r"),
         QRegularExpression::CaseInsensitiveOption);
     return secret.match(fieldName).hasMatch();
 }

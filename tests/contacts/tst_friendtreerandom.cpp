@@ -1,4 +1,5 @@
 // Random operations on the model, compared with a plain reference after each.
+#include "common/builtingroups.h"
 #include "contacts/friendtreemodel.h"
 #include "tests/contacts/contactmaker.h"
 #include "tests/support/fakecontext.h"
@@ -213,7 +214,7 @@ void TstFriendTreeRandom::step(FriendTreeModel *model)
             if (contact.groupId != group)
                 continue;
             contact.groupId = QStringLiteral("");
-            m_reference.groups[QStringLiteral("")] = FriendTreeSort::defaultGroupName();
+            m_reference.groups[QStringLiteral("")] = defaultGroupName();
         }
         break;
     case 13:

@@ -44,7 +44,8 @@ private slots:
         const CommandLineResult result =
             parse(QStringLiteral("--people 5000 --data /tmp/d --plugin p.so --lang EN --skin dark "
                                  "--offline --fail creategroup,SendMessage --silent all "
-                                 "--tour /tmp/t --tour-steps start,chat --no-simulation --reset")
+                                 "--tour /tmp/t --tour-steps start,chat --no-simulation --reset "
+                                 "--backend-control-port 0")
                       .split(QLatin1Char(' ')));
         QCOMPARE(result.action, CommandLineResult::Run);
         const HostOptions &options = result.options;
@@ -58,6 +59,22 @@ private slots:
                  (QStringList{QStringLiteral("CreateGroup"), QStringLiteral("SendMessage")}));
         QCOMPARE(options.silent, QStringList{QStringLiteral("all")});
         QCOMPARE(options.tourSteps.size(), 2);
+        QCOMPARE(options.backendControlPort, 0);
+        QVERIFY(!options.noBackend && options.backendAddress.isEmpty());
+    }
+
+    void aBackEndThatRunsAlready()
+    {
+        const QString file = QCoreApplication::applicationFilePath();
+        const CommandLineResult result =
+            parse({QStringLiteral("--backend"), QStringLiteral("https://im.example:8443/x//"),
+                   QStringLiteral("--ca"), file, QStringLiteral("--password-file"), file});
+        QCOMPARE(result.action, CommandLineResult::Run);
+        QCOMPARE(result.options.backendAddress, QStringLiteral("https://im.example:8443/x"));
+        QCOMPARE(result.options.caFile, file);
+        QCOMPARE(result.options.passwordFile, file);
+        QCOMPARE(result.options.backendControlPort, -1);
+        QVERIFY(parse({QStringLiteral("--no-backend")}).options.noBackend);
     }
 
     void mistakesAreNamed_data()
@@ -80,6 +97,21 @@ private slots:
                               << "light, dark";
         QTest::newRow("operation") << "--fail Explode"
                                    << "CreateGroup";
+        const QString file =
+            QLatin1String(" --password-file ") + QCoreApplication::applicationFilePath();
+        QTest::newRow("no encryption") << "--backend http://x" + file << "https://";
+        QTest::newRow("password in the address") << "--backend https://a:b@x" + file << "https://";
+        QTest::newRow("no password") << "--backend https://x"
+                                     << "needs --password-file";
+        QTest::newRow("missing authority")
+            << "--backend https://x --ca /nowhere/ca.pem" + file << "/nowhere/ca.pem";
+        QTest::newRow("authority of nothing")
+            << "--ca " + QCoreApplication::applicationFilePath() << "need --backend";
+        QTest::newRow("two back ends") << "--no-backend --backend https://x" + file << "Only one";
+        QTest::newRow("lever of nothing") << "--no-backend --backend-control-port 1"
+                                          << "Only one";
+        QTest::newRow("port") << "--backend-control-port 65536"
+                              << "0 to 65535";
         QTest::newRow("unknown option") << "--bogus"
                                         << "bogus";
         QTest::newRow("positional") << "people.vcf"

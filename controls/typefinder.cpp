@@ -1,7 +1,6 @@
-#include "contacts/typefinder.h"
+#include "controls/typefinder.h"
 
 #include "common/namematch.h"
-#include "contacts/friendtreeroles.h"
 #include "controls/skin.h"
 
 #include <QKeyEvent>
@@ -45,8 +44,8 @@ QModelIndex previousRow(const QAbstractItemModel *model, const QModelIndex &inde
 }
 } // namespace
 
-TypeFinder::TypeFinder(QTreeView *view)
-    : QObject(view), m_view(view), m_label(new QLabel(view->viewport()))
+TypeFinder::TypeFinder(QTreeView *view, int nameRole)
+    : QObject(view), m_view(view), m_nameRole(nameRole), m_label(new QLabel(view->viewport()))
 {
     m_label->setObjectName(QStringLiteral("typeFinderLabel"));
     m_label->setTextFormat(Qt::PlainText);
@@ -105,7 +104,8 @@ void TypeFinder::clear()
 
 bool TypeFinder::matches(const QModelIndex &index) const
 {
-    return nameMatches(index.data(FriendTreeRole::Name).toString(), m_typed);
+    const QString name = index.data(m_nameRole).toString();
+    return !name.isEmpty() && nameMatches(name, m_typed);
 }
 
 void TypeFinder::go(int direction, bool fromNext)

@@ -17,7 +17,8 @@ class TypeFinder : public QObject
     Q_OBJECT
 
 public:
-    explicit TypeFinder(QTreeView *view);
+    // `nameRole` of the view's model: a row without text there is passed over.
+    TypeFinder(QTreeView *view, int nameRole);
 
     bool isActive() const { return !m_typed.isEmpty(); }
     QString typed() const { return m_typed; }
@@ -40,6 +41,7 @@ private:
     void show(bool any);
 
     QTreeView *m_view;
+    const int m_nameRole;
     QLabel *m_label;
     QString m_typed;
     QTimer m_pause;

@@ -1,0 +1,43 @@
+#include "http/logurl.h"
+
+#include "common/logging.h"
+
+#include <algorithm>
+
+namespace {
+
+bool isSecretName(const QString &name)
+{
+    static const char *const words[] = {"ticket", "token",  "passw",   "pwd", "auth",
+                                        "tgc",    "secret", "session", "sign"};
+    return std::any_of(std::begin(words), std::end(words), [&name](const char *word) {
+        return name.contains(QLatin1String(word), Qt::CaseInsensitive);
+    });
+}
+
+QString maskedQuery(const QString &query)
+{
+    QStringList items = query.split(QLatin1Char('&'));
+    for (QString &item : items) {
+        const int equals = item.indexOf(QLatin1Char('='));
+        if (equals > 0 && isSecretName(item.left(equals)))
+            item = item.left(equals + 1) + logSecret(item.mid(equals + 1));
+    }
+    return items.join(QLatin1Char('&'));
+}
+
+} // namespace
+
+QString logUrl(const QUrl &url)
+{
+    QUrl shown = url;
+    shown.setUserInfo(QString());
+    if (shown.hasQuery())
+        shown.setQuery(maskedQuery(shown.query(QUrl::FullyEncoded)));
+    return logText(shown.toString());
+}
+
+QString logSecret(const QString &secret)
+{
+    return secret.left(4) + QStringLiteral("***");
+}

@@ -1,0 +1,126 @@
+#include "http/fileservices.h"
+
+#include "common/clientpaths.h"
+#include "common/displaytext.h"
+#include "common/logging.h"
+
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QDeadlineTimer>
+#include <QFileInfo>
+#include <QHash>
+
+namespace {
+constexpr int MostRefused = 5000;
+
+// A plain name stands for itself. Others are hashed, and so are those with capitals,
+// since on some systems two of them can be one file.
+QString localName(const QString &pictureName)
+{
+    const bool isPlain =
+        safeFileName(pictureName) == pictureName && pictureName.toLower() == pictureName;
+    if (isPlain)
+        return pictureName;
+    return QString::fromLatin1(
+        QCryptographicHash::hash(pictureName.toUtf8(), QCryptographicHash::Sha256).toHex());
+}
+} // namespace
+
+struct PictureFiles::Private
+{
+    QString folder;      // of the pictures; empty: nobody is logged in
+    QStringList waiting; // last in, first out
+    QHash<QString, FileDownload *> running;
+    QHash<QString, QDeadlineTimer> refused; // by name: not asked for again until then
+
+    bool isRefused(const QString &name)
+    {
+        const auto at = refused.find(name);
+        if (at == refused.end())
+            return false;
+        if (!at->hasExpired())
+            return true;
+        refused.erase(at);
+        return false;
+    }
+
+    void refuse(const QString &name, int milliseconds)
+    {
+        if (refused.size() >= MostRefused)
+            refused.clear();
+        refused.insert(name, QDeadlineTimer(milliseconds));
+    }
+};
+
+PictureFiles &PictureFiles::instance()
+{
+    static auto *files = new PictureFiles;
+    return *files;
+}
+
+PictureFiles::PictureFiles() : d(std::make_unique<Private>())
+{
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            &PictureFiles::stop);
+}
+
+PictureFiles::~PictureFiles() = default;
+
+void PictureFiles::forgetOtherUser()
+{
+    const QString user = ClientPaths::userFolder();
+    const QString folder = user.isEmpty() ? user : user + QLatin1String("/headImage/");
+    if (folder == d->folder)
+        return;
+    stop();
+    d->refused.clear();
+    d->folder = folder;
+}
+
+QString PictureFiles::file(const QString &pictureName)
+{
+    forgetOtherUser();
+    if (d->folder.isEmpty() || !FileServices::isSafeName(pictureName))
+        return QString();
+    const QString local = d->folder + localName(pictureName);
+    if (QFileInfo(local).size() > 0)
+        return local;
+    if (d->running.contains(pictureName) || d->isRefused(pictureName))
+        return QString();
+    d->waiting.removeOne(pictureName);
+    d->waiting.append(pictureName);
+    if (d->waiting.size() > MaximumWaiting)
+        d->waiting.removeFirst();
+    fetchOn();
+    return QString();
+}
+
+void PictureFiles::fetchOn()
+{
+    forgetOtherUser();
+    while (!d->waiting.isEmpty() && d->running.size() < AtATime) {
+        const QString name = d->waiting.takeLast();
+        auto *download = new FileDownload(this);
+        d->running.insert(name, download);
+        connect(download, &FileDownload::finished, this,
+                [this, name](const HttpResponseData &result) { fetched(name, result); });
+        download->start(name, d->folder + localName(name), true);
+    }
+}
+
+void PictureFiles::fetched(const QString &pictureName, const HttpResponseData &result)
+{
+    d->running.take(pictureName)->deleteLater();
+    if (!result.ok)
+        d->refuse(pictureName, result.code == FileDownload::NotThere ? UnknownFor : FailedFor);
+    fetchOn();
+    if (result.ok)
+        emit ready(pictureName, result.localPath);
+}
+
+void PictureFiles::stop()
+{
+    d->waiting.clear();
+    qDeleteAll(d->running);
+    d->running.clear();
+}

@@ -1,0 +1,353 @@
+#include "org/orgstructuretreeview.h"
+
+#include "common/context.h"
+#include "common/displaytext.h"
+#include "common/logging.h"
+#include "controls/avatarstore.h"
+#include "controls/scrollanchor.h"
+#include "controls/skin.h"
+#include "controls/slimscrollbar.h"
+#include "controls/typefinder.h"
+#include "http/fileservices.h"
+#include "org/orgcommands.h"
+#include "org/orgstructuremgr.h"
+#include "org/orgstructuretreedelegate.h"
+#include "org/orgtreemodel.h"
+#include "plugin/frienduisignalsender.h"
+#include "plugin/paneactions.h"
+
+#include <QAccessible>
+#include <QHeaderView>
+#include <QHelpEvent>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+
+namespace {
+constexpr int ScrollStep = 22;
+constexpr int FlashMs = 1400;
+constexpr int FlashWidth = 2;
+} // namespace
+
+OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
+    : QTreeView(parent),
+      m_model(new OrgTreeModel(this)),
+      m_commands(new OrgCommands(this)),
+      m_anchor(new ScrollAnchor(this, m_model)),
+      m_finder(new TypeFinder(this, OrgRole::Name))
+{
+    setObjectName(QStringLiteral("OrgStructureTreeView"));
+    m_model->setRecords(&OrgStructureMgr::instance()->elements());
+    setModel(m_model);
+    setItemDelegate(new OrgStructureTreeDelegate(this));
+    setHeaderHidden(true);
+    // The header is never seen, but would look up its section for every change.
+    disconnect(m_model, &QAbstractItemModel::dataChanged, header(), nullptr);
+    header()->setStretchLastSection(true);
+    setUniformRowHeights(true);
+    setIndentation(0); // the delegate's own, so that a row's background spans the view
+    setRootIsDecorated(false);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(ExtendedSelection);
+    setVerticalScrollMode(ScrollPerPixel);
+    useSlimScrollBar(this);
+    verticalScrollBar()->setSingleStep(ScrollStep);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(NoFrame);
+    setMouseTracking(true);
+    followSkin(this);
+    // The watermark lies behind the rows.
+    viewport()->setAutoFillBackground(false);
+    viewport()->installEventFilter(this);
+    setAccessibleName(QObject::tr("organizationTree"));
+
+    m_loadTimer.setSingleShot(true);
+    m_loadTimer.setInterval(LoadTimeout);
+    m_hoverTimer.setSingleShot(true);
+    m_hoverTimer.setInterval(HoverDelay);
+    m_flash.setDuration(FlashMs);
+    m_flash.setStartValue(1.0);
+    m_flash.setEndValue(0.0);
+    m_flash.setEasingCurve(QEasingCurve::InQuad);
+    buildMenus();
+    connectSources();
+}
+
+OrgStructureTreeView::~OrgStructureTreeView()
+{
+    leaveRow();
+    releaseMenus();
+}
+
+// --- Layout ------------------------------------------------------------------
+
+void OrgStructureTreeView::doItemsLayout()
+{
+    QTreeView::doItemsLayout();
+    m_anchor->restore();
+}
+
+void OrgStructureTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                                       const QVector<int> &roles)
+{
+    // Who listens to a screen reader hears of each change.
+    if (QAccessible::isActive())
+        QTreeView::dataChanged(topLeft, bottomRight, roles);
+    // The base class would search the row on screen, which takes time in
+    // proportion to the rows for each change. One repaint a frame is cheaper.
+    viewport()->update();
+}
+
+void OrgStructureTreeView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    m_finder->place();
+}
+
+void OrgStructureTreeView::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    leaveRow();
+    m_finder->place();
+}
+
+void OrgStructureTreeView::paintEvent(QPaintEvent *event)
+{
+    QTreeView::paintEvent(event);
+    if (!m_flashed.isValid() || m_flash.state() != QAbstractAnimation::Running)
+        return;
+    QPainter painter(viewport());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setOpacity(m_flash.currentValue().toReal());
+    painter.setPen(QPen(Skin::instance().colors().theme, FlashWidth));
+    painter.drawRoundedRect(
+        visualRect(m_flashed).adjusted(FlashWidth, FlashWidth, -FlashWidth, -FlashWidth), 4, 4);
+}
+
+void OrgStructureTreeView::flash(const QModelIndex &index)
+{
+    m_flashed = index;
+    m_flash.stop();
+    m_flash.start();
+}
+
+void OrgStructureTreeView::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange) {
+        setAccessibleName(QObject::tr("organizationTree"));
+        viewport()->update();
+    }
+    QTreeView::changeEvent(event);
+}
+
+// --- Selection and activation ------------------------------------------------
+
+QString OrgStructureTreeView::idOf(const QModelIndex &index) const
+{
+    return index.data(OrgRole::Id).toString();
+}
+
+QStringList OrgStructureTreeView::selectedEmployees() const
+{
+    QStringList uids;
+    const QModelIndexList rows = selectionModel()->selectedRows();
+    for (const QModelIndex &row : rows) {
+        if (m_model->kind(row) == OrgRowKind::Employee)
+            uids.append(idOf(row));
+    }
+    return uids;
+}
+
+void OrgStructureTreeView::activate(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    switch (m_model->kind(index)) {
+    case OrgRowKind::Department:
+        expandItem(index);
+        break;
+    case OrgRowKind::Employee:
+        m_commands->openChat(idOf(index));
+        break;
+    case OrgRowKind::Failed:
+        request(idOf(index.parent()));
+        break;
+    case OrgRowKind::Loading:
+        break;
+    }
+}
+
+bool OrgStructureTreeView::pressOnPart(const QModelIndex &index, QPoint pos)
+{
+    using Delegate = OrgStructureTreeDelegate;
+    if (!index.isValid())
+        return false;
+    const QRect row = visualRect(index);
+    if (Delegate::hasLocateSign(index) &&
+        Delegate::locateArea(row, layoutDirection()).contains(pos)) {
+        locateSelf();
+        return true;
+    }
+    if (m_model->kind(index) != OrgRowKind::Department ||
+        !Delegate::caretArea(row, Delegate::depth(index), layoutDirection()).contains(pos))
+        return false;
+    expandItem(index);
+    return true;
+}
+
+void OrgStructureTreeView::mousePressEvent(QMouseEvent *event)
+{
+    m_finder->clear();
+    leaveRow();
+    const QModelIndex index = indexAt(event->pos());
+    m_pressTaken = event->button() == Qt::LeftButton && pressOnPart(index, event->pos());
+    if (m_pressTaken)
+        return;
+    if (!index.isValid())
+        clearSelection();
+    QTreeView::mousePressEvent(event);
+}
+
+void OrgStructureTreeView::mouseReleaseEvent(QMouseEvent *event)
+{
+    // The row under the pointer may be another one by now.
+    if (!std::exchange(m_pressTaken, false))
+        QTreeView::mouseReleaseEvent(event);
+}
+
+void OrgStructureTreeView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    using Delegate = OrgStructureTreeDelegate;
+    if (event->button() != Qt::LeftButton) {
+        QTreeView::mouseDoubleClickEvent(event);
+        return;
+    }
+    const QModelIndex index = indexAt(event->pos());
+    if (!index.isValid()) {
+        LOG_DEBUG("OrgStructureTreeView::mouseDoubleClickEvent(QMouseEvent *event) pCurItem is "
+                  "null");
+        return;
+    }
+    const QRect row = visualRect(index);
+    const bool onSign = Delegate::hasLocateSign(index) &&
+                        Delegate::locateArea(row, layoutDirection()).contains(event->pos());
+    const bool onCaret =
+        m_model->kind(index) == OrgRowKind::Department &&
+        Delegate::caretArea(row, Delegate::depth(index), layoutDirection()).contains(event->pos());
+    // The first of the two clicks has done it, also on a row that was to be retried.
+    const OrgRowKind kind = m_model->kind(index);
+    if (!onSign && !onCaret && (kind == OrgRowKind::Department || kind == OrgRowKind::Employee))
+        activate(index);
+}
+
+void OrgStructureTreeView::keyPressEvent(QKeyEvent *event)
+{
+    if (m_finder->handleKey(event))
+        return;
+    switch (event->key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        activate(currentIndex());
+        return;
+    case Qt::Key_F5:
+        refreshAll();
+        return;
+    case Qt::Key_Asterisk:
+        // The base class would open, and so ask for, everything below at once.
+        return;
+    case Qt::Key_Escape:
+        if (selectionModel()->selectedRows().size() > 1) {
+            selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+            return;
+        }
+        break;
+    default:
+        break;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+void OrgStructureTreeView::keyboardSearch(const QString &search)
+{
+    m_finder->type(search);
+}
+
+void OrgStructureTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    // The base class turns it off for rows that are not editable; typing to find
+    // needs it.
+    setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+void OrgStructureTreeView::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    m_finder->clear();
+    leaveRow();
+}
+
+// --- Under the pointer ---------------------------------------------------------
+
+bool OrgStructureTreeView::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != viewport())
+        return QTreeView::eventFilter(watched, event);
+    if (event->type() == QEvent::Leave) {
+        leaveRow();
+    } else if (event->type() == QEvent::ToolTip) {
+        const auto *help = static_cast<QHelpEvent *>(event);
+        const QModelIndex index = indexAt(help->pos());
+        const QRect sign =
+            OrgStructureTreeDelegate::locateArea(visualRect(index), layoutDirection());
+        if (OrgStructureTreeDelegate::hasLocateSign(index) && sign.contains(help->pos())) {
+            QToolTip::showText(help->globalPos(), toolTipText(QObject::tr("locateToMe")),
+                               viewport(), sign);
+            return true;
+        }
+    }
+    return QTreeView::eventFilter(watched, event);
+}
+
+void OrgStructureTreeView::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_pressTaken)
+        return;
+    if (event->buttons() == Qt::NoButton)
+        hover(indexAt(event->pos()));
+    QTreeView::mouseMoveEvent(event);
+}
+
+void OrgStructureTreeView::hover(const QModelIndex &index)
+{
+    if (m_hovered.isValid() && m_hovered == index)
+        return;
+    leaveRow();
+    if (!index.isValid() || m_model->kind(index) != OrgRowKind::Employee)
+        return;
+    m_hovered = index;
+    m_hoverTimer.start();
+}
+
+void OrgStructureTreeView::leaveRow()
+{
+    m_hoverTimer.stop();
+    m_hovered = QModelIndex();
+    PaneActions *actions = paneActions();
+    const QString jid = std::exchange(m_cardOf, QString());
+    if (actions && !jid.isEmpty())
+        actions->hideContactCard(jid);
+}
+
+void OrgStructureTreeView::showCard()
+{
+    PaneActions *actions = paneActions();
+    if (!actions || !m_hovered.isValid() || !isVisible())
+        return;
+    m_cardOf = makeJid(idOf(m_hovered));
+    const QRect row = visualRect(m_hovered);
+    const QPoint corner = viewport()->mapToGlobal(row.topRight());
+    actions->showContactCard(m_cardOf, corner.x(), corner.y(), row.width(), false);
+}

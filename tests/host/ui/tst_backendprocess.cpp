@@ -1,0 +1,244 @@
+// Starting the back end beside the host, and what happens when it does not do as
+// it should.
+#include "host/backendprocess.h"
+#include "host/serviceaddressfile.h"
+
+#include "common/settingsfile.h"
+#include "tests/support/testrunner.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+bool write(const QString &file, const QByteArray &content)
+{
+    QFile target(file);
+    return target.open(QIODevice::WriteOnly) && target.write(content) == content.size();
+}
+
+QByteArray read(const QString &file)
+{
+    QFile source(file);
+    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
+}
+
+// The line of the program; CA and PW stand for files that are there.
+QByteArray line(const char *address, const char *caFile, const char *passwordFile)
+{
+    return QByteArray("{\"address\":\"") + address + "\",\"caFile\":\"" + caFile +
+           "\",\"passwordFile\":\"" + passwordFile + "\"}";
+}
+
+struct Bench
+{
+    QTemporaryDir folder;
+    BackendProcess::Options options;
+
+    explicit Bench(const char *mode, int timeout = 30000)
+    {
+        options.program = QStringLiteral(FRIENDUI_FAKE_BACKEND);
+        options.dataFolder = folder.path();
+        options.readyTimeout = timeout;
+        write(folder.filePath(QStringLiteral("mode")), mode);
+        write(folder.filePath(QStringLiteral("ca.pem")), "a certificate");
+        write(folder.filePath(QStringLiteral("password")), "s3cret\n");
+    }
+    QByteArray left(const char *name) const { return read(folder.filePath(QLatin1String(name))); }
+};
+
+} // namespace
+
+class TstBackendProcess : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void servesAndEndsWithTheHost()
+    {
+        Bench bench("serves");
+        bench.options.people = 1234;
+        bench.options.controlPort = 0;
+        {
+            BackendProcess process(bench.options);
+            QSignalSpy ready(&process, &BackendProcess::ready);
+            process.start();
+            QCOMPARE(ready.count(), 0);
+            QVERIFY(ready.wait(30000));
+            QCOMPARE(process.address().address, QStringLiteral("https://127.0.0.1:40123"));
+            QCOMPARE(process.address().password, QStringLiteral("s3cret"));
+            QCOMPARE(process.address().caFile, bench.folder.filePath(QStringLiteral("ca.pem")));
+            const QByteArray arguments = bench.left("arguments");
+            QVERIFY(arguments.contains("--people\n1234\n"));
+            QVERIFY(arguments.contains("--control-port\n0\n"));
+            QVERIFY(arguments.contains("--end-with-stdin\n"));
+            process.start(); // runs already
+            QCOMPARE(bench.left("starts").trimmed(), QByteArray("1"));
+        }
+        QCOMPARE(bench.left("ended"), QByteArray("yes"));
+    }
+
+    void aProgramThatDoesNotServe_data()
+    {
+        QTest::addColumn<QByteArray>("mode");
+        QTest::addColumn<int>("timeout");
+        QTest::addColumn<QString>("told");
+        QTest::newRow("writes something else") << QByteArray("garbage") << 30000 << "address";
+        QTest::newRow("writes without end") << QByteArray("flood") << 30000 << "address";
+        QTest::newRow("offers no encryption") << QByteArray("plain") << 30000 << "encryption";
+        QTest::newRow("never answers") << QByteArray("silent") << 200 << "0.2 s";
+        QTest::newRow("finds its port in use")
+            << QByteArray("refuses") << 30000 << "code 4. the port 443 is in use";
+    }
+    void aProgramThatDoesNotServe()
+    {
+        QFETCH(QByteArray, mode);
+        QFETCH(int, timeout);
+        QFETCH(QString, told);
+        const Bench bench(mode.constData(), timeout);
+        BackendProcess process(bench.options);
+        QSignalSpy failed(&process, &BackendProcess::failed);
+        const QSignalSpy ready(&process, &BackendProcess::ready);
+        const QSignalSpy restarting(&process, &BackendProcess::restarting);
+        process.start();
+        QVERIFY(failed.wait(30000));
+        const QString reason = failed.first().first().toString();
+        QVERIFY2(reason.contains(told), qPrintable(reason));
+        QVERIFY(!process.isRunning());
+        // Another attempt, by the user: it fails the same way, not otherwise.
+        process.start();
+        QVERIFY(failed.wait(30000));
+        QCOMPARE(failed.at(1).first().toString(), reason);
+        QCOMPARE(ready.count(), 0);
+        QCOMPARE(restarting.count(), 0);
+    }
+
+    void aMissingProgramIsNamed()
+    {
+        Bench bench("serves");
+        bench.options.program = QStringLiteral("/nonexistent/friendui-backend");
+        BackendProcess process(bench.options);
+        QSignalSpy failed(&process, &BackendProcess::failed);
+        process.start();
+        QCOMPARE(failed.count(), 0); // never inside the call
+        QVERIFY(failed.wait(30000));
+        QVERIFY(failed.first().first().toString().contains(bench.options.program));
+    }
+
+    void aCrashIsMendedOnce_data()
+    {
+        QTest::addColumn<QByteArray>("mode");
+        QTest::addColumn<int>("served");
+        QTest::addColumn<int>("failures");
+        QTest::newRow("that does not happen again") << QByteArray("crashesonce") << 2 << 0;
+        QTest::newRow("that happens again") << QByteArray("crashes") << 2 << 1;
+    }
+    void aCrashIsMendedOnce()
+    {
+        QFETCH(QByteArray, mode);
+        QFETCH(int, served);
+        QFETCH(int, failures);
+        const Bench bench(mode.constData());
+        BackendProcess process(bench.options);
+        const QSignalSpy ready(&process, &BackendProcess::ready);
+        const QSignalSpy restarting(&process, &BackendProcess::restarting);
+        const QSignalSpy failed(&process, &BackendProcess::failed);
+        process.start();
+        QTRY_COMPARE_WITH_TIMEOUT(ready.count(), served, 30000);
+        QTRY_COMPARE_WITH_TIMEOUT(failed.count(), failures, 30000);
+        QCOMPARE(restarting.count(), 1);
+        QCOMPARE(bench.left("starts").trimmed(), QByteArray("2"));
+        QCOMPARE(process.isRunning(), failures == 0);
+    }
+
+    void oneThatDoesNotEndIsKilled()
+    {
+        const Bench bench("deaf");
+        BackendProcess process(bench.options);
+        QSignalSpy ready(&process, &BackendProcess::ready);
+        const QSignalSpy failed(&process, &BackendProcess::failed);
+        process.start();
+        QVERIFY(ready.wait(30000));
+        const auto *child = process.findChild<QProcess *>();
+        QVERIFY(child);
+        process.stop();
+        QCOMPARE(child->state(), QProcess::NotRunning);
+        QCOMPARE(failed.count(), 0);
+    }
+
+    void theAddressLine_data()
+    {
+        QTest::addColumn<QByteArray>("told");
+        QTest::addColumn<bool>("usable");
+        QTest::newRow("as promised") << line("https://127.0.0.1:1", "CA", "PW") << true;
+        QTest::newRow("no certificate") << line("https://127.0.0.1:1", "no", "PW") << false;
+        QTest::newRow("no password") << line("https://127.0.0.1:1", "CA", "no") << false;
+        QTest::newRow("no host") << line("https://", "CA", "PW") << false;
+        QTest::newRow("a number") << QByteArray("{\"address\":7}") << false;
+        QTest::newRow("a list") << QByteArray("[]") << false;
+        QTest::newRow("nothing") << QByteArray() << false;
+    }
+    void theAddressLine()
+    {
+        QFETCH(QByteArray, told);
+        QFETCH(bool, usable);
+        const Bench bench("serves");
+        told.replace("CA", QFile::encodeName(bench.folder.filePath(QStringLiteral("ca.pem"))));
+        told.replace("PW", QFile::encodeName(bench.folder.filePath(QStringLiteral("password"))));
+        BackendAddress address;
+        QString problem;
+        QCOMPARE(BackendProcess::readAddress(told, &address, &problem), usable);
+        QCOMPARE(problem.isEmpty(), usable);
+        QCOMPARE(address.address.isEmpty(), !usable);
+    }
+
+    void addressesAreWrittenAndTakenBack_data()
+    {
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<QString>("base");
+        QTest::newRow("plain") << "data"
+                               << "https://127.0.0.1:40123";
+        QTest::newRow("a folder with signs")
+            << QString::fromUtf8("数据; a,b [c] %41 'd'") << "https://127.0.0.1:40123";
+        QTest::newRow("an address with signs")
+            << "data" << QString::fromUtf8("https://im.corp.example:8443/a,b;c%2Fd=e/网");
+    }
+    void addressesAreWrittenAndTakenBack()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, base);
+        const QTemporaryDir root;
+        const QString file = ServiceAddressFile::in(root.filePath(folder));
+        QVERIFY(QDir().mkpath(root.filePath(folder)));
+        QVERIFY(write(file, "[mine]\nkey=https://own.example/x\n"));
+        QString problem;
+        QVERIFY2(ServiceAddressFile::write(file, base, &problem), qPrintable(problem));
+        const SettingsFile written(file);
+        for (const char *host : {"center", "ids", "vcs", "monitor", "web"})
+            QCOMPARE(written.text(QLatin1String("/Hosts/") + QLatin1String(host)), base);
+        QCOMPARE(written.text(QStringLiteral("/searchOrg/searchorgurl")),
+                 base + QLatin1String("/center/org/searchOrg.do"));
+        QCOMPARE(written.text(QStringLiteral("/mine/key")),
+                 QStringLiteral("https://own.example/x"));
+
+        ServiceAddressFile::clear(file);
+        const QByteArray left = read(file);
+        QVERIFY2(!left.contains("center") && left.contains("own.example"), left.constData());
+    }
+
+    void anAddressFileThatCannotBeWritten()
+    {
+        const QTemporaryDir folder;
+        const QString file = ServiceAddressFile::in(folder.path());
+        QVERIFY(QDir().mkpath(file)); // a folder stands in its place
+        QString problem;
+        QVERIFY(!ServiceAddressFile::write(file, QStringLiteral("https://x"), &problem));
+        QVERIFY(problem.contains(file));
+    }
+};
+
+FRIENDUI_TEST(TstBackendProcess)
+#include "tst_backendprocess.moc"
