@@ -146,21 +146,35 @@ private slots:
         QVERIFY(fixture.server.requests().isEmpty());
     }
 
+    void cancelledInTheMiddle_data()
+    {
+        QTest::addColumn<int>("sent"); // requests when it is cancelled
+        QTest::newRow("while the file is read") << 0;
+        QTest::newRow("while the answer is awaited") << 1;
+    }
+
     void cancelledInTheMiddle()
     {
+        QFETCH(int, sent);
         ServiceFixture fixture;
         fixture.server.reply(UploadPath, FakeReply::json(Stored).onRelease());
         FileUpload upload;
         QSignalSpy finished(&upload, &FileTransfer::finished);
         upload.cancel(); // before it has begun
         upload.start(fixture.makeFile(QStringLiteral("a.png"), "x"), QStringLiteral("head"));
-        QTRY_COMPARE(fixture.server.requests().size(), 1);
+        QTRY_COMPARE(fixture.server.requests().size(), sent);
         upload.cancel();
         upload.cancel();
         QVERIFY(finished.isEmpty());
         QVERIFY(!resultOf(finished).ok);
         fixture.server.release();
+        FileUpload next; // by its end, the other would have come to one, too
+        QSignalSpy nextFinished(&next, &FileTransfer::finished);
+        fixture.server.reply(UploadPath, FakeReply::json(Stored));
+        next.start(fixture.folder.filePath(QStringLiteral("a.png")), QStringLiteral("head"));
+        QVERIFY(resultOf(nextFinished).ok);
         QCOMPARE(finished.size(), 1);
+        QCOMPARE(fixture.server.requests().size(), sent + 1);
     }
 
     void partsArriveInOrder()
@@ -215,6 +229,8 @@ private slots:
         QTest::newRow("second sending") << Replies{FakeReply::of(503), good} << true << 2;
         QTest::newRow("last sending") << Replies{bad, bad, bad, good} << true << 4;
         QTest::newRow("given up") << Replies{bad, bad, bad, bad, good} << false << 4;
+        QTest::newRow("each part has its own")
+            << Replies{bad, bad, good, bad, bad, good} << true << 6;
         QTest::newRow("authority renewed") << Replies{forbidden, good} << true << 2;
     }
 
@@ -233,7 +249,9 @@ private slots:
         fixture.server.reply(AbortPath, FakeReply::json(R"({"SNRetCode":"0"})"));
         MultipartUpload upload;
         QSignalSpy finished(&upload, &FileTransfer::finished);
-        upload.start(fixture.makeFile(QStringLiteral("a.bin"), "abc"));
+        const int parts = replies.count() > 5 ? 2 : 1;
+        const QByteArray bytes(int(MultipartUpload::PartSize) * (parts - 1) + 1, 'x');
+        upload.start(fixture.makeFile(QStringLiteral("a.bin"), bytes));
         QCOMPARE(resultOf(finished).ok, ok);
         QCOMPARE(fixture.server.count(PartPath), sendings);
         QCOMPARE(fixture.server.count(CompletePath), ok ? 1 : 0);
