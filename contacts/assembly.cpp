@@ -6,6 +6,7 @@
 #include "contacts/friendwidget.h"
 #include "detail/caddfriendmannger.h"
 #include "detail/cdetailviewmanager.h"
+#include "org/orgwidget.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduimessageprocess.h"
 #include "plugin/frienduisignalsender.h"
@@ -72,10 +73,19 @@ public:
         missing("external contacts", jid);
     }
 
-    void locateInOrganisation(const QString &uid, bool) override
+    void locateInOrganisation(const QString &uid, bool isOrganisation) override
     {
-        raisePage(QStringLiteral("organizationTree"));
-        missing("organisation", uid);
+        FriendWidget *widget = pane();
+        OrgWidget *page = widget ? widget->orgPage() : nullptr;
+        if (!page) {
+            LOG_DEBUG("there is no organisation to show " << logText(uid) << " in");
+            return;
+        }
+        widget->raisePage(QStringLiteral("organizationTree"));
+        if (isOrganisation)
+            page->locateDepartment(uid);
+        else
+            emit page->signal_orgPosition(uid);
     }
     void virtualTeamEvent(const QString &, const QString &teamId, const QString &) override
     {

@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation> accepts every contact request</translation>
+        <translation> agrees to become your contact</translation>
     </message>
     <message>
         <source>back</source>
@@ -1166,6 +1166,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostWindows</name>
     <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 asks to become a contact: %2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 refuses the contact request: %2</translation>
+    </message>
+    <message>
         <source>A chat was asked for without a jid.</source>
         <translation>A chat was asked for without a jid.</translation>
     </message>
@@ -1259,6 +1267,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>Sorry, I do not know you.</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>People who are asked refuse</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>Hello, we met at the fair.</translation>

@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation>允许任何人添加为联系人</translation>
+        <translation>同意添加为联系人</translation>
     </message>
     <message>
         <source>back</source>
@@ -1166,6 +1166,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>HostWindows</name>
     <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 请求添加你为联系人：%2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 拒绝了好友请求：%2</translation>
+    </message>
+    <message>
         <source>A chat was asked for without a jid.</source>
         <translation>收到了没有 jid 的会话请求。</translation>
     </message>
@@ -1259,6 +1267,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>抱歉，我不认识你。</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>收到请求的人一律拒绝</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>您好，我们在展会上见过面。</translation>
