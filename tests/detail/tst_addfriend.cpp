@@ -1,6 +1,5 @@
 // The course of adding a contact: what is asked of the host, and what its answers do.
 #include "tests/detail/addfriendfixture.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 namespace {
