@@ -2,9 +2,12 @@
 
 #include "backend/call.h"
 #include "backend/context.h"
+#include "backend/control.h"
 #include "backend/dispatcher.h"
+#include "backend/filestore.h"
 #include "backend/levers.h"
 #include "backend/routes/routes.h"
+#include "backend/transfers.h"
 #include "backend/webserver.h"
 
 struct BackEnd::Private
@@ -22,6 +25,7 @@ struct BackEnd::Private
     Levers levers;
     std::unique_ptr<Dispatcher> dispatcher;
     WebServer server;
+    ControlServer control{context, levers};
     QString caFile;
 };
 
@@ -37,6 +41,12 @@ void BackEnd::Private::addServices()
     services = Services();
     addPassportServices(&services, context);
     addOrganisationServices(&services, context);
+    addPeopleSearch(&services, context);
+    addSettingsServices(&services, context);
+    const auto store = std::make_shared<FileStore>(context);
+    addFileServices(&services, store);
+    addMultipartServices(&services, std::make_shared<Transfers>(context, store));
+    addMonitoringServices(&services);
 }
 
 bool BackEnd::Private::open(QString *problem)
@@ -56,6 +66,8 @@ bool BackEnd::Private::open(QString *problem)
     caFile = files.authority;
     context.address = QStringLiteral("https://127.0.0.1:%1").arg(server.port());
     addServices();
+    if (options.controlPort >= 0 && !control.start(options.controlPort, problem))
+        return false;
     dispatcher = std::make_unique<Dispatcher>(services, context, levers, options.log);
     server.run(*dispatcher);
     return true;
@@ -77,6 +89,7 @@ bool BackEnd::start(QString *problem)
 void BackEnd::stop()
 {
     d->levers.stop();
+    d->control.stop();
     d->server.stop();
     d->context.database.close();
     d->context.folder.close();
@@ -89,7 +102,7 @@ int BackEnd::port() const
 
 int BackEnd::controlPort() const
 {
-    return -1;
+    return d->control.port();
 }
 
 QString BackEnd::address() const

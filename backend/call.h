@@ -40,7 +40,8 @@ public:
         Open,         // for everybody
         LoggedIn,     // an unknown ticket is an illegal value, an expired one goes through
         Organisation, // a ticket that is not good leads to the log-in page
-        Files         // as LoggedIn, in the envelope of the file services
+        Files,        // as LoggedIn, in the envelope of the file services
+        Content       // as LoggedIn, but an unknown ticket is refused by the status
     };
     using Handler = std::function<Reply(const Call &)>;
     struct Service

@@ -7,12 +7,14 @@
 #include <openssl/crypto.h>
 
 #include <QCryptographicHash>
+#include <QFile>
 
 #include <chrono>
 
 namespace {
 constexpr size_t MaximumForm = 2 * 1024 * 1024; // bytes
 constexpr size_t MaximumParts = 64;
+constexpr size_t FilePiece = 256 * 1024; // bytes
 constexpr char OverdueFlag[] = "passport.login.flag";
 
 std::string queryOf(const httplib::Request &request)
@@ -39,10 +41,35 @@ bool sameBytes(const QByteArray &left, const QByteArray &right)
            CRYPTO_memcmp(left.constData(), right.constData(), size_t(left.size())) == 0;
 }
 
+Reply refusal(Services::Access access)
+{
+    if (access == Services::Files)
+        return Reply::fileError("E02", "not logged in");
+    return access == Services::Content ? Reply::ofStatus(403) : Reply::code(ReplyCode::Illegal);
+}
+
+// Sends the file piece by piece, so that a large one needs no memory.
+void sendFile(const Reply &reply, httplib::Response *response)
+{
+    const auto file = std::make_shared<QFile>(reply.file);
+    if (!file->open(QIODevice::ReadOnly)) {
+        response->status = 404;
+        return;
+    }
+    const auto provide = [file](size_t offset, size_t length, httplib::DataSink &sink) {
+        const qint64 most = qint64(std::min(length, FilePiece));
+        const QByteArray piece = file->seek(qint64(offset)) ? file->read(most) : QByteArray();
+        return !piece.isEmpty() && sink.write(piece.constData(), size_t(piece.size()));
+    };
+    response->set_content_provider(size_t(file->size()), reply.type, provide);
+}
+
 void fill(const Reply &reply, httplib::Response *response)
 {
     response->status = reply.status;
-    if (!reply.type.empty())
+    if (!reply.file.isEmpty())
+        sendFile(reply, response);
+    else if (!reply.type.empty())
         response->set_header("Content-Type", reply.type);
     for (const auto &[name, value] : reply.headers)
         response->set_header(name, value);
@@ -54,6 +81,8 @@ struct Dispatcher::Body
 {
     Call call;
     std::string text;
+    std::vector<SeenRequest::Part> seenParts;
+    bool isWhole = true; // it came to its end and could be read
     bool isTooLarge = false;
 };
 
@@ -67,7 +96,7 @@ Dispatcher::Dispatcher(const Services &services, BackEndContext &context, Levers
 // would be taken for the connection's next request.
 void Dispatcher::readPlain(const httplib::ContentReader &reader, Body *body)
 {
-    reader([body](const char *bytes, size_t size) {
+    body->isWhole = reader([body](const char *bytes, size_t size) {
         if (body->text.size() + size > MaximumForm)
             body->isTooLarge = true;
         else
@@ -80,7 +109,7 @@ void Dispatcher::readPlain(const httplib::ContentReader &reader, Body *body)
 void Dispatcher::readMultipart(const httplib::ContentReader &reader, Body *body)
 {
     std::vector<UploadedPart> parts;
-    const bool isWhole = reader(
+    body->isWhole = reader(
         [&](const httplib::MultipartFormData &header) {
             if (parts.size() < MaximumParts)
                 parts.push_back({header.name, header.filename, {}, false});
@@ -98,11 +127,14 @@ void Dispatcher::readMultipart(const httplib::ContentReader &reader, Body *body)
             return true;
         });
     for (UploadedPart &part : parts) {
-        part.isCutOff = part.isCutOff || !isWhole;
-        if (part.fileName.empty())
-            body->call.form.set(part.name, part.content.toStdString());
-        else
+        part.isCutOff = part.isCutOff || !body->isWhole;
+        const bool isFile = !part.fileName.empty();
+        const std::string text = isFile ? std::string() : part.content.toStdString();
+        body->seenParts.push_back({part.name, part.fileName, size_t(part.content.size()), text});
+        if (isFile)
             body->call.parts.push_back(std::move(part));
+        else
+            body->call.form.set(part.name, text);
     }
 }
 
@@ -142,9 +174,7 @@ Reply Dispatcher::checked(const Services::Service &service, const Call &call) co
     }
     if (call.caller.state == Caller::Expired)
         return service.handler(call).with(OverdueFlag, "true");
-    Reply refusal = service.access == Services::Files ? Reply::fileError("E02", "not logged in")
-                                                      : Reply::code(ReplyCode::Illegal);
-    return std::move(refusal).with(OverdueFlag, "true");
+    return refusal(service.access).with(OverdueFlag, "true");
 }
 
 Reply Dispatcher::replyFor(const httplib::Request &request, Body *body) const
@@ -172,16 +202,34 @@ void Dispatcher::record(const httplib::Request &request, const Body &body) const
 {
     SeenRequest seen;
     seen.method = request.method;
-    seen.path = request.target;
+    seen.path = request.path;
+    seen.query = queryOf(request);
     seen.body = body.text;
+    seen.parts = body.seenParts;
     for (const auto &[name, value] : request.headers) {
         // What the server adds itself.
         if (name.compare(0, 7, "REMOTE_") != 0 && name.compare(0, 6, "LOCAL_") != 0)
             seen.headers.emplace_back(name, value);
     }
-    for (const UploadedPart &part : body.call.parts)
-        seen.parts.push_back({part.name, part.fileName, size_t(part.content.size())});
     m_levers.record(std::move(seen));
+}
+
+Reply Dispatcher::scripted(const Rule &rule, const httplib::Request &request, Body *body) const
+{
+    Reply reply;
+    if (rule.replacesService()) {
+        reply.status = rule.status != 0 ? rule.status : 200;
+        reply.body = rule.body.value_or("");
+    } else {
+        reply = replyFor(request, body);
+    }
+    for (const auto &[name, value] : rule.headers) {
+        if (name == "Content-Type")
+            reply.type = value;
+        else
+            reply.headers.emplace_back(name, value);
+    }
+    return reply;
 }
 
 bool Dispatcher::answer(const httplib::Request &request, const httplib::ContentReader *reader,
@@ -197,27 +245,20 @@ bool Dispatcher::answer(const httplib::Request &request, const httplib::ContentR
     else
         body.call.form = FormBody::parse(queryOf(request));
     record(request, body);
+    body.isTooLarge = body.isTooLarge || (!body.isWhole && response->status == 413);
 
     const std::optional<Rule> rule = m_levers.take(request.path);
     if (rule && rule->delayMs > 0)
         m_levers.pause(rule->delayMs);
-    if (rule && rule->drop)
-        return false;
-    Reply reply;
-    if (rule && rule->replacesService()) {
-        reply.status = rule->status != 0 ? rule->status : 200;
-        reply.body = rule->body.value_or("");
-    } else {
-        reply = replyFor(request, &body);
-    }
-    if (rule)
-        reply.headers.insert(reply.headers.end(), rule->headers.begin(), rule->headers.end());
-    fill(reply, response);
+    const bool isDropped = rule && rule->drop;
+    if (!isDropped)
+        fill(rule ? scripted(*rule, request, &body) : replyFor(request, &body), response);
     if (m_log) {
         const std::chrono::duration<double, std::milli> taken =
             std::chrono::steady_clock::now() - begun;
-        m_log(request.method + ' ' + printable(request.path) + ' ' + std::to_string(reply.status) +
-              ' ' + std::to_string(int(taken.count())) + " ms");
+        const std::string result = isDropped ? "dropped" : std::to_string(response->status);
+        m_log(request.method + ' ' + printable(request.path) + ' ' + result + ' ' +
+              std::to_string(int(taken.count())) + " ms");
     }
-    return true;
+    return !isDropped;
 }

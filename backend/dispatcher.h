@@ -9,7 +9,7 @@
 
 struct BackEndContext;
 class Levers;
-struct SeenRequest;
+struct Rule;
 
 namespace httplib {
 class ContentReader;
@@ -36,6 +36,7 @@ private:
     Caller callerOf(const httplib::Request &request, const Call &call) const;
     Caller basicCaller(const std::string &authorization) const;
     Reply replyFor(const httplib::Request &request, Body *body) const;
+    Reply scripted(const Rule &rule, const httplib::Request &request, Body *body) const;
     Reply checked(const Services::Service &service, const Call &call) const;
     void record(const httplib::Request &request, const Body &body) const;
 

@@ -77,6 +77,7 @@ Json::Value Levers::log() const
         Json::Value seen(Json::objectValue);
         seen["method"] = entry.request.method;
         seen["path"] = entry.request.path;
+        seen["query"] = entry.request.query;
         seen["body"] = entry.request.body;
         seen["time"] = Json::Int64(entry.time);
         seen["headers"] = Json::Value(Json::objectValue);
@@ -87,6 +88,8 @@ Json::Value Levers::log() const
             file["name"] = part.name;
             file["fileName"] = part.fileName;
             file["size"] = Json::UInt64(part.size);
+            if (part.fileName.empty())
+                file["text"] = part.text;
             seen["parts"].append(file);
         }
         requests.append(seen);

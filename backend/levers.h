@@ -18,14 +18,15 @@ class Value;
 // Credentials included: tests compare them. It stays in memory.
 struct SeenRequest
 {
-    std::string method, path, body;
+    std::string method, path, query, body;
     std::vector<std::pair<std::string, std::string>> headers;
     struct Part
     {
         std::string name, fileName;
         size_t size = 0;
+        std::string text; // of a part that is no file
     };
-    std::vector<Part> parts; // of a multipart body
+    std::vector<Part> parts; // of a multipart body, which has no `body`
 };
 
 // How the next requests to a path are answered.

@@ -4,17 +4,11 @@
 #include "backend/reply.h"
 
 namespace {
-const char *showOf(int pc)
-{
-    static constexpr const char *shows[] = {"", "available", "away", "xa", "dnd", "chat"};
-    return shows[qBound(0, pc, 5)];
-}
-
 void writePresence(JsonText *json, const SampleCompany::Reach &reach)
 {
     json->open("presence", '[');
     if (reach.pc > 0) {
-        json->open('{').flag("av", true).member("show", showOf(reach.pc));
+        json->open('{').flag("av", true).member("show", OrgTree::show(reach.pc));
         json->member("pt", "pc").member("rsc", "pc").close('}');
     }
     if (reach.mobile > 0) {
@@ -67,6 +61,12 @@ void OrgTree::add(Department department)
     siblings.append(index);
     m_byId.insert(department.id, index);
     m_departments.append(std::move(department));
+}
+
+const char *OrgTree::show(int pc)
+{
+    static constexpr const char *shows[] = {"", "available", "away", "xa", "dnd", "chat"};
+    return shows[qBound(0, pc, 5)];
 }
 
 int OrgTree::find(const QString &id) const

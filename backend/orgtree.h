@@ -25,6 +25,9 @@ public:
         int source = -1; // in the sample company; -1: the large department
     };
 
+    // The word for a SampleCompany::Reach::pc.
+    static const char *show(int pc);
+
     int count() const { return m_departments.size(); }
     const Department &at(int index) const { return m_departments.at(index); }
     const QVector<int> &topmost() const { return m_topmost; }

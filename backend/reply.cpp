@@ -55,6 +55,14 @@ Reply Reply::bytes(const QByteArray &content, const char *type)
     return reply;
 }
 
+Reply Reply::ofFile(const QString &file, const char *type)
+{
+    Reply reply;
+    reply.type = type;
+    reply.file = file;
+    return reply;
+}
+
 Reply Reply::fileResult(const Json::Value &result)
 {
     Json::Value root(Json::objectValue);

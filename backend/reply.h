@@ -26,6 +26,7 @@ struct Reply
     int status = 200;
     std::string type = "application/json; charset=utf-8";
     std::string body;
+    QString file; // instead of the body
     std::vector<std::pair<std::string, std::string>> headers;
 
     static Reply code(int code);
@@ -34,6 +35,8 @@ struct Reply
     static Reply text(std::string json);         // JSON that is written already
     static Reply ofStatus(int status);           // without content
     static Reply bytes(const QByteArray &content, const char *type);
+
+    static Reply ofFile(const QString &file, const char *type); // 404 when it is gone
 
     // The envelope of the file services: "0" and the result, or "1" and an error.
     static Reply fileResult(const Json::Value &result);

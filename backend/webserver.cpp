@@ -6,6 +6,8 @@
 
 #include <httplib.h>
 
+#include <atomic>
+#include <chrono>
 #include <thread>
 
 namespace {
@@ -53,9 +55,12 @@ struct WebServer::Private
     Connections connections;
     std::unique_ptr<httplib::SSLServer> server;
     std::thread thread;
+    std::atomic<bool> hasEnded{false};
     int port = -1;
 
     void setUp();
+    bool answerEarly(const Dispatcher &dispatcher, const httplib::Request &request,
+                     httplib::Response *response);
 };
 
 void WebServer::Private::setUp()
@@ -114,25 +119,48 @@ bool WebServer::open(const KeyPair &certificate, int port, QString *problem)
     return true;
 }
 
+// A request that the dispatcher answers without a body: the library would wait for
+// one until the connection ends.
+bool WebServer::Private::answerEarly(const Dispatcher &dispatcher, const httplib::Request &request,
+                                     httplib::Response *response)
+{
+    const bool isPost = request.method == "POST";
+    if (isPost && request.path.size() > LongestPath) {
+        Connections::close(request.ssl); // deep recursion in the library's router
+        return true;
+    }
+    if (isPost && (request.has_header("Content-Length") || request.has_header("Transfer-Encoding")))
+        return false;
+    if (!isPost && request.method != "GET" && request.method != "HEAD") {
+        response->status = 405;
+        response->set_header("Connection", "close"); // a body, if any, stays unread
+        return true;
+    }
+    if (!dispatcher.answer(request, nullptr, response))
+        Connections::close(request.ssl);
+    return true;
+}
+
 void WebServer::run(const Dispatcher &dispatcher)
 {
     using httplib::Request;
     using httplib::Response;
     using Handled = httplib::Server::HandlerResponse;
-    d->server->set_pre_routing_handler([&dispatcher](const Request &request, Response &response) {
-        const bool hasBody = request.method != "GET" && request.method != "HEAD";
-        if (hasBody && request.path.size() <= LongestPath)
-            return Handled::Unhandled;
-        if (hasBody || !dispatcher.answer(request, nullptr, &response))
-            Connections::close(request.ssl);
-        return Handled::Handled;
-    });
+    d->server->set_pre_routing_handler(
+        [this, &dispatcher](const Request &request, Response &response) {
+            return d->answerEarly(dispatcher, request, &response) ? Handled::Handled
+                                                                  : Handled::Unhandled;
+        });
     d->server->Post(".*", [&dispatcher](const Request &request, Response &response,
                                         const httplib::ContentReader &reader) {
         if (!dispatcher.answer(request, &reader, &response))
             Connections::close(request.ssl);
     });
-    d->thread = std::thread([this] { d->server->listen_after_bind(); });
+    d->hasEnded = false;
+    d->thread = std::thread([this] {
+        d->server->listen_after_bind();
+        d->hasEnded = true;
+    });
     while (!d->server->is_running()) // until then it cannot be stopped
         std::this_thread::yield();
 }
@@ -142,7 +170,11 @@ void WebServer::stop()
     if (!d->server)
         return;
     d->server->stop();
-    d->connections.closeAll();
+    // A connection may be on its way in while the others are ended.
+    while (d->thread.joinable() && !d->hasEnded) {
+        d->connections.closeAll();
+        std::this_thread::sleep_for(std::chrono::milliseconds(5));
+    }
     if (d->thread.joinable())
         d->thread.join();
     d->server.reset();

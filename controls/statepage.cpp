@@ -13,6 +13,7 @@
 
 namespace {
 constexpr int PictureSize = 120;
+constexpr int ButtonPadding = 40; // of both sides together
 
 // A label would show a frame of twice the size twice as large.
 class Animation : public QWidget
@@ -69,11 +70,14 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     m_text->setWordWrap(true);
     m_text->setFont(skinFont(13));
     m_text->setForegroundRole(QPalette::PlaceholderText);
+    // By itself: below a widget with a style sheet nothing inherits a palette.
+    followSkin(m_text);
     layout->addWidget(m_text);
     if (buttonKey) {
         m_button = new QPushButton(this);
         m_button->setObjectName(QLatin1String(buttonKey));
         m_button->setFont(skinFont(13));
+        followSkin(m_button);
         layout->addWidget(m_button, 0, Qt::AlignCenter);
         connect(m_button, &QPushButton::clicked, this, &StatePage::buttonClicked);
     }
@@ -105,6 +109,10 @@ void StatePage::changeEvent(QEvent *event)
 void StatePage::retranslate()
 {
     m_text->setText(QObject::tr(m_key));
-    if (m_button)
-        m_button->setText(QObject::tr(m_buttonKey));
+    if (!m_button)
+        return;
+    m_button->setText(QObject::tr(m_buttonKey));
+    // A style sheet above takes the style's own padding away.
+    m_button->setMinimumWidth(m_button->fontMetrics().horizontalAdvance(m_button->text()) +
+                              ButtonPadding);
 }

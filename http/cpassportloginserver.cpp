@@ -15,18 +15,9 @@
 struct CPassportLoginServer::Exchange
 {
     ManagerLease manager;
-    QString ticket; // the one that is asked for
-    QPointer<QNetworkReply> reply;
+    QString ticket;                 // the one that is asked for
+    QNetworkReply *reply = nullptr; // lives until the exchange has ended
     QTimer timer;
-
-    ~Exchange()
-    {
-        if (!reply)
-            return;
-        reply->disconnect();
-        reply->abort();
-        reply->deleteLater();
-    }
 };
 
 namespace {
@@ -53,7 +44,14 @@ bool isWeb(const QUrl &url)
 
 CPassportLoginServer::CPassportLoginServer(QObject *parent) : QObject(parent) {}
 
-CPassportLoginServer::~CPassportLoginServer() = default;
+CPassportLoginServer::~CPassportLoginServer()
+{
+    if (!m_exchange)
+        return;
+    m_exchange->reply->disconnect(this);
+    m_exchange->reply->abort();
+    m_exchange->reply->deleteLater();
+}
 
 void CPassportLoginServer::ManualRefreshAuthID()
 {
@@ -102,6 +100,7 @@ void CPassportLoginServer::exchangeEnded()
 {
     const std::unique_ptr<Exchange> ended = std::move(m_exchange);
     QNetworkReply *reply = ended->reply;
+    reply->deleteLater();
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     if (m_ticket != ended->ticket) {
         // Somebody logged in meanwhile; this answer is about a past log-in.

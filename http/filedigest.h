@@ -17,6 +17,7 @@ public:
 
     // Once.
     void start(const QString &file);
+    void stop(); // no finished() follows
 
 signals:
     // Lower-case hexadecimal; empty when the file cannot be read. Not inside start().
@@ -25,6 +26,7 @@ signals:
 private:
     void readOn();
 
+    bool m_stopped = false;
     QFile m_file;
     QCryptographicHash m_hash{QCryptographicHash::Md5};
 };

@@ -56,8 +56,6 @@ HttpResponseData uploaded(const FileReply &reply)
 FileUpload::FileUpload(QObject *parent) : FileTransfer(parent), d(std::make_unique<Private>())
 {
     connect(&d->digest, &FileDigest::finished, this, [this](const QByteArray &md5) {
-        if (!isRunning())
-            return;
         QHttpMultiPart *parts = md5.isEmpty() ? nullptr : d->form(md5);
         if (!parts) {
             fail(QStringLiteral("the file cannot be read"));
@@ -100,6 +98,7 @@ void FileUpload::cancel()
 {
     if (!isRunning())
         return;
+    d->digest.stop();
     d->session.stop();
     fail(QStringLiteral("cancelled"));
 }

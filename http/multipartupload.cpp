@@ -177,6 +177,7 @@ void MultipartUpload::Private::completed(const FileReply &reply)
 
 void MultipartUpload::Private::giveUp(const QString &reason)
 {
+    digest.stop();
     retry.stop();
     session.stop();
     delete call;
@@ -199,10 +200,8 @@ MultipartUpload::MultipartUpload(QObject *parent)
 {
     d->retry.setSingleShot(true);
     connect(&d->retry, &QTimer::timeout, this, [this] { d->sendPart(); });
-    connect(&d->digest, &FileDigest::finished, this, [this](const QByteArray &md5) {
-        if (isRunning())
-            d->askForObject(md5);
-    });
+    connect(&d->digest, &FileDigest::finished, this,
+            [this](const QByteArray &md5) { d->askForObject(md5); });
     connect(&d->session, &TransferSession::uploadProgress, this, [this](qint64 sent, qint64 total) {
         const qint64 done = PartSize * (d->part - 1);
         const qint64 part = std::min(PartSize, d->size - done);

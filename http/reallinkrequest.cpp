@@ -3,20 +3,17 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "http/cpassportloginserver.h"
+#include "http/replylimits.h"
 #include "http/requestheaders.h"
 #include "http/requesttext.h"
+#include "http/serviceaddresses.h"
 
+#include <QCoreApplication>
 #include <QNetworkCookieJar>
 #include <QNetworkReply>
 #include <QTimer>
 
 namespace {
-bool isWebLink(const QUrl &url)
-{
-    return url.isValid() && !url.host().isEmpty() &&
-           (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"));
-}
-
 // Where the reply leads to; an invalid address when it leads nowhere.
 QUrl linkOf(const QNetworkReply *reply, int status)
 {
@@ -27,31 +24,49 @@ QUrl linkOf(const QNetworkReply *reply, int status)
     if (!isRedirect || target.isEmpty())
         return QUrl();
     const QUrl link = reply->url().resolved(target);
-    return isWebLink(link) ? link : QUrl();
+    return ServiceAddresses::isWebAddress(link) ? link : QUrl();
 }
 } // namespace
 
 RealLinkRequest::RealLinkRequest(QObject *parent) : QObject(parent)
 {
-    connect(&m_manager, &QNetworkAccessManager::finished, this, &RealLinkRequest::replyFinished);
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
+            [this] { delete this; });
+}
+
+RealLinkRequest::~RealLinkRequest()
+{
+    if (!m_reply)
+        return;
+    m_reply->disconnect(this);
+    m_reply->abort();
+    m_reply->deleteLater();
 }
 
 void RealLinkRequest::start(const QString &address)
 {
     const QUrl url(address);
-    if (!isWebLink(url)) {
+    if (!ServiceAddresses::isWebAddress(url)) {
         QTimer::singleShot(0, this, [this] { finish(QString()); });
         return;
     }
     QNetworkRequest request = RequestHeaders::request(url);
     request.setTransferTimeout(Timeout);
-    m_sent = RequestHeaders::storeLoginCookies(m_manager.cookieJar(), url);
+    m_manager = ManagerPool::instance().lend();
+    m_sent = RequestHeaders::storeLoginCookies(m_manager->cookieJar(), url);
     m_timing = RequestTiming("GET", url, 0);
-    m_manager.get(request);
+    m_reply = m_manager->get(request);
+    connect(m_reply, &QNetworkReply::finished, this, &RealLinkRequest::replyFinished);
+    connect(m_reply, &QNetworkReply::readyRead, this, [this] {
+        if (!ReplyLimits::refusal(m_reply, 0, MaximumReply).isEmpty())
+            m_reply->abort();
+    });
 }
 
-void RealLinkRequest::replyFinished(QNetworkReply *reply)
+void RealLinkRequest::replyFinished()
 {
+    QNetworkReply *const reply = m_reply;
+    m_reply = nullptr;
     reply->deleteLater();
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const bool failed = reply->error() != QNetworkReply::NoError;
@@ -61,7 +76,7 @@ void RealLinkRequest::replyFinished(QNetworkReply *reply)
         finish(QString());
         return;
     }
-    RequestHeaders::takeLoginCookies(m_manager.cookieJar(), reply->url(), m_sent);
+    RequestHeaders::takeLoginCookies(m_manager->cookieJar(), reply->url(), m_sent);
     if (reply->rawHeader("passport.login.flag") == "true") {
         if (CPassportLoginServer *passport = ctx().passport())
             passport->UserOverdue();

@@ -4,19 +4,24 @@
 #pragma once
 
 #include "http/cmonitorlogger.h"
+#include "http/managerpool.h"
 #include "http/requestheaders.h"
 
-#include <QNetworkAccessManager>
 #include <QObject>
+#include <QPointer>
+
+class QNetworkReply;
 
 class RealLinkRequest : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int Timeout = 10000; // ms
+    static constexpr int Timeout = 10000;               // ms
+    static constexpr qint64 MaximumReply = 1024 * 1024; // bytes
 
     explicit RealLinkRequest(QObject *parent = nullptr);
+    ~RealLinkRequest() override;
 
     // The address of a service key; an empty one fails.
     void start(const QString &address);
@@ -26,10 +31,11 @@ signals:
     void signal_finished(const QString &link);
 
 private:
-    void replyFinished(QNetworkReply *reply);
+    void replyFinished();
     void finish(const QString &link);
 
-    QNetworkAccessManager m_manager;
+    ManagerLease m_manager;
+    QPointer<QNetworkReply> m_reply;
     RequestHeaders::LoginCookies m_sent;
     RequestTiming m_timing;
 };

@@ -37,7 +37,7 @@ Hop judge(const QUrl &first, const QUrl &from, const QUrl &location, int hops, i
     hop.url.setUserInfo(QString());
     if (hops >= maximumHops)
         hop.refusal = QNetworkReply::TooManyRedirectsError;
-    else if (!hop.url.isValid() || hop.url.host().isEmpty() ||
+    else if (!location.isValid() || !hop.url.isValid() || hop.url.host().isEmpty() ||
              !(isHttp(hop.url) || isHttps(hop.url)))
         hop.refusal = QNetworkReply::ProtocolUnknownError;
     else if (isHttps(from) && isHttp(hop.url))

@@ -55,17 +55,11 @@ const Service *find(const QString &key)
     return at == end ? nullptr : at;
 }
 
-bool isWebAddress(const QUrl &url)
-{
-    return url.isValid() && !url.host().isEmpty() &&
-           (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"));
-}
-
 // Empty for what is no address of the web.
 QString webAddress(const QString &key, const QString &text)
 {
     const QString trimmed = text.trimmed();
-    if (trimmed.isEmpty() || isWebAddress(QUrl(trimmed)))
+    if (trimmed.isEmpty() || ServiceAddresses::isWebAddress(QUrl(trimmed)))
         return trimmed;
     LOG_ERROR("the service address of " << logText(key) << " is refused");
     return QString();
@@ -171,6 +165,12 @@ QString ServiceAddresses::host(const QString &group)
             return hostAddress(addressFile(), host);
     }
     return QString();
+}
+
+bool ServiceAddresses::isWebAddress(const QUrl &url)
+{
+    return url.isValid() && !url.host().isEmpty() &&
+           (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"));
 }
 
 bool ServiceAddresses::isServiceHost(const QUrl &url)

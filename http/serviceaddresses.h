@@ -36,6 +36,9 @@ QStringList keysWithoutAddress();
 // The base address of a host group: "center", "ids", "vcs", "monitor" or "web".
 QString host(const QString &group);
 
+// Whether it is an http or https address with a host.
+bool isWebAddress(const QUrl &url);
+
 // Whether credentials may be sent there: the scheme, host and port are those of a
 // host group or of an address in the file.
 bool isServiceHost(const QUrl &url);

@@ -4,7 +4,9 @@
 
 #include "http/orgrecords.h"
 
+#include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 
 class OrgStructureMgr : public QObject
@@ -20,6 +22,7 @@ public:
     // department's children are known.
     bool queryChildren(const QString &orgId);
 
+    // Not to be copied: the next answer would have to copy all of it.
     const OrgElementMap &elements() const { return m_elements; }
     const QStringList &rootList() const { return m_rootList; }
     QStringList childrenOf(const QString &orgId) const { return m_childrenOf.value(orgId); }
@@ -33,6 +36,8 @@ public slots:
     void slot_locateOrgElements(const OrgElementList &orgList, QString strFrdJid);
 
 signals:
+    // In this order after an answer: what it brought, then all there is. The map is
+    // the cache itself.
     void signal_upDataOrgStructure(const OrgElementMap &mapOrgElements);
     void signal_recvOrgElementList(const OrgElementList &orgList);
     void signal_locateEmp(const OrgElementMap &mapOrgElements, QString strFrdJid);
@@ -40,10 +45,18 @@ signals:
 
 private:
     OrgStructureMgr();
+    void store(const OrgElementList &orgList, const QString &companyCode);
+    void file(const OrgElement &element, const OrgElement *old, bool isTop);
+    void childrenArrived(const QString &orgId);
 
     QMap<QString, QString> m_reserved;
     QStringList m_rootList; // ids
     QMap<QString, QStringList> m_childrenOf;
     OrgElementMap m_elements;
     QMap<QString, bool> m_loaded;
+
+    // The lists that hold an id, by their parent's id, for the few ids that are in
+    // another list than in that of their last parent; the root list has the key "".
+    QHash<QString, QSet<QString>> m_listsOf;
+    QString m_companyCode; // whose departments are in the root list
 };

@@ -10,6 +10,7 @@
 #include "controls/typefinder.h"
 #include "http/fileservices.h"
 #include "org/orgcommands.h"
+#include "org/orgstructuremgr.h"
 #include "org/orgstructuretreedelegate.h"
 #include "org/orgtreemodel.h"
 #include "plugin/frienduisignalsender.h"
@@ -37,6 +38,7 @@ OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
       m_finder(new TypeFinder(this, OrgRole::Name))
 {
     setObjectName(QStringLiteral("OrgStructureTreeView"));
+    m_model->setRecords(&OrgStructureMgr::instance()->elements());
     setModel(m_model);
     setItemDelegate(new OrgStructureTreeDelegate(this));
     setHeaderHidden(true);

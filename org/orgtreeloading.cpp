@@ -19,7 +19,6 @@ void OrgStructureTreeView::connectSources()
     // The cache first: it has to know what arrives before the tree asks it.
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     connect(cache, &OrgStructureMgr::signal_recvOrgElementList, this, &View::received);
-    connect(cache, &OrgStructureMgr::signal_recvOrgElementList, this, &View::slot_addToFriendList);
     connect(cache, &OrgStructureMgr::signal_upDataOrgStructure, this, &View::slot_upDataTreeView);
     connect(cache, &OrgStructureMgr::signal_locateEmp, this, &View::slot_locateOrgElements);
     connect(cache, &OrgStructureMgr::signal_locateOrg, this, &View::locateOrgElements);
@@ -51,6 +50,7 @@ void OrgStructureTreeView::connectSources()
     connect(hub, &Hub::signal_myStatusChanged, this, [this] {
         setPresences({{ctx().ownJid(), ctx().presence(ctx().ownJid())}});
     });
+    connect(hub, &Hub::signal_UpdateFrdHead, viewport(), [this] { viewport()->update(); });
     connect(hub, &Hub::signal_login, this, [this] {
         releaseMenus(); // the rights may be others
         buildMenus();
@@ -67,9 +67,15 @@ void OrgStructureTreeView::setRootId(const QString &rootId)
     m_adding.clear();
     m_loadTimer.stop();
     m_model->setRootId(rootId);
-    const OrgElementMap &known = OrgStructureMgr::instance()->elements();
-    if (!known.isEmpty())
-        addAll(known);
+    // Only the topmost ones of what is known; the rest when its department is opened.
+    const OrgStructureMgr *cache = OrgStructureMgr::instance();
+    OrgElementList top;
+    for (const QString &id : cache->rootList() + cache->childrenOf(rootId)) {
+        const OrgElement element = cache->elements().value(id);
+        if (element.strParentId.isEmpty() || element.strParentId == rootId)
+            top.append(element);
+    }
+    m_model->addElements(top);
 }
 
 QString OrgStructureTreeView::rootId() const
@@ -155,6 +161,8 @@ void OrgStructureTreeView::opened(const QModelIndex &index)
 
 void OrgStructureTreeView::received(const OrgElementList &elements)
 {
+    if (rootId().isEmpty())
+        return;
     m_model->addElements(elements);
     m_elementsAdded = true;
 }
@@ -219,7 +227,7 @@ void OrgStructureTreeView::departmentDone(const QString &id)
 bool OrgStructureTreeView::departmentFailed(const QString &id)
 {
     const bool wasAsked = m_asked.remove(id);
-    const bool wasAdding = m_adding.remove(id) > 0;
+    const bool wasAdding = m_adding.remove(id);
     if (id == rootId() || !m_model->indexOf(id).isValid())
         return wasAsked;
     if (m_model->childrenState(id) == OrgTreeModel::Children::Loading)
@@ -237,6 +245,7 @@ void OrgStructureTreeView::slot_loadOrgTimeOut()
         emit signal_LoadFail(id, 0);
     if (asked.isEmpty() && isEmpty())
         emit signal_LoadFail(rootId(), 0);
+    m_oldSearches.clear();
     if (isLocating())
         emit locateFailed(m_locating);
 }

@@ -4,7 +4,8 @@
 // the records stay in the cache.
 //
 // Elements may come in any order, more than once, under another parent, in circles:
-// one without a way up to the root is kept aside until its parent comes.
+// one without a way up to the root of at most 64 rows is kept aside until there is
+// one.
 #pragma once
 
 #include "http/orgrecords.h"
@@ -12,6 +13,8 @@
 #include <QAbstractItemModel>
 
 #include <memory>
+
+class OrgTreeChanges;
 
 namespace OrgRole {
 enum Role
@@ -51,13 +54,20 @@ public:
     explicit OrgTreeModel(QObject *parent = nullptr);
     ~OrgTreeModel() override;
 
-    // The id above the topmost rows; a change empties the model.
+    // Where the records are kept, up to date before each addElements(); outlives the
+    // model, or is taken away again with null. Without it the model keeps a copy.
+    void setRecords(const OrgElementMap *records);
+
+    // The id above the topmost rows, which are those with this parent or with none; a
+    // change empties the model.
     void setRootId(const QString &rootId);
     QString rootId() const;
 
     // Adds new elements below their parents and updates the ones that are there, in
     // time proportional to their number.
     void addElements(const OrgElementList &elements);
+    // Ignored for a department that is not known. While one without rows is loading or
+    // has failed it has a row that says so; the root has none.
     void setChildrenState(const QString &departmentId, Children state);
     Children childrenState(const QString &departmentId) const;
 
@@ -66,6 +76,7 @@ public:
     OrgElement element(const QModelIndex &index) const; // empty for the other kinds of row
     bool isEmpty() const;                               // no row at all
 
+    // Lasts until the element itself arrives again.
     void setPresence(const QString &uid, int status, int device);
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
@@ -77,6 +88,7 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
+    friend class OrgTreeChanges;
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -184,6 +184,14 @@
         <translation>Deleted contacts</translation>
     </message>
     <message>
+        <source>cooperatingContact</source>
+        <translation>Cooperating contact</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
         <source>create</source>
         <translation>Create</translation>
     </message>
@@ -264,6 +272,14 @@
         <translation>Change nickname</translation>
     </message>
     <message>
+        <source>editPicture</source>
+        <translation>Edit picture</translation>
+    </message>
+    <message>
+        <source>emailAddress</source>
+        <translation>Email address</translation>
+    </message>
+    <message>
         <source>enterprisesCard</source>
         <translation>Business card</translation>
     </message>
@@ -274,6 +290,10 @@
     <message>
         <source>expandAll</source>
         <translation>Expand all</translation>
+    </message>
+    <message>
+        <source>extensionNumber</source>
+        <translation>Extension</translation>
     </message>
     <message>
         <source>failaddfrd</source>
@@ -392,6 +412,10 @@
         <translation>No recent conversations</translation>
     </message>
     <message>
+        <source>leader</source>
+        <translation>Reports to</translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>Loading failed. Click to try again</translation>
     </message>
@@ -412,12 +436,20 @@
         <translation>Show my place</translation>
     </message>
     <message>
+        <source>location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
     </message>
     <message>
         <source>minimize</source>
         <translation>Minimize</translation>
+    </message>
+    <message>
+        <source>mobileNumber</source>
+        <translation>Mobile number</translation>
     </message>
     <message>
         <source>modifyGroupName</source>
@@ -592,12 +624,24 @@
         <translation>External contacts</translation>
     </message>
     <message>
+        <source>ownProfile</source>
+        <translation>My profile</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>Product team</translation>
     </message>
     <message>
         <source>persionnalAcountConnotAdd</source>
         <translation>Personal accounts cannot join a virtual team.</translation>
+    </message>
+    <message>
+        <source>personalNumber</source>
+        <translation>Personal number</translation>
+    </message>
+    <message>
+        <source>position</source>
+        <translation>Position</translation>
     </message>
     <message>
         <source>presenceAway</source>
@@ -674,6 +718,10 @@
     <message>
         <source>registerEnterprise</source>
         <translation>Register a company</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>Remark</translation>
     </message>
     <message>
         <source>remarkColon</source>

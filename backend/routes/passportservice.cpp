@@ -9,6 +9,8 @@
 #include <json/value.h>
 #include <openssl/crypto.h>
 
+#include <algorithm>
+
 namespace {
 
 std::string cookieHeader(const char *name, const QString &value)
@@ -42,14 +44,19 @@ Reply logIn(const Call &call, BackEndContext &context)
               cookieHeader(Cookie::RememberMe, sessions.issue(Sessions::RememberMe, uid)));
 }
 
-// Where the exchange leads: an absolute web address, else the centre.
+// Where the exchange leads: an absolute web address, letter by letter as it was
+// given; else the centre.
 std::string targetOf(const Call &call, const BackEndContext &context)
 {
-    const QUrl service(call.form.text("service"), QUrl::StrictMode);
+    const QString text = call.form.text("service");
+    const bool isPrintable = std::all_of(text.begin(), text.end(), [](QChar c) {
+        return c > QLatin1Char(' ') && c.unicode() < 0x7f;
+    });
+    const QUrl target(text, QUrl::StrictMode);
     const bool isWeb =
-        service.scheme() == QLatin1String("https") || service.scheme() == QLatin1String("http");
-    if (service.isValid() && isWeb && !service.host().isEmpty())
-        return service.toEncoded().toStdString();
+        target.scheme() == QLatin1String("https") || target.scheme() == QLatin1String("http");
+    if (isPrintable && target.isValid() && isWeb && !target.host().isEmpty())
+        return text.toStdString();
     return context.address.toStdString() + "/center/";
 }
 

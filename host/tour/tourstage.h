@@ -38,13 +38,19 @@ public:
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
 
+    // --- The other pages ---
+    // Makes an entry of the pane's column current, as a click does.
+    void openPage(const QString &entryId) const;
+    QTreeView *orgTree() const; // null unless it is shown
+
     // --- Menus and dialogs ---
     QMenu *openMenu(const QString &objectName) const; // null unless it is shown
     QMenu *menu(const QString &objectName) const;     // shown or not
     QDialog *openDialog(const char *className) const;
     QWidget *shownWidget(const QString &objectName) const;
+    static QWidget *widgetOf(const QWidget *window, const char *objectName); // if shown
 
-    void contextMenu(const QModelIndex &index) const;
+    void contextMenu(const QModelIndex &index) const; // of either tree
     // The action of that object name, in the menu or a menu below it; the menu
     // is closed as by a click.
     void trigger(QMenu *menu, const QString &action) const;
@@ -60,5 +66,7 @@ public:
     int number = 0;
 
 private:
+    QTreeView *shownTree(const char *className) const;
+
     HostApplication &m_host;
 };

@@ -10,6 +10,7 @@
 #include "host/hostapplication.h"
 #include "host/levermenu.h"
 #include "host/mainwindow.h"
+#include "host/tour/tourparts.h"
 #include "host/tour/tourstage.h"
 #include "hostapi/eventcodes.h"
 
@@ -384,7 +385,7 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part : {hostSteps(), ownProcessSteps()})
+        for (const auto &part : {hostSteps(), organisationSteps(), ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

@@ -12,6 +12,7 @@
 #include "host/panearea.h"
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
+#include "host/webservices.h"
 #include "host/windows/contactrequests.h"
 #include "host/windows/hostwindows.h"
 #include "host/windows/peoplepicker.h"
@@ -390,11 +391,49 @@ private slots:
         QVERIFY(list->count() == 0 && !list->isVisible());
     }
 
-    void picturesOutsideTheDataFolderAreNotGivenOut()
+    void theWindowTellsOfTheWebServices()
     {
         const QTemporaryDir folder;
         FakeCore core;
         HostContext context(&core, folder.path());
+        EventLog log;
+        HostBus bus(&log);
+        HostLanguage language;
+        WebServices::Options options;
+        options.process.program = QStringLiteral("/nonexistent/back-end");
+        options.process.dataFolder = folder.path();
+        WebServices services(&context, options);
+        MainWindow window({&core, &context, &bus, &log, &language, nullptr, &services, nullptr});
+        const auto *state = window.findChild<QLabel *>(QStringLiteral("serviceState"));
+        auto *retry = window.findChild<QAction *>(QStringLiteral("serviceRetry"));
+        QVERIFY(!retry->isEnabled());
+        const QString off = state->text();
+        services.start();
+        QVERIFY(state->text() != off);
+        QTRY_VERIFY(retry->isEnabled());
+        QVERIFY(window.statusBar()->currentMessage().contains(options.process.program));
+        QVERIFY(state->toolTip().contains(options.process.program));
+        const QSignalSpy notes(&services, &WebServices::note);
+        retry->trigger();
+        QVERIFY(!retry->isEnabled());
+        QTRY_COMPARE(notes.count(), 1);
+        context.shutDown();
+    }
+
+    void onlyFetchedPicturesAreGivenOut()
+    {
+        const QTemporaryDir folder;
+        FakeCore core;
+        HostContext context(&core, folder.path());
+        QVERIFY(context.headPath(QStringLiteral("u7.png")).isEmpty());
+        const QString pictures = context.userFolder() + QLatin1String("/headImage");
+        QVERIFY(QDir().mkpath(pictures));
+        QFile picture(pictures + QLatin1String("/u7.png"));
+        QVERIFY(picture.open(QIODevice::WriteOnly));
+        QCOMPARE(context.headPath(QStringLiteral("u7.png")), picture.fileName());
+        QCOMPARE(context.headPath(QStringLiteral("u7@corp.example")), picture.fileName());
+        QVERIFY(context.headPath(QStringLiteral("../headImage/u7.png")).isEmpty());
+        QVERIFY(context.headPath(QStringLiteral("../headImage/u7@corp.example")).isEmpty());
         QVERIFY(context.headPath(QStringLiteral("../../etc/passwd")).isEmpty());
         QVERIFY(context.headPath(QStringLiteral("/etc/passwd")).isEmpty());
         QVERIFY(context.headPath(QString()).isEmpty());

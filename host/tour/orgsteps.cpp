@@ -1,0 +1,224 @@
+#include "host/core/embeddedcore.h"
+#include "host/eventmonitor/webmonitor.h"
+#include "host/eventmonitor/webrequestmodel.h"
+#include "host/hostapplication.h"
+#include "host/mainwindow.h"
+#include "host/tour/tourparts.h"
+#include "host/tour/tourstage.h"
+#include "host/webservices.h"
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QTableView>
+#include <QTreeView>
+
+namespace {
+
+using Stage = TourStage;
+
+// As the organisation's rows answer; see its model.
+constexpr int IdRole = 258;
+constexpr int KindRole = 280;
+constexpr int DepartmentKind = 1;
+constexpr int EmployeeKind = 2;
+
+constexpr int DeepestLevel = 3;
+
+QModelIndex orgRow(const Stage &s, const QString &id)
+{
+    const QTreeView *view = s.orgTree();
+    if (!view)
+        return QModelIndex();
+    const QModelIndexList found = view->model()->match(view->model()->index(0, 0), IdRole, id, 1,
+                                                       Qt::MatchExactly | Qt::MatchRecursive);
+    return found.isEmpty() ? QModelIndex() : found.first();
+}
+
+bool hasRows(const QModelIndex &department)
+{
+    const QModelIndex first =
+        department.model() ? department.model()->index(0, 0, department) : QModelIndex();
+    const int kind = first.data(KindRole).toInt();
+    return kind == DepartmentKind || kind == EmployeeKind;
+}
+
+// The departments above a person, the topmost first.
+QStringList pathOf(const SampleCompany &company, const QString &uid)
+{
+    const QString last = company.person(company.indexOf(uid)).departmentId;
+    const auto &all = company.departments();
+    QStringList path;
+    int at = 0;
+    while (at < all.size() && all.at(at).id != last)
+        ++at;
+    for (; at >= 0 && at < all.size(); at = all.at(at).parent)
+        path.prepend(all.at(at).id);
+    return path;
+}
+
+// Somebody of the company who confirms requests and is no contact. In a large company
+// everybody is a contact; then somebody stops being one.
+QString stranger(EmbeddedCore *core)
+{
+    const SampleCompany &company = core->company();
+    QString jid;
+    for (int index = company.people() - 1; index > 0; --index) {
+        if (company.policy(index) != SampleCompany::AsksFirst)
+            continue;
+        jid = SampleCompany::uid(index) + QLatin1Char('@') + SampleCompany::domain();
+        FriendData contact;
+        if (!core->contact(jid, &contact))
+            return jid;
+    }
+    core->removeContact(jid, true);
+    return jid;
+}
+
+QString uidOf(const QString &jid)
+{
+    return jid.section(QLatin1Char('@'), 0, 0);
+}
+
+TourMove servicesReady()
+{
+    return {"the web services are logged in", {}, [](Stage &s) {
+                return s.host().services()->state() == WebServices::Ready;
+            }};
+}
+
+TourMove pageOpened()
+{
+    return {"the organisation shows its departments",
+            [](Stage &s) { s.openPage(QStringLiteral("organizationTree")); },
+            [](Stage &s) {
+                return s.orgTree() &&
+                       s.orgTree()->model()->index(0, 0).data(KindRole) == DepartmentKind;
+            }};
+}
+
+// Opens the department of that level above the remembered person, if there is one.
+TourMove levelOpened(int level)
+{
+    const auto department = [level](Stage &s) {
+        return orgRow(s, pathOf(s.host().core()->company(), uidOf(s.jid)).value(level));
+    };
+    return {"the department shows who belongs to it",
+            [department](Stage &s) {
+                if (s.orgTree())
+                    s.orgTree()->expand(department(s));
+            },
+            [department](Stage &s) {
+                const QModelIndex row = department(s);
+                return !row.isValid() || hasRows(row);
+            }};
+}
+
+// The remembered person's row is on the screen.
+std::vector<TourMove> personShown()
+{
+    std::vector<TourMove> moves{servicesReady(), pageOpened()};
+    for (int level = 0; level < DeepestLevel; ++level)
+        moves.push_back(levelOpened(level));
+    moves.push_back({"the colleague's row is shown",
+                     [](Stage &s) {
+                         if (!s.orgTree())
+                             return;
+                         s.orgTree()->setCurrentIndex(orgRow(s, uidOf(s.jid)));
+                         s.orgTree()->scrollTo(s.orgTree()->currentIndex());
+                     },
+                     [](Stage &s) {
+                         const QModelIndex row = orgRow(s, uidOf(s.jid));
+                         return row.isValid() && !s.orgTree()->visualRect(row).isEmpty();
+                     }});
+    return moves;
+}
+
+TourMove personMenu()
+{
+    return {"the colleague's menu opens", [](Stage &s) { s.contextMenu(orgRow(s, uidOf(s.jid))); },
+            [](Stage &s) { return s.openMenu(QStringLiteral("empMenu")) != nullptr; }};
+}
+
+TourMove chosen(const char *action, const char *window)
+{
+    return {"the window opens",
+            [=](Stage &s) { s.trigger(s.menu(QStringLiteral("empMenu")), QLatin1String(action)); },
+            [=](Stage &s) { return s.openDialog(window) != nullptr; }};
+}
+
+TourMove formShown()
+{
+    return {"the form is shown", {}, [](Stage &s) {
+                return s.widgetOf(s.openDialog("AddFriend"), "okButton") != nullptr;
+            }};
+}
+
+template <class... Moves> std::vector<TourMove> personAnd(const Moves &...moves)
+{
+    std::vector<TourMove> all = personShown();
+    (all.push_back(moves), ...);
+    return all;
+}
+
+} // namespace
+
+std::vector<TourStep> organisationSteps()
+{
+    const TourMove remember{"there is a colleague who is no contact",
+                            [](Stage &s) { s.jid = stranger(s.host().core()); },
+                            [](Stage &s) {
+                                FriendData contact;
+                                return !s.jid.isEmpty() &&
+                                       !s.host().core()->contact(s.jid, &contact);
+                            }};
+    const TourMove requestSent{
+        "the other side confirms and the window says so",
+        [](Stage &s) {
+            QWidget *button = s.widgetOf(s.openDialog("AddFriend"), "okButton");
+            if (auto *ok = qobject_cast<QAbstractButton *>(button))
+                ok->click();
+        },
+        [](Stage &s) {
+            FriendData contact;
+            return s.host().core()->contact(s.jid, &contact) &&
+                   s.widgetOf(s.openDialog("AddFriend"), "resultPage") != nullptr;
+        }};
+    return {
+        {"organisation", TourStep::Pane, {servicesReady(), pageOpened()}},
+        {"organisation-opened", TourStep::Pane,
+         [&] {
+             std::vector<TourMove> moves = personShown();
+             moves.insert(moves.begin(), remember);
+             return moves;
+         }()},
+        {"organisation-card", TourStep::Pane,
+         personAnd(personMenu(), chosen("viewdetail", "CDetailView"))},
+        {"add-contact-form", TourStep::Pane,
+         personAnd(personMenu(), chosen("addcon", "AddFriend"), formShown())},
+        {"contact-added", TourStep::Pane,
+         personAnd(personMenu(), chosen("addcon", "AddFriend"), formShown(), requestSent)},
+        {"added-contact-in-tree",
+         TourStep::Pane,
+         {{"the new contact is in the tree",
+           [](Stage &s) { s.openPage(QStringLiteral("friends")); },
+           [](Stage &s) { return s.contact(s.jid).isValid(); }},
+          {"it is shown",
+           [](Stage &s) {
+               s.tree()->expand(s.contact(s.jid).parent());
+               s.tree()->scrollTo(s.contact(s.jid));
+           },
+           [](Stage &s) { return !s.tree()->visualRect(s.contact(s.jid)).isEmpty(); }}}},
+        {"web-requests",
+         TourStep::HostOnly,
+         {servicesReady(),
+          {"web requests are listed", [](Stage &s) { s.window().showWebMonitor(); },
+           [](Stage &s) {
+               return s.window().webMonitor()->isVisible() &&
+                      s.window().webMonitor()->model()->rowCount() > 0;
+           }},
+          {"one is chosen", [](Stage &s) { s.window().webMonitor()->table()->selectRow(0); },
+           [](Stage &s) {
+               return s.window().webMonitor()->table()->selectionModel()->hasSelection();
+           }}}},
+    };
+}

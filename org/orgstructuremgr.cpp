@@ -1,0 +1,148 @@
+#include "org/orgstructuremgr.h"
+
+#include "http/httpmgr.h"
+#include "org/httporgfun.h"
+
+OrgStructureMgr *OrgStructureMgr::instance()
+{
+    static auto *manager = new OrgStructureMgr;
+    return manager;
+}
+
+OrgStructureMgr::OrgStructureMgr()
+{
+    qRegisterMetaType<OrgElementList>("OrgElementList");
+    qRegisterMetaType<OrgElementMap>("OrgElementMap");
+    HttpMgr *requests = HttpMgr::instance();
+    requests->setOrgRequestFactory([](QObject *parent) { return new HttpOrgFun(parent); });
+    connect(requests, &HttpMgr::signal_searchOrgElements, this,
+            &OrgStructureMgr::slot_recvOrgStructureElements);
+    connect(requests, &HttpMgr::signal_locateOrgElements, this,
+            &OrgStructureMgr::slot_locateOrgElements);
+    connect(requests, &HttpMgr::signal_searchOrgDone, this, &OrgStructureMgr::childrenArrived);
+}
+
+void OrgStructureMgr::requestChildren(const QString &orgId, const QString &companyCode)
+{
+    HttpMgr::instance()->searchOrg(orgId, companyCode);
+}
+
+bool OrgStructureMgr::queryChildren(const QString &orgId)
+{
+    const auto known = m_childrenOf.constFind(orgId);
+    if (known == m_childrenOf.constEnd() || !isLoaded(orgId))
+        return false;
+    QStringList ids = *known;
+    if (orgId == m_companyCode)
+        ids = m_rootList + ids;
+    OrgElementList children;
+    QSet<QString> seen;
+    for (const QString &id : qAsConst(ids)) {
+        if (orgId == m_companyCode && seen.contains(id))
+            continue;
+        if (orgId == m_companyCode)
+            seen.insert(id);
+        children.append(m_elements.value(id));
+    }
+    emit signal_recvOrgElementList(children);
+    return true;
+}
+
+OrgElementList OrgStructureMgr::employeesBelow(const QString &orgId) const
+{
+    OrgElementList employees;
+    QSet<QString> seen;
+    QStringList departments{orgId};
+    const auto visit = [&](const QString &id) {
+        if (seen.contains(id))
+            return;
+        seen.insert(id);
+        const auto at = m_elements.constFind(id);
+        if (at == m_elements.constEnd())
+            return;
+        if (at->bIsEmp)
+            employees.append(*at);
+        else
+            departments.append(id);
+    };
+    visit(orgId);
+    for (int i = 0; i < departments.size(); ++i) {
+        const QString department = departments.at(i);
+        if (department == m_companyCode) {
+            for (const QString &id : m_rootList)
+                visit(id);
+        }
+        const QStringList children = childrenOf(department);
+        for (const QString &id : children)
+            visit(id);
+    }
+    return employees;
+}
+
+// --- Answers -------------------------------------------------------------------
+
+void OrgStructureMgr::slot_recvOrgStructureElements(const OrgElementList &orgList,
+                                                    const QString &strCompanyCode)
+{
+    if (!strCompanyCode.isEmpty())
+        m_companyCode = strCompanyCode;
+    store(orgList, strCompanyCode);
+    emit signal_recvOrgElementList(orgList);
+    emit signal_upDataOrgStructure(m_elements);
+}
+
+void OrgStructureMgr::slot_locateOrgElements(const OrgElementList &orgList, QString strFrdJid)
+{
+    store(orgList, QString());
+    emit signal_locateEmp(m_elements, strFrdJid);
+}
+
+// A department without children is loaded too.
+void OrgStructureMgr::childrenArrived(const QString &orgId)
+{
+    m_loaded[orgId] = true;
+    m_childrenOf[orgId];
+}
+
+void OrgStructureMgr::store(const OrgElementList &orgList, const QString &companyCode)
+{
+    for (const OrgElement &element : orgList) {
+        if (element.strId == element.strParentId)
+            continue;
+        const bool isTop = element.strParentId.isEmpty() || element.strParentId == companyCode;
+        const auto known = m_elements.find(element.strId);
+        const bool isNew = known == m_elements.end();
+        file(element, isNew ? nullptr : &*known, isTop);
+        OrgElement stored = element;
+        if (!isTop) // one text for all children
+            stored.strParentId = m_childrenOf.constFind(element.strParentId).key();
+        if (isNew)
+            m_elements.insert(stored.strId, stored);
+        else
+            *known = stored;
+    }
+}
+
+// An id is appended to a list once. Looking for it there would take as long as the
+// list: where an element stands follows from the parent it had, except for the few
+// that are noted.
+void OrgStructureMgr::file(const OrgElement &element, const OrgElement *old, bool isTop)
+{
+    const QString list = isTop ? QString() : element.strParentId;
+    if (!isTop)
+        m_loaded[list] = true;
+    const auto noted = m_listsOf.find(element.strId);
+    bool isThere = false;
+    if (noted != m_listsOf.end()) {
+        isThere = noted->contains(list);
+        noted->insert(list);
+    } else if (old) {
+        isThere = !isTop && old->strParentId == list;
+        if (!isThere)
+            m_listsOf.insert(element.strId, {old->strParentId, list});
+    } else if (isTop) {
+        m_listsOf.insert(element.strId, {list});
+    }
+    if (!isThere)
+        (isTop ? m_rootList : m_childrenOf[list]).append(element.strId);
+}

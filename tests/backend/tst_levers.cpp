@@ -1,0 +1,152 @@
+// Scripted answers and the log of requests.
+#include "tests/backend/runningbackend.h"
+#include "tests/support/testrunner.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+#include <thread>
+
+namespace {
+constexpr char Settings[] = "/center/clientsettings/getClientSettings.do";
+constexpr char Set[] = "/center/session/setSetting.do";
+} // namespace
+
+class TstLevers : public QObject
+{
+    Q_OBJECT
+
+private:
+    RunningBackEnd m_backEnd{withLevers()};
+    std::unique_ptr<WebClient> m_client;
+
+    int rule(const std::string &json) { return m_backEnd.control("rule", json).status; }
+
+private slots:
+    void init()
+    {
+        m_client = std::make_unique<WebClient>(*m_backEnd);
+        m_client->logIn(*m_backEnd, QStringLiteral("u000001"));
+        QCOMPARE(m_backEnd.control("reset", "{}").status, 200);
+    }
+
+    void answersInOrder()
+    {
+        const std::string path = "{\"path\":\"" + std::string(Settings) + '"';
+        QCOMPARE(rule(path + R"(,"status":503,"times":2})"), 200);
+        QCOMPARE(rule(path + R"(,"body":{"code":"x"},"headers":{"X-Test":"1"},"times":1})"), 200);
+        QCOMPARE(rule(path + R"(,"drop":true,"times":1})"), 200);
+        QCOMPARE(rule(path + R"(,"headers":{"passport.login.flag":"true"},"times":1})"), 200);
+        QCOMPARE(m_client->post(Settings, {}).status, 503);
+        QCOMPARE(m_client->post(Set, {}).code(), 10001); // another path
+        QCOMPARE(m_client->post(Settings, {}).status, 503);
+        const Answer own = m_client->post(Settings, {});
+        QCOMPARE(own.status, 200);
+        QCOMPARE(own.body, std::string(R"({"code":"x"})"));
+        QCOMPARE(own.header("X-Test"), std::string("1"));
+        QCOMPARE(m_client->post(Settings, {}).status, 0);
+        const Answer flagged = m_client->post(Settings, {}); // the service's own answer
+        QCOMPARE(flagged.code(), 0);
+        QVERIFY(flagged.isOverdue());
+        QVERIFY(!m_client->post(Settings, {}).isOverdue());
+    }
+
+    void withoutTimesUntilReset()
+    {
+        QCOMPARE(rule(R"({"path":"*","status":500,"body":"broken"})"), 200);
+        for (int i = 0; i < 3; ++i)
+            QCOMPARE(m_client->post(Settings, {}).status, 500);
+        QCOMPARE(m_backEnd.control("reset", "{}").status, 200);
+        QCOMPARE(m_client->post(Settings, {}).code(), 0);
+    }
+
+    void delayed()
+    {
+        QCOMPARE(rule(R"({"path":"*","delayMs":300})"), 200);
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(m_client->post(Settings, {}).code(), 0);
+        QVERIFY(timer.elapsed() >= 300);
+    }
+
+    void stoppingWaitsForNoDelay()
+    {
+        RunningBackEnd other(withLevers());
+        other.control("rule", R"({"path":"*","delayMs":600000})");
+        std::thread caller([&other] { WebClient(*other).get("/httpSampling.gif"); });
+        const auto isSeen = [&other] {
+            return !WebClient(other->controlPort()).get("/_ctl/log").json["requests"].empty();
+        };
+        QTRY_VERIFY(isSeen());
+        other->stop();
+        caller.join();
+    }
+
+    void logOfRequests()
+    {
+        m_client->post(Set, {{"sessionJid", "room@conf"}, {"isNotHint", "1"}});
+        m_client->get("/httpSampling.gif?a=%20b");
+        m_client->upload("/center/im/uploadFile.do", {{"type", "head"}}, "12345");
+        const Json::Value requests =
+            WebClient(m_backEnd->controlPort()).get("/_ctl/log").json["requests"];
+        QCOMPARE(requests.size(), 3u);
+        QCOMPARE(requests[0]["method"].asString(), std::string("POST"));
+        QCOMPARE(requests[0]["path"].asString(), std::string(Set));
+        QCOMPARE(requests[0]["body"].asString(), std::string("sessionJid=room%40conf&isNotHint=1"));
+        const std::string cookie = requests[0]["headers"]["Cookie"].asString();
+        QVERIFY(cookie.find(m_client->cookies["imAuthId"]) != std::string::npos);
+        QCOMPARE(requests[1]["query"].asString(), std::string("a=%20b"));
+        QVERIFY(requests[1]["time"].asInt64() >= requests[0]["time"].asInt64());
+        QCOMPARE(requests[2]["parts"][0]["text"].asString(), std::string("head"));
+        QCOMPARE(requests[2]["parts"][1]["size"].asInt(), 5);
+    }
+
+    void badCommands_data()
+    {
+        QTest::addColumn<QString>("command");
+        QTest::addColumn<QString>("json");
+        QTest::newRow("no JSON") << "rule"
+                                 << "path=x";
+        QTest::newRow("an array") << "rule"
+                                  << "[]";
+        QTest::newRow("no path") << "rule"
+                                 << R"({"status":500})";
+        QTest::newRow("misspelt") << "rule"
+                                  << R"({"path":"x","statsu":500})";
+        QTest::newRow("wrong kind") << "rule"
+                                    << R"({"path":"x","status":"many"})";
+        QTest::newRow("deep") << "rule" << QString(100000, QLatin1Char('['));
+        QTest::newRow("unknown user") << "user"
+                                      << R"({"uid":"u999999"})";
+    }
+    void badCommands()
+    {
+        QFETCH(QString, command);
+        QFETCH(QString, json);
+        const Answer answer = m_backEnd.control(command.toStdString(), json.toStdString());
+        QCOMPARE(answer.status, 400);
+        QVERIFY(!answer.json["error"].asString().empty());
+    }
+
+    void settingsAreKeptPerUser()
+    {
+        QCOMPARE(m_client->post(Set, {{"sessionJid", "a@conf"}, {"isNotHint", "1"}}).code(), 0);
+        QCOMPARE(m_client->post(Set, {{"sessionJid", "a@conf"}, {"isNotHint", "0"}}).code(), 0);
+        QCOMPARE(m_client->post(Set, {{"sessionJid", "a@conf"}, {"isNotHint", "2"}}).code(), 10001);
+        QCOMPARE(m_client->post(Set, {{"sessionJid", "nowhere"}, {"isNotHint", "1"}}).code(),
+                 10001);
+        QCOMPARE(m_client->post(Set, {{"isNotHint", "1"}}).code(), 10001);
+        QCOMPARE(m_client->postRaw(Set, "sessionJid=%ff@conf&isNotHint=1").code(), 10001);
+        const Json::Value sessions = m_client->post(Settings, {}).json["data"]["sessions"];
+        bool isThere = false;
+        for (const Json::Value &session : sessions)
+            isThere = isThere || (session["sessionJid"] == "a@conf" && session["isNotHint"] == 0);
+        QVERIFY(isThere);
+        WebClient other(*m_backEnd);
+        other.logIn(*m_backEnd, QStringLiteral("u000002"));
+        QVERIFY(other.post(Settings, {}).json["data"]["sessions"].empty());
+    }
+};
+
+FRIENDUI_TEST(TstLevers)
+#include "tst_levers.moc"

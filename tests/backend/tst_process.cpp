@@ -1,0 +1,217 @@
+// The program: how it is started, what it says, how it ends; and its data folder.
+#include "tests/backend/runningbackend.h"
+#include "tests/support/testrunner.h"
+
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTest>
+
+#include <mutex>
+
+namespace {
+constexpr int Patience = 30000; // ms
+
+class Program : public QProcess
+{
+public:
+    explicit Program(const QStringList &arguments)
+    {
+        start(QStringLiteral(BACKEND_PROGRAM), arguments);
+    }
+    ~Program() override
+    {
+        kill();
+        waitForFinished(Patience);
+    }
+    // What it says when it serves; empty when it ended instead.
+    QJsonObject announcement()
+    {
+        while (!canReadLine()) {
+            if (!waitForReadyRead(Patience))
+                return {};
+        }
+        return QJsonDocument::fromJson(readLine()).object();
+    }
+};
+
+QStringList in(const QTemporaryDir &folder, const QStringList &more = {})
+{
+    return QStringList{QStringLiteral("--data"), folder.path()} + more;
+}
+} // namespace
+
+class TstProcess : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void saysWhereItServes()
+    {
+        QTemporaryDir folder;
+        Program program(in(folder));
+        const QJsonObject said = program.announcement();
+        const QString port = QString::number(said[QLatin1String("port")].toInt());
+        QCOMPARE(said[QLatin1String("address")].toString(),
+                 QStringLiteral("https://127.0.0.1:") + port);
+        QCOMPARE(said[QLatin1String("controlPort")].toInt(), -1);
+        for (const char *member : {"caFile", "passwordFile"}) {
+            const QFileInfo file(said[QLatin1String(member)].toString());
+            QVERIFY2(file.isFile(), member);
+        }
+    }
+
+    void ends_data()
+    {
+        QTest::addColumn<bool>("byStdin");
+        QTest::newRow("end of input") << true;
+        QTest::newRow("signal") << false;
+    }
+    void ends()
+    {
+        QFETCH(bool, byStdin);
+        QTemporaryDir folder;
+        const QStringList option{QStringLiteral("--end-with-stdin")};
+        Program program(in(folder, byStdin ? option : QStringList()));
+        QVERIFY(!program.announcement().isEmpty());
+        program.write("not the end yet\n");
+        if (byStdin)
+            program.closeWriteChannel();
+        else
+            program.terminate();
+        QVERIFY(program.waitForFinished(Patience));
+        QCOMPARE(program.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(program.exitCode(), 0);
+    }
+
+    void folderIsUsedOnce()
+    {
+        QTemporaryDir folder;
+        Program first(in(folder));
+        QVERIFY(!first.announcement().isEmpty());
+        Program second(in(folder));
+        QVERIFY(second.waitForFinished(Patience));
+        QCOMPARE(second.exitCode(), 1);
+        QVERIFY(second.readAllStandardError().contains(folder.path().toLocal8Bit()));
+        first.kill(); // leaves its lock behind
+        QVERIFY(first.waitForFinished(Patience));
+        Program third(in(folder));
+        QVERIFY(!third.announcement().isEmpty());
+    }
+
+    void wrongCommandLines_data()
+    {
+        QTest::addColumn<QStringList>("arguments");
+        QTest::newRow("no folder") << QStringList();
+        QTest::newRow("unknown") << QStringList{"--data", "x", "--what"};
+        QTest::newRow("no value") << QStringList{"--data"};
+        QTest::newRow("no number") << QStringList{"--data", "x", "--people", "many"};
+        QTest::newRow("too many") << QStringList{"--data", "x", "--people", "100001"};
+        QTest::newRow("no such port") << QStringList{"--data", "x", "--port", "65536"};
+        QTest::newRow("certificate") << QStringList{"--data", "x", "--certificate", "good"};
+    }
+    void wrongCommandLines()
+    {
+        QFETCH(QStringList, arguments);
+        Program program(arguments);
+        QVERIFY(program.waitForFinished(Patience));
+        QCOMPARE(program.exitCode(), 2);
+        QVERIFY(!program.readAllStandardError().isEmpty());
+    }
+
+    void portInUse()
+    {
+        RunningBackEnd other;
+        QTemporaryDir folder;
+        Program program(in(folder, {QStringLiteral("--port"), QString::number(other->port())}));
+        QVERIFY(program.waitForFinished(Patience));
+        QCOMPARE(program.exitCode(), 1);
+    }
+
+    void logHoldsNoSecret()
+    {
+        BackEndOptions options;
+        QStringList lines;
+        std::mutex mutex;
+        options.log = [&](const std::string &line) {
+            const std::lock_guard<std::mutex> lock(mutex);
+            lines.append(QString::fromStdString(line));
+        };
+        RunningBackEnd backEnd(options);
+        WebClient client(*backEnd);
+        client.logIn(*backEnd, QStringLiteral("u000001"));
+        client.get("/ids/login?service=https://a/secret");
+        client.get("/a%0Aforged%20line");
+        backEnd->stop();
+        const QString all = lines.join(QLatin1Char('\n'));
+        QCOMPARE(lines.size(), 3);
+        QVERIFY(!all.contains(backEnd->password()));
+        QVERIFY(!all.contains(QLatin1String(md5Of(backEnd->password().toUtf8()).c_str())));
+        QVERIFY(!all.contains(QString::fromStdString(client.cookies["imAuthId"])));
+        QVERIFY(!all.contains(QLatin1String("secret")));
+        QCOMPARE(all.count(QLatin1Char('\n')), 2);
+    }
+
+    void filesAreTheOwnersOnly()
+    {
+        RunningBackEnd backEnd;
+        const QFile::Permissions others =
+            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
+        QVERIFY(!(QFile::permissions(backEnd.folder()) & (others | QFile::ExeOther)));
+        for (const char *name : {"backend.sqlite", "ca-key.pem", "server-key.pem", "password"}) {
+            const QString file = backEnd.folder() + QLatin1Char('/') + QLatin1String(name);
+            QVERIFY2(QFileInfo::exists(file), name);
+            QVERIFY2(!(QFile::permissions(file) & others), name);
+        }
+    }
+
+    void damagedDatabaseIsSetAside_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::newRow("something else") << QByteArray(4096, 'x');
+        QTest::newRow("cut off") << QByteArray("SQLite format 3\0", 16);
+    }
+    void damagedDatabaseIsSetAside()
+    {
+        QFETCH(QByteArray, content);
+        RunningBackEnd backEnd;
+        backEnd->stop();
+        const QString name = backEnd.folder() + QStringLiteral("/backend.sqlite");
+        QFile file(name);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(content);
+        file.close();
+        backEnd.restart();
+        QFile aside(name + QStringLiteral(".damaged"));
+        QVERIFY(aside.open(QIODevice::ReadOnly));
+        QCOMPARE(aside.readAll(), content);
+        WebClient client(*backEnd);
+        client.logIn(*backEnd, QStringLiteral("u000001"));
+    }
+
+    void oddRequests_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::addColumn<int>("status");
+        QTest::newRow("unknown") << "/center/no.do" << 404;
+        QTest::newRow("a form's service") << "/center/session/setSetting.do" << 404;
+        QTest::newRow("long") << QLatin1Char('/') + QString(7000, QLatin1Char('a')) << 404;
+    }
+    void oddRequests()
+    {
+        static RunningBackEnd backEnd;
+        QFETCH(QString, target);
+        WebClient client(*backEnd);
+        QTEST(client.get(target.toStdString()).status, "status");
+        client.post(target.toStdString(), {}); // answered or not, it survives
+        QCOMPARE(WebClient(*backEnd).get("/httpSampling.gif").status, 200);
+        WebClient poster(*backEnd);
+        const std::string large(3 * 1024 * 1024, 'a');
+        QCOMPARE(poster.postRaw("/ids/login", large).status, 413);
+        QCOMPARE(poster.postRaw("/ids/login", "a=" + large.substr(0, 100000)).code(), 10001);
+    }
+};
+
+FRIENDUI_TEST(TstProcess)
+#include "tst_process.moc"

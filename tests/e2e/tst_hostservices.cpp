@@ -1,0 +1,168 @@
+// The reference host with the reference back end in a process of its own: log-in,
+// a request of the module's code over HTTPS, and what a wrong certificate or
+// password leads to.
+#include "host/core/embeddedcore.h"
+#include "host/hostcontext.h"
+#include "host/weblog.h"
+#include "host/webservices.h"
+#include "http/chttpsession.h"
+#include "http/cpassportloginserver.h"
+#include "http/requestheaders.h"
+#include "http/serviceaddresses.h"
+#include "http/servicereply.h"
+#include "tests/support/fakecontext.h"
+#include "tests/support/testrunner.h"
+
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+namespace {
+
+constexpr int StartMs = 60000;
+
+struct Host
+{
+    QTemporaryDir folder;
+    EmbeddedCore core;
+    HostContext context;
+    HostContextScope scope;
+    WebLog log;
+    QVector<WebRequestRecord> requests;
+
+    Host() : core(coreOptions(folder.path())), context(&core, folder.path()), scope(&context)
+    {
+        QString problem;
+        if (!core.open(&problem))
+            QTest::qFail(qPrintable(problem), __FILE__, __LINE__);
+        context.setWebLog(&log);
+        QObject::connect(&log, &WebLog::recorded, &log,
+                         [this](const WebRequestRecord &record) { requests.append(record); });
+    }
+    ~Host() { context.shutDown(); }
+
+    static EmbeddedCore::Options coreOptions(const QString &folder)
+    {
+        EmbeddedCore::Options options;
+        options.folder = folder + QLatin1String("/core");
+        return options;
+    }
+    WebServices::Options serviceOptions() const
+    {
+        WebServices::Options options;
+        options.process.program = QStringLiteral(FRIENDUI_BACKEND);
+        options.process.dataFolder = folder.path() + QLatin1String("/backend");
+        options.process.controlPort = 0;
+        return options;
+    }
+};
+
+// The reply of an organisation service, asked for as the module does.
+ServiceReply askForDepartments()
+{
+    ServiceReply result;
+    CHttpSession session;
+    bool hasEnded = false;
+    QObject::connect(&session, &CHttpSession::signal_finished, &session, [&](QNetworkReply *reply) {
+        result = ServiceReply::of(reply, HERE);
+        hasEnded = true;
+    });
+    session.post(
+        RequestHeaders::formRequest(QUrl(ServiceAddresses::address("/searchOrg/searchorgurl"))),
+        RequestHeaders::formBody({{"orgId", QStringLiteral("C1")}}));
+    if (!QTest::qWaitFor([&] { return hasEnded; }, StartMs))
+        QTest::qFail("the request did not end", __FILE__, __LINE__);
+    return result;
+}
+
+// What a test of the back end may do: here, end a user's log-in.
+bool pullLever(int controlPort, const QByteArray &json)
+{
+    QNetworkAccessManager manager;
+    QNetworkRequest request(QUrl(QStringLiteral("http://127.0.0.1:%1/_ctl/user").arg(controlPort)));
+    request.setHeader(QNetworkRequest::ContentTypeHeader, QByteArray("application/json"));
+    QNetworkReply *reply = manager.post(request, json);
+    QSignalSpy finished(reply, &QNetworkReply::finished);
+    return (reply->isFinished() || finished.wait()) && reply->error() == QNetworkReply::NoError;
+}
+
+} // namespace
+
+class TstHostServices : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theModuleReachesTheServices()
+    {
+        Host host;
+        WebServices services(&host.context, host.serviceOptions());
+        services.start();
+        QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
+        const ServiceReply reply = askForDepartments();
+        QCOMPARE(reply.status, 200);
+        QVERIFY(reply.root["org"].size() > 0);
+        QCOMPARE(reply.root["org"][0]["parentId"].asString(), std::string("C1"));
+        QCOMPARE(host.requests.size(), 2); // the log-in and this one
+        QCOMPARE(host.requests.last().status, 200);
+        QVERIFY(host.requests.last().received > 0);
+        services.stop();
+        QCOMPARE(askForDepartments().status, 0); // nobody is there any more
+    }
+
+    void anExpiredLogInIsRenewed()
+    {
+        Host host;
+        WebServices services(&host.context, host.serviceOptions());
+        services.start();
+        QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
+        const QString before = host.context.passport()->authId();
+        QVERIFY(services.address().controlPort > 0);
+        QVERIFY(pullLever(services.address().controlPort, R"({"uid":"u000000","expire":true})"));
+        QSignalSpy refreshed(host.context.passport(), &CPassportLoginServer::signal_refreshed);
+        host.context.passport()->UserOverdue();
+        QVERIFY(refreshed.wait(StartMs));
+        QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
+        QTRY_VERIFY(!host.context.passport()->authId().isEmpty());
+        QVERIFY(host.context.passport()->authId() != before);
+        QCOMPARE(askForDepartments().status, 200);
+    }
+
+    void onlyTheRightCertificateAndPasswordDo_data()
+    {
+        QTest::addColumn<bool>("rightAuthority");
+        QTest::addColumn<bool>("rightPassword");
+        QTest::addColumn<int>("state");
+        QTest::newRow("both") << true << true << int(WebServices::Ready);
+        QTest::newRow("another authority") << false << true << int(WebServices::Unreachable);
+        QTest::newRow("another password") << true << false << int(WebServices::Failed);
+    }
+    void onlyTheRightCertificateAndPasswordDo()
+    {
+        QFETCH(bool, rightAuthority);
+        QFETCH(bool, rightPassword);
+        QFETCH(int, state);
+        Host host;
+        const WebServices::Options own = host.serviceOptions();
+        BackendProcess process(own.process);
+        QSignalSpy ready(&process, &BackendProcess::ready);
+        process.start();
+        QVERIFY(ready.wait(StartMs));
+        WebServices::Options options;
+        options.source = WebServices::Named;
+        options.named = process.address();
+        if (!rightAuthority)
+            options.named.caFile.clear();
+        if (!rightPassword)
+            options.named.password += QLatin1Char('x');
+        WebServices services(&host.context, options);
+        services.start();
+        QTRY_COMPARE_WITH_TIMEOUT(int(services.state()), state, StartMs);
+        QCOMPARE(host.context.passport()->authId().isEmpty(), state != WebServices::Ready);
+    }
+};
+
+FRIENDUI_TEST(TstHostServices)
+#include "tst_hostservices.moc"

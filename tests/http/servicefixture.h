@@ -1,0 +1,53 @@
+// A user who is logged in, and a scripted server that is every host of the service
+// address file.
+#pragma once
+
+#include "tests/support/fakecontext.h"
+#include "tests/support/fakeserver.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+struct ServiceFixture
+{
+    QTemporaryDir folder;
+    FakeServer server;
+    FakeContext host;
+    HostContextScope scope{&host};
+
+    ServiceFixture()
+    {
+        host.user = QStringLiteral("u1");
+        host.programFolder = folder.path();
+        host.baseFolder = folder.filePath(QStringLiteral("users"));
+        const QByteArray address = server.url().toEncoded();
+        QByteArray ini = "[Hosts]\n";
+        for (const char *name : {"center", "ids", "vcs", "monitor", "web"})
+            ini += QByteArray(name) + '=' + address + '\n';
+        write(ini + "[ImFile]\ndownloadPointUrl=" + address + "center/im/downloadFile.do\n");
+    }
+
+    // The whole service address file.
+    void write(const QByteArray &ini) const
+    {
+        QFile file(folder.filePath(QStringLiteral("allurl.ini")));
+        file.remove();
+        if (!file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size())
+            qFatal("the service address file cannot be written");
+    }
+
+    QString makeFile(const QString &name, const QByteArray &bytes) const
+    {
+        QFile file(folder.filePath(name));
+        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+            qFatal("a file of the test cannot be written");
+        return file.fileName();
+    }
+};
+
+inline QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}

@@ -1,0 +1,126 @@
+// JSON of all kinds, and of the wrong ones.
+#include "http/jsonreader.h"
+#include "tests/support/testrunner.h"
+
+#include <QTest>
+
+namespace {
+Json::Value parsed(const QByteArray &text)
+{
+    Json::Value root;
+    if (!JsonReader::parse(text, &root))
+        qWarning("the test's own text is no JSON");
+    return root;
+}
+} // namespace
+
+class TstJsonReader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void kinds_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<qint64>("integer");
+        QTest::addColumn<int>("flag"); // -1: the fallback
+
+        const QString no = QStringLiteral("none");
+        QTest::newRow("missing") << QByteArray(R"({})") << no << qint64(-7) << -1;
+        QTest::newRow("null") << QByteArray(R"({"k":null})") << no << qint64(-7) << -1;
+        QTest::newRow("number") << QByteArray(R"({"k":3})") << "3" << qint64(3) << -1;
+        QTest::newRow("number in text") << QByteArray(R"({"k":"3"})") << "3" << qint64(3) << -1;
+        QTest::newRow("blanks") << QByteArray(R"({"k":" 10002 "})") << " 10002 " << qint64(10002)
+                                << -1;
+        QTest::newRow("word") << QByteArray(R"({"k":"three"})") << "three" << qint64(-7) << -1;
+        QTest::newRow("empty text") << QByteArray(R"({"k":""})") << "" << qint64(-7) << -1;
+        QTest::newRow("true") << QByteArray(R"({"k":true})") << "true" << qint64(1) << 1;
+        QTest::newRow("true in text") << QByteArray(R"({"k":"True"})") << "True" << qint64(-7) << 1;
+        QTest::newRow("one") << QByteArray(R"({"k":1})") << "1" << qint64(1) << 1;
+        QTest::newRow("zero in text") << QByteArray(R"({"k":"0"})") << "0" << qint64(0) << 0;
+        QTest::newRow("false") << QByteArray(R"({"k":false})") << "false" << qint64(0) << 0;
+        QTest::newRow("whole real") << QByteArray(R"({"k":3.0})") << "3" << qint64(3) << -1;
+        QTest::newRow("fraction") << QByteArray(R"({"k":2.5})") << "2.5" << qint64(-7) << -1;
+        QTest::newRow("beyond a double") << QByteArray(R"({"k":9007199254740993})")
+                                         << "9007199254740993" << qint64(9007199254740993) << -1;
+        QTest::newRow("beyond 63 bits") << QByteArray(R"({"k":18446744073709551615})")
+                                        << "18446744073709551615" << qint64(-7) << -1;
+        QTest::newRow("huge real") << QByteArray(R"({"k":1e300})") << "1e+300" << qint64(-7) << -1;
+        QTest::newRow("array") << QByteArray(R"({"k":[1]})") << no << qint64(-7) << -1;
+        QTest::newRow("object") << QByteArray(R"({"k":{"k":1}})") << no << qint64(-7) << -1;
+        QTest::newRow("Chinese") << QByteArray("{\"k\":\"李雷\"}") << QString::fromUtf8("李雷")
+                                 << qint64(-7) << -1;
+        QTest::newRow("NUL inside")
+            << QByteArray(R"({"k":"a\u0000b"})") << "ab" << qint64(-7) << -1;
+        QTest::newRow("last of two") << QByteArray(R"({"k":1,"k":2})") << "2" << qint64(2) << -1;
+    }
+
+    void kinds()
+    {
+        QFETCH(QByteArray, json);
+        QFETCH(QString, text);
+        QFETCH(qint64, integer);
+        QFETCH(int, flag);
+        const Json::Value root = parsed(json);
+        QCOMPARE(JsonReader::text(root, "k", QStringLiteral("none")), text);
+        QCOMPARE(JsonReader::integer(root, "k", -7), integer);
+        QCOMPARE(JsonReader::flag(root, "k", false), flag == 1);
+        QCOMPARE(JsonReader::flag(root, "k", true), flag != 0);
+    }
+
+    void refused_data()
+    {
+        QTest::addColumn<QByteArray>("json");
+        QTest::newRow("nothing") << QByteArray();
+        QTest::newRow("page") << QByteArray("<html></html>");
+        QTest::newRow("number") << QByteArray("5");
+        QTest::newRow("array") << QByteArray("[]");
+        QTest::newRow("text") << QByteArray("\"x\"");
+        QTest::newRow("behind the object") << QByteArray("{} junk");
+        QTest::newRow("cut off") << QByteArray(R"({"org":[{"orgId":"1")");
+        QTest::newRow("a hundred thousand arrays")
+            << QByteArray("{\"a\":") + QByteArray(100000, '[');
+        QTest::newRow("a hundred thousand objects") << QByteArray("{\"a\":").repeated(100000);
+    }
+
+    void refused()
+    {
+        QFETCH(QByteArray, json);
+        Json::Value root(Json::arrayValue);
+        QString error;
+        QVERIFY(!JsonReader::parse(json, &root, &error));
+        QVERIFY(!error.isEmpty());
+        // What was read before the fault is not used by mistake.
+        QVERIFY(root.isObject() && root.empty());
+    }
+
+    void deepButAllowed()
+    {
+        const QByteArray depth = QByteArray("[").repeated(100) + QByteArray("]").repeated(100);
+        QVERIFY(parsed("{\"a\":" + depth + '}').isMember("a"));
+    }
+
+    void byteOrderMarkIsSkipped()
+    {
+        QCOMPARE(JsonReader::integer(parsed("\xef\xbb\xbf{\"k\":4}"), "k"), qint64(4));
+    }
+
+    void membersOfWhatHasNone()
+    {
+        const Json::Value root = parsed(R"({"list":[{"k":1},5],"one":{"k":2},"n":3,"none":null})");
+        QCOMPARE(JsonReader::array(root, "list").size(), 2u);
+        QVERIFY(JsonReader::array(root, "one").isArray());
+        QVERIFY(JsonReader::array(root, "one").empty());
+        QVERIFY(JsonReader::object(root, "list").isObject());
+        QCOMPARE(JsonReader::integer(JsonReader::object(root, "one"), "k"), qint64(2));
+        const Json::Value &number = JsonReader::array(root, "list")[1];
+        QCOMPARE(JsonReader::text(number, "k", QStringLiteral("-")), QStringLiteral("-"));
+        QVERIFY(!JsonReader::has(number, "k"));
+        QVERIFY(JsonReader::has(root, "n"));
+        QVERIFY(!JsonReader::has(root, "none"));
+    }
+};
+
+FRIENDUI_TEST(TstJsonReader)
+#include "tst_jsonreader.moc"

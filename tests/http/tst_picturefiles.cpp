@@ -1,0 +1,167 @@
+// Pictures: fetched once, kept, and given up when the user changes.
+#include "http/fileservices.h"
+#include "tests/http/servicefixture.h"
+#include "tests/support/testrunner.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+namespace {
+QString name(int i)
+{
+    return QStringLiteral("u%1.png").arg(i);
+}
+
+FakeReply picture(const FakeRequest &request)
+{
+    return FakeReply::of(200, "picture of " + request.path);
+}
+
+QByteArrayList namesOf(const QVector<FakeRequest> &requests)
+{
+    QByteArrayList names;
+    for (const FakeRequest &request : requests)
+        names += request.path.mid(request.path.indexOf('=') + 1);
+    return names;
+}
+} // namespace
+
+class TstPictureFiles : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { PictureFiles::instance().stop(); }
+
+    void fetchedOnceAndKept()
+    {
+        ServiceFixture fixture;
+        fixture.server.replyElsewhere(picture);
+        PictureFiles &files = PictureFiles::instance();
+        QSignalSpy ready(&files, &PictureFiles::ready);
+        QVERIFY(files.file(name(1)).isEmpty());
+        QVERIFY(files.file(name(1)).isEmpty());
+        QTRY_COMPARE(ready.size(), 1);
+        const QString local = files.file(name(1));
+        QCOMPARE(ready.first(), (QVariantList{name(1), local}));
+        QVERIFY(local.startsWith(fixture.host.baseFolder + QStringLiteral("/u1/headImage/")));
+        QVERIFY(contentOf(local).startsWith("picture of"));
+        QCOMPARE(fixture.server.requests().size(), 1);
+    }
+
+    void namesStayApart()
+    {
+        ServiceFixture fixture;
+        fixture.server.replyElsewhere(picture);
+        PictureFiles &files = PictureFiles::instance();
+        QSignalSpy ready(&files, &PictureFiles::ready);
+        const QStringList names{QStringLiteral("a b.png"), QStringLiteral("a_b.png"),
+                                QStringLiteral("A_b.png"), QString::fromUtf8("李.png")};
+        for (const QString &each : names)
+            files.file(each);
+        QTRY_COMPARE(ready.size(), names.size());
+        QStringList locals;
+        for (const QString &each : names)
+            locals += files.file(each).toLower(); // one folder for all cases on some systems
+        QCOMPARE(locals.removeDuplicates(), 0);
+        for (const QString &unsafe : {QStringLiteral("../x.png"), QString(), QStringLiteral("..")})
+            QVERIFY(files.file(unsafe).isEmpty());
+        QCOMPARE(fixture.server.requests().size(), names.size());
+    }
+
+    void unknownIsNotAskedForAgain_data()
+    {
+        QTest::addColumn<int>("status");
+        QTest::newRow("unknown") << 404;
+        QTest::newRow("service is down") << 503;
+    }
+
+    void unknownIsNotAskedForAgain()
+    {
+        QFETCH(int, status);
+        ServiceFixture fixture;
+        fixture.server.replyElsewhere([=](const FakeRequest &request) {
+            return request.path.endsWith("u1.png") ? FakeReply::of(status) : picture(request);
+        });
+        PictureFiles &files = PictureFiles::instance();
+        QSignalSpy ready(&files, &PictureFiles::ready);
+        for (int round = 0; round < 3; ++round) {
+            QVERIFY(files.file(name(1)).isEmpty());
+            files.file(name(10 + round)); // whose turn comes after
+            QTRY_COMPARE(ready.size(), round + 1);
+        }
+        QTRY_COMPARE(fixture.server.unanswered(), 0);
+        QVERIFY(files.file(name(1)).isEmpty());
+        QCOMPARE(namesOf(fixture.server.requests()).count("u1.png"), 1);
+    }
+
+    void lastAskedForComesFirst()
+    {
+        ServiceFixture fixture;
+        fixture.server.replyElsewhere([](const FakeRequest &r) { return picture(r).onRelease(); });
+        PictureFiles &files = PictureFiles::instance();
+        QSignalSpy ready(&files, &PictureFiles::ready);
+        for (int i = 0; i < 8; ++i)
+            files.file(name(i));
+        files.file(name(5)); // asked for again
+        QTRY_COMPARE(fixture.server.requests().size(), PictureFiles::AtATime);
+        while (ready.size() < 8) {
+            fixture.server.release(1);
+            QVERIFY(ready.wait());
+        }
+        QCOMPARE(namesOf(fixture.server.requests()).mid(4),
+                 (QByteArrayList{"u5.png", "u7.png", "u6.png", "u4.png"}));
+        QCOMPARE(fixture.server.mostUnanswered(), PictureFiles::AtATime);
+    }
+
+    void longestWaitingIsGivenUp()
+    {
+        ServiceFixture fixture;
+        fixture.server.replyElsewhere([](const FakeRequest &r) { return picture(r).onRelease(); });
+        PictureFiles &files = PictureFiles::instance();
+        constexpr int surplus = 3;
+        constexpr int all = PictureFiles::AtATime + PictureFiles::MaximumWaiting + surplus;
+        for (int i = 0; i < all; ++i)
+            files.file(name(i));
+        QTRY_COMPARE(fixture.server.requests().size(), PictureFiles::AtATime);
+        fixture.server.replyElsewhere(picture);
+        QSignalSpy ready(&files, &PictureFiles::ready);
+        fixture.server.release();
+        QTRY_COMPARE(ready.size(), all - surplus);
+        for (int i = 0; i < surplus; ++i)
+            QVERIFY(!QFile::exists(fixture.host.baseFolder + QStringLiteral("/u1/headImage/") +
+                                   name(PictureFiles::AtATime + i)));
+    }
+
+    void nothingGoesOnForAnotherUser_data()
+    {
+        QTest::addColumn<QString>("next");
+        QTest::newRow("another") << "u2";
+        QTest::newRow("nobody") << "";
+    }
+
+    void nothingGoesOnForAnotherUser()
+    {
+        QFETCH(QString, next);
+        ServiceFixture fixture;
+        fixture.server.replyElsewhere([](const FakeRequest &r) { return picture(r).onRelease(); });
+        PictureFiles &files = PictureFiles::instance();
+        QSignalSpy ready(&files, &PictureFiles::ready);
+        for (int i = 0; i < 8; ++i)
+            files.file(name(i));
+        QTRY_COMPARE(fixture.server.requests().size(), PictureFiles::AtATime);
+        fixture.host.user = next;
+        fixture.server.replyElsewhere(picture);
+        QVERIFY(files.file(name(100)).isEmpty());
+        fixture.server.release();
+        QTRY_COMPARE(ready.size(), next.isEmpty() ? 0 : 1);
+        if (!next.isEmpty())
+            QVERIFY(files.file(name(100)).contains(QLatin1String("/u2/headImage/")));
+        QVERIFY(QDir(fixture.host.baseFolder + QStringLiteral("/u1/headImage"))
+                    .entryList(QDir::Files)
+                    .isEmpty());
+    }
+};
+
+FRIENDUI_TEST(TstPictureFiles)
+#include "tst_picturefiles.moc"

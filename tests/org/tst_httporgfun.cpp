@@ -1,0 +1,508 @@
+// The request object against a server that answers as told.
+#include "http/cmonitorlogger.h"
+#include "http/cpassportloginserver.h"
+#include "org/httporgfun.h"
+#include "tests/support/fakehost.h"
+#include "tests/support/fakeserver.h"
+#include "tests/support/logcapture.h"
+#include "tests/support/testrunner.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QPointer>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+namespace {
+
+enum Kind
+{
+    Children,
+    Locate,
+    Search
+};
+
+// Refreshes when it is told to.
+class Passport : public CPassportLoginServer
+{
+public:
+    void ManualRefreshAuthID() override
+    {
+        ++refreshes;
+        if (answers)
+            QMetaObject::invokeMethod(
+                this, [this] { finish(); }, Qt::QueuedConnection);
+    }
+    void UserOverdue() override { ++overdue; }
+    void finish()
+    {
+        setAuthId(QStringLiteral("fresh"));
+        finishRefresh(true);
+    }
+    int refreshes = 0, overdue = 0;
+    bool answers = true;
+};
+
+QByteArray employees(int count)
+{
+    QByteArray reply = "{\"org\":[],\"emp\":[";
+    for (int i = 0; i < count; ++i) {
+        reply += i ? ",{" : "{";
+        reply += "\"userId\":\"u" + QByteArray::number(i) +
+                 "\",\"nickName\":\"Person\",\"empChSpell\":\"person\",\"orgId\":\"d1\","
+                 "\"duty\":\"Engineer\"}";
+    }
+    return reply + "]}";
+}
+
+} // namespace
+
+class TstHttpOrgFun : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup();
+
+    void sends_data();
+    void sends();
+    void statusTable_data();
+    void statusTable();
+    void oneCounterForAll();
+    void loginIsRefreshedBeforeTheRetry();
+    void noRefreshComes();
+    void timesOut();
+    void lateReplyAfterATimeout();
+    void doubleReply();
+    void brokenInTheMiddle();
+    void refusedReplies_data();
+    void refusedReplies();
+    void noAddress_data();
+    void noAddress();
+    void malformed_data();
+    void malformed();
+    void emptyDepartment();
+    void largeDepartmentInSlices();
+    void ownerGoneWhileReading();
+    void receiverEndsItBetweenSlices();
+    void locationOfALargeCompany();
+
+private:
+    HttpOrgFun *start(Kind kind);
+    // Success, failure, not there, done; of the request started last.
+    QVector<int> signalCounts() const;
+    void writeAddresses(const QString &address);
+
+    std::unique_ptr<FakeHost> host;
+    std::unique_ptr<FakeServer> server;
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<Passport> passport;
+    QVector<std::shared_ptr<QSignalSpy>> m_spies;
+};
+
+void TstHttpOrgFun::init()
+{
+    qRegisterMetaType<OrgElementList>("OrgElementList");
+    qRegisterMetaType<SearchResponseData>("SearchResponseData");
+    host = std::make_unique<FakeHost>();
+    server = std::make_unique<FakeServer>();
+    folder = std::make_unique<QTemporaryDir>();
+    passport = std::make_unique<Passport>();
+    passport->setAuthId(QStringLiteral("old"));
+    host->context.programFolder = folder->path();
+    host->context.passportServer = passport.get();
+    writeAddresses(server->url(QStringLiteral("/org.do")).toString());
+}
+
+void TstHttpOrgFun::cleanup()
+{
+    m_spies.clear();
+    passport.reset();
+    server.reset();
+    host.reset();
+    folder.reset();
+}
+
+void TstHttpOrgFun::writeAddresses(const QString &address)
+{
+    QFile file(folder->filePath(QStringLiteral("allurl.ini")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("[searchOrg]\n");
+    for (const char *key : {"searchorgurl", "locateorgurl", "fuzzysearchorgurl"})
+        file.write(key + QByteArray("=") + address.toUtf8() + "\n");
+}
+
+HttpOrgFun *TstHttpOrgFun::start(Kind kind)
+{
+    auto *request = new HttpOrgFun(this);
+    m_spies.clear();
+    const auto spy = [&](auto signal) {
+        m_spies.append(std::make_shared<QSignalSpy>(request, signal));
+    };
+    switch (kind) {
+    case Children:
+        spy(&HttpOrgFun::signal_searchOrgElements);
+        spy(&HttpOrgFun::searchOrgFail);
+        break;
+    case Locate:
+        spy(&HttpOrgFun::signal_locateOrgElements);
+        spy(&HttpOrgFun::signal_locateOrgFail);
+        break;
+    case Search:
+        spy(&HttpOrgFun::signal_searchFinished);
+        spy(&HttpOrgFun::signal_fuzzySearchFail);
+        break;
+    }
+    spy(&HttpOrgFun::signal_noLocate);
+    spy(&HttpOrgFun::signal_searchOrgDone);
+    switch (kind) {
+    case Children:
+        request->searchOrg(QStringLiteral("d&1 +/"), QStringLiteral("C1"));
+        break;
+    case Locate:
+        request->locateOrg(QStringLiteral("u1"), false);
+        break;
+    case Search:
+        request->fuzzySearchOrg(QStringLiteral("li,a"), true, 1, 20);
+        break;
+    }
+    return request;
+}
+
+QVector<int> TstHttpOrgFun::signalCounts() const
+{
+    QVector<int> counts;
+    for (const auto &spy : m_spies)
+        counts.append(spy->count());
+    return counts;
+}
+
+void TstHttpOrgFun::sends_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QByteArray>("body");
+    QTest::newRow("children") << int(Children) << QByteArray("orgId=d%261%20%2B%2F");
+    QTest::newRow("locate") << int(Locate) << QByteArray("empId=u1&type=EMP");
+    QTest::newRow("search") << int(Search)
+                            << QByteArray("searchText=li%2Ca&containOrg=true&pageNo=1&pageSize=20");
+}
+
+void TstHttpOrgFun::sends()
+{
+    QFETCH(const int, kind);
+    server->reply("/org.do", FakeReply::json("{}"));
+    const QPointer<HttpOrgFun> request = start(Kind(kind));
+    QTRY_VERIFY(!request);
+    const FakeRequest sent = server->last();
+    QCOMPARE(sent.method, QByteArray("POST"));
+    QTEST(sent.body, "body");
+    QCOMPARE(sent.header("User-Agent"), QByteArray("PcClient"));
+    QCOMPARE(sent.header("Content-Type"), QByteArray("application/x-www-form-urlencoded"));
+    QCOMPARE(sent.header("Accept-Encoding"), QByteArray("identity"));
+    QCOMPARE(sent.cookie("imAuthId"), QByteArray("old"));
+}
+
+// What each status leads to: how often it is sent, and which signals come: success,
+// failure, not there, done.
+void TstHttpOrgFun::statusTable_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<int>("status");
+    QTest::addColumn<int>("sends");
+    QTest::addColumn<QVector<int>>("signalsSeen");
+    QTest::addColumn<int>("refreshes");
+    QTest::addColumn<int>("overdue");
+    struct Row
+    {
+        int status, sends;
+        QVector<int> seen;
+        int refreshes, overdue;
+    };
+    const QVector<int> failed{0, 1, 0, 0}, notThere{0, 0, 1, 0}, silent{0, 0, 0, 0};
+    const auto add = [](Kind kind, const char *name, const QVector<Row> &rows) {
+        for (const Row &row : rows) {
+            QTest::newRow(
+                qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(row.status)))
+                << int(kind) << row.status << row.sends << row.seen << row.refreshes << row.overdue;
+        }
+    };
+    add(Children, "children",
+        {{200, 1, {1, 0, 0, 1}, 0, 0},
+         {204, 4, failed, 0, 0},
+         {401, 1, failed, 0, 0},
+         {403, 1, failed, 0, 0},
+         {302, 4, failed, 4, 0},
+         {480, 1, silent, 0, 1},
+         {301, 4, failed, 0, 0},
+         {404, 4, failed, 0, 0},
+         {500, 4, failed, 0, 0}});
+    add(Locate, "locate",
+        {{200, 1, {1, 0, 0, 0}, 0, 0},
+         {204, 1, notThere, 0, 0},
+         {401, 1, notThere, 0, 0},
+         {403, 1, notThere, 0, 0},
+         {302, 4, failed, 4, 0},
+         {480, 1, silent, 0, 1},
+         {301, 4, failed, 0, 0},
+         {404, 4, failed, 0, 0},
+         {500, 4, failed, 0, 0}});
+    add(Search, "search",
+        {{200, 1, {1, 0, 0, 0}, 0, 0},
+         {204, 4, failed, 0, 0},
+         {401, 4, failed, 0, 0},
+         {403, 4, failed, 0, 0},
+         {302, 4, failed, 4, 0},
+         {480, 1, silent, 0, 1},
+         {301, 4, failed, 0, 0},
+         {404, 4, failed, 0, 0},
+         {500, 4, failed, 0, 0}});
+}
+
+void TstHttpOrgFun::statusTable()
+{
+    QFETCH(const int, kind);
+    QFETCH(const int, status);
+    server->reply("/org.do", status == 302 || status == 301
+                                 ? FakeReply::redirect(status, "/elsewhere.do")
+                                 : FakeReply::of(status, status == 204 ? "" : "{}"));
+    const QPointer<HttpOrgFun> request = start(Kind(kind));
+    QTRY_VERIFY(!request);
+    QTEST(server->count("/org.do"), "sends");
+    QCOMPARE(server->count("/elsewhere.do"), 0);
+    QTEST(signalCounts(), "signalsSeen");
+    QTEST(passport->refreshes, "refreshes");
+    QTEST(passport->overdue, "overdue");
+    if (kind == Children && m_spies.at(1)->count() == 1)
+        QCOMPARE(m_spies.at(1)->first().at(1).toInt(), status);
+}
+
+void TstHttpOrgFun::oneCounterForAll()
+{
+    server->reply("/org.do", {FakeReply::of(500), FakeReply::redirect(302, "/"), FakeReply::of(204),
+                              FakeReply::of(404), FakeReply::json("{}")});
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_VERIFY(!request);
+    QCOMPARE(server->count("/org.do"), 4);
+    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+}
+
+void TstHttpOrgFun::loginIsRefreshedBeforeTheRetry()
+{
+    passport->answers = false;
+    server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_COMPARE(passport->refreshes, 1);
+    QCOMPARE(server->count("/org.do"), 1);
+    passport->finish();
+    QTRY_VERIFY(!request);
+    QCOMPARE(server->count("/org.do"), 2);
+    QCOMPARE(server->last().cookie("imAuthId"), QByteArray("fresh"));
+    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+}
+
+void TstHttpOrgFun::noRefreshComes()
+{
+    passport->answers = false;
+    server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_COMPARE(passport->refreshes, 1);
+    request->slot_timeout();
+    QTRY_VERIFY(!request);
+    QCOMPARE(server->count("/org.do"), 2);
+    // Nobody to ask: again at once.
+    host->context.passportServer = nullptr;
+    server->forget();
+    server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
+    const QPointer<HttpOrgFun> other = start(Children);
+    QTRY_VERIFY(!other);
+    QCOMPARE(server->count("/org.do"), 2);
+}
+
+void TstHttpOrgFun::timesOut()
+{
+    LogCapture log(host->context);
+    server->reply("/org.do", FakeReply::json("{}").onRelease());
+    const QPointer<HttpOrgFun> request = start(Children);
+    for (int attempt = 1; attempt <= 4; ++attempt) {
+        QTRY_COMPARE(server->count("/org.do"), attempt);
+        QVERIFY(request);
+        QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0}));
+        request->slot_timeout();
+    }
+    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+    QTRY_VERIFY(!request);
+    QCOMPARE(log.linesWith("time out").size(), 4);
+    const MonitorRecord record = CMonitorLogger::instance().records().last();
+    QCOMPARE(record.StatusCode, 103);
+    QCOMPARE(record.ErrorInfo, QString::fromUtf8("Http请求超时!"));
+    server->release();
+}
+
+void TstHttpOrgFun::lateReplyAfterATimeout()
+{
+    server->reply("/org.do", {FakeReply::json(R"({"org":[{"orgId":"late"}]})").onRelease(),
+                              FakeReply::json(R"({"org":[{"orgId":"second"}]})").onRelease()});
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_COMPARE(server->count("/org.do"), 1);
+    request->slot_timeout();
+    QTRY_COMPARE(server->count("/org.do"), 2);
+    server->release();
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+    const auto elements = m_spies.at(0)->first().at(0).value<OrgElementList>();
+    QCOMPARE(elements.first().strId, QStringLiteral("second"));
+}
+
+void TstHttpOrgFun::doubleReply()
+{
+    const QByteArray reply = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}";
+    server->reply("/org.do", FakeReply::verbatim(reply + reply));
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+}
+
+void TstHttpOrgFun::brokenInTheMiddle()
+{
+    server->reply("/org.do", FakeReply::json(employees(100)).dropped(500));
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+}
+
+void TstHttpOrgFun::refusedReplies_data()
+{
+    QTest::addColumn<QByteArray>("head");
+    QTest::newRow("too long, as it says") << QByteArray("Content-Length: 67108864\r\n");
+    QTest::newRow("packed") << QByteArray("Content-Encoding: gzip\r\nContent-Length: 2\r\n");
+}
+
+void TstHttpOrgFun::refusedReplies()
+{
+    QFETCH(const QByteArray, head);
+    server->reply("/org.do", FakeReply::verbatim("HTTP/1.1 200 OK\r\n" + head + "\r\n{}"));
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_VERIFY(!request);
+    QCOMPARE(server->count("/org.do"), 1);
+    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+}
+
+void TstHttpOrgFun::noAddress_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::newRow("children") << int(Children);
+    QTest::newRow("locate") << int(Locate);
+    QTest::newRow("search") << int(Search);
+}
+
+void TstHttpOrgFun::noAddress()
+{
+    QFETCH(const int, kind);
+    writeAddresses(QString());
+    const QPointer<HttpOrgFun> request = start(Kind(kind));
+    QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0})); // not inside the call
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+}
+
+void TstHttpOrgFun::malformed_data()
+{
+    QTest::addColumn<int>("kind");
+    QTest::addColumn<QByteArray>("body");
+    const QByteArray large = employees(5000);
+    for (const Kind kind : {Children, Locate, Search}) {
+        QTest::newRow(qPrintable(QStringLiteral("small %1").arg(kind)))
+            << int(kind) << QByteArray("[1]");
+        QTest::newRow(qPrintable(QStringLiteral("large %1").arg(kind)))
+            << int(kind) << large.left(large.size() - 10);
+    }
+}
+
+void TstHttpOrgFun::malformed()
+{
+    QFETCH(const int, kind);
+    QFETCH(const QByteArray, body);
+    LogCapture log(host->context);
+    server->reply("/org.do", FakeReply::json(body));
+    const QPointer<HttpOrgFun> request = start(Kind(kind));
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0}));
+    QCOMPARE(server->count("/org.do"), 1);
+    const QStringList lines = log.linesWith("was error,json format error. result=");
+    QCOMPARE(lines.size(), 1);
+    QVERIFY(lines.first().contains(QString::fromUtf8(body.left(20))));
+    QVERIFY(lines.first().size() < 66 * 1024);
+}
+
+void TstHttpOrgFun::emptyDepartment()
+{
+    server->reply("/org.do", FakeReply::json(R"({"org":[],"emp":[]})"));
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+    QCOMPARE(m_spies.at(3)->first().at(0).toString(), QStringLiteral("d&1 +/"));
+}
+
+void TstHttpOrgFun::largeDepartmentInSlices()
+{
+    constexpr int Count = 10000;
+    server->reply("/org.do", FakeReply::json(employees(Count)));
+    const QPointer<HttpOrgFun> request = start(Children);
+    bool doneLast = false;
+    connect(request, &HttpOrgFun::signal_searchOrgDone, this,
+            [&] { doneLast = m_spies.at(0)->count() == Count / HttpOrgFun::SliceSize; });
+    QTRY_VERIFY(!request);
+    QVERIFY(doneLast);
+    int next = 0;
+    for (const QList<QVariant> &arguments : *m_spies.at(0)) {
+        const auto slice = arguments.at(0).value<OrgElementList>();
+        QVERIFY(slice.size() <= HttpOrgFun::SliceSize);
+        for (const OrgElement &element : slice)
+            QCOMPARE(element.strId, QStringLiteral("u%1").arg(next++));
+        QCOMPARE(arguments.at(1).toString(), QStringLiteral("C1"));
+    }
+    QCOMPARE(next, Count);
+}
+
+void TstHttpOrgFun::ownerGoneWhileReading()
+{
+    server->reply("/org.do", FakeReply::json(employees(20000)));
+    QPointer<HttpOrgFun> request = start(Children);
+    // Deleted in the round of events in which the worker was started.
+    connect(request, &QObject::destroyed, this, [this] { server->stop(); });
+    const int records = CMonitorLogger::instance().records().size();
+    QTRY_VERIFY(CMonitorLogger::instance().records().size() > records ||
+                records == CMonitorLogger::Capacity);
+    delete request.data();
+    for (int i = 0; i < 50; ++i)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    QCOMPARE(signalCounts().at(3), 0);
+}
+
+void TstHttpOrgFun::receiverEndsItBetweenSlices()
+{
+    server->reply("/org.do", FakeReply::json(employees(10000)));
+    QPointer<HttpOrgFun> request = start(Children);
+    connect(request, &HttpOrgFun::signal_searchOrgElements, this, [&] { delete request.data(); });
+    QTRY_VERIFY(!request);
+    QCOMPARE(m_spies.at(0)->count(), 1);
+    QCOMPARE(m_spies.at(3)->count(), 0);
+}
+
+void TstHttpOrgFun::locationOfALargeCompany()
+{
+    QByteArray people = employees(5000);
+    server->reply("/org.do",
+                  FakeReply::json(R"({"location":{"orgId":"C1","children":)" + people + "}}"));
+    const QPointer<HttpOrgFun> request = start(Locate);
+    QTRY_VERIFY(!request);
+    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 0}));
+    QCOMPARE(m_spies.at(0)->first().at(0).value<OrgElementList>().size(), 5001);
+}
+
+FRIENDUI_TEST(TstHttpOrgFun)
+#include "tst_httporgfun.moc"
