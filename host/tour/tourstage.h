@@ -33,6 +33,8 @@ public:
     QModelIndex contact(const QString &jid) const;
     QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
     int shownContacts() const;
+    // A colleague who accepts requests; no contact, if there is such a one.
+    QString stranger() const;
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
 
@@ -53,8 +55,9 @@ public:
     // is closed as by a click.
     void trigger(QMenu *menu, const QString &action) const;
     void triggerText(QMenu *menu, const QString &text) const;
-    void answer(const QString &text) const;                   // of an input dialog, accepted
-    void fill(const QString &text) const;                     // of an input dialog, left open
+    void answer(const QString &text) const; // of an input dialog, accepted
+    void fill(const QString &text) const;   // of an input dialog, left open
+    void press(const char *dialogClass, const char *button) const;
     void key(int key, const QString &text = QString()) const; // to the tree
     void closeEverything() const;                             // menus and dialogs
 
