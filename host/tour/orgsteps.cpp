@@ -205,6 +205,7 @@ std::vector<TourStep> organisationSteps()
           {"it is shown",
            [](Stage &s) {
                s.tree()->expand(s.contact(s.jid).parent());
+               s.tree()->setCurrentIndex(s.contact(s.jid));
                s.tree()->scrollTo(s.contact(s.jid));
            },
            [](Stage &s) { return !s.tree()->visualRect(s.contact(s.jid)).isEmpty(); }}}},
