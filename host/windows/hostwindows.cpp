@@ -34,6 +34,14 @@ HostWindows::HostWindows(MessagingCore *core, HostContext *context, HostBus *bus
       m_chats(chats),
       m_parent(parent)
 {
+    connect(core, &MessagingCore::contactRequested, this,
+            [this](const QString &jid, const QString &text) {
+                emit note(tr("%1 asks to become a contact: %2").arg(nameOf(jid), text));
+            });
+    connect(core, &MessagingCore::requestRefused, this,
+            [this](const QString &jid, const QString &reason) {
+                emit note(tr("%1 refuses the contact request: %2").arg(nameOf(jid), reason));
+            });
 }
 
 QString HostWindows::nameOf(const QString &jid) const
