@@ -160,15 +160,15 @@ int TourStage::shownContacts() const
     return count;
 }
 
-QString TourStage::stranger() const
+QString TourStage::stranger(SampleCompany::Policy policy) const
 {
     const EmbeddedCore *core = m_host.core();
     QString somebody;
     for (int i = 1; i < core->company().people(); ++i) {
+        if (core->company().policy(i) != policy)
+            continue;
         const QString candidate = SampleCompany::uid(i) + QLatin1Char('@') + core->serverDomain();
         FriendData known;
-        if (core->company().policy(i) != SampleCompany::AcceptsAll)
-            continue;
         if (!core->contact(candidate, &known))
             return candidate;
         somebody = candidate;
@@ -206,12 +206,6 @@ QWidget *TourStage::shownWidget(const QString &objectName) const
             return widget;
     }
     return nullptr;
-}
-
-QWidget *TourStage::widgetOf(const QWidget *window, const char *objectName)
-{
-    auto *widget = window ? window->findChild<QWidget *>(QString::fromLatin1(objectName)) : nullptr;
-    return widget && widget->isVisible() ? widget : nullptr;
 }
 
 void TourStage::contextMenu(const QModelIndex &index) const

@@ -5,6 +5,8 @@
 // acts on what is missing does nothing, and the move's condition then fails.
 #pragma once
 
+#include "sample/samplecompany.h"
+
 #include <QModelIndex>
 #include <QPersistentModelIndex>
 #include <QString>
@@ -33,8 +35,8 @@ public:
     QModelIndex contact(const QString &jid) const;
     QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
     int shownContacts() const;
-    // A colleague who accepts requests; no contact, if there is such a one.
-    QString stranger() const;
+    // A colleague who takes requests that way; no contact, if there is such a one.
+    QString stranger(SampleCompany::Policy policy) const;
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
 
@@ -48,7 +50,6 @@ public:
     QMenu *menu(const QString &objectName) const;     // shown or not
     QDialog *openDialog(const char *className) const;
     QWidget *shownWidget(const QString &objectName) const;
-    static QWidget *widgetOf(const QWidget *window, const char *objectName); // if shown
 
     void contextMenu(const QModelIndex &index) const; // of either tree
     // The action of that object name, in the menu or a menu below it; the menu
