@@ -1,9 +1,9 @@
 // Contact cards on screen, and the host behind them.
 #pragma once
 
-#include "controls/valuelabel.h"
 #include "controls/inputbox.h"
 #include "controls/tipbox.h"
+#include "controls/valuelabel.h"
 #include "detail/cardbody.h"
 #include "detail/cdetailview.h"
 #include "detail/cdetailviewmanager.h"

@@ -158,8 +158,10 @@ void TstCardManager::hostClosesInsideTheRequest_data()
 void TstCardManager::hostClosesInsideTheRequest()
 {
     QFETCH(int, way);
-    m_fixture->host.onRequest = [this, way](const FakeHost::Request &) {
+    QPointer<CDetailView> closed;
+    m_fixture->host.onRequest = [this, way, &closed](const FakeHost::Request &) {
         CDetailView *card = CDetailViewManager::instance()->openDialog(m_fixture->anna);
+        closed = card;
         if (way == 2)
             m_fixture->answer(m_fixture->anna);
         if (way == 1)
@@ -168,6 +170,7 @@ void TstCardManager::hostClosesInsideTheRequest()
             card->close();
     };
     QVERIFY(!m_fixture->open(m_fixture->anna));
+    QVERIFY(!closed || !closed->isVisible());
     CardFixture::settle();
     QCOMPARE(cards(), 0);
     // A card on screen whose buttons have the same effect.
