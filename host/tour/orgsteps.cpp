@@ -56,24 +56,6 @@ QStringList pathOf(const SampleCompany &company, const QString &uid)
     return path;
 }
 
-// Somebody of the company who confirms requests and is no contact. In a large company
-// everybody is a contact; then somebody stops being one.
-QString stranger(EmbeddedCore *core)
-{
-    const SampleCompany &company = core->company();
-    QString jid;
-    for (int index = company.people() - 1; index > 0; --index) {
-        if (company.policy(index) != SampleCompany::AsksFirst)
-            continue;
-        jid = SampleCompany::uid(index) + QLatin1Char('@') + SampleCompany::domain();
-        FriendData contact;
-        if (!core->contact(jid, &contact))
-            return jid;
-    }
-    core->removeContact(jid, true);
-    return jid;
-}
-
 QString uidOf(const QString &jid)
 {
     return jid.section(QLatin1Char('@'), 0, 0);
@@ -165,7 +147,7 @@ template <class... Moves> std::vector<TourMove> personAnd(const Moves &...moves)
 std::vector<TourStep> organisationSteps()
 {
     const TourMove remember{"there is a colleague who is no contact",
-                            [](Stage &s) { s.jid = stranger(s.host().core()); },
+                            [](Stage &s) { s.jid = s.stranger(SampleCompany::AsksFirst); },
                             [](Stage &s) {
                                 FriendData contact;
                                 return !s.jid.isEmpty() &&

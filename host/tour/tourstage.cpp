@@ -160,19 +160,19 @@ int TourStage::shownContacts() const
     return count;
 }
 
-QString TourStage::stranger() const
+QString TourStage::stranger(SampleCompany::Policy policy) const
 {
-    const EmbeddedCore *core = m_host.core();
+    EmbeddedCore *core = m_host.core();
     QString somebody;
-    for (int i = 1; i < core->company().people(); ++i) {
-        const QString candidate = SampleCompany::uid(i) + QLatin1Char('@') + core->serverDomain();
-        FriendData known;
-        if (core->company().policy(i) != SampleCompany::AcceptsAll)
+    for (int i = core->company().people() - 1; i > 0; --i) {
+        if (core->company().policy(i) != policy)
             continue;
-        if (!core->contact(candidate, &known))
-            return candidate;
-        somebody = candidate;
+        somebody = SampleCompany::uid(i) + QLatin1Char('@') + SampleCompany::domain();
+        FriendData known;
+        if (!core->contact(somebody, &known))
+            return somebody;
     }
+    core->removeContact(somebody, true);
     return somebody;
 }
 

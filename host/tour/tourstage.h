@@ -5,6 +5,8 @@
 // acts on what is missing does nothing, and the move's condition then fails.
 #pragma once
 
+#include "sample/samplecompany.h"
+
 #include <QModelIndex>
 #include <QPersistentModelIndex>
 #include <QString>
@@ -33,8 +35,9 @@ public:
     QModelIndex contact(const QString &jid) const;
     QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
     int shownContacts() const;
-    // A colleague who accepts requests; no contact, if there is such a one.
-    QString stranger() const;
+    // The jid of a colleague who takes contact requests in this way and is no
+    // contact. In a large company everybody is one; then somebody stops being it.
+    QString stranger(SampleCompany::Policy policy) const;
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
 

@@ -83,16 +83,11 @@ TourMove expandAndRemember(int position)
             }};
 }
 
-// The stage remembers who. In a large company everybody is a contact.
+// The stage remembers who.
 TourMove strangerFound()
 {
     return {"somebody is no contact",
-            [](Stage &s) {
-                s.jid = s.stranger();
-                FriendData known;
-                if (s.host().core()->contact(s.jid, &known))
-                    s.host().core()->removeContact(s.jid, true);
-            },
+            [](Stage &s) { s.jid = s.stranger(SampleCompany::AcceptsAll); },
             [](Stage &s) { return !s.contact(s.jid).isValid(); }};
 }
 
