@@ -162,17 +162,17 @@ int TourStage::shownContacts() const
 
 QString TourStage::stranger(SampleCompany::Policy policy) const
 {
-    EmbeddedCore *core = m_host.core();
+    const EmbeddedCore *core = m_host.core();
     QString somebody;
-    for (int i = core->company().people() - 1; i > 0; --i) {
+    for (int i = 1; i < core->company().people(); ++i) {
         if (core->company().policy(i) != policy)
             continue;
-        somebody = SampleCompany::uid(i) + QLatin1Char('@') + SampleCompany::domain();
+        const QString candidate = SampleCompany::uid(i) + QLatin1Char('@') + core->serverDomain();
         FriendData known;
-        if (!core->contact(somebody, &known))
-            return somebody;
+        if (!core->contact(candidate, &known))
+            return candidate;
+        somebody = candidate;
     }
-    core->removeContact(somebody, true);
     return somebody;
 }
 
@@ -206,12 +206,6 @@ QWidget *TourStage::shownWidget(const QString &objectName) const
             return widget;
     }
     return nullptr;
-}
-
-QWidget *TourStage::widgetOf(const QWidget *window, const char *objectName)
-{
-    auto *widget = window ? window->findChild<QWidget *>(QString::fromLatin1(objectName)) : nullptr;
-    return widget && widget->isVisible() ? widget : nullptr;
 }
 
 void TourStage::contextMenu(const QModelIndex &index) const

@@ -35,8 +35,7 @@ public:
     QModelIndex contact(const QString &jid) const;
     QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
     int shownContacts() const;
-    // The jid of a colleague who takes contact requests in this way and is no
-    // contact. In a large company everybody is one; then somebody stops being it.
+    // A colleague who takes requests that way; no contact, if there is such a one.
     QString stranger(SampleCompany::Policy policy) const;
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
@@ -51,7 +50,6 @@ public:
     QMenu *menu(const QString &objectName) const;     // shown or not
     QDialog *openDialog(const char *className) const;
     QWidget *shownWidget(const QString &objectName) const;
-    static QWidget *widgetOf(const QWidget *window, const char *objectName); // if shown
 
     void contextMenu(const QModelIndex &index) const; // of either tree
     // The action of that object name, in the menu or a menu below it; the menu

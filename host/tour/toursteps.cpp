@@ -83,14 +83,6 @@ TourMove expandAndRemember(int position)
             }};
 }
 
-// The stage remembers who.
-TourMove strangerFound()
-{
-    return {"somebody is no contact",
-            [](Stage &s) { s.jid = s.stranger(SampleCompany::AcceptsAll); },
-            [](Stage &s) { return !s.contact(s.jid).isValid(); }};
-}
-
 TourMove requestListed()
 {
     return {"the request is listed",
@@ -212,10 +204,12 @@ std::vector<TourStep> treeSteps()
          TourStep::Pane,
          {expandAndRemember(1), contactMenu(),
           choose("commonSingleMenu", "delFriend", "QMessageBox")}},
-        {"contact-request", TourStep::Pane, {strangerFound(), requestListed(), formOpened()}},
+        {"contact-request",
+         TourStep::Pane,
+         {strangerFound(SampleCompany::AcceptsAll), requestListed(), formOpened()}},
         {"requester-added",
          TourStep::Pane,
-         {strangerFound(),
+         {strangerFound(SampleCompany::AcceptsAll),
           requestListed(),
           formOpened(),
           {"the contact is in the tree", [](Stage &s) { s.press("AddFriend", "okButton"); },
