@@ -25,6 +25,24 @@ void setAside(const QString &file)
     for (const char *companion : {"-wal", "-shm"})
         QFile::remove(file + QLatin1String(companion));
 }
+
+void upgrade(Transaction &transaction)
+{
+    const std::vector<const char *> &steps = schemaSteps();
+    const qint64 count = qint64(steps.size());
+    qint64 taken = 0;
+    {
+        Statement version = transaction.prepare("PRAGMA user_version");
+        if (version.next())
+            taken = version.number(0);
+    }
+    if (taken > count)
+        throw DatabaseError("the file belongs to a newer back end");
+    for (qint64 step = taken; step < count; ++step)
+        transaction.prepare(steps[size_t(step)]).run();
+    const std::string mark = "PRAGMA user_version = " + std::to_string(count);
+    transaction.prepare(mark.c_str()).run();
+}
 } // namespace
 
 Database::~Database()
@@ -68,7 +86,7 @@ bool Database::openOnce(const QString &file, QString *problem)
             if (!check.next() || check.text(0) != QLatin1String("ok"))
                 throw DatabaseError("the file is damaged");
         }
-        upgradeSchema(transaction);
+        upgrade(transaction);
         transaction.commit();
         return true;
     } catch (const DatabaseError &error) {
