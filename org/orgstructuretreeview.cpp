@@ -27,6 +27,7 @@
 namespace {
 constexpr int ScrollStep = 22;
 constexpr int FlashMs = 1400;
+constexpr int AddIntervalMs = 40;
 constexpr int FlashWidth = 2;
 } // namespace
 
@@ -65,6 +66,8 @@ OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
 
     m_loadTimer.setSingleShot(true);
     m_loadTimer.setInterval(LoadTimeout);
+    m_addTimer.setSingleShot(true);
+    m_addTimer.setInterval(AddIntervalMs);
     m_hoverTimer.setSingleShot(true);
     m_hoverTimer.setInterval(HoverDelay);
     m_flash.setDuration(FlashMs);

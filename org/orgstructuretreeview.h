@@ -112,6 +112,7 @@ private:
     void request(const QString &id);
     void opened(const QModelIndex &index);
     void received(const OrgElementList &elements);
+    void addWaiting();
     void departmentDone(const QString &id);
     void addToContacts(const QString &departmentId);
     void finishAdding(const QString &departmentId);
@@ -134,6 +135,8 @@ private:
     QSet<QString> m_asked; // departments under way
     QTimer m_loadTimer;
     bool m_elementsAdded = false; // those of the update that is to come
+    OrgElementList m_waiting;     // arrived, not yet in the model
+    QTimer m_addTimer;
     // Departments whose people become contacts when they have all arrived.
     QSet<QString> m_adding;
 

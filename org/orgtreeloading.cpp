@@ -12,6 +12,11 @@
 #include "org/orgtreemodel.h"
 #include "plugin/frienduisignalsender.h"
 
+namespace {
+// Elements; few enough for the time of a frame.
+constexpr int AddAtOnce = 2000;
+} // namespace
+
 void OrgStructureTreeView::connectSources()
 {
     using View = OrgStructureTreeView;
@@ -37,6 +42,7 @@ void OrgStructureTreeView::connectSources()
         scrollTo(index, PositionAtCenter);
     });
     connect(&m_loadTimer, &QTimer::timeout, this, &View::slot_loadOrgTimeOut);
+    connect(&m_addTimer, &QTimer::timeout, this, &View::addWaiting);
     connect(&m_hoverTimer, &QTimer::timeout, this, &View::showCard);
     connect(&m_flash, &QVariantAnimation::valueChanged, viewport(),
             [this] { viewport()->update(); });
@@ -65,6 +71,7 @@ void OrgStructureTreeView::setRootId(const QString &rootId)
         return;
     m_asked.clear();
     m_adding.clear();
+    m_waiting.clear();
     m_loadTimer.stop();
     m_model->setRootId(rootId);
     // Only the topmost ones of what is known; the rest when its department is opened.
@@ -145,6 +152,7 @@ void OrgStructureTreeView::opened(const QModelIndex &index)
     switch (m_model->childrenState(id)) {
     case OrgTreeModel::Children::NotAsked:
         if (OrgStructureMgr::instance()->queryChildren(id)) {
+            addWaiting();
             m_model->setChildrenState(id, OrgTreeModel::Children::Loaded);
             break;
         }
@@ -163,8 +171,20 @@ void OrgStructureTreeView::received(const OrgElementList &elements)
 {
     if (rootId().isEmpty())
         return;
-    m_model->addElements(elements);
+    m_waiting += elements;
     m_elementsAdded = true;
+    // The view lays out all its rows after each change: for a department of ten
+    // thousand a change for each slice would cost more than everything else.
+    if (!m_addTimer.isActive() || m_waiting.size() >= AddAtOnce)
+        addWaiting();
+}
+
+void OrgStructureTreeView::addWaiting()
+{
+    if (m_waiting.isEmpty())
+        return;
+    m_model->addElements(std::exchange(m_waiting, OrgElementList()));
+    m_addTimer.start();
 }
 
 void OrgStructureTreeView::slot_upDataTreeView(const OrgElementMap &mapOrgElements)
@@ -177,6 +197,8 @@ void OrgStructureTreeView::slot_upDataTreeView(const OrgElementMap &mapOrgElemen
     // come by themselves just before.
     if (!std::exchange(m_elementsAdded, false))
         addAll(mapOrgElements);
+    if (isEmpty())
+        addWaiting();
     emit signal_upDataTreeViewEnd(mapOrgElements);
 }
 
@@ -214,6 +236,7 @@ void OrgStructureTreeView::addAll(const OrgElementMap &elements)
 
 void OrgStructureTreeView::departmentDone(const QString &id)
 {
+    addWaiting();
     m_asked.remove(id);
     if (m_asked.isEmpty() && !isLocating())
         m_loadTimer.stop();
@@ -226,6 +249,7 @@ void OrgStructureTreeView::departmentDone(const QString &id)
 
 bool OrgStructureTreeView::departmentFailed(const QString &id)
 {
+    addWaiting();
     const bool wasAsked = m_asked.remove(id);
     const bool wasAdding = m_adding.remove(id);
     if (id == rootId() || !m_model->indexOf(id).isValid())
@@ -329,6 +353,7 @@ void OrgStructureTreeView::slot_locateOrgElements(const OrgElementMap &mapOrgEle
 
 void OrgStructureTreeView::placeFromCache(const QString &id)
 {
+    addWaiting();
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     const OrgElementMap &known = cache->elements();
     // From the element up to the root; the service may have told of a circle.

@@ -235,7 +235,9 @@ void OrgWidget::showLocating(bool locating)
     m_locating->setPalette(palette);
     m_locating->adjustSize();
     const int width = qMin(m_locating->width(), this->width() - 2 * BannerInset);
-    m_locating->setGeometry((this->width() - width) / 2, BannerInset, width, m_locating->height());
+    m_locating->setGeometry((this->width() - width) / 2,
+                            this->height() - m_locating->height() - BannerInset, width,
+                            m_locating->height());
     m_locating->raise();
 }
 

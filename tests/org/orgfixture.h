@@ -4,11 +4,11 @@
 #include "controls/skinmenu.h"
 #include "controls/tipbox.h"
 #include "http/httpmgr.h"
-#include "http/orgrequest.h"
 #include "org/orgstructuremgr.h"
 #include "org/orgstructuretreeview.h"
 #include "org/orgtreemodel.h"
 #include "org/orgwidget.h"
+#include "tests/org/fakeorgrequest.h"
 #include "tests/support/fakehost.h"
 #include "tests/support/recordingactions.h"
 
@@ -22,53 +22,6 @@
 #include <QTest>
 
 #include <memory>
-
-class FakeOrgRequest : public OrgRequest
-{
-    Q_OBJECT
-
-public:
-    // Notes "kind id" in the log, which outlives it.
-    FakeOrgRequest(QStringList *log, QObject *parent) : OrgRequest(parent), m_log(log) {}
-
-    QString kind; // "children", "person", "department"
-    QString id;
-
-    void searchOrg(const QString &orgId, const QString &) override { begin("children", orgId); }
-    void locateOrg(const QString &who, bool isOrg) override
-    {
-        begin(isOrg ? "department" : "person", who);
-    }
-    void fuzzySearchOrg(const QString &, bool, int, int) override {}
-
-private:
-    void begin(const char *what, const QString &whose)
-    {
-        kind = QString::fromLatin1(what);
-        id = whose;
-        m_log->append(kind + QLatin1Char(' ') + id);
-    }
-
-    QStringList *m_log;
-};
-
-inline OrgElement makeDepartment(const QString &id, const QString &name, const QString &parent)
-{
-    OrgElement element;
-    element.strId = id;
-    element.strName = name;
-    element.strParentId = parent;
-    return element;
-}
-
-inline OrgElement makeEmployee(const QString &uid, const QString &department,
-                               const QString &duty = QString())
-{
-    OrgElement element = makeDepartment(uid, uid, department);
-    element.bIsEmp = true;
-    element.strDuty = duty;
-    return element;
-}
 
 // The own jid is me@corp.example. The cache lives as long as the process, so each
 // fixture has a company of its own: ids end in "." and its number, which id() adds.
