@@ -2,9 +2,6 @@
 
 #include "sample/samplecompany.h"
 
-#include <functional>
-#include <map>
-
 namespace {
 constexpr qint64 Day = 24 * 3600;
 
@@ -54,10 +51,9 @@ QString CommandLine::help()
         "Exit codes: 0 ended as asked, 1 cannot serve, 2 wrong command line.\n");
 }
 
-bool CommandLine::parse(const QStringList &arguments, QString *problem)
+CommandLine::Readers CommandLine::readers()
 {
-    using Reader = std::function<bool(const QString &)>;
-    const std::map<QString, Reader> readers{
+    return {
         {QStringLiteral("--data"),
          [this](const QString &value) {
              options.dataFolder = value;
@@ -89,6 +85,11 @@ bool CommandLine::parse(const QStringList &arguments, QString *problem)
              return options.specialCertificate.has_value();
          }},
     };
+}
+
+bool CommandLine::parse(const QStringList &arguments, QString *problem)
+{
+    const Readers known = readers();
     const std::map<QString, bool *> flags{
         {QStringLiteral("--end-with-stdin"), &endWithStdin},
         {QStringLiteral("--quiet"), &isQuiet},
@@ -100,8 +101,8 @@ bool CommandLine::parse(const QStringList &arguments, QString *problem)
             *flag->second = true;
             continue;
         }
-        const auto reader = readers.find(name);
-        if (reader == readers.end()) {
+        const auto reader = known.find(name);
+        if (reader == known.end()) {
             *problem = QStringLiteral("unknown option: ") + name;
             return false;
         }

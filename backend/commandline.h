@@ -5,6 +5,9 @@
 
 #include <QStringList>
 
+#include <functional>
+#include <map>
+
 struct CommandLine
 {
     BackEndOptions options;
@@ -16,4 +19,9 @@ struct CommandLine
     // `arguments` without the program's name. False with *problem set when it cannot
     // be understood.
     bool parse(const QStringList &arguments, QString *problem);
+
+private:
+    // Of an option's value; false for a wrong one.
+    using Readers = std::map<QString, std::function<bool(const QString &)>>;
+    Readers readers();
 };

@@ -11,10 +11,18 @@
 namespace {
 constexpr int BusyTimeout = 5000; // ms
 
+[[noreturn]] void raise(sqlite3 *handle)
+{
+    const int code = handle ? sqlite3_errcode(handle) : SQLITE_NOMEM;
+    if (code == SQLITE_NOTADB || code == SQLITE_CORRUPT)
+        throw DatabaseDamaged(sqlite3_errmsg(handle));
+    throw DatabaseError(handle ? sqlite3_errmsg(handle) : "out of memory");
+}
+
 void execute(sqlite3 *handle, const char *sql)
 {
     if (sqlite3_exec(handle, sql, nullptr, nullptr, nullptr) != SQLITE_OK)
-        throw DatabaseError(sqlite3_errmsg(handle));
+        raise(handle);
 }
 
 void setAside(const QString &file)
@@ -24,6 +32,24 @@ void setAside(const QString &file)
     QFile::rename(file, aside);
     for (const char *companion : {"-wal", "-shm"})
         QFile::remove(file + QLatin1String(companion));
+}
+
+void upgrade(Transaction &transaction)
+{
+    const std::vector<const char *> &steps = schemaSteps();
+    const qint64 count = qint64(steps.size());
+    qint64 taken = 0;
+    {
+        Statement version = transaction.prepare("PRAGMA user_version");
+        if (version.next())
+            taken = version.number(0);
+    }
+    if (taken > count)
+        throw DatabaseError("the file belongs to a newer back end");
+    for (qint64 step = taken; step < count; ++step)
+        transaction.prepare(steps[size_t(step)]).run();
+    const std::string mark = "PRAGMA user_version = " + std::to_string(count);
+    transaction.prepare(mark.c_str()).run();
 }
 } // namespace
 
@@ -40,12 +66,18 @@ void Database::close()
 
 bool Database::open(const QString &file, QString *problem)
 {
-    if (openOnce(file, problem))
-        return true;
-    if (!QFileInfo::exists(file))
-        return false;
-    setAside(file);
-    return openOnce(file, problem);
+    for (bool mayBeDamaged : {true, false}) {
+        try {
+            return openOnce(file, problem);
+        } catch (const DatabaseError &error) {
+            close();
+            *problem = file + QStringLiteral(": ") + QString::fromUtf8(error.what());
+            if (!mayBeDamaged || !dynamic_cast<const DatabaseDamaged *>(&error))
+                return false;
+            setAside(file);
+        }
+    }
+    return false;
 }
 
 bool Database::openOnce(const QString &file, QString *problem)
@@ -53,29 +85,23 @@ bool Database::openOnce(const QString &file, QString *problem)
     close();
     if (!touchOwnerOnly(file, problem))
         return false;
-    try {
-        // Its locking is the Transaction's, so that SQLite need not lock as well.
-        const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
-        if (sqlite3_open_v2(file.toUtf8().constData(), &m_handle, flags, nullptr) != SQLITE_OK)
-            throw DatabaseError(m_handle ? sqlite3_errmsg(m_handle) : "out of memory");
-        sqlite3_busy_timeout(m_handle, BusyTimeout);
-        execute(m_handle, "PRAGMA journal_mode = WAL");
-        execute(m_handle, "PRAGMA synchronous = NORMAL");
-        execute(m_handle, "PRAGMA foreign_keys = ON");
-        Transaction transaction(*this);
-        {
-            Statement check = transaction.prepare("PRAGMA quick_check(1)");
-            if (!check.next() || check.text(0) != QLatin1String("ok"))
-                throw DatabaseError("the file is damaged");
-        }
-        upgradeSchema(transaction);
-        transaction.commit();
-        return true;
-    } catch (const DatabaseError &error) {
-        *problem = file + QStringLiteral(": ") + QString::fromUtf8(error.what());
-        close();
-        return false;
+    // Its locking is the Transaction's, so that SQLite need not lock as well.
+    const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
+    if (sqlite3_open_v2(file.toUtf8().constData(), &m_handle, flags, nullptr) != SQLITE_OK)
+        raise(m_handle);
+    sqlite3_busy_timeout(m_handle, BusyTimeout);
+    execute(m_handle, "PRAGMA journal_mode = WAL");
+    execute(m_handle, "PRAGMA synchronous = NORMAL");
+    execute(m_handle, "PRAGMA foreign_keys = ON");
+    Transaction transaction(*this);
+    {
+        Statement check = transaction.prepare("PRAGMA quick_check(1)");
+        if (!check.next() || check.text(0) != QLatin1String("ok"))
+            throw DatabaseDamaged("the file is damaged");
     }
+    upgrade(transaction);
+    transaction.commit();
+    return true;
 }
 
 Statement::Statement(sqlite3 *handle, const char *sql) : m_handle(handle)
@@ -97,7 +123,7 @@ Statement::~Statement()
 
 void Statement::fail() const
 {
-    throw DatabaseError(sqlite3_errmsg(m_handle));
+    raise(m_handle);
 }
 
 Statement &Statement::bind(const QString &text)

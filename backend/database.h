@@ -28,6 +28,13 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+// The file is no sound database.
+class DatabaseDamaged : public DatabaseError
+{
+public:
+    using DatabaseError::DatabaseError;
+};
+
 class Database
 {
 public:
@@ -38,8 +45,8 @@ public:
 
     // Opens or makes the file, readable by its owner only, and brings its tables up
     // to date. A file that is not a sound database is set aside under a name ending
-    // in ".damaged" and a new one is begun. False with *problem set when neither
-    // works.
+    // in ".damaged" and a new one is begun. False with *problem set when it cannot be
+    // used for another reason: not writable, in use, of a newer back end.
     bool open(const QString &file, QString *problem);
     void close();
 

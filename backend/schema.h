@@ -1,10 +1,9 @@
 // The tables of the back end's database. A new table is one more step at the end of
-// the list in schema.cpp; steps that stand there are never changed, because files
-// that have taken them exist.
+// the list; steps that stand there are never changed, because files that have taken
+// them exist.
 #pragma once
 
-class Transaction;
+#include <vector>
 
-// Takes the steps that the file has not taken yet. Throws DatabaseError, also for a
-// file of a newer back end.
-void upgradeSchema(Transaction &transaction);
+// SQL statements, to be taken in this order, each once in a file's life.
+const std::vector<const char *> &schemaSteps();

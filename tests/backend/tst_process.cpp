@@ -1,4 +1,5 @@
 // The program: how it is started, what it says, how it ends; and its data folder.
+#include "backend/database.h"
 #include "tests/backend/runningbackend.h"
 #include "tests/support/testrunner.h"
 
@@ -214,6 +215,25 @@ private slots:
         QCOMPARE(aside.readAll(), content);
         WebClient client(*backEnd);
         client.logIn(*backEnd, QStringLiteral("u000001"));
+    }
+
+    void databaseOfTheFutureIsLeftAlone()
+    {
+        QTemporaryDir folder;
+        const QString name = folder.filePath(QStringLiteral("backend.sqlite"));
+        QString problem;
+        Database database;
+        QVERIFY(database.open(name, &problem));
+        {
+            Transaction transaction(database);
+            transaction.prepare("PRAGMA user_version = 9999").run();
+            transaction.commit();
+        }
+        database.close();
+        Database again;
+        QVERIFY(!again.open(name, &problem));
+        QVERIFY2(problem.contains(name), qPrintable(problem));
+        QVERIFY(!QFileInfo::exists(name + QStringLiteral(".damaged")));
     }
 
     void oddRequests_data()
