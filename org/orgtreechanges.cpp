@@ -43,6 +43,8 @@ bool OrgTreeChanges::receive(const OrgElement &element)
         update(known, element);
         return true;
     }
+    if (m_rows->isFull())
+        return false;
     const quint32 number = m_rows->append(element.strId);
     OrgTreeNode &node = m_rows->node(number);
     node.digest = digestOf(element);
