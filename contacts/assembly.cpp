@@ -1,11 +1,15 @@
 #include "contacts/assembly.h"
 
+#include "common/context.h"
 #include "common/logging.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
 #include "detail/caddfriendmannger.h"
+#include "detail/cdetailviewmanager.h"
+#include "org/orgwidget.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduimessageprocess.h"
+#include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 
 namespace {
@@ -36,16 +40,22 @@ public:
             LOG_DEBUG("there is no page " << logText(id));
     }
 
-    bool canOpenContactDetail() const override { return false; }
+    bool canOpenContactDetail() const override
+    {
+        return ctx().hasRight(ApplicationContext::Detail);
+    }
     bool openContactDetail(const QString &jid) override
     {
-        missing("contact detail", jid);
-        return false;
+        if (jid.isEmpty() || !canOpenContactDetail())
+            return false;
+        CDetailViewManager::instance()->openDialogByJid(jid);
+        return true;
     }
     bool openOwnDetail() override
     {
-        missing("own detail", QString());
-        return false;
+        const QString own = ctx().ownJid();
+        CDetailViewManager::instance()->openDialogByJid(own);
+        return !own.isEmpty();
     }
     void showContactCard(const QString &jid, int, int, int, bool) override
     {
@@ -63,10 +73,19 @@ public:
         missing("external contacts", jid);
     }
 
-    void locateInOrganisation(const QString &uid, bool) override
+    void locateInOrganisation(const QString &uid, bool isOrganisation) override
     {
-        raisePage(QStringLiteral("organizationTree"));
-        missing("organisation", uid);
+        FriendWidget *widget = pane();
+        OrgWidget *page = widget ? widget->orgPage() : nullptr;
+        if (!page) {
+            LOG_DEBUG("there is no organisation to show " << logText(uid) << " in");
+            return;
+        }
+        widget->raisePage(QStringLiteral("organizationTree"));
+        if (isOrganisation)
+            page->locateDepartment(uid);
+        else
+            emit page->signal_orgPosition(uid);
     }
     void virtualTeamEvent(const QString &, const QString &teamId, const QString &) override
     {
@@ -103,6 +122,10 @@ void assemblePane()
     static auto *actions = new Actions;
     setPaneActions(actions);
     CAddFriendMannger::instance(); // the host's events may ask for a window
+    static const QMetaObject::Connection leader = QObject::connect(
+        FriendUISignalSender::instance(), &FriendUISignalSender::signal_openLeaderDetail,
+        [](const QString &jid) { actions->openContactDetail(jid); });
+    Q_UNUSED(leader)
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

@@ -8,11 +8,11 @@
 #include "contacts/grouplabel.h"
 #include "contacts/grouplabels.h"
 #include "contacts/mydrag.h"
-#include "controls/typefinder.h"
 #include "controls/avatarstore.h"
 #include "controls/scrollanchor.h"
 #include "controls/skin.h"
 #include "controls/slimscrollbar.h"
+#include "controls/typefinder.h"
 #include "plugin/paneactions.h"
 
 #include <QAccessible>

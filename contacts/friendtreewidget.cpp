@@ -268,16 +268,22 @@ void FriendTreeWidget::slot_updateOutsideFriendStatus(QString friendJid)
 void FriendTreeWidget::slot_BatchAddFriendFial(QStringList listUids)
 {
     LOG_SCOPE("FriendTreeWidget::slot_BatchAddFriendFial(QStringList listUids)");
+    if (listUids.isEmpty())
+        return;
     QStringList names;
     for (const QString &uid : listUids.mid(0, MaximumNamesTold)) {
         FriendData contact;
-        const bool known = ctx().friendData(makeJid(uid), &contact);
-        names.append(known ? contactDisplayName(contact) : displayText(uid));
+        contact.jid = makeJid(uid);
+        VcardInfo profile;
+        ctx().friendData(contact.jid, &contact);
+        ctx().vcard(contact.jid, &profile);
+        names.append(contactDisplayName(contact, profile));
     }
     if (listUids.size() > MaximumNamesTold)
         names.append(QStringLiteral("..."));
+    const QString count = QStringLiteral(" (%1): ").arg(listUids.size());
     TipBox::tell(this,
-                 QObject::tr("conatct") + QStringLiteral(": ") + names.join(QStringLiteral(", ")) +
+                 QObject::tr("conatct") + count + names.join(QStringLiteral(", ")) +
                      QLatin1Char('\n') + QObject::tr("addfail"),
                  sureButton());
 }

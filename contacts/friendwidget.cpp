@@ -4,6 +4,9 @@
 #include "contacts/friendlistview.h"
 #include "contacts/friendtreewidget.h"
 #include "controls/skin.h"
+#include "org/orgwidget.h"
+#include "plugin/frienduisignalsender.h"
+#include "plugin/paneactions.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -13,6 +16,11 @@ namespace {
 QString friendsPage()
 {
     return QStringLiteral("friends");
+}
+
+QString organisationPage()
+{
+    return QStringLiteral("organizationTree");
 }
 } // namespace
 
@@ -41,8 +49,25 @@ FriendWidget::FriendWidget(QWidget *parent)
         m_pageById.insert(id, page);
     }
     connect(m_entries, &FriendListView::signal_clickItem, this, &FriendWidget::slot_clickItem);
+    connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_position_orgstruct,
+            this, [](const QString &id, bool isOrganisation) {
+                if (PaneActions *actions = paneActions())
+                    actions->locateInOrganisation(id, isOrganisation);
+            });
     raisePage(friendsPage());
     setTabOrder(m_entries, m_friendTree);
+}
+
+OrgWidget *FriendWidget::orgPage()
+{
+    QWidget *place = m_pageById.value(organisationPage());
+    if (m_orgPage || !place)
+        return m_orgPage;
+    m_orgPage = new OrgWidget(m_pages);
+    m_pages->insertWidget(m_pages->indexOf(place), m_orgPage);
+    m_pageById.insert(organisationPage(), m_orgPage);
+    delete place;
+    return m_orgPage;
 }
 
 bool FriendWidget::raisePage(const QString &id)
@@ -58,6 +83,8 @@ QString FriendWidget::currentPage() const
 void FriendWidget::slot_clickItem(int, QString strJid)
 {
     LOG_SCOPE("FriendWidget::slot_clickItem(int nType, QString strJid)");
+    if (strJid == organisationPage())
+        orgPage();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
 }

@@ -7,6 +7,7 @@
 
 class FriendListView;
 class FriendTreeWidget;
+class OrgWidget;
 class QStackedWidget;
 
 class FriendWidget : public QWidget
@@ -17,6 +18,8 @@ public:
     explicit FriendWidget(QWidget *parent = nullptr);
 
     FriendTreeWidget *friendTree() const { return m_friendTree; }
+    // Made when it is first needed; null for a user who has no such entry.
+    OrgWidget *orgPage();
 
     // Shows the page of an entry, by the entry's id. False when the user has no
     // such entry.
@@ -35,5 +38,6 @@ private:
     FriendListView *m_entries;
     QStackedWidget *m_pages;
     FriendTreeWidget *m_friendTree;
+    OrgWidget *m_orgPage = nullptr;
     QHash<QString, QWidget *> m_pageById;
 };

@@ -4,10 +4,12 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
 
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
+class SkinButton;
 
 class BaseDialog : public QDialog
 {
@@ -20,7 +22,8 @@ public:
     // setWindowTitle().
     void setTitleKey(const char *key);
 
-    // Shows the dialog, restored and in front, inside the screen.
+    // Shows the dialog, restored and in front, inside the screen. When it is closed
+    // the focus goes back to where it was.
     void present();
 
     void done(int result) override; // emits closed(), once
@@ -32,7 +35,7 @@ signals:
 protected:
     QWidget *titleBar() const { return m_titleBar; }         // "titleWidget"
     QLabel *titleLabel() const { return m_title; }           // "label_title"
-    QPushButton *closeButton() const { return m_close; }     // "btnClose"
+    QPushButton *closeButton() const;                        // "btnClose"
     QVBoxLayout *bodyLayout() const { return m_bodyLayout; } // below the title bar
 
     void changeEvent(QEvent *event) override;
@@ -41,11 +44,17 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void place();
+    void putCloseButtonLast();
+    void retranslate();
+    void tellClosed();
+
     const char *m_titleKey = nullptr;
     QWidget *m_titleBar;
     QLabel *m_title;
-    QPushButton *m_close;
+    SkinButton *m_close;
     QVBoxLayout *m_bodyLayout;
     QPoint m_grab; // where the title bar is held
+    QPointer<QWidget> m_focusBefore;
     bool m_closed = false;
 };

@@ -53,6 +53,13 @@ void RowPainter::avatar(const QPixmap &pixmap, bool faded)
     m_avatar = QRect(m_left.left(), m_left.center().y() - AvatarSize / 2, AvatarSize, AvatarSize);
     m_avatar = QStyle::visualRect(m_option.direction, m_option.rect, m_avatar);
     const qreal opacity = m_painter->opacity();
+    if (faded) {
+        // What lies behind the row must not show through.
+        m_painter->setRenderHint(QPainter::Antialiasing);
+        m_painter->setPen(Qt::NoPen);
+        m_painter->setBrush(Skin::instance().colors().background);
+        m_painter->drawEllipse(m_avatar);
+    }
     m_painter->setOpacity(faded ? FadedOpacity : opacity);
     m_painter->drawPixmap(m_avatar, pixmap);
     m_painter->setOpacity(opacity);
@@ -121,6 +128,13 @@ void RowPainter::drawPresence(QPainter *painter, const QRectF &area, const Prese
         break;
     }
     painter->restore();
+}
+
+void RowPainter::mark(const QPixmap &glyph)
+{
+    const QRect area(m_left.left(), m_left.center().y() - MarkSize / 2, MarkSize, MarkSize);
+    m_painter->drawPixmap(QStyle::visualRect(m_option.direction, m_option.rect, area), glyph);
+    m_left.setLeft(m_left.left() + MarkSize + Gap);
 }
 
 void RowPainter::markAtRight(const QPixmap &glyph)

@@ -31,6 +31,9 @@ public:
     // colour.
     void presence(const PresenceData &presence);
 
+    // A mark at the left of what is left of the row.
+    void mark(const QPixmap &glyph);
+
     // A mark at the right of what is left of the row.
     void markAtRight(const QPixmap &glyph);
 

@@ -119,8 +119,12 @@ static QString skinFontFamily()
     const QStringList installed = QFontDatabase().families();
     for (const char *family : {"Microsoft YaHei", "Noto Sans CJK SC", "WenQuanYi Micro Hei"}) {
         const QString name = QString::fromLatin1(family);
-        if (installed.contains(name, Qt::CaseInsensitive))
-            return name;
+        if (!installed.contains(name, Qt::CaseInsensitive))
+            continue;
+        // For the style sheets, which name the first.
+        if (name != QLatin1String("Microsoft YaHei"))
+            QFont::insertSubstitution(QStringLiteral("Microsoft YaHei"), name);
+        return name;
     }
     return QFont().family();
 }

@@ -4,14 +4,46 @@
 #include "controls/skin.h"
 
 #include <QEvent>
+#include <QFile>
 #include <QLabel>
 #include <QMovie>
+#include <QPainter>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace {
 constexpr int PictureSize = 120;
-}
+constexpr int ButtonPadding = 40; // of both sides together
+
+// A label would show a frame of twice the size twice as large.
+class Animation : public QWidget
+{
+public:
+    Animation(const QString &picture, QWidget *parent) : QWidget(parent)
+    {
+        QString twice = picture;
+        twice.insert(picture.lastIndexOf(QLatin1Char('.')), QStringLiteral("@2x"));
+        const QString sharp = resourcePath(twice);
+        const bool isSharp = devicePixelRatioF() > 1 && QFile::exists(sharp);
+        m_movie = new QMovie(isSharp ? sharp : resourcePath(picture), QByteArray(), this);
+        m_movie->jumpToFrame(0);
+        setFixedSize(m_movie->frameRect().size() / (isSharp ? 2 : 1));
+        connect(m_movie, &QMovie::updated, this, [this] { update(); });
+    }
+    QMovie *movie() const { return m_movie; }
+
+protected:
+    void paintEvent(QPaintEvent *) override
+    {
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawPixmap(rect(), m_movie->currentPixmap());
+    }
+
+private:
+    QMovie *m_movie;
+};
+} // namespace
 
 StatePage::StatePage(const char *key, const QString &picture, const char *buttonKey,
                      QWidget *parent)
@@ -22,26 +54,30 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     layout->setSpacing(12);
     layout->addStretch(2);
     if (!picture.isEmpty()) {
-        auto *image = new QLabel(this);
-        image->setAlignment(Qt::AlignCenter);
         if (picture.endsWith(QLatin1String(".gif"))) {
-            m_movie = new QMovie(resourcePath(picture), QByteArray(), this);
-            image->setMovie(m_movie);
+            auto *animation = new Animation(picture, this);
+            m_movie = animation->movie();
+            layout->addWidget(animation, 0, Qt::AlignCenter);
         } else {
+            auto *image = new QLabel(this);
+            image->setAlignment(Qt::AlignCenter);
             image->setPixmap(loadPicture(picture, PictureSize, devicePixelRatioF()));
+            layout->addWidget(image);
         }
-        layout->addWidget(image);
     }
     m_text->setTextFormat(Qt::PlainText);
     m_text->setAlignment(Qt::AlignCenter);
     m_text->setWordWrap(true);
     m_text->setFont(skinFont(13));
     m_text->setForegroundRole(QPalette::PlaceholderText);
+    // By itself: below a widget with a style sheet nothing inherits a palette.
+    followSkin(m_text);
     layout->addWidget(m_text);
     if (buttonKey) {
         m_button = new QPushButton(this);
         m_button->setObjectName(QLatin1String(buttonKey));
         m_button->setFont(skinFont(13));
+        followSkin(m_button);
         layout->addWidget(m_button, 0, Qt::AlignCenter);
         connect(m_button, &QPushButton::clicked, this, &StatePage::buttonClicked);
     }
@@ -73,6 +109,10 @@ void StatePage::changeEvent(QEvent *event)
 void StatePage::retranslate()
 {
     m_text->setText(QObject::tr(m_key));
-    if (m_button)
-        m_button->setText(QObject::tr(m_buttonKey));
+    if (!m_button)
+        return;
+    m_button->setText(QObject::tr(m_buttonKey));
+    // A style sheet above takes the style's own padding away.
+    m_button->setMinimumWidth(m_button->fontMetrics().horizontalAdvance(m_button->text()) +
+                              ButtonPadding);
 }

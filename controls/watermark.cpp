@@ -148,10 +148,12 @@ QString Watermark::fileName(const QString &userName, const QString &colour)
 
 QString Watermark::sheet(const QString &objectName, const QString &file)
 {
+    // Between quotes only where a bare address could end too early.
+    const auto isPlain = [](QChar c) {
+        return c.isLetterOrNumber() || QStringLiteral(" /._-:#,@").contains(c);
+    };
     QString url = file;
-    const QString special = QStringLiteral("'\"(){}%&?$^`<>\\;");
-    const auto isSpecial = [&special](QChar c) { return special.contains(c); };
-    if (std::any_of(url.cbegin(), url.cend(), isSpecial)) {
+    if (!std::all_of(url.cbegin(), url.cend(), isPlain)) {
         url.replace(QLatin1Char('\\'), QLatin1String("\\\\"));
         url.replace(QLatin1Char('"'), QLatin1String("\\\""));
         url = QLatin1Char('"') + url + QLatin1Char('"');

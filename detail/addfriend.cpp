@@ -16,6 +16,7 @@
 #include <QEvent>
 #include <QFontMetrics>
 #include <QPointer>
+#include <QPushButton>
 #include <QStackedWidget>
 #include <QTextCursor>
 #include <QTimer>
@@ -262,7 +263,8 @@ void AddFriend::enter(State state)
     const QWidget *before = m_pages->currentWidget();
     m_state = state;
     showState();
-    if (m_pages->currentWidget() != before)
+    // The form is left alone while it is being filled.
+    if (m_pages->currentWidget() != before || before == m_outcome)
         takeFocus();
 }
 
@@ -273,7 +275,7 @@ void AddFriend::takeFocus()
     else if (m_pages->currentWidget() == m_outcome)
         m_outcome->takeFocus();
     else
-        m_waiting->setFocus();
+        m_waiting->findChild<QPushButton *>()->setFocus();
 }
 
 // The texts of the state, in the language of now.
@@ -302,6 +304,8 @@ void AddFriend::showState()
                     m_noAnswer ? QString() : QObject::tr("addfailreadd"));
         break;
     }
+    // A text that wraps once more asks for its height when it is set.
+    resize(width(), qMax(height(), layout()->totalHeightForWidth(width())));
 }
 
 void AddFriend::showForm()

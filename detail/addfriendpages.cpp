@@ -13,6 +13,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPainter>
+#include <QPainterPath>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QVBoxLayout>
@@ -25,6 +27,8 @@ constexpr int FormIconSize = 20;
 constexpr int OutcomeIconSize = 48;
 constexpr int Edge = 20;
 constexpr int ButtonWidth = 84;
+constexpr int GroupNameWidth = 150;
+constexpr int GroupNameRole = Qt::UserRole + 1;
 constexpr int LongestRemark = 64; // characters
 
 QString withoutLineEnds(QString text)
@@ -40,6 +44,56 @@ QLabel *textLabel(const char *name, QWidget *parent)
     label->setTextFormat(Qt::PlainText);
     label->setFont(skinFont(13));
     return label;
+}
+
+// Keeps a part of the palette that of the skin, as followSkin() does the whole.
+template <class Change> void tint(QWidget *widget, Change change)
+{
+    const auto apply = [widget, change] {
+        QPalette palette = Skin::instance().palette();
+        change(palette, Skin::instance());
+        widget->setPalette(palette);
+    };
+    apply();
+    QObject::connect(&Skin::instance(), &Skin::changed, widget, apply);
+}
+
+// A field that is the same dark as the window could not be seen.
+void tintField(QWidget *field)
+{
+    tint(field, [](QPalette &palette, const Skin &skin) {
+        if (skin.isDark())
+            palette.setColor(QPalette::Base, skin.colors().hover);
+    });
+}
+
+// The style makes a button's colour lighter: white text needs a darker one.
+void tintPrimary(QPushButton *primary)
+{
+    tint(primary, [](QPalette &palette, const Skin &skin) {
+        const QColor theme = skin.colors().theme;
+        palette.setColor(QPalette::Button, skin.isDark() ? theme : theme.darker(150));
+        palette.setColor(QPalette::ButtonText,
+                         skin.isDark() ? skin.colors().background : QColor(Qt::white));
+    });
+}
+
+// With a ring, since the picture may end in the window's own colour.
+QPixmap roundPicture(const QPixmap &square)
+{
+    QPixmap round(square.size());
+    round.setDevicePixelRatio(square.devicePixelRatio());
+    round.fill(Qt::transparent);
+    const QRectF area(QPointF(), QSizeF(square.size()) / square.devicePixelRatio());
+    QPainter painter(&round);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath circle;
+    circle.addEllipse(area);
+    painter.setClipPath(circle);
+    painter.drawPixmap(0, 0, square);
+    painter.setPen(Skin::instance().colors().border);
+    painter.drawEllipse(area.adjusted(0.5, 0.5, -0.5, -0.5));
+    return round;
 }
 
 QPushButton *button(const char *name, const QString &text, QWidget *parent)
@@ -110,8 +164,8 @@ void AddFriendHeader::showPicture()
 {
     const qreal ratio = devicePixelRatioF();
     if (m_file.isEmpty())
-        m_picture->setPixmap(loadPicture(
-            QStringLiteral("Resources/images/FriendDetail/defaultHead.png"), PictureSize, ratio));
+        m_picture->setPixmap(roundPicture(loadPicture(
+            QStringLiteral("Resources/images/FriendDetail/defaultHead.png"), PictureSize, ratio)));
     else
         m_picture->setPixmap(
             AvatarStore::instance().avatar(m_file, m_jid, m_name->text(), PictureSize, ratio));
@@ -126,6 +180,7 @@ ValidationEdit::ValidationEdit(QWidget *parent) : QTextEdit(parent)
     setTabChangesFocus(true);
     setFont(skinFont(13));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    tintField(this);
     setFixedHeight(3 * fontMetrics().lineSpacing() + 2 * frameWidth());
 }
 
@@ -163,9 +218,11 @@ AddFriendForm::AddFriendForm(QWidget *parent)
     m_icon->setObjectName(QStringLiteral("statusIcon"));
     m_icon->setFixedSize(FormIconSize, FormIconSize);
     m_text->setWordWrap(true);
+    // So that a sentence of two lines moves nothing.
+    m_text->setMinimumHeight(2 * m_text->fontMetrics().lineSpacing());
     auto *state = new QHBoxLayout;
     state->setSpacing(8);
-    state->addWidget(m_icon, 0, Qt::AlignTop);
+    state->addWidget(m_icon);
     state->addWidget(m_text, 1);
 
     auto *groupCaption = textLabel("groupCaption", this);
@@ -185,6 +242,7 @@ AddFriendForm::AddFriendForm(QWidget *parent)
     m_remark->setAccessibleName(remarkCaption->text());
     m_remark->setFont(skinFont(13));
     m_remark->setMaxLength(LongestRemark);
+    tintField(m_remark);
 
     auto *fields = new QGridLayout;
     fields->setHorizontalSpacing(8);
@@ -232,6 +290,7 @@ void AddFriendForm::buildButtons(QVBoxLayout *layout)
     auto *chat = button("chatButton", QString::fromUtf8("添加并会话"), this);
     m_ok = button("okButton", QString::fromUtf8("确定"), this);
     auto *cancel = button("cancelButton", QString::fromUtf8("取消"), this);
+    tintPrimary(m_ok);
     connect(chat, &QPushButton::clicked, this, &AddFriendForm::chatWanted);
     connect(m_ok, &QPushButton::clicked, this, &AddFriendForm::confirmed);
     connect(cancel, &QPushButton::clicked, this, &AddFriendForm::cancelled);
@@ -260,16 +319,25 @@ void AddFriendForm::showLength(int used, int limit)
     m_length->setText(QStringLiteral("%1/%2").arg(used).arg(limit));
 }
 
+void AddFriendForm::addGroup(const GroupData &group)
+{
+    const QString name = displayText(group.name);
+    m_groups->addItem(m_groups->fontMetrics().elidedText(name, Qt::ElideRight, GroupNameWidth),
+                      group.id);
+    m_groups->setItemData(m_groups->count() - 1, toolTipText(name), Qt::ToolTipRole);
+    m_groups->setItemData(m_groups->count() - 1, group.name, GroupNameRole);
+}
+
 void AddFriendForm::setGroups(const QList<GroupData> &groups, const GroupData &more)
 {
     const QString chosen = groupId();
     m_groups->clear();
     for (const GroupData &group : groups)
-        m_groups->addItem(displayText(group.name), group.id);
+        addGroup(group);
     if (groups.isEmpty())
-        m_groups->addItem(defaultGroupName(), QString());
+        addGroup({QString(), defaultGroupName()});
     if (!more.id.isEmpty() && m_groups->findData(more.id) < 0)
-        m_groups->addItem(displayText(more.name), more.id);
+        addGroup(more);
     chooseGroup(chosen);
 }
 
@@ -282,9 +350,8 @@ void AddFriendForm::chooseGroup(const QString &groupId)
 
 void AddFriendForm::chooseGroupByName(const QString &name)
 {
-    const int row =
-        m_groups->findText(displayText(name), Qt::MatchFixedString | Qt::MatchCaseSensitive);
-    if (row >= 0 && !name.isEmpty())
+    const int row = m_groups->findData(name, GroupNameRole);
+    if (row >= 0)
         m_groups->setCurrentIndex(row);
 }
 
@@ -325,6 +392,7 @@ AddFriendOutcome::AddFriendOutcome(QWidget *parent)
     }
     m_text->setFont(skinFont(14));
     m_status->setForegroundRole(QPalette::PlaceholderText);
+    tintPrimary(m_action);
     connect(m_action, &QPushButton::clicked, this, &AddFriendOutcome::actionWanted);
     connect(m_close, &QPushButton::clicked, this, &AddFriendOutcome::closeWanted);
 

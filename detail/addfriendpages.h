@@ -82,6 +82,7 @@ signals:
 
 private:
     QWidget *buildValidation();
+    void addGroup(const GroupData &group);
     void buildButtons(class QVBoxLayout *layout);
 
     QLabel *m_icon;

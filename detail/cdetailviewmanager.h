@@ -19,11 +19,12 @@ public:
     // Opens or raises the card of a contact, or the own profile for the own jid. Does
     // nothing for an empty jid; tells the user while offline.
     void openDialogByJid(const QString &jid);
-    // A card with its connections, not yet shown; null for an empty jid.
+    // The card of a jid, made with its connections if there is none, not yet shown;
+    // null for an empty jid.
     CDetailView *createInit(const QString &jid);
 
     CDetailView *openDialog(const QString &jid) const; // null: not open
-    OwnProfileWindow *ownProfileWindow() const;        // null: never opened
+    OwnProfileWindow *ownProfileWindow() const;        // null: not open
 
 public slots:
     void slot_closeDetailDialog(const QString &jid);
@@ -36,6 +37,8 @@ public slots:
 
 private:
     CDetailViewManager();
+    void openOwnProfile(const QString &jid);
+    void connectDialog(CDetailView *dialog);
 
     WindowRegistry<CDetailView> m_dialogs;
     QPointer<OwnProfileWindow> m_ownProfile;

@@ -222,7 +222,7 @@ bool BackendProcess::readAddress(const QByteArray &line, BackendAddress *address
 QString BackendProcess::passwordIn(const QString &file)
 {
     QFile source(file);
-    if (!source.open(QIODevice::ReadOnly))
+    if (file.isEmpty() || !source.open(QIODevice::ReadOnly))
         return QString();
     return QString::fromUtf8(source.readLine(MaximumPassword)).trimmed();
 }

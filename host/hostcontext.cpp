@@ -1,6 +1,7 @@
 #include "host/hostcontext.h"
 
 #include "common/clogthread.h"
+#include "common/displaytext.h"
 #include "common/logfilewriter.h"
 #include "host/conversationstore.h"
 #include "host/messagingcore.h"
@@ -155,14 +156,15 @@ int HostContext::sessionNotify(const QString &jid) const
 QString HostContext::headPath(const QString &jidOrPhoto) const
 {
     FriendData contact;
-    if (m_core->contact(jidOrPhoto, &contact))
+    if (m_core->contact(jidOrPhoto, &contact) && !contact.headPath.isEmpty())
         return contact.headPath;
-    // A bare picture name belongs to the data folder's pictures and to nothing
-    // outside of them.
-    const QString name = QFileInfo(jidOrPhoto).fileName();
-    if (name.isEmpty() || name != jidOrPhoto)
+    // The pictures of the sample company are named after their people.
+    const bool isJid = jidOrPhoto.contains(QLatin1Char('@'));
+    const QString name = isJid ? jidUser(jidOrPhoto) + QLatin1String(".png") : jidOrPhoto;
+    // Only what the module has fetched for this user, and nothing outside of it.
+    if (name.isEmpty() || QFileInfo(name).fileName() != name)
         return QString();
-    const QString path = m_dataFolder + QLatin1String("/heads/") + name;
+    const QString path = userFolder() + QLatin1String("/headImage/") + name;
     return QFileInfo(path).isFile() ? path : QString();
 }
 

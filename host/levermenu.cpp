@@ -40,6 +40,12 @@ LeverMenu::LeverMenu(EmbeddedCore *core, PresenceSimulator *simulator, QWidget *
     build(Failing, m_failMenu);
     build(Silent, m_silentMenu);
     addSeparator();
+    m_refuse = addAction(QString());
+    m_refuse->setObjectName(QStringLiteral("refuseRequests"));
+    m_refuse->setCheckable(true);
+    connect(m_refuse, &QAction::toggled, this, [this](bool on) {
+        m_core->setRefusal(on ? tr("Sorry, I do not know you.") : QString());
+    });
     m_simulate = addAction(QString());
     m_simulate->setObjectName(QStringLiteral("simulatePresence"));
     m_simulate->setCheckable(true);
@@ -154,6 +160,7 @@ void LeverMenu::retranslate()
     m_silentMenu->setTitle(tr("Never answer"));
     m_failing.constFirst().action->setText(tr("Everything"));
     m_silent.constFirst().action->setText(tr("Everything"));
+    m_refuse->setText(tr("People who are asked refuse"));
     m_simulate->setText(tr("People come, go and answer"));
     m_somebodyWrites->setText(tr("Somebody writes now"));
     m_somebodyAsks->setText(tr("Somebody asks to become a contact"));

@@ -47,6 +47,7 @@ private:
     PresenceSimulator *m_simulator;
     QMenu *m_failMenu;
     QMenu *m_silentMenu;
+    QAction *m_refuse;
     QAction *m_simulate;
     QAction *m_somebodyWrites;
     QAction *m_somebodyAsks;

@@ -95,6 +95,8 @@ signals:
     void policyReceived(const QString &jid, const QString &config, const QString &displayName);
     void contactRequested(const QString &jid, const QString &text, const QString &time);
     void requestAnswered(const QString &jid, bool added, const QString &time);
+    // Besides requestAnswered, when the person gave a reason.
+    void requestRefused(const QString &jid, const QString &reason);
     void additionFailed(const QString &jid);
     void batchAdditionFailed(const QStringList &uids);
     void profileReceived(const QString &jid, const VcardInfo &profile, bool full);

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+Q_DECLARE_METATYPE(WebRequestRecord)
+
 class WebLog : public QObject
 {
     Q_OBJECT

@@ -45,6 +45,7 @@ QLabel *addText(QVBoxLayout *layout, const char *name)
     label->setAlignment(Qt::AlignCenter);
     label->setWordWrap(true);
     label->setForegroundRole(QPalette::PlaceholderText);
+    followSkin(label); // below a widget with a style sheet nothing inherits a palette
     layout->addWidget(label);
     return label;
 }
@@ -66,6 +67,7 @@ QWidget *OrgWidget::noEnterprisePage()
     m_registerButton->setObjectName(QStringLiteral("btnRegisterEnterprise"));
     m_registerButton->setStyleSheet(QStringLiteral(
         "QPushButton#btnRegisterEnterprise{font-family:'Microsoft Yahei';font-size: 12px;}"));
+    followSkin(m_registerButton);
     layout->addWidget(m_registerButton, 0, Qt::AlignCenter);
     // A button, so that the keyboard reaches it, with the looks of a link.
     m_manageLink = new QPushButton(m_noEnterprisePage);

@@ -93,7 +93,13 @@ void OrgStructureTreeDelegate::paint(QPainter *painter, const QStyleOptionViewIt
     case OrgRowKind::Failed: {
         RowPainter row(painter, option);
         row.background();
-        row.indent(indentOf(depth(index)) + CaretRoom);
+        row.indent(indentOf(depth(index)));
+        if (OrgRowKind(index.data(OrgRole::Kind).toInt()) == OrgRowKind::Failed)
+            row.mark(loadPicture(QStringLiteral("Resources/images/icon/glyph_refresh.png"),
+                                 RowPainter::MarkSize, painter->device()->devicePixelRatioF(),
+                                 Skin::instance().colors().theme));
+        else
+            row.indent(CaretRoom);
         row.texts(index.data(Qt::DisplayRole).toString(), QString(), true);
         break;
     }

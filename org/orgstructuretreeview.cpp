@@ -10,6 +10,7 @@
 #include "controls/typefinder.h"
 #include "http/fileservices.h"
 #include "org/orgcommands.h"
+#include "org/orgstructuremgr.h"
 #include "org/orgstructuretreedelegate.h"
 #include "org/orgtreemodel.h"
 #include "plugin/frienduisignalsender.h"
@@ -26,6 +27,7 @@
 namespace {
 constexpr int ScrollStep = 22;
 constexpr int FlashMs = 1400;
+constexpr int AddIntervalMs = 40;
 constexpr int FlashWidth = 2;
 } // namespace
 
@@ -37,6 +39,7 @@ OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
       m_finder(new TypeFinder(this, OrgRole::Name))
 {
     setObjectName(QStringLiteral("OrgStructureTreeView"));
+    m_model->setRecords(&OrgStructureMgr::instance()->elements());
     setModel(m_model);
     setItemDelegate(new OrgStructureTreeDelegate(this));
     setHeaderHidden(true);
@@ -63,6 +66,8 @@ OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
 
     m_loadTimer.setSingleShot(true);
     m_loadTimer.setInterval(LoadTimeout);
+    m_addTimer.setSingleShot(true);
+    m_addTimer.setInterval(AddIntervalMs);
     m_hoverTimer.setSingleShot(true);
     m_hoverTimer.setInterval(HoverDelay);
     m_flash.setDuration(FlashMs);

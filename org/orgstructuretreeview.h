@@ -69,6 +69,7 @@ signals:
 
 public slots:
     void slot_upDataTreeView(const OrgElementMap &mapOrgElements);
+    // All people of a department have arrived who are to become contacts.
     void slot_addToFriendList(const OrgElementList &orgList);
     void slot_locateOrgElements(const OrgElementMap &mapOrgElements, QString strFrdJid);
     void locateOrgElements(QString strOrgId);
@@ -96,6 +97,7 @@ private:
     void connectSources();
     void buildMenus();
     void releaseMenus();
+    void prepareEmployeeMenu(const QString &uid);
     void popUp(SkinMenu *menu, const QModelIndex &index, QPoint pos);
 
     void activate(const QModelIndex &index);
@@ -110,6 +112,7 @@ private:
     void request(const QString &id);
     void opened(const QModelIndex &index);
     void received(const OrgElementList &elements);
+    void addWaiting();
     void departmentDone(const QString &id);
     void addToContacts(const QString &departmentId);
     void finishAdding(const QString &departmentId);
@@ -132,8 +135,10 @@ private:
     QSet<QString> m_asked; // departments under way
     QTimer m_loadTimer;
     bool m_elementsAdded = false; // those of the update that is to come
+    OrgElementList m_waiting;     // arrived, not yet in the model
+    QTimer m_addTimer;
     // Departments whose people become contacts when they have all arrived.
-    QMap<QString, OrgElementList> m_adding;
+    QSet<QString> m_adding;
 
     QString m_locating;        // who is being looked for
     QStringList m_oldSearches; // answers that nobody waits for any more

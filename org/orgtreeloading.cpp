@@ -12,6 +12,11 @@
 #include "org/orgtreemodel.h"
 #include "plugin/frienduisignalsender.h"
 
+namespace {
+// Elements; few enough for the time of a frame.
+constexpr int AddAtOnce = 2000;
+} // namespace
+
 void OrgStructureTreeView::connectSources()
 {
     using View = OrgStructureTreeView;
@@ -19,7 +24,6 @@ void OrgStructureTreeView::connectSources()
     // The cache first: it has to know what arrives before the tree asks it.
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     connect(cache, &OrgStructureMgr::signal_recvOrgElementList, this, &View::received);
-    connect(cache, &OrgStructureMgr::signal_recvOrgElementList, this, &View::slot_addToFriendList);
     connect(cache, &OrgStructureMgr::signal_upDataOrgStructure, this, &View::slot_upDataTreeView);
     connect(cache, &OrgStructureMgr::signal_locateEmp, this, &View::slot_locateOrgElements);
     connect(cache, &OrgStructureMgr::signal_locateOrg, this, &View::locateOrgElements);
@@ -38,6 +42,7 @@ void OrgStructureTreeView::connectSources()
         scrollTo(index, PositionAtCenter);
     });
     connect(&m_loadTimer, &QTimer::timeout, this, &View::slot_loadOrgTimeOut);
+    connect(&m_addTimer, &QTimer::timeout, this, &View::addWaiting);
     connect(&m_hoverTimer, &QTimer::timeout, this, &View::showCard);
     connect(&m_flash, &QVariantAnimation::valueChanged, viewport(),
             [this] { viewport()->update(); });
@@ -51,6 +56,7 @@ void OrgStructureTreeView::connectSources()
     connect(hub, &Hub::signal_myStatusChanged, this, [this] {
         setPresences({{ctx().ownJid(), ctx().presence(ctx().ownJid())}});
     });
+    connect(hub, &Hub::signal_UpdateFrdHead, viewport(), [this] { viewport()->update(); });
     connect(hub, &Hub::signal_login, this, [this] {
         releaseMenus(); // the rights may be others
         buildMenus();
@@ -65,11 +71,18 @@ void OrgStructureTreeView::setRootId(const QString &rootId)
         return;
     m_asked.clear();
     m_adding.clear();
+    m_waiting.clear();
     m_loadTimer.stop();
     m_model->setRootId(rootId);
-    const OrgElementMap &known = OrgStructureMgr::instance()->elements();
-    if (!known.isEmpty())
-        addAll(known);
+    // Only the topmost ones of what is known; the rest when its department is opened.
+    const OrgStructureMgr *cache = OrgStructureMgr::instance();
+    OrgElementList top;
+    for (const QString &id : cache->rootList() + cache->childrenOf(rootId)) {
+        const OrgElement element = cache->elements().value(id);
+        if (element.strParentId.isEmpty() || element.strParentId == rootId)
+            top.append(element);
+    }
+    m_model->addElements(top);
 }
 
 QString OrgStructureTreeView::rootId() const
@@ -139,6 +152,7 @@ void OrgStructureTreeView::opened(const QModelIndex &index)
     switch (m_model->childrenState(id)) {
     case OrgTreeModel::Children::NotAsked:
         if (OrgStructureMgr::instance()->queryChildren(id)) {
+            addWaiting();
             m_model->setChildrenState(id, OrgTreeModel::Children::Loaded);
             break;
         }
@@ -155,8 +169,22 @@ void OrgStructureTreeView::opened(const QModelIndex &index)
 
 void OrgStructureTreeView::received(const OrgElementList &elements)
 {
-    m_model->addElements(elements);
+    if (rootId().isEmpty())
+        return;
+    m_waiting += elements;
     m_elementsAdded = true;
+    // The view lays out all its rows after each change: for a department of ten
+    // thousand a change for each slice would cost more than everything else.
+    if (!m_addTimer.isActive() || m_waiting.size() >= AddAtOnce)
+        addWaiting();
+}
+
+void OrgStructureTreeView::addWaiting()
+{
+    if (m_waiting.isEmpty())
+        return;
+    m_model->addElements(std::exchange(m_waiting, OrgElementList()));
+    m_addTimer.start();
 }
 
 void OrgStructureTreeView::slot_upDataTreeView(const OrgElementMap &mapOrgElements)
@@ -169,6 +197,8 @@ void OrgStructureTreeView::slot_upDataTreeView(const OrgElementMap &mapOrgElemen
     // come by themselves just before.
     if (!std::exchange(m_elementsAdded, false))
         addAll(mapOrgElements);
+    if (isEmpty())
+        addWaiting();
     emit signal_upDataTreeViewEnd(mapOrgElements);
 }
 
@@ -206,6 +236,7 @@ void OrgStructureTreeView::addAll(const OrgElementMap &elements)
 
 void OrgStructureTreeView::departmentDone(const QString &id)
 {
+    addWaiting();
     m_asked.remove(id);
     if (m_asked.isEmpty() && !isLocating())
         m_loadTimer.stop();
@@ -218,8 +249,9 @@ void OrgStructureTreeView::departmentDone(const QString &id)
 
 bool OrgStructureTreeView::departmentFailed(const QString &id)
 {
+    addWaiting();
     const bool wasAsked = m_asked.remove(id);
-    const bool wasAdding = m_adding.remove(id) > 0;
+    const bool wasAdding = m_adding.remove(id);
     if (id == rootId() || !m_model->indexOf(id).isValid())
         return wasAsked;
     if (m_model->childrenState(id) == OrgTreeModel::Children::Loading)
@@ -237,6 +269,7 @@ void OrgStructureTreeView::slot_loadOrgTimeOut()
         emit signal_LoadFail(id, 0);
     if (asked.isEmpty() && isEmpty())
         emit signal_LoadFail(rootId(), 0);
+    m_oldSearches.clear();
     if (isLocating())
         emit locateFailed(m_locating);
 }
@@ -320,6 +353,7 @@ void OrgStructureTreeView::slot_locateOrgElements(const OrgElementMap &mapOrgEle
 
 void OrgStructureTreeView::placeFromCache(const QString &id)
 {
+    addWaiting();
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     const OrgElementMap &known = cache->elements();
     // From the element up to the root; the service may have told of a circle.

@@ -6,6 +6,7 @@
 #include "org/orgstructuremgr.h"
 #include "org/orgstructuretreeview.h"
 #include "org/orgtreemodel.h"
+#include "plugin/paneactions.h"
 
 #include <QContextMenuEvent>
 
@@ -87,9 +88,23 @@ void OrgStructureTreeView::contextMenuEvent(QContextMenuEvent *event)
         popUp(selectedEmployees().size() > 1 ? m_multipMenu : m_empMenu, index, pos);
 }
 
+void OrgStructureTreeView::prepareEmployeeMenu(const QString &uid)
+{
+    const auto enable = [this](const char *key, bool enabled) {
+        if (QAction *action = m_empMenu->action(key))
+            action->setEnabled(enabled);
+    };
+    const bool other = uid != ctx().userId();
+    for (const char *key : {"invitechat", "sendemail", "addcon"})
+        enable(key, other);
+    const PaneActions *actions = paneActions();
+    enable("viewdetail", actions && actions->canOpenContactDetail());
+}
+
 void OrgStructureTreeView::popUp(SkinMenu *menu, const QModelIndex &index, QPoint pos)
 {
     m_menuId = idOf(index);
+    prepareEmployeeMenu(m_menuId);
     if (!menu->isEmpty())
         menu->popup(viewport()->mapToGlobal(pos));
 }
@@ -147,27 +162,32 @@ void OrgStructureTreeView::addToContacts(const QString &departmentId)
 {
     if (m_adding.contains(departmentId) || !m_commands->mayAddContacts())
         return;
-    m_adding.insert(departmentId, {});
-    // A reply that is under way may have delivered some of them already.
-    if (!m_asked.contains(departmentId) && OrgStructureMgr::instance()->queryChildren(departmentId))
+    m_adding.insert(departmentId);
+    // The first people of a reply that is under way are not all of them.
+    if (!m_asked.contains(departmentId) && OrgStructureMgr::instance()->isLoaded(departmentId))
         finishAdding(departmentId);
     else
         expandItem(m_model->indexOf(departmentId), false);
 }
 
-void OrgStructureTreeView::slot_addToFriendList(const OrgElementList &orgList)
-{
-    if (m_adding.isEmpty())
-        return;
-    for (const OrgElement &element : orgList) {
-        const auto department = m_adding.find(element.strParentId);
-        if (department != m_adding.end() && element.bIsEmp)
-            department->append(element);
-    }
-}
-
 void OrgStructureTreeView::finishAdding(const QString &departmentId)
 {
-    if (m_adding.contains(departmentId))
-        m_commands->addContacts(m_adding.take(departmentId));
+    if (!m_adding.remove(departmentId))
+        return;
+    const OrgStructureMgr *cache = OrgStructureMgr::instance();
+    OrgElementList people;
+    const QStringList children = cache->childrenOf(departmentId);
+    for (const QString &id : children) {
+        const OrgElement element = cache->elements().value(id);
+        // Nobody leaves the list of a department that was left.
+        if (element.strParentId == departmentId)
+            people.append(element);
+    }
+    slot_addToFriendList(people);
+}
+
+void OrgStructureTreeView::slot_addToFriendList(const OrgElementList &orgList)
+{
+    LOG_SCOPE("OrgStructureTreeView::slot_addToFriendList(const OrgElementList& orgList)");
+    m_commands->addContacts(orgList);
 }

@@ -210,7 +210,7 @@ QVariant OrgTreeModel::data(const QModelIndex &index, int role) const
     if (role == OrgRole::Kind)
         return int(rowKind);
     if (rowKind == OrgRowKind::Loading || rowKind == OrgRowKind::Failed) {
-        if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole && role != OrgRole::Name)
+        if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
             return QVariant();
         return rowKind == OrgRowKind::Loading ? QObject::tr("orgWidgetLoading")
                                               : QObject::tr("loadErrorAndCrazyRetry");

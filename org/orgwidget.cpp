@@ -148,7 +148,7 @@ void OrgWidget::slot_searchOrgFail(QString strId, int nStatus)
     LOG_ERROR("the department " << logText(strId) << " could not be loaded, status "
                                 << QString::number(nStatus));
     m_tree->departmentFailed(strId);
-    if (strId == m_tree->rootId() || m_tree->isEmpty())
+    if (m_started && (strId == m_tree->rootId() || m_tree->isEmpty()))
         m_pages->setCurrentWidget(statePage(m_failedPage, "loadErrorAndCrazyRetry",
                                             "Resources/images/FriendDetail/failed.png", "retry"));
 }
@@ -171,7 +171,8 @@ StatePage *OrgWidget::statePage(StatePage *&page, const char *key, const char *p
 void OrgWidget::slot_connected(bool bConnected)
 {
     LOG_SCOPE("OrgWidget::slot_connected(bool bConnected)");
-    if (bConnected && m_started && m_tree->isEmpty())
+    const bool failed = m_failedPage && m_pages->currentWidget() == m_failedPage;
+    if (bConnected && m_started && (failed || m_tree->isEmpty()))
         slot_reLoad();
 }
 
@@ -234,7 +235,9 @@ void OrgWidget::showLocating(bool locating)
     m_locating->setPalette(palette);
     m_locating->adjustSize();
     const int width = qMin(m_locating->width(), this->width() - 2 * BannerInset);
-    m_locating->setGeometry((this->width() - width) / 2, BannerInset, width, m_locating->height());
+    m_locating->setGeometry((this->width() - width) / 2,
+                            this->height() - m_locating->height() - BannerInset, width,
+                            m_locating->height());
     m_locating->raise();
 }
 

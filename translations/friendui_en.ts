@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation> accepts every contact request</translation>
+        <translation> agrees to become your contact</translation>
     </message>
     <message>
         <source>back</source>
@@ -184,6 +184,14 @@
         <translation>Deleted contacts</translation>
     </message>
     <message>
+        <source>cooperatingContact</source>
+        <translation>Cooperating contact</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message>
         <source>create</source>
         <translation>Create</translation>
     </message>
@@ -264,6 +272,14 @@
         <translation>Change nickname</translation>
     </message>
     <message>
+        <source>editPicture</source>
+        <translation>Edit picture</translation>
+    </message>
+    <message>
+        <source>emailAddress</source>
+        <translation>Email address</translation>
+    </message>
+    <message>
         <source>enterprisesCard</source>
         <translation>Business card</translation>
     </message>
@@ -274,6 +290,10 @@
     <message>
         <source>expandAll</source>
         <translation>Expand all</translation>
+    </message>
+    <message>
+        <source>extensionNumber</source>
+        <translation>Extension</translation>
     </message>
     <message>
         <source>failaddfrd</source>
@@ -392,6 +412,10 @@
         <translation>No recent conversations</translation>
     </message>
     <message>
+        <source>leader</source>
+        <translation>Reports to</translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>Loading failed. Click to try again</translation>
     </message>
@@ -412,12 +436,20 @@
         <translation>Show my place</translation>
     </message>
     <message>
+        <source>location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
     </message>
     <message>
         <source>minimize</source>
         <translation>Minimize</translation>
+    </message>
+    <message>
+        <source>mobileNumber</source>
+        <translation>Mobile number</translation>
     </message>
     <message>
         <source>modifyGroupName</source>
@@ -592,12 +624,24 @@
         <translation>External contacts</translation>
     </message>
     <message>
+        <source>ownProfile</source>
+        <translation>My profile</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>Product team</translation>
     </message>
     <message>
         <source>persionnalAcountConnotAdd</source>
         <translation>Personal accounts cannot join a virtual team.</translation>
+    </message>
+    <message>
+        <source>personalNumber</source>
+        <translation>Personal number</translation>
+    </message>
+    <message>
+        <source>position</source>
+        <translation>Position</translation>
     </message>
     <message>
         <source>presenceAway</source>
@@ -674,6 +718,10 @@
     <message>
         <source>registerEnterprise</source>
         <translation>Register a company</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>Remark</translation>
     </message>
     <message>
         <source>remarkColon</source>
@@ -1116,7 +1164,30 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>ContactRequests</name>
+    <message>
+        <source>Contact requests</source>
+        <translation>Contact requests</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>Add as contact</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>Ignore</translation>
+    </message>
+</context>
+<context>
     <name>HostWindows</name>
+    <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 asks to become a contact: %2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 refuses the contact request: %2</translation>
+    </message>
     <message>
         <source>A chat was asked for without a jid.</source>
         <translation>A chat was asked for without a jid.</translation>
@@ -1211,6 +1282,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>Sorry, I do not know you.</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>People who are asked refuse</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>Hello, we met at the fair.</translation>

@@ -77,7 +77,7 @@
     </message>
     <message>
         <source>allowfriends</source>
-        <translation>允许任何人添加为联系人</translation>
+        <translation>同意添加为联系人</translation>
     </message>
     <message>
         <source>back</source>
@@ -184,6 +184,14 @@
         <translation>已删除的联系人</translation>
     </message>
     <message>
+        <source>cooperatingContact</source>
+        <translation>协作联系人</translation>
+    </message>
+    <message>
+        <source>copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
         <source>create</source>
         <translation>创建</translation>
     </message>
@@ -264,6 +272,14 @@
         <translation>修改昵称</translation>
     </message>
     <message>
+        <source>editPicture</source>
+        <translation>修改头像</translation>
+    </message>
+    <message>
+        <source>emailAddress</source>
+        <translation>邮箱</translation>
+    </message>
+    <message>
         <source>enterprisesCard</source>
         <translation>企业名片</translation>
     </message>
@@ -274,6 +290,10 @@
     <message>
         <source>expandAll</source>
         <translation>全部展开</translation>
+    </message>
+    <message>
+        <source>extensionNumber</source>
+        <translation>分机</translation>
     </message>
     <message>
         <source>failaddfrd</source>
@@ -392,6 +412,10 @@
         <translation>还没有最近的会话</translation>
     </message>
     <message>
+        <source>leader</source>
+        <translation>负责人</translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>加载失败，点击重试</translation>
     </message>
@@ -412,12 +436,20 @@
         <translation>定位到我</translation>
     </message>
     <message>
+        <source>location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>消息设置</translation>
     </message>
     <message>
         <source>minimize</source>
         <translation>最小化</translation>
+    </message>
+    <message>
+        <source>mobileNumber</source>
+        <translation>手机号</translation>
     </message>
     <message>
         <source>modifyGroupName</source>
@@ -592,12 +624,24 @@
         <translation>外部联系人</translation>
     </message>
     <message>
+        <source>ownProfile</source>
+        <translation>我的资料</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>产品团队</translation>
     </message>
     <message>
         <source>persionnalAcountConnotAdd</source>
         <translation>个人账号不能添加到虚拟团队。</translation>
+    </message>
+    <message>
+        <source>personalNumber</source>
+        <translation>个人号</translation>
+    </message>
+    <message>
+        <source>position</source>
+        <translation>职位</translation>
     </message>
     <message>
         <source>presenceAway</source>
@@ -674,6 +718,10 @@
     <message>
         <source>registerEnterprise</source>
         <translation>注册企业</translation>
+    </message>
+    <message>
+        <source>remark</source>
+        <translation>备注</translation>
     </message>
     <message>
         <source>remarkColon</source>
@@ -1116,7 +1164,30 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>ContactRequests</name>
+    <message>
+        <source>Contact requests</source>
+        <translation>好友请求</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>添加为联系人</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>忽略</translation>
+    </message>
+</context>
+<context>
     <name>HostWindows</name>
+    <message>
+        <source>%1 asks to become a contact: %2</source>
+        <translation>%1 请求添加你为联系人：%2</translation>
+    </message>
+    <message>
+        <source>%1 refuses the contact request: %2</source>
+        <translation>%1 拒绝了好友请求：%2</translation>
+    </message>
     <message>
         <source>A chat was asked for without a jid.</source>
         <translation>收到了没有 jid 的会话请求。</translation>
@@ -1211,6 +1282,14 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>LeverMenu</name>
+    <message>
+        <source>Sorry, I do not know you.</source>
+        <translation>抱歉，我不认识你。</translation>
+    </message>
+    <message>
+        <source>People who are asked refuse</source>
+        <translation>收到请求的人一律拒绝</translation>
+    </message>
     <message>
         <source>Hello, we met at the fair.</source>
         <translation>您好，我们在展会上见过面。</translation>

@@ -14,6 +14,7 @@
 #include "host/messagingcore.h"
 #include "sample/samplecompany.h"
 
+#include <QHash>
 #include <QQueue>
 #include <QScopedPointer>
 #include <QSet>
@@ -81,6 +82,9 @@ public:
     // --- Levers ---------------------------------------------------------------
     void setAnswerDelay(int milliseconds);       // 30 at first; 0: the next turn of the event loop
     void setConfirmationDelay(int milliseconds); // of people who ask first; 3,000 at first
+    // What people who ask first answer: with a reason they refuse, as long as it is
+    // set; empty: they accept.
+    void setRefusal(const QString &reason) { m_refusal = reason; }
     void setFailing(Operation operation, bool failing);
     void setSilent(Operation operation, bool silent); // never answers, changes nothing
     void setAllFailing(bool failing);
@@ -169,6 +173,8 @@ private:
     QString displayName(const QString &jid) const;
     bool addNow(const QString &jid, const QString &groupId, const QString &remark);
     void answerRequest(const QString &jid, const QString &groupId, const QString &remark);
+    void confirmLater(const QString &jid, const QString &groupId, const QString &remark);
+    void confirm(const QString &jid);
     void requestAccepted(const QString &jid, const QString &groupId, const QString &remark);
     bool importOne(const ImportedContact &imported, ImportCounts *counts);
 
@@ -181,6 +187,12 @@ private:
     bool m_connected = true;
     int m_answerDelay = 30;
     int m_confirmationDelay = 3000;
+    struct Filing
+    {
+        QString groupId, remark;
+    };
+    QHash<QString, Filing> m_asked; // jids of people who have not answered yet
+    QString m_refusal;
     QSet<int> m_failing, m_silent;
     QQueue<std::function<void()>> m_queue;          // answers to come
     QVector<std::function<void()>> m_whenConnected; // what others did in the meantime

@@ -198,14 +198,40 @@ void EmbeddedCore::answerRequest(const QString &jid, const QString &groupId, con
         emit requestAnswered(jid, false, now());
         break;
     case SampleCompany::AsksFirst:
-        QTimer::singleShot(m_confirmationDelay, this, [=] {
-            if (m_connected)
-                requestAccepted(jid, groupId, remark);
-            else
-                m_whenConnected.append([=] { requestAccepted(jid, groupId, remark); });
-        });
+        if (m_roster->hasGroup(RosterBook::normalGroupId(groupId), true))
+            confirmLater(jid, groupId, remark);
+        else
+            emit additionFailed(jid);
         break;
     }
+}
+
+// Who is asked again before the answer answers once.
+void EmbeddedCore::confirmLater(const QString &jid, const QString &groupId, const QString &remark)
+{
+    const bool isAsked = m_asked.contains(jid);
+    m_asked.insert(jid, {groupId, remark});
+    if (isAsked)
+        return;
+    QTimer::singleShot(m_confirmationDelay, this, [=] {
+        if (m_connected)
+            confirm(jid);
+        else
+            m_whenConnected.append([=] { confirm(jid); });
+    });
+}
+
+void EmbeddedCore::confirm(const QString &jid)
+{
+    const Filing filing = m_asked.take(jid);
+    if (m_refusal.isEmpty()) {
+        // The group may have been deleted while the person thought it over.
+        const bool isThere = m_roster->hasGroup(RosterBook::normalGroupId(filing.groupId), true);
+        requestAccepted(jid, isThere ? filing.groupId : QStringLiteral(""), filing.remark);
+        return;
+    }
+    emit requestAnswered(jid, false, now());
+    emit requestRefused(jid, m_refusal);
 }
 
 void EmbeddedCore::requestAccepted(const QString &jid, const QString &groupId,

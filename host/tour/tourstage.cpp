@@ -1,15 +1,18 @@
 #include "host/tour/tourstage.h"
 
+#include "host/core/embeddedcore.h"
 #include "host/hostapplication.h"
 #include "host/mainwindow.h"
 #include "host/panearea.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
+#include <QListView>
 #include <QMenu>
 #include <QTreeView>
 
@@ -48,17 +51,39 @@ MainWindow &TourStage::window() const
     return *m_host.window();
 }
 
-QTreeView *TourStage::tree() const
+QTreeView *TourStage::shownTree(const char *className) const
 {
     const QWidget *pane = window().paneArea()->pane();
     if (!pane)
         return nullptr;
     const auto trees = pane->findChildren<QTreeView *>();
     for (QTreeView *candidate : trees) {
-        if (candidate->inherits("FriendTreeView") && candidate->isVisible())
+        if (candidate->inherits(className) && candidate->isVisible())
             return candidate;
     }
     return nullptr;
+}
+
+QTreeView *TourStage::tree() const
+{
+    return shownTree("FriendTreeView");
+}
+
+QTreeView *TourStage::orgTree() const
+{
+    return shownTree("OrgStructureTreeView");
+}
+
+void TourStage::openPage(const QString &entryId) const
+{
+    const QWidget *pane = window().paneArea()->pane();
+    auto *entries = pane ? pane->findChild<QListView *>(QStringLiteral("FriendListView")) : nullptr;
+    if (!entries)
+        return;
+    const QModelIndexList found = entries->model()->match(entries->model()->index(0, 0), IdRole,
+                                                          entryId, 1, Qt::MatchExactly);
+    if (!found.isEmpty())
+        entries->setCurrentIndex(found.first());
 }
 
 QString TourStage::nameOf(const QModelIndex &index)
@@ -135,9 +160,26 @@ int TourStage::shownContacts() const
     return count;
 }
 
+QString TourStage::stranger(SampleCompany::Policy policy) const
+{
+    const EmbeddedCore *core = m_host.core();
+    QString somebody;
+    for (int i = 1; i < core->company().people(); ++i) {
+        if (core->company().policy(i) != policy)
+            continue;
+        const QString candidate = SampleCompany::uid(i) + QLatin1Char('@') + core->serverDomain();
+        FriendData known;
+        if (!core->contact(candidate, &known))
+            return candidate;
+        somebody = candidate;
+    }
+    return somebody;
+}
+
 QMenu *TourStage::menu(const QString &objectName) const
 {
-    return tree() ? tree()->findChild<QMenu *>(objectName) : nullptr;
+    const QWidget *pane = window().paneArea()->pane();
+    return pane ? pane->findChild<QMenu *>(objectName) : nullptr;
 }
 
 QMenu *TourStage::openMenu(const QString &objectName) const
@@ -168,15 +210,18 @@ QWidget *TourStage::shownWidget(const QString &objectName) const
 
 void TourStage::contextMenu(const QModelIndex &index) const
 {
-    if (!tree() || !index.isValid())
+    QTreeView *view = tree();
+    if (!view || view->model() != index.model())
+        view = orgTree();
+    if (!view || view->model() != index.model())
         return;
-    tree()->scrollTo(index);
-    const QPoint at = tree()->visualRect(index).center();
+    view->scrollTo(index);
+    const QPoint at = view->visualRect(index).center();
     // A header widget on the row takes the event before the tree does.
-    QWidget *below = tree()->viewport()->childAt(at);
+    QWidget *below = view->viewport()->childAt(at);
     if (!below)
-        below = tree()->viewport();
-    const QPoint inBelow = below->mapFrom(tree()->viewport(), at);
+        below = view->viewport();
+    const QPoint inBelow = below->mapFrom(view->viewport(), at);
     QApplication::postEvent(below, new QContextMenuEvent(QContextMenuEvent::Mouse, inBelow,
                                                          below->mapToGlobal(inBelow)));
 }
@@ -211,6 +256,14 @@ void TourStage::answer(const QString &text) const
     fill(text);
     if (QDialog *dialog = openDialog("QInputDialog"))
         dialog->accept();
+}
+
+void TourStage::press(const char *dialogClass, const char *button) const
+{
+    const QDialog *dialog = openDialog(dialogClass);
+    auto *found = dialog ? dialog->findChild<QAbstractButton *>(QLatin1String(button)) : nullptr;
+    if (found)
+        found->click();
 }
 
 void TourStage::key(int code, const QString &text) const

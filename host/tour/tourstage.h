@@ -5,6 +5,8 @@
 // acts on what is missing does nothing, and the move's condition then fails.
 #pragma once
 
+#include "sample/samplecompany.h"
+
 #include <QModelIndex>
 #include <QPersistentModelIndex>
 #include <QString>
@@ -33,8 +35,15 @@ public:
     QModelIndex contact(const QString &jid) const;
     QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
     int shownContacts() const;
+    // A colleague who takes requests that way; no contact, if there is such a one.
+    QString stranger(SampleCompany::Policy policy) const;
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
+
+    // --- The other pages ---
+    // Makes an entry of the pane's column current, as a click does.
+    void openPage(const QString &entryId) const;
+    QTreeView *orgTree() const; // null unless it is shown
 
     // --- Menus and dialogs ---
     QMenu *openMenu(const QString &objectName) const; // null unless it is shown
@@ -42,13 +51,14 @@ public:
     QDialog *openDialog(const char *className) const;
     QWidget *shownWidget(const QString &objectName) const;
 
-    void contextMenu(const QModelIndex &index) const;
+    void contextMenu(const QModelIndex &index) const; // of either tree
     // The action of that object name, in the menu or a menu below it; the menu
     // is closed as by a click.
     void trigger(QMenu *menu, const QString &action) const;
     void triggerText(QMenu *menu, const QString &text) const;
-    void answer(const QString &text) const;                   // of an input dialog, accepted
-    void fill(const QString &text) const;                     // of an input dialog, left open
+    void answer(const QString &text) const; // of an input dialog, accepted
+    void fill(const QString &text) const;   // of an input dialog, left open
+    void press(const char *dialogClass, const char *button) const;
     void key(int key, const QString &text = QString()) const; // to the tree
     void closeEverything() const;                             // menus and dialogs
 
@@ -57,5 +67,7 @@ public:
     int number = 0;
 
 private:
+    QTreeView *shownTree(const char *className) const;
+
     HostApplication &m_host;
 };

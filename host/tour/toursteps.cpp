@@ -10,6 +10,7 @@
 #include "host/hostapplication.h"
 #include "host/levermenu.h"
 #include "host/mainwindow.h"
+#include "host/tour/tourparts.h"
 #include "host/tour/tourstage.h"
 #include "hostapi/eventcodes.h"
 
@@ -80,6 +81,22 @@ TourMove expandAndRemember(int position)
                 const QModelIndex contact = s.contact(s.jid);
                 return contact.isValid() && !s.tree()->visualRect(contact).isEmpty();
             }};
+}
+
+TourMove requestListed()
+{
+    return {"the request is listed",
+            [](Stage &s) {
+                s.host().core()->receiveContactRequest(s.jid,
+                                                       QString::fromUtf8("你好，我是新同事。"));
+            },
+            [](Stage &s) { return s.openDialog("ContactRequests") != nullptr; }};
+}
+
+TourMove formOpened()
+{
+    return {"the form is open", [](Stage &s) { s.press("ContactRequests", "addRequested"); },
+            [](Stage &s) { return s.shownWidget(QStringLiteral("okButton")) != nullptr; }};
 }
 
 // --- The friend tree ------------------------------------------------------------
@@ -187,6 +204,22 @@ std::vector<TourStep> treeSteps()
          TourStep::Pane,
          {expandAndRemember(1), contactMenu(),
           choose("commonSingleMenu", "delFriend", "QMessageBox")}},
+        {"contact-request",
+         TourStep::Pane,
+         {strangerFound(SampleCompany::AcceptsAll), requestListed(), formOpened()}},
+        {"requester-added",
+         TourStep::Pane,
+         {strangerFound(SampleCompany::AcceptsAll),
+          requestListed(),
+          formOpened(),
+          {"the contact is in the tree", [](Stage &s) { s.press("AddFriend", "okButton"); },
+           [](Stage &s) { return s.contact(s.jid).isValid(); }},
+          {"its row is shown",
+           [](Stage &s) {
+               s.tree()->expand(s.contact(s.jid).parent());
+               s.tree()->scrollTo(s.contact(s.jid));
+           },
+           [](Stage &s) { return !s.tree()->visualRect(s.contact(s.jid)).isEmpty(); }}}},
     };
 }
 
@@ -341,7 +374,7 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part : {hostSteps(), ownProcessSteps()})
+        for (const auto &part : {hostSteps(), organisationSteps(), ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

@@ -217,11 +217,14 @@ void TstFriendTreeWidget::failedBatch()
     QStringList uids{QStringLiteral("u1"), QStringLiteral("%1")};
     for (int i = 0; i < 5000; ++i)
         uids.append(QStringLiteral("more%1").arg(i));
+    tree.host.context.profiles[jidOf(QStringLiteral("more0"))].nickName = QStringLiteral("Mora");
     const int boxes = TipBox::count();
+    FakeHost::send(4166, QStringList()); // nobody
+    QCOMPARE(TipBox::count(), boxes);
     FakeHost::send(4166, uids);
     QCOMPARE(TipBox::count(), boxes + 1);
     const QString text = TipBox::lastText();
-    QVERIFY(text.contains(QStringLiteral("<b>Bold</b> line, %1, more0")));
+    QVERIFY(text.contains(QStringLiteral("(5002): <b>Bold</b> line, %1, Mora, more1")));
     QVERIFY(text.contains(QStringLiteral("conatct")) && text.contains(QStringLiteral("addfail")));
     QVERIFY(text.size() < 400);
 }

@@ -226,6 +226,60 @@ private slots:
         QVERIFY(m_core->contact(jid, &m_record));
     }
 
+    void whoIsAskedMayRefuse()
+    {
+        const QString jid = stranger(SampleCompany::AsksFirst);
+        QSignalSpy answers(m_core.get(), &Core::requestAnswered);
+        QSignalSpy refusals(m_core.get(), &Core::requestRefused);
+        m_core->setRefusal(QStringLiteral("no"));
+        m_core->addContact(jid, QStringLiteral("hello"), QString(), QString());
+        QVERIFY(refusals.wait());
+        QCOMPARE(refusals.first(), QVariantList({jid, QStringLiteral("no")}));
+        QCOMPARE(answers.size(), 1);
+        QVERIFY(!answers.first().at(1).toBool());
+        QVERIFY(!m_core->contact(jid, &m_record));
+
+        m_core->setRefusal(QString()); // and is asked again
+        m_core->addContact(jid, QStringLiteral("hello"), QString(), QString());
+        QTRY_COMPARE(answers.size(), 2);
+        QVERIFY(answers.last().at(1).toBool());
+        QVERIFY(m_core->contact(jid, &m_record));
+    }
+
+    void whoIsAskedTwiceAnswersOnce()
+    {
+        QStringList asked;
+        for (int i = 1; asked.size() < 2; ++i) {
+            const QString jid = SampleCompany::uid(i) + QStringLiteral("@corp.example");
+            if (m_core->company().policy(i) == SampleCompany::AsksFirst &&
+                !m_core->contact(jid, &m_record))
+                asked.append(jid);
+        }
+        QStringList answered;
+        connect(m_core.get(), &Core::requestAnswered, this,
+                [&answered](const QString &jid) { answered.append(jid); });
+        m_core->addContact(asked[0], QString(), QStringLiteral("1"), QString());
+        m_core->addContact(asked[0], QString(), QStringLiteral("2"), QStringLiteral("again"));
+        m_core->addContact(asked[1], QString(), QString(), QString());
+        QTRY_COMPARE(answered, asked);
+        QCOMPARE(record(asked[0]).groupId, QStringLiteral("2"));
+        QCOMPARE(record(asked[0]).remark, QStringLiteral("again"));
+    }
+
+    void aGroupThatIsGoneWhenTheAnswerComes()
+    {
+        const QString jid = stranger(SampleCompany::AsksFirst);
+        QSignalSpy answers(m_core.get(), &Core::requestAnswered);
+        QSignalSpy deleted(m_core.get(), &Core::groupDeleted);
+        m_core->setConfirmationDelay(60);
+        m_core->addContact(jid, QString(), QStringLiteral("2"), QString());
+        m_core->deleteGroup(QStringLiteral("2"), true);
+        QVERIFY(answers.wait());
+        QCOMPARE(deleted.size(), 1);
+        QVERIFY(answers.first().at(1).toBool());
+        QCOMPARE(record(jid).groupId, QString());
+    }
+
     void peopleWhoCannotBeAdded()
     {
         QSignalSpy failed(m_core.get(), &Core::additionFailed);
@@ -235,7 +289,9 @@ private slots:
         m_core->addContact(m_core->ownJid(), QString(), QString(), QString());
         m_core->addContact(stranger(SampleCompany::AcceptsAll), QString(), QStringLiteral("66"),
                            QString());
-        QTRY_COMPARE(failed.size(), 4);
+        m_core->addContact(stranger(SampleCompany::AsksFirst), QString(), QStringLiteral("66"),
+                           QString());
+        QTRY_COMPARE(failed.size(), 5);
     }
 
     void aBatchReportsOnlyWhomItCouldNotAdd()

@@ -1,0 +1,54 @@
+// An organisation request that is answered when a test says so, and elements to
+// answer with.
+#pragma once
+
+#include "http/orgrequest.h"
+
+#include <QStringList>
+
+class FakeOrgRequest : public OrgRequest
+{
+    Q_OBJECT
+
+public:
+    // Notes "kind id" in the log, which outlives it.
+    FakeOrgRequest(QStringList *log, QObject *parent) : OrgRequest(parent), m_log(log) {}
+
+    QString kind; // "children", "person", "department"
+    QString id;
+
+    void searchOrg(const QString &orgId, const QString &) override { begin("children", orgId); }
+    void locateOrg(const QString &who, bool isOrg) override
+    {
+        begin(isOrg ? "department" : "person", who);
+    }
+    void fuzzySearchOrg(const QString &, bool, int, int) override {}
+
+private:
+    void begin(const char *what, const QString &whose)
+    {
+        kind = QString::fromLatin1(what);
+        id = whose;
+        m_log->append(kind + QLatin1Char(' ') + id);
+    }
+
+    QStringList *m_log;
+};
+
+inline OrgElement makeDepartment(const QString &id, const QString &name, const QString &parent)
+{
+    OrgElement element;
+    element.strId = id;
+    element.strName = name;
+    element.strParentId = parent;
+    return element;
+}
+
+inline OrgElement makeEmployee(const QString &uid, const QString &department,
+                               const QString &duty = QString())
+{
+    OrgElement element = makeDepartment(uid, uid, department);
+    element.bIsEmp = true;
+    element.strDuty = duty;
+    return element;
+}
