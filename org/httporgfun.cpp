@@ -372,7 +372,11 @@ void HttpOrgFun::Private::handOverChildren()
 
 bool HttpOrgFun::resolveJsonGetOrg(const QByteArray &utf8, OrgElementList *elements, QString *error)
 {
-    return OrgParser::children(utf8, elements, error);
+    std::vector<OrgElementList> slices;
+    if (!OrgParser::children(utf8, 0, &slices, error))
+        return false;
+    elements->append(slices.front());
+    return true;
 }
 
 bool HttpOrgFun::resolveJsonGetLocateOrg(const QByteArray &utf8, OrgElementList *elements,

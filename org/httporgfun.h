@@ -25,7 +25,7 @@ public:
     static constexpr qint64 MaximumReply = 32 * 1024 * 1024; // bytes
     static constexpr qint64 ParseAsideAbove = 256 * 1024;    // bytes; parsed by a worker
     static constexpr int SliceSize = 250;                    // elements
-    static constexpr int SliceTime = 4; // ms, after which other events have their turn
+    static constexpr int SliceTime = 5; // ms, after which other events have their turn
 
     explicit HttpOrgFun(QObject *parent = nullptr);
     ~HttpOrgFun() override;

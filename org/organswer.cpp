@@ -4,8 +4,6 @@
 #include <QRunnable>
 #include <QThreadPool>
 
-#include <algorithm>
-
 namespace {
 
 QThreadPool &readers()
@@ -55,35 +53,23 @@ private:
     const OrgAnswer::Done m_done;
 };
 
-std::vector<OrgElementList> sliced(const OrgElementList &elements, int size)
-{
-    std::vector<OrgElementList> slices;
-    if (size <= 0 || elements.size() <= size)
-        return {elements};
-    slices.reserve(size_t(elements.size() / size) + 1);
-    for (int first = 0; first < elements.size(); first += size)
-        slices.push_back(elements.mid(first, size));
-    return slices;
-}
-
 } // namespace
 
 OrgAnswer OrgAnswer::read(OrgRequestKind kind, const QByteArray &utf8, int sliceSize)
 {
     OrgAnswer answer;
-    OrgElementList elements;
     switch (kind) {
     case OrgRequestKind::Children:
-        answer.ok = OrgParser::children(utf8, &elements, &answer.error);
+        answer.ok = OrgParser::children(utf8, sliceSize, &answer.slices, &answer.error);
         break;
     case OrgRequestKind::Locate:
-        answer.ok = OrgParser::location(utf8, &elements, &answer.error);
+        answer.slices.resize(1);
+        answer.ok = OrgParser::location(utf8, &answer.slices.front(), &answer.error);
         break;
     case OrgRequestKind::Search:
         answer.ok = OrgParser::search(utf8, &answer.hits, &answer.error);
-        return answer;
+        break;
     }
-    answer.slices = sliced(elements, sliceSize);
     return answer;
 }
 

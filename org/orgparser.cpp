@@ -4,99 +4,152 @@
 #include "http/jsonreader.h"
 #include "org/orgpresence.h"
 
-#include <QSet>
+#include <QHash>
 
 #include <limits>
+#include <string_view>
 #include <utility>
 
 namespace {
 
-// Lives for one reply.
-class Texts
+// Decoding leaves up to twice the room that a text takes.
+QString ownText(const Json::Value &value)
+{
+    QString text = JsonReader::toText(value);
+    text.squeeze();
+    return text;
+}
+
+// The texts that many entries of one reply have in common.
+class SharedTexts
 {
 public:
-    // Decoding leaves up to twice the room that a text takes.
-    static QString own(const Json::Value &object, const char *key)
+    QString of(const Json::Value &value)
     {
-        QString text = JsonReader::text(object, key);
-        text.squeeze();
-        return text;
-    }
-    // For what many entries have in common.
-    QString shared(const Json::Value &object, const char *key)
-    {
-        const QString text = JsonReader::text(object, key);
-        const auto at = m_known.constFind(text);
-        if (at != m_known.constEnd())
-            return *at;
-        return *m_known.insert(own(object, key));
+        const char *begin = nullptr, *end = nullptr;
+        if (!value.isString() || !value.getString(&begin, &end))
+            return ownText(value);
+        const QByteArray bytes = QByteArray::fromRawData(begin, int(end - begin));
+        const auto known = m_known.constFind(bytes);
+        if (known != m_known.constEnd())
+            return *known;
+        return *m_known.insert(QByteArray(begin, bytes.size()), ownText(value));
     }
 
 private:
-    QSet<QString> m_known;
+    QHash<QByteArray, QString> m_known;
 };
 
-QString spellingOf(const Json::Value &entry, const char *key, const QString &name)
+// A member of an entry and where it belongs. In the order of their names, which is
+// the order in which jsoncpp keeps the members: both are gone through once, where a
+// search for each would cost more than parsing the entry.
+struct Field
 {
-    const QString given = Texts::own(entry, key);
-    if (!given.isEmpty() || name.isEmpty())
-        return given;
-    QString computed = CChCharacterToPP().toPinyin(name, false);
-    computed.squeeze();
-    return computed;
+    std::string_view name;
+    QString OrgElement::*text;
+    bool isShared;
+};
+
+constexpr Field departmentFields[] = {{"orgId", &OrgElement::strId, false},
+                                      {"orgName", &OrgElement::strName, false},
+                                      {"parentId", &OrgElement::strParentId, true},
+                                      {"spelling", &OrgElement::strSpell, false}};
+
+constexpr Field employeeFields[] = {{"duty", &OrgElement::strDuty, true},
+                                    {"email", &OrgElement::strEmail, false},
+                                    {"empChSpell", &OrgElement::strSpell, false},
+                                    {"employeeCode", &OrgElement::strEmpCode, false},
+                                    {"nickName", &OrgElement::strName, false},
+                                    {"orgId", &OrgElement::strParentId, true},
+                                    {"photoName", &OrgElement::strPhotoName, false},
+                                    {"presence", nullptr, false},
+                                    {"userId", &OrgElement::strId, false}};
+
+void readPresence(const Json::Value &entries, OrgElement *element)
+{
+    const OrgPresence presence = orgPresence(entries);
+    element->nStatus = presence.status;
+    element->nDevice = presence.device;
 }
 
-OrgElement department(const Json::Value &entry, Texts *texts)
+template <size_t Count>
+void readFields(const Json::Value &entry, const Field (&fields)[Count], SharedTexts *shared,
+                OrgElement *element)
 {
-    OrgElement element;
-    element.strId = texts->shared(entry, "orgId");
-    element.strName = Texts::own(entry, "orgName");
-    element.strParentId = texts->shared(entry, "parentId");
-    element.strSpell = spellingOf(entry, "spelling", element.strName);
-    return element;
-}
-
-OrgElement employee(const Json::Value &entry, Texts *texts)
-{
-    OrgElement element;
-    element.strId = Texts::own(entry, "userId");
-    element.strName = Texts::own(entry, "nickName");
-    element.strSpell = spellingOf(entry, "empChSpell", element.strName);
-    element.strEmpCode = Texts::own(entry, "employeeCode");
-    element.strParentId = texts->shared(entry, "orgId");
-    element.strDuty = texts->shared(entry, "duty");
-    element.strEmail = Texts::own(entry, "email");
-    element.strPhotoName = Texts::own(entry, "photoName");
-    const OrgPresence presence = orgPresence(JsonReader::array(entry, "presence"));
-    element.nStatus = presence.status;
-    element.nDevice = presence.device;
-    element.bIsEmp = true;
-    return element;
-}
-
-template <class Make>
-void addEntries(const Json::Value &entries, const Make &make, Texts *texts,
-                OrgElementList *elements)
-{
-    for (const Json::Value &entry : entries) {
-        const OrgElement element = make(entry, texts);
-        if (!element.strId.isEmpty())
-            elements->append(element);
+    if (!entry.isObject())
+        return;
+    const Field *field = fields;
+    for (auto member = entry.begin(); member != entry.end(); ++member) {
+        const char *end = nullptr;
+        const char *const begin = member.memberName(&end);
+        const std::string_view name(begin, size_t(end - begin));
+        while (field != std::end(fields) && field->name < name)
+            ++field;
+        if (field == std::end(fields))
+            break;
+        if (field->name != name)
+            continue;
+        if (field->text)
+            element->*field->text = field->isShared ? shared->of(*member) : ownText(*member);
+        else if (member->isArray())
+            readPresence(*member, element);
+    }
+    if (element->strSpell.isEmpty() && !element->strName.isEmpty()) {
+        element->strSpell = CChCharacterToPP().toPinyin(element->strName, false);
+        element->strSpell.squeeze();
     }
 }
 
-void addBothKinds(const Json::Value &level, Texts *texts, OrgElementList *elements)
+void readDepartment(const Json::Value &entry, SharedTexts *shared, OrgElement *element)
 {
-    addEntries(JsonReader::array(level, "org"), department, texts, elements);
-    addEntries(JsonReader::array(level, "emp"), employee, texts, elements);
+    readFields(entry, departmentFields, shared, element);
+}
+
+void readEmployee(const Json::Value &entry, SharedTexts *shared, OrgElement *element)
+{
+    readFields(entry, employeeFields, shared, element);
+    element->bIsEmp = true;
+}
+
+// Elements are read where they will stay: copying one costs as much as reading two.
+class Slices
+{
+public:
+    Slices(std::vector<OrgElementList> *slices, int size) : m_slices(slices), m_size(size)
+    {
+        m_slices->emplace_back();
+    }
+
+    template <class Read> void add(const Json::Value &entry, const Read &read, SharedTexts *texts)
+    {
+        if (m_size > 0 && m_slices->back().size() >= m_size)
+            m_slices->emplace_back();
+        OrgElementList &slice = m_slices->back();
+        slice.append(OrgElement());
+        read(entry, texts, &slice.last());
+        if (slice.last().strId.isEmpty())
+            slice.removeLast();
+    }
+
+private:
+    std::vector<OrgElementList> *const m_slices;
+    const int m_size;
+};
+
+void addBothKinds(const Json::Value &level, SharedTexts *texts, Slices *slices)
+{
+    for (const Json::Value &entry : JsonReader::array(level, "org"))
+        slices->add(entry, readDepartment, texts);
+    for (const Json::Value &entry : JsonReader::array(level, "emp"))
+        slices->add(entry, readEmployee, texts);
 }
 
 // As deep as the reader lets a reply nest.
-void addLevels(const Json::Value &level, Texts *texts, OrgElementList *elements)
+void addLevels(const Json::Value &level, SharedTexts *texts, Slices *slices)
 {
-    addBothKinds(level, texts, elements);
+    addBothKinds(level, texts, slices);
     for (const Json::Value &entry : JsonReader::array(level, "org"))
-        addLevels(JsonReader::object(entry, "children"), texts, elements);
+        addLevels(JsonReader::object(entry, "children"), texts, slices);
 }
 
 SearchUserData searchHit(const Json::Value &entry)
@@ -131,19 +184,21 @@ OrgElement departmentHit(const Json::Value &entry)
     element.strName = JsonReader::text(entry, "orgName");
     element.strReserved1 = JsonReader::text(entry, "fullName");
     element.strParentId = JsonReader::text(entry, "parentOrgId");
-    element.strSpell = spellingOf(entry, "spelling", element.strName);
+    element.strSpell = CChCharacterToPP().toPinyin(element.strName, false);
     return element;
 }
 
 } // namespace
 
-bool OrgParser::children(const QByteArray &utf8, OrgElementList *elements, QString *error)
+bool OrgParser::children(const QByteArray &utf8, int sliceSize, std::vector<OrgElementList> *slices,
+                         QString *error)
 {
     Json::Value root;
     if (!JsonReader::parse(utf8, &root, error))
         return false;
-    Texts texts;
-    addBothKinds(root, &texts, elements);
+    SharedTexts texts;
+    Slices made(slices, sliceSize);
+    addBothKinds(root, &texts, &made);
     return true;
 }
 
@@ -152,19 +207,23 @@ bool OrgParser::location(const QByteArray &utf8, OrgElementList *elements, QStri
     Json::Value root;
     if (!JsonReader::parse(utf8, &root, error))
         return false;
-    Texts texts;
     const Json::Value &top = JsonReader::object(root, "location");
-    const OrgElement element = department(top, &texts);
-    if (!element.strId.isEmpty())
-        elements->append(element);
-    addLevels(JsonReader::object(top, "children"), &texts, elements);
+    SharedTexts texts;
+    std::vector<OrgElementList> all;
+    Slices slices(&all, 0);
+    slices.add(top, readDepartment, &texts);
+    addLevels(JsonReader::object(top, "children"), &texts, &slices);
+    elements->append(all.front());
     return true;
 }
 
 void OrgParser::addLevel(const Json::Value &level, OrgElementList *elements)
 {
-    Texts texts;
-    addLevels(level, &texts, elements);
+    SharedTexts texts;
+    std::vector<OrgElementList> all;
+    Slices slices(&all, 0);
+    addLevels(level, &texts, &slices);
+    elements->append(all.front());
 }
 
 bool OrgParser::search(const QByteArray &utf8, SearchHits *hits, QString *error)

@@ -114,43 +114,51 @@ void OrgStructureMgr::childrenArrived(const QString &orgId)
 
 void OrgStructureMgr::store(const OrgElementList &orgList, const QString &companyCode)
 {
+    // Usually all have the same parent.
+    auto siblings = m_childrenOf.end();
     for (const OrgElement &element : orgList) {
-        if (element.strId == element.strParentId)
+        const QString &parentId = element.strParentId;
+        if (element.strId == parentId)
             continue;
-        const bool isTop = element.strParentId.isEmpty() || element.strParentId == companyCode;
-        const auto known = m_elements.find(element.strId);
-        const bool isNew = known == m_elements.end();
-        file(element, isNew ? nullptr : &*known, isTop);
-        OrgElement stored = element;
-        if (!isTop) // one text for all children
-            stored.strParentId = m_childrenOf.constFind(element.strParentId).key();
+        const bool isTop = parentId.isEmpty() || parentId == companyCode;
+        if (!isTop && (siblings == m_childrenOf.end() || siblings.key() != parentId)) {
+            siblings = m_childrenOf.find(parentId);
+            if (siblings == m_childrenOf.end())
+                siblings = m_childrenOf.insert(parentId, QStringList());
+            m_loaded[parentId] = true;
+        }
+        auto known = m_elements.lowerBound(element.strId);
+        const bool isNew = known == m_elements.end() || known.key() != element.strId;
+        if (!isInList(element, isNew ? nullptr : &*known, isTop))
+            (isTop ? m_rootList : *siblings).append(element.strId);
         if (isNew)
-            m_elements.insert(stored.strId, stored);
+            known = m_elements.insert(known, element.strId, element);
         else
-            *known = stored;
+            *known = element;
+        if (!isTop) // one text for all children
+            known->strParentId = siblings.key();
     }
 }
 
 // An id is appended to a list once. Looking for it there would take as long as the
 // list: where an element stands follows from the parent it had, except for the few
 // that are noted.
-void OrgStructureMgr::file(const OrgElement &element, const OrgElement *old, bool isTop)
+bool OrgStructureMgr::isInList(const OrgElement &element, const OrgElement *old, bool isTop)
 {
     const QString list = isTop ? QString() : element.strParentId;
-    if (!isTop)
-        m_loaded[list] = true;
-    const auto noted = m_listsOf.find(element.strId);
-    bool isThere = false;
-    if (noted != m_listsOf.end()) {
-        isThere = noted->contains(list);
-        noted->insert(list);
-    } else if (old) {
-        isThere = !isTop && old->strParentId == list;
-        if (!isThere)
-            m_listsOf.insert(element.strId, {old->strParentId, list});
-    } else if (isTop) {
-        m_listsOf.insert(element.strId, {list});
+    if (!old) {
+        if (isTop)
+            m_listsOf.insert(element.strId, {list});
+        return false;
     }
-    if (!isThere)
-        (isTop ? m_rootList : m_childrenOf[list]).append(element.strId);
+    const auto noted = m_listsOf.find(element.strId);
+    if (noted != m_listsOf.end()) {
+        const bool isThere = noted->contains(list);
+        noted->insert(list);
+        return isThere;
+    }
+    if (!isTop && old->strParentId == list)
+        return true;
+    m_listsOf.insert(element.strId, {old->strParentId, list});
+    return false;
 }

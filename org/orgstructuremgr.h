@@ -50,7 +50,8 @@ signals:
 private:
     void connectAnswers();
     void store(const OrgElementList &orgList, const QString &companyCode);
-    void file(const OrgElement &element, const OrgElement *old, bool isTop);
+    // Whether the list that the element belongs to has it; it is noted as there.
+    bool isInList(const OrgElement &element, const OrgElement *old, bool isTop);
     void childrenArrived(const QString &orgId);
 
     QMap<QString, QString> m_reserved;

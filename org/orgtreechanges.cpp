@@ -43,6 +43,8 @@ bool OrgTreeChanges::receive(const OrgElement &element)
         update(known, element);
         return true;
     }
+    if (m_rows->isFull())
+        return false;
     const quint32 number = m_rows->append(element.strId);
     OrgTreeNode &node = m_rows->node(number);
     node.digest = digestOf(element);
@@ -63,11 +65,13 @@ void OrgTreeChanges::finish()
 
 void OrgTreeChanges::place(quint32 number, const QString &parentId)
 {
-    const quint32 parent = m_rows->holder(parentId);
-    if (parent == OrgTreeRows::None)
+    // Usually the one before went there too.
+    if (m_lastHolder == OrgTreeRows::None || m_rows->node(m_lastHolder).id != parentId)
+        m_lastHolder = m_rows->holder(parentId);
+    if (m_lastHolder == OrgTreeRows::None)
         m_rows->waitFor(number, parentId);
     else
-        arrive(number, parent);
+        arrive(number, m_lastHolder);
 }
 
 void OrgTreeChanges::arrive(quint32 number, quint32 parent)
@@ -122,8 +126,10 @@ void OrgTreeChanges::update(quint32 number, const OrgElement &element)
         node.device = newDevice;
         node.isEmployee = element.bIsEmp;
         m_changed.push_back(number);
-        if (newKind)
+        if (newKind) {
             m_newKind.push_back(number);
+            m_lastHolder = OrgTreeRows::None;
+        }
     }
     setParent(number, element.strParentId);
 }

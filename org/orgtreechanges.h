@@ -55,6 +55,7 @@ private:
 
     OrgTreeModel *const m_model;
     OrgTreeRows *const m_rows;
+    quint32 m_lastHolder = OrgTreeRows::None; // of what was placed before
     std::vector<quint32> m_arrivedUnder;
     std::vector<quint32> m_changed;
     std::vector<quint32> m_newKind;

@@ -64,6 +64,7 @@ public:
     const OrgTreeNode &node(quint32 number) const { return m_nodes[number]; }
     quint32 find(const QString &id) const; // the root too; None: unknown
     quint32 append(const QString &id);     // belongs nowhere yet
+    bool isFull() const { return m_nodes.size() > OrgIdIndex::MaximumNumber; }
 
     OrgTreeBranch &branch(quint32 number); // made when there is none
     const OrgTreeBranch *branchOf(quint32 number) const;
