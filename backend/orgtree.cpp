@@ -97,12 +97,25 @@ void OrgTree::writeDepartment(JsonText *json, int index) const
     json->member("parentId", department.parentId).member("spelling", department.spell);
 }
 
+void OrgTree::writeLargeDepartment(JsonText *json) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    const quint64 version = m_people.version();
+    if (version != m_largeVersion) {
+        m_largeText.clear();
+        JsonText text(&m_largeText);
+        for (int i = 0; i < m_people.departmentSize(); ++i)
+            writeEmployee(&text, m_people.largeDepartmentEmployee(i));
+        m_largeVersion = version;
+    }
+    json->raw(m_largeText);
+}
+
 void OrgTree::writeEmployees(JsonText *json, int index) const
 {
     const int source = m_departments.at(index).source;
     if (source < 0) {
-        for (int i = 0; i < m_people.departmentSize(); ++i)
-            writeEmployee(json, m_people.largeDepartmentEmployee(i));
+        writeLargeDepartment(json);
         return;
     }
     for (const int person : m_people.company().members(source))

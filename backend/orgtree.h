@@ -6,6 +6,7 @@
 #include <QString>
 #include <QVector>
 
+#include <mutex>
 #include <string>
 
 class JsonText;
@@ -45,9 +46,15 @@ public:
 
 private:
     void add(Department department);
+    void writeLargeDepartment(JsonText *json) const;
 
     const People &m_people;
     QVector<Department> m_departments;
     QVector<int> m_topmost;
     QHash<QString, int> m_byId;
+    // The people of the large department, as they were at this version: to compute
+    // them takes much longer than to send them.
+    mutable std::mutex m_mutex;
+    mutable quint64 m_largeVersion = 0;
+    mutable std::string m_largeText;
 };

@@ -135,16 +135,19 @@ void People::change(const QString &uid, const Change &change)
 {
     const std::unique_lock<std::shared_mutex> lock(m_mutex);
     m_changes[uid].append(change);
+    ++m_version;
 }
 
 void People::forgetChanges()
 {
     const std::unique_lock<std::shared_mutex> lock(m_mutex);
     m_changes.clear();
+    ++m_version;
 }
 
 void People::setPhoto(const QString &uid, const QString &photoName)
 {
     const std::unique_lock<std::shared_mutex> lock(m_mutex);
     m_photos.insert(uid, photoName);
+    ++m_version;
 }

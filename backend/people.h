@@ -8,6 +8,7 @@
 
 #include <QHash>
 
+#include <atomic>
 #include <functional>
 #include <optional>
 #include <shared_mutex>
@@ -51,6 +52,8 @@ public:
     void forgetChanges();
     // The uploaded picture; outlives forgetChanges().
     void setPhoto(const QString &uid, const QString &photoName);
+    // Another number after each change.
+    quint64 version() const { return m_version; }
 
 private:
     User made(const SamplePerson &person) const;
@@ -59,6 +62,7 @@ private:
     SampleCompany m_company, m_crowd;
     int m_departmentSize;
     mutable std::shared_mutex m_mutex;
+    std::atomic<quint64> m_version{1};
     QHash<QString, QVector<Change>> m_changes;
     QHash<QString, QString> m_photos;
 };

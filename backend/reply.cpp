@@ -168,3 +168,10 @@ JsonText &JsonText::flag(const char *memberName, bool value)
     m_out += value ? "true" : "false";
     return *this;
 }
+
+JsonText &JsonText::raw(const std::string &json)
+{
+    comma();
+    m_out += json;
+    return *this;
+}

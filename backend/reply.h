@@ -62,6 +62,7 @@ public:
     JsonText &member(const char *name, const char *value);
     JsonText &member(const char *name, qint64 value);
     JsonText &flag(const char *name, bool value);
+    JsonText &raw(const std::string &json); // elements that are written already
 
 private:
     void comma();

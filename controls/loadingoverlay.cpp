@@ -34,7 +34,6 @@ LoadingOverlay::LoadingOverlay(QWidget *area)
     m_picture->setFixedSize(MovieSide, MovieSide);
     m_text->setTextFormat(Qt::PlainText);
     m_text->setFont(skinFont(12));
-    followSkin(m_text); // a style sheet above keeps the window's palette from it
     m_text->setForegroundRole(QPalette::PlaceholderText);
     const int pixels = qRound(MovieSide * devicePixelRatioF());
     m_movie->setScaledSize(QSize(pixels, pixels));

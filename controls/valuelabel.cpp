@@ -1,7 +1,6 @@
 #include "controls/valuelabel.h"
 
 #include "common/displaytext.h"
-#include "controls/skin.h"
 #include "controls/skinmenu.h"
 
 #include <QClipboard>
@@ -24,7 +23,6 @@ bool isHarmful(QChar c)
 
 ValueLabel::ValueLabel(QWidget *parent) : ElidedLabel(parent)
 {
-    followSkin(this); // a style sheet above keeps the window's palette from it
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     refresh();
 }

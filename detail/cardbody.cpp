@@ -3,12 +3,13 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/avatarstore.h"
-#include "controls/valuelabel.h"
 #include "controls/loadingoverlay.h"
 #include "controls/pictures.h"
 #include "controls/presencetext.h"
 #include "controls/skinbutton.h"
+#include "controls/valuelabel.h"
 #include "controls/watermark.h"
+#include "detail/cardstyle.h"
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
 #include "detail/nameedit.h"
@@ -250,7 +251,13 @@ void CardBody::focusFirst()
 
 void CardBody::setWatermark(bool show)
 {
-    setStyleSheet(watermarkSheet(objectName(), show));
+    changeStyleSheet(m_background, watermarkSheet(m_background->objectName(), show));
+}
+
+void CardBody::resizeEvent(QResizeEvent *event)
+{
+    m_background->setGeometry(rect());
+    QWidget::resizeEvent(event);
 }
 
 void CardBody::retranslate()

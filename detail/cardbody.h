@@ -20,7 +20,6 @@ class SkinButton;
 
 // It shows one person at a time, and of what it is told only what concerns that
 // person. It asks nobody: the window sends the requests and passes on the answers.
-// Object name "widget_5".
 class CardBody : public QWidget
 {
     Q_OBJECT
@@ -77,6 +76,7 @@ signals:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     QWidget *makeHeader();
@@ -101,6 +101,7 @@ private:
     bool m_connected = true;
     QTimer m_patience;
 
+    QWidget *m_background; // carries the watermark
     HeadButton *m_head;
     NameEdit *m_name;
     QLabel *m_sex;

@@ -1,9 +1,9 @@
 // How the card's widgets are made and laid out.
-#include "controls/valuelabel.h"
 #include "controls/loadingoverlay.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
+#include "controls/valuelabel.h"
 #include "detail/cardbody.h"
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
@@ -41,15 +41,16 @@ QWidget *line(QWidget *parent)
     rule->setFrameShadow(QFrame::Plain);
     rule->setForegroundRole(QPalette::Mid);
     rule->setFixedHeight(1);
-    followSkin(rule);
     return rule;
 }
 } // namespace
 
 CardBody::CardBody(QWidget *parent) : QWidget(parent)
 {
-    setObjectName(QStringLiteral("widget_5"));
-    setAttribute(Qt::WA_StyledBackground);
+    // Behind everything else, not around it: what lies below a widget with a style
+    // sheet is styled, too, and slow to make.
+    m_background = new QWidget(this);
+    m_background->setObjectName(QStringLiteral("widget_5"));
     setFixedWidth(BodyWidth);
     m_patience.setSingleShot(true);
     m_patience.setInterval(DefaultReplyTimeLimit);
@@ -101,7 +102,6 @@ QWidget *CardBody::makeHeader()
     m_presenceText->setTextFormat(Qt::PlainText);
     m_presenceText->setFont(skinFont(12));
     m_presenceText->setForegroundRole(QPalette::PlaceholderText);
-    followSkin(m_presenceText); // as all below: a style sheet keeps the palette from them
     m_topic = new SkinButton(SkinButton::Flat, glyph("topic"), header);
     m_topic->setObjectName(QStringLiteral("topicBtn"));
     connect(m_topic, &QPushButton::clicked, this, &CardBody::topicClicked);
@@ -176,7 +176,6 @@ QWidget *CardBody::makeHeading()
     m_heading->setObjectName(QStringLiteral("lblEnterprise"));
     m_heading->setTextFormat(Qt::PlainText);
     m_heading->setFont(skinFont(13, QFont::DemiBold));
-    followSkin(m_heading);
     m_company = new ValueLabel(heading);
     m_company->setObjectName(QStringLiteral("companyName"));
     m_company->setAlignment(Qt::AlignRight | Qt::AlignVCenter);

@@ -153,7 +153,7 @@ void CDetailView::slot_setFriendName()
 
 void CDetailView::slot_SkinChange(SysUIData skindata)
 {
-    setStyleSheet(cardStyleSheet(skindata));
+    styleCard(this, skindata);
     dealWatermark(); // its colour is the skin's
 }
 

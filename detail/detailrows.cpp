@@ -2,15 +2,14 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
-#include "controls/valuelabel.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
+#include "controls/valuelabel.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
-#include <QVariant>
 
 namespace {
 constexpr int CaptionWidth = 52; // device-independent pixels, as all below
@@ -74,7 +73,9 @@ void DetailRows::addRow(int index)
     row->setFixedHeight(RowHeight);
     auto *caption = new QLabel(QString::fromUtf8(kind.text), row);
     caption->setObjectName(QLatin1String(kind.caption));
-    caption->setProperty("caption", true);
+    QPalette captionColor;
+    captionColor.setColor(QPalette::WindowText, QColor(143, 143, 143));
+    caption->setPalette(captionColor);
     caption->setTextFormat(Qt::PlainText);
     caption->setFont(skinFont(12));
     caption->setFixedWidth(CaptionWidth);

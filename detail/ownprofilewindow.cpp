@@ -3,10 +3,10 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/avatarstore.h"
-#include "controls/valuelabel.h"
 #include "controls/presencetext.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
+#include "controls/valuelabel.h"
 #include "detail/cardstyle.h"
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
@@ -30,12 +30,12 @@ OwnProfileWindow::OwnProfileWindow(QWidget *parent) : BaseDialog(parent)
     setObjectName(QStringLiteral("ownProfileWindow"));
     setTitleKey("ownProfile");
     bodyLayout()->addWidget(makeBody());
-    setStyleSheet(cardStyleSheet(ctx().skin()));
+    styleCard(this, ctx().skin());
     retranslate();
 
     auto *hub = FriendUISignalSender::instance();
     connect(hub, &FriendUISignalSender::signal_SkinChange, this,
-            [this](const SysUIData &skin) { setStyleSheet(cardStyleSheet(skin)); });
+            [this](const SysUIData &skin) { styleCard(this, skin); });
     const auto refill = [this](const QString &jid) {
         if (jid == m_jid)
             fill();
@@ -104,7 +104,6 @@ QLayout *OwnProfileWindow::makeTexts(QWidget *body)
     m_presence->setFont(skinFont(12));
     m_account->setQuiet(true);
     m_presence->setForegroundRole(QPalette::PlaceholderText);
-    followSkin(m_presence); // a style sheet above keeps the window's palette from it
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch(1);

@@ -10,7 +10,7 @@ WebServices::WebServices(HostContext *context, const Options &options, QObject *
     m_context->setPassport(m_session.passport());
     if (m_options.source != OwnProcess)
         return;
-    m_process = std::make_unique<BackendProcess>(m_options.process);
+    m_process = std::make_unique<BackendProcess>(m_options.process, this);
     connect(m_process.get(), &BackendProcess::ready, this, [this] { use(m_process->address()); });
     connect(m_process.get(), &BackendProcess::restarting, this, [this](const QString &reason) {
         withdraw();

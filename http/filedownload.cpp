@@ -27,6 +27,13 @@ bool isRefusal(const QNetworkReply *reply)
            type.startsWith(QLatin1String("application/json"), Qt::CaseInsensitive);
 }
 
+// A connection that ends in the middle is not always an error for the network layer.
+bool isComplete(const QNetworkReply *reply, qint64 received)
+{
+    const QVariant length = reply->header(QNetworkRequest::ContentLengthHeader);
+    return !length.isValid() || length.toLongLong() == received;
+}
+
 std::unique_ptr<QSaveFile> openForOwner(const QString &target)
 {
     QDir().mkpath(QFileInfo(target).path());
@@ -43,6 +50,7 @@ struct FileDownload::Private
     TransferSession session;
     QString name, target;
     std::unique_ptr<QSaveFile> file; // null before the start and after the end
+    qint64 received = 0;             // bytes
 
     // False when the disk takes no more. Writing alone would only fill a buffer.
     bool store(QNetworkReply *reply)
@@ -50,6 +58,7 @@ struct FileDownload::Private
         if (statusOf(reply) != Arrived)
             return true;
         const QByteArray bytes = reply->readAll();
+        received += bytes.size();
         return file->write(bytes) == bytes.size() && file->flush();
     }
 };
@@ -112,6 +121,8 @@ void FileDownload::arrived(QNetworkReply *reply)
     }
     if (!d->store(reply))
         giveUp(QStringLiteral("the file cannot be written: ") + d->file->errorString());
+    else if (!isComplete(reply, d->received))
+        giveUp(QStringLiteral("the connection was cut off"));
     else if (!d->file->commit())
         giveUp(QStringLiteral("the file cannot be written: ") + d->file->errorString());
     else

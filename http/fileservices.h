@@ -34,7 +34,8 @@ protected:
     bool begin(); // false: the object has had its transfer
     // The transfer is over; finished() follows from the event loop.
     void end(const HttpResponseData &result);
-    void fail(const QString &reason); // the same, with a line in the log
+    // The same for a failure, with a line in the log.
+    void fail(const QString &reason, int code = -1);
 
 private:
     enum State

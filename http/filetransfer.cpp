@@ -21,13 +21,13 @@ void FileTransfer::end(const HttpResponseData &result)
     QTimer::singleShot(0, this, [this, result] { emit finished(result); });
 }
 
-void FileTransfer::fail(const QString &reason)
+void FileTransfer::fail(const QString &reason, int code)
 {
     if (m_state != Running)
         return;
     LOG_ERROR("a file transfer failed: " << logText(reason));
     HttpResponseData result;
-    result.code = -1;
+    result.code = code;
     result.message = reason;
     end(result);
 }

@@ -40,7 +40,7 @@ struct MultipartUpload::Private
     void renewed(const FileReply &reply);
     void complete();
     void completed(const FileReply &reply);
-    void giveUp(const QString &reason);
+    void giveUp(const QString &reason, int code = -1);
     void forgetParts();
 
     MultipartUpload *const q;
@@ -86,8 +86,10 @@ void MultipartUpload::Private::begin(const FileReply &reply)
 {
     objectId = JsonReader::text(reply.result, "objectId");
     token = JsonReader::text(reply.result, "token").toUtf8();
-    if (!reply.ok || objectId.isEmpty())
-        giveUp(reply.message);
+    if (!reply.ok)
+        giveUp(reply.message, reply.code);
+    else if (objectId.isEmpty())
+        giveUp(QStringLiteral("the service gave the file no id"));
     else
         sendPart();
 }
@@ -141,7 +143,7 @@ void MultipartUpload::Private::sendAgain(const FileReply &failure)
 {
     constexpr int unauthorized = 401, forbidden = 403;
     if (sendings > Repetitions)
-        giveUp(failure.message);
+        giveUp(failure.message, failure.code);
     else if (failure.status == unauthorized || failure.status == forbidden)
         ask("/ImFile/updateUploadMultiFileAuthUrl", {{"objectId", objectId}}, &Private::renewed);
     else
@@ -154,7 +156,7 @@ void MultipartUpload::Private::renewed(const FileReply &reply)
     if (reply.ok)
         sendPart();
     else
-        giveUp(reply.message);
+        giveUp(reply.message, reply.code);
 }
 
 void MultipartUpload::Private::complete()
@@ -168,21 +170,21 @@ void MultipartUpload::Private::completed(const FileReply &reply)
     HttpResponseData result = reply.response();
     result.fileName = JsonReader::text(reply.result, "fileName");
     if (!result.ok)
-        giveUp(reply.message);
+        giveUp(reply.message, reply.code);
     else if (!FileServices::isSafeName(result.fileName))
         giveUp(QStringLiteral("the service gave the file no usable name"));
     else
         q->end(result);
 }
 
-void MultipartUpload::Private::giveUp(const QString &reason)
+void MultipartUpload::Private::giveUp(const QString &reason, int code)
 {
     digest.stop();
     retry.stop();
     session.stop();
     delete call;
     forgetParts();
-    q->fail(reason);
+    q->fail(reason, code);
 }
 
 // Goes on when the upload is gone, and its answer changes nothing.

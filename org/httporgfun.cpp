@@ -166,7 +166,10 @@ void HttpOrgFun::Private::limit()
     LOG_ERROR("organisation reply refused: " << refusal);
     const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     timer.stop();
-    dropReply();
+    // Not aborted: it is in the middle of telling about itself.
+    reply->disconnect(q);
+    reply->deleteLater();
+    reply = nullptr;
     const QPointer<HttpOrgFun> alive(q);
     timing.finish(status, 0, refusal);
     if (alive)

@@ -5,7 +5,11 @@
 
 OrgStructureMgr *OrgStructureMgr::instance()
 {
-    static auto *manager = new OrgStructureMgr;
+    static auto *const manager = [] {
+        auto *made = new OrgStructureMgr;
+        made->connectAnswers();
+        return made;
+    }();
     return manager;
 }
 
@@ -13,6 +17,10 @@ OrgStructureMgr::OrgStructureMgr()
 {
     qRegisterMetaType<OrgElementList>("OrgElementList");
     qRegisterMetaType<OrgElementMap>("OrgElementMap");
+}
+
+void OrgStructureMgr::connectAnswers()
+{
     HttpMgr *requests = HttpMgr::instance();
     requests->setOrgRequestFactory([](QObject *parent) { return new HttpOrgFun(parent); });
     connect(requests, &HttpMgr::signal_searchOrgElements, this,

@@ -14,7 +14,11 @@ class OrgStructureMgr : public QObject
     Q_OBJECT
 
 public:
+    // The one that HttpMgr's answers go to.
     static OrgStructureMgr *instance();
+
+    // An empty one that hears of nothing by itself.
+    OrgStructureMgr();
 
     // Asks the service for a department's children.
     void requestChildren(const QString &orgId, const QString &companyCode);
@@ -44,7 +48,7 @@ signals:
     void signal_locateOrg(QString strOrgId);
 
 private:
-    OrgStructureMgr();
+    void connectAnswers();
     void store(const OrgElementList &orgList, const QString &companyCode);
     void file(const OrgElement &element, const OrgElement *old, bool isTop);
     void childrenArrived(const QString &orgId);

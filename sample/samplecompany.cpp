@@ -139,7 +139,7 @@ SamplePerson SampleCompany::person(int index) const
     person.leaderUid = leaderOf(index);
     person.duty = dutyOf(index);
     person.isAdmin = index == headOfLeaf(leaf);
-    person.onJob = index == 0 || draw(index, HasLeft) % 50 != 0;
+    person.onJob = !hasLeft(index);
     return person;
 }
 
@@ -181,7 +181,12 @@ SampleCompany::Reach SampleCompany::reach(quint64 number) const
 
 SampleCompany::Reach SampleCompany::reachAtStart(int index) const
 {
-    return reach(draw(index, ReachField));
+    return hasLeft(index) ? Reach() : reach(draw(index, ReachField));
+}
+
+bool SampleCompany::hasLeft(int index) const
+{
+    return index != 0 && draw(index, HasLeft) % 50 == 0;
 }
 
 void SampleCompany::buildFriendGroups()

@@ -87,7 +87,7 @@ public:
     int indexOf(const QString &uid) const; // -1: not one of the people
     SamplePerson person(int index) const;  // an index out of range: nobody
     Policy policy(int index) const;        // how this person takes contact requests
-    Reach reachAtStart(int index) const;   // where the person is when the host starts
+    Reach reachAtStart(int index) const;   // nowhere, for who has left
     Reach reach(quint64 number) const;     // one of the usual ways to be reachable, by any number
 
     // Parents stand before their children.
@@ -108,6 +108,7 @@ public:
 
 private:
     quint64 draw(int index, int field) const; // the same for the same three numbers
+    bool hasLeft(int index) const;
     void buildDepartments();
     void addDepartments(int division, int leaves);
     int addDepartment(int parent, int kind, const QString &name, int leaves, bool isLeaf);

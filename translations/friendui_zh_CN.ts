@@ -1164,6 +1164,21 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>ContactRequests</name>
+    <message>
+        <source>Contact requests</source>
+        <translation>好友请求</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>添加为联系人</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>忽略</translation>
+    </message>
+</context>
+<context>
     <name>HostWindows</name>
     <message>
         <source>%1 asks to become a contact: %2</source>

@@ -100,8 +100,11 @@ QString ChatPage::nameOf(const MessagingCore &core, const QString &jid)
     if (core.room(jid, &room) && !room.roomName.isEmpty())
         return room.roomName;
     VcardInfo profile;
-    if (core.profile(jid, &profile) && !profile.userName.isEmpty())
-        return profile.userName;
+    core.profile(jid, &profile);
+    for (const QString &name : {profile.nickName, profile.userName}) {
+        if (!name.isEmpty())
+            return name;
+    }
     const QString user = jid.section(QLatin1Char('@'), 0, 0);
     return user.isEmpty() ? jid : user;
 }

@@ -182,7 +182,16 @@ void EmbeddedCore::seedPresence()
 
 PresenceData EmbeddedCore::presence(const QString &jid) const
 {
-    return m_connected ? m_presence.value(jid) : PresenceData();
+    if (!m_connected)
+        return PresenceData();
+    if (m_presence.contains(jid) || m_roster->find(jid))
+        return m_presence.value(jid);
+    // A colleague who is no contact is where the web services say as well.
+    const bool isColleague = jid.section(QLatin1Char('@'), 1) == serverDomain() &&
+                             m_company.indexOf(jid.section(QLatin1Char('@'), 0, 0)) >= 0;
+    FriendData colleague;
+    colleague.jid = jid;
+    return isColleague ? presenceAtStart(colleague) : PresenceData();
 }
 
 QMap<QString, PresenceData> EmbeddedCore::allPresence() const

@@ -7,10 +7,11 @@
 #include "host/tour/tourstage.h"
 #include "host/webservices.h"
 
-#include <QAbstractButton>
 #include <QDialog>
 #include <QTableView>
 #include <QTreeView>
+
+#include <algorithm>
 
 namespace {
 
@@ -56,27 +57,17 @@ QStringList pathOf(const SampleCompany &company, const QString &uid)
     return path;
 }
 
-// Somebody of the company who confirms requests and is no contact. In a large company
-// everybody is a contact; then somebody stops being one.
-QString stranger(EmbeddedCore *core)
-{
-    const SampleCompany &company = core->company();
-    QString jid;
-    for (int index = company.people() - 1; index > 0; --index) {
-        if (company.policy(index) != SampleCompany::AsksFirst)
-            continue;
-        jid = SampleCompany::uid(index) + QLatin1Char('@') + SampleCompany::domain();
-        FriendData contact;
-        if (!core->contact(jid, &contact))
-            return jid;
-    }
-    core->removeContact(jid, true);
-    return jid;
-}
-
 QString uidOf(const QString &jid)
 {
     return jid.section(QLatin1Char('@'), 0, 0);
+}
+
+bool isLoading(const QWidget *window)
+{
+    const auto parts = window->findChildren<QWidget *>();
+    return std::any_of(parts.begin(), parts.end(), [](const QWidget *part) {
+        return part->inherits("LoadingOverlay") && part->isVisible();
+    });
 }
 
 TourMove servicesReady()
@@ -149,7 +140,7 @@ TourMove chosen(const char *action, const char *window)
 TourMove formShown()
 {
     return {"the form is shown", {}, [](Stage &s) {
-                return s.widgetOf(s.openDialog("AddFriend"), "okButton") != nullptr;
+                return s.shownWidget(QStringLiteral("okButton")) != nullptr;
             }};
 }
 
@@ -162,42 +153,49 @@ template <class... Moves> std::vector<TourMove> personAnd(const Moves &...moves)
 
 } // namespace
 
+TourMove strangerFound(SampleCompany::Policy policy)
+{
+    return {"somebody is no contact",
+            [policy](Stage &s) {
+                s.jid = s.stranger(policy);
+                FriendData known;
+                if (s.host().core()->contact(s.jid, &known))
+                    s.host().core()->removeContact(s.jid, true);
+            },
+            [](Stage &s) {
+                FriendData known;
+                return !s.jid.isEmpty() && !s.host().core()->contact(s.jid, &known);
+            }};
+}
+
 std::vector<TourStep> organisationSteps()
 {
-    const TourMove remember{"there is a colleague who is no contact",
-                            [](Stage &s) { s.jid = stranger(s.host().core()); },
-                            [](Stage &s) {
-                                FriendData contact;
-                                return !s.jid.isEmpty() &&
-                                       !s.host().core()->contact(s.jid, &contact);
-                            }};
-    const TourMove requestSent{
-        "the other side confirms and the window says so",
-        [](Stage &s) {
-            QWidget *button = s.widgetOf(s.openDialog("AddFriend"), "okButton");
-            if (auto *ok = qobject_cast<QAbstractButton *>(button))
-                ok->click();
-        },
-        [](Stage &s) {
-            FriendData contact;
-            return s.host().core()->contact(s.jid, &contact) &&
-                   s.widgetOf(s.openDialog("AddFriend"), "resultPage") != nullptr;
-        }};
+    const TourMove confirmed{"the other side confirms and the window says so",
+                             [](Stage &s) { s.press("AddFriend", "okButton"); },
+                             [](Stage &s) {
+                                 FriendData known;
+                                 return s.host().core()->contact(s.jid, &known) &&
+                                        s.shownWidget(QStringLiteral("resultPage")) != nullptr;
+                             }};
+    const TourMove cardFilled{"the card has been filled", {}, [](Stage &s) {
+                                  const QDialog *card = s.openDialog("CDetailView");
+                                  return card && !isLoading(card);
+                              }};
     return {
         {"organisation", TourStep::Pane, {servicesReady(), pageOpened()}},
         {"organisation-opened", TourStep::Pane,
          [&] {
              std::vector<TourMove> moves = personShown();
-             moves.insert(moves.begin(), remember);
+             moves.insert(moves.begin(), strangerFound(SampleCompany::AsksFirst));
              return moves;
          }()},
         {"organisation-card", TourStep::Pane,
-         personAnd(personMenu(), chosen("viewdetail", "CDetailView"))},
-        {"add-contact-form", TourStep::Pane,
+         personAnd(personMenu(), chosen("viewdetail", "CDetailView"), cardFilled)},
+        {"organisation-add-form", TourStep::Pane,
          personAnd(personMenu(), chosen("addcon", "AddFriend"), formShown())},
-        {"contact-added", TourStep::Pane,
-         personAnd(personMenu(), chosen("addcon", "AddFriend"), formShown(), requestSent)},
-        {"added-contact-in-tree",
+        {"organisation-added", TourStep::Pane,
+         personAnd(personMenu(), chosen("addcon", "AddFriend"), formShown(), confirmed)},
+        {"organisation-added-in-tree",
          TourStep::Pane,
          {{"the new contact is in the tree",
            [](Stage &s) { s.openPage(QStringLiteral("friends")); },
@@ -205,6 +203,7 @@ std::vector<TourStep> organisationSteps()
           {"it is shown",
            [](Stage &s) {
                s.tree()->expand(s.contact(s.jid).parent());
+               s.tree()->setCurrentIndex(s.contact(s.jid));
                s.tree()->scrollTo(s.contact(s.jid));
            },
            [](Stage &s) { return !s.tree()->visualRect(s.contact(s.jid)).isEmpty(); }}}},

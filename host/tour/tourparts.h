@@ -2,6 +2,11 @@
 #pragma once
 
 #include "host/tour/tourstep.h"
+#include "sample/samplecompany.h"
+
+// The stage remembers who. In a large company everybody is a contact; then somebody
+// stops being one.
+TourMove strangerFound(SampleCompany::Policy policy);
 
 // The organisation, a card from there, and adding a colleague as a contact. They
 // leave a new contact behind, and the friend tree in front.

@@ -1,9 +1,11 @@
 #include "host/tour/tourstage.h"
 
+#include "host/core/embeddedcore.h"
 #include "host/hostapplication.h"
 #include "host/mainwindow.h"
 #include "host/panearea.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -158,6 +160,22 @@ int TourStage::shownContacts() const
     return count;
 }
 
+QString TourStage::stranger(SampleCompany::Policy policy) const
+{
+    const EmbeddedCore *core = m_host.core();
+    QString somebody;
+    for (int i = 1; i < core->company().people(); ++i) {
+        if (core->company().policy(i) != policy)
+            continue;
+        const QString candidate = SampleCompany::uid(i) + QLatin1Char('@') + core->serverDomain();
+        FriendData known;
+        if (!core->contact(candidate, &known))
+            return candidate;
+        somebody = candidate;
+    }
+    return somebody;
+}
+
 QMenu *TourStage::menu(const QString &objectName) const
 {
     const QWidget *pane = window().paneArea()->pane();
@@ -188,12 +206,6 @@ QWidget *TourStage::shownWidget(const QString &objectName) const
             return widget;
     }
     return nullptr;
-}
-
-QWidget *TourStage::widgetOf(const QWidget *window, const char *objectName)
-{
-    auto *widget = window ? window->findChild<QWidget *>(QString::fromLatin1(objectName)) : nullptr;
-    return widget && widget->isVisible() ? widget : nullptr;
 }
 
 void TourStage::contextMenu(const QModelIndex &index) const
@@ -244,6 +256,14 @@ void TourStage::answer(const QString &text) const
     fill(text);
     if (QDialog *dialog = openDialog("QInputDialog"))
         dialog->accept();
+}
+
+void TourStage::press(const char *dialogClass, const char *button) const
+{
+    const QDialog *dialog = openDialog(dialogClass);
+    auto *found = dialog ? dialog->findChild<QAbstractButton *>(QLatin1String(button)) : nullptr;
+    if (found)
+        found->click();
 }
 
 void TourStage::key(int code, const QString &text) const

@@ -5,6 +5,8 @@
 // acts on what is missing does nothing, and the move's condition then fails.
 #pragma once
 
+#include "sample/samplecompany.h"
+
 #include <QModelIndex>
 #include <QPersistentModelIndex>
 #include <QString>
@@ -33,6 +35,8 @@ public:
     QModelIndex contact(const QString &jid) const;
     QModelIndex otherContact(const QModelIndex &group, int position) const; // never the own row
     int shownContacts() const;
+    // A colleague who takes requests that way; no contact, if there is such a one.
+    QString stranger(SampleCompany::Policy policy) const;
     static QString nameOf(const QModelIndex &index);
     static QString jidOf(const QModelIndex &index);
 
@@ -46,15 +50,15 @@ public:
     QMenu *menu(const QString &objectName) const;     // shown or not
     QDialog *openDialog(const char *className) const;
     QWidget *shownWidget(const QString &objectName) const;
-    static QWidget *widgetOf(const QWidget *window, const char *objectName); // if shown
 
     void contextMenu(const QModelIndex &index) const; // of either tree
     // The action of that object name, in the menu or a menu below it; the menu
     // is closed as by a click.
     void trigger(QMenu *menu, const QString &action) const;
     void triggerText(QMenu *menu, const QString &text) const;
-    void answer(const QString &text) const;                   // of an input dialog, accepted
-    void fill(const QString &text) const;                     // of an input dialog, left open
+    void answer(const QString &text) const; // of an input dialog, accepted
+    void fill(const QString &text) const;   // of an input dialog, left open
+    void press(const char *dialogClass, const char *button) const;
     void key(int key, const QString &text = QString()) const; // to the tree
     void closeEverything() const;                             // menus and dialogs
 

@@ -83,6 +83,22 @@ TourMove expandAndRemember(int position)
             }};
 }
 
+TourMove requestListed()
+{
+    return {"the request is listed",
+            [](Stage &s) {
+                s.host().core()->receiveContactRequest(s.jid,
+                                                       QString::fromUtf8("你好，我是新同事。"));
+            },
+            [](Stage &s) { return s.openDialog("ContactRequests") != nullptr; }};
+}
+
+TourMove formOpened()
+{
+    return {"the form is open", [](Stage &s) { s.press("ContactRequests", "addRequested"); },
+            [](Stage &s) { return s.shownWidget(QStringLiteral("okButton")) != nullptr; }};
+}
+
 // --- The friend tree ------------------------------------------------------------
 
 std::vector<TourStep> treeSteps()
@@ -188,6 +204,22 @@ std::vector<TourStep> treeSteps()
          TourStep::Pane,
          {expandAndRemember(1), contactMenu(),
           choose("commonSingleMenu", "delFriend", "QMessageBox")}},
+        {"contact-request",
+         TourStep::Pane,
+         {strangerFound(SampleCompany::AcceptsAll), requestListed(), formOpened()}},
+        {"requester-added",
+         TourStep::Pane,
+         {strangerFound(SampleCompany::AcceptsAll),
+          requestListed(),
+          formOpened(),
+          {"the contact is in the tree", [](Stage &s) { s.press("AddFriend", "okButton"); },
+           [](Stage &s) { return s.contact(s.jid).isValid(); }},
+          {"its row is shown",
+           [](Stage &s) {
+               s.tree()->expand(s.contact(s.jid).parent());
+               s.tree()->scrollTo(s.contact(s.jid));
+           },
+           [](Stage &s) { return !s.tree()->visualRect(s.contact(s.jid)).isEmpty(); }}}},
     };
 }
 

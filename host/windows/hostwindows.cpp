@@ -5,6 +5,7 @@
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/messagingcore.h"
+#include "host/windows/contactrequests.h"
 #include "host/windows/historywindow.h"
 #include "host/windows/peoplepicker.h"
 #include "host/windows/requestnote.h"
@@ -32,15 +33,34 @@ HostWindows::HostWindows(MessagingCore *core, HostContext *context, HostBus *bus
       m_context(context),
       m_bus(bus),
       m_chats(chats),
-      m_parent(parent)
+      m_parent(parent),
+      m_requests(new ContactRequests(parent))
 {
-    connect(core, &MessagingCore::contactRequested, this,
+    connectRequests();
+}
+
+void HostWindows::connectRequests()
+{
+    connect(m_core, &MessagingCore::contactRequested, this,
             [this](const QString &jid, const QString &text) {
+                m_requests->add(jid, nameOf(jid), text);
                 emit note(tr("%1 asks to become a contact: %2").arg(nameOf(jid), text));
             });
-    connect(core, &MessagingCore::requestRefused, this,
+    connect(m_core, &MessagingCore::contactAdded, m_requests, &ContactRequests::remove);
+    connect(m_core, &MessagingCore::requestRefused, this,
             [this](const QString &jid, const QString &reason) {
                 emit note(tr("%1 refuses the contact request: %2").arg(nameOf(jid), reason));
+            });
+    // The plug-in has the window for it, and opens it when told the person's policy.
+    connect(m_requests, &ContactRequests::addWanted, this, [this](const QString &jid) {
+        m_toAdd.insert(jid);
+        m_core->requestPolicy(jid);
+    });
+    connect(m_core, &MessagingCore::policyReceived, this,
+            [this](const QString &jid, const QString &config, const QString &displayName) {
+                if (m_toAdd.remove(jid))
+                    m_bus->notify(Inbound::RequestPolicy, jid, config, QString(), displayName,
+                                  true);
             });
 }
 

@@ -1,12 +1,15 @@
 // Answers the plug-in's requests that concern the user interface: chats, pickers,
-// history, and notes for what this host does not have.
+// history, and notes for what this host does not have. Lists the people who ask to
+// become contacts.
 #pragma once
 
 #include "host/hostactions.h"
 
 #include <QObject>
+#include <QSet>
 
 class ChatArea;
+class ContactRequests;
 class HostBus;
 class HostContext;
 class MessagingCore;
@@ -43,6 +46,7 @@ signals:
     void note(const QString &text);
 
 private:
+    void connectRequests();
     QString nameOf(const QString &jid) const;
     QStringList peopleLines(const QStringList &jids) const;
 
@@ -51,4 +55,6 @@ private:
     HostBus *m_bus;
     ChatArea *m_chats;
     QWidget *m_parent;
+    ContactRequests *m_requests;
+    QSet<QString> m_toAdd; // jids whose policy was asked for, to open the plug-in's window
 };

@@ -237,6 +237,19 @@ private slots:
         QVERIFY(answer.json["data"]["userList"].empty());
     }
 
+    void changesReachTheLargeDepartment()
+    {
+        const auto duty = [this] {
+            const Answer answer = m_client->post(Children, {{"orgId", "D9000"}});
+            return answer.json["emp"][5]["duty"].asString();
+        };
+        const std::string before = duty();
+        m_backEnd.control("user", "{\"uid\":\"w000005\",\"duty\":\"other\"}");
+        QCOMPARE(duty(), std::string("other"));
+        m_backEnd.control("reset", "{}");
+        QCOMPARE(duty(), before);
+    }
+
     void changedUsersAreToldOf()
     {
         const SamplePerson person = m_company.person(7);

@@ -5,7 +5,10 @@
 #include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QNetworkAccessManager>
+#include <QNetworkReply>
 #include <QProcess>
+#include <QSslConfiguration>
 #include <QTest>
 
 #include <mutex>
@@ -127,6 +130,29 @@ private slots:
         Program program(in(folder, {QStringLiteral("--port"), QString::number(other->port())}));
         QVERIFY(program.waitForFinished(Patience));
         QCOMPARE(program.exitCode(), 1);
+    }
+
+    void servesTheManagerOfQt()
+    {
+        RunningBackEnd backEnd;
+        QNetworkAccessManager manager;
+        QSslConfiguration trusting = QSslConfiguration::defaultConfiguration();
+        trusting.setCaCertificates(QSslCertificate::fromPath(backEnd->caFile()));
+        QNetworkRequest request(QUrl(backEnd->address() + QStringLiteral("/ids/login")));
+        request.setSslConfiguration(trusting);
+        request.setHeader(QNetworkRequest::ContentTypeHeader,
+                          QStringLiteral("application/x-www-form-urlencoded"));
+        int good = 0;
+        for (int i = 0; i < 40; ++i) { // more than it has connections
+            const QByteArray body = "userName=u000001&password=" +
+                                    QByteArray::fromStdString(md5Of(backEnd->password().toUtf8()));
+            QNetworkReply *reply = manager.post(request, body);
+            connect(reply, &QNetworkReply::finished, this, [reply, &good] {
+                good += reply->readAll().contains("\"code\":0") ? 1 : 0;
+                reply->deleteLater();
+            });
+        }
+        QTRY_COMPARE_WITH_TIMEOUT(good, 40, Patience);
     }
 
     void logHoldsNoSecret()

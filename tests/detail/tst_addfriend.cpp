@@ -1,6 +1,5 @@
 // The course of adding a contact: what is asked of the host, and what its answers do.
 #include "tests/detail/addfriendfixture.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 namespace {
@@ -43,6 +42,7 @@ private slots:
     void closing();
     void closedByTheHostInTheRequest_data();
     void closedByTheHostInTheRequest();
+    void enterMayEndTheWindow();
     void tellsOfARefusalAfterClosing();
 };
 
@@ -427,10 +427,7 @@ void TstAddFriend::closedByTheHostInTheRequest()
             F::click(dialog, "newGroupButton");
             auto *box = dialog->findChild<InputBox *>();
             box->setTextValue(QStringLiteral("Gamma"));
-            if (!destroyed) // a box that answers does not outlive its parent
-                box->accept();
-            else
-                isDone = true;
+            QTest::keyClick(box->findChild<QLineEdit *>(), Qt::Key_Return);
         } else {
             F::click(dialog, "chatButton");
         }
@@ -440,6 +437,18 @@ void TstAddFriend::closedByTheHostInTheRequest()
     QCOMPARE(f.host.count(Outbound::RequestPolicyOf), code == Outbound::RequestProfile ? 0 : 1);
     const bool isAdding = code == Outbound::AddContact || code == Outbound::OpenChat;
     QCOMPARE(f.host.count(Outbound::OpenChat), isAdding ? 1 : 0);
+}
+
+void TstAddFriend::enterMayEndTheWindow()
+{
+    F f;
+    const QPointer<AddFriend> dialog = f.openForm();
+    f.host.onRequest = [&dialog](const FakeHost::Request &request) {
+        if (request.code == Outbound::AddContact)
+            delete dialog.data();
+    };
+    QTest::keyClick(dialog->findChild<ValidationEdit *>(), Qt::Key_Return);
+    QVERIFY(!dialog);
 }
 
 void TstAddFriend::tellsOfARefusalAfterClosing()

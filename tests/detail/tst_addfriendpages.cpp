@@ -37,6 +37,7 @@ private slots:
     void names();
     void showsOnlyItsPersonsPicture();
     void foreignTextIsPlain();
+    void followsTheLanguage();
     void looks_data();
     void looks();
 
@@ -110,6 +111,22 @@ void TstAddFriendPages::foreignTextIsPlain()
     QVERIFY(f.text(dialog, "name") == hostile);
     for (const QLabel *label : dialog->findChildren<QLabel *>())
         QVERIFY(label->text().isEmpty() || label->textFormat() == Qt::PlainText);
+}
+
+void TstAddFriendPages::followsTheLanguage()
+{
+    QTranslator translator;
+    QVERIFY(translator.load(qEnvironmentVariable("FRIENDUI_BIN") +
+                            QStringLiteral("/translations/friendui_en")));
+    F f;
+    AddFriend *dialog = f.openForm();
+    dialog->findChild<ValidationEdit *>()->setPlainText(QStringLiteral("typed"));
+    QCOMPARE(f.text(dialog, "statusText"), QStringLiteral("waitfriendsconfirm"));
+    QCoreApplication::installTranslator(&translator);
+    QTRY_COMPARE(f.text(dialog, "statusText"), QObject::tr("waitfriendsconfirm"));
+    QCOMPARE(dialog->findChild<ValidationEdit *>()->toPlainText(), QStringLiteral("typed"));
+    QCoreApplication::removeTranslator(&translator);
+    QTRY_COMPARE(f.text(dialog, "statusText"), QStringLiteral("waitfriendsconfirm"));
 }
 
 void TstAddFriendPages::looks_data()

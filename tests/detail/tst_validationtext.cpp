@@ -1,6 +1,7 @@
 // The validation text is held to its length while it is typed.
 #include "detail/validationtext.h"
 #include "tests/detail/addfriendfixture.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QClipboard>
@@ -98,9 +99,11 @@ void TstValidationText::isCut()
 void TstValidationText::isCutAtTheEndWithoutACursor()
 {
     AddFriendFixture f;
+    const LogCapture log(f.host.context);
     ValidationEdit *edit = f.openForm()->findChild<ValidationEdit *>();
     edit->setPlainText(QStringLiteral("start") + narrow(40)); // leaves the cursor at 0
     QCOMPARE(edit->toPlainText(), QStringLiteral("start") + narrow(15));
+    QVERIFY(!log.linesWith("length > maxLength").isEmpty());
 }
 
 void TstValidationText::isOneLine()

@@ -1,15 +1,13 @@
 // The reference host with the reference back end in a process of its own: log-in,
-// a request of the module's code over HTTPS, and what a wrong certificate or
-// password leads to.
+// the module's organisation over HTTPS, and what a wrong certificate or password
+// leads to.
 #include "host/core/embeddedcore.h"
 #include "host/hostcontext.h"
 #include "host/weblog.h"
 #include "host/webservices.h"
-#include "http/chttpsession.h"
 #include "http/cpassportloginserver.h"
-#include "http/requestheaders.h"
-#include "http/serviceaddresses.h"
-#include "http/servicereply.h"
+#include "http/httpmgr.h"
+#include "org/orgstructuremgr.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/testrunner.h"
 
@@ -59,22 +57,31 @@ struct Host
     }
 };
 
-// The reply of an organisation service, asked for as the module does.
-ServiceReply askForDepartments()
+// What the module's organisation gets for a department's id.
+struct Answer
 {
-    ServiceReply result;
-    CHttpSession session;
+    OrgElementList elements;
+    int failure = -1; // the status that it failed with; -1: it did not
+};
+
+Answer ask(const QString &id)
+{
+    Answer answer;
     bool hasEnded = false;
-    QObject::connect(&session, &CHttpSession::signal_finished, &session, [&](QNetworkReply *reply) {
-        result = ServiceReply::of(reply, HERE);
+    OrgStructureMgr::instance(); // makes the requests
+    HttpMgr *requests = HttpMgr::instance();
+    QObject scope;
+    QObject::connect(requests, &HttpMgr::signal_searchOrgElements, &scope,
+                     [&](const OrgElementList &elements) { answer.elements += elements; });
+    QObject::connect(requests, &HttpMgr::signal_searchOrgDone, &scope, [&] { hasEnded = true; });
+    QObject::connect(requests, &HttpMgr::searchOrgFail, &scope, [&](const QString &, int status) {
+        answer.failure = status;
         hasEnded = true;
     });
-    session.post(
-        RequestHeaders::formRequest(QUrl(ServiceAddresses::address("/searchOrg/searchorgurl"))),
-        RequestHeaders::formBody({{"orgId", QStringLiteral("C1")}}));
+    requests->searchOrg(id, SampleCompany::companyCode());
     if (!QTest::qWaitFor([&] { return hasEnded; }, StartMs))
         QTest::qFail("the request did not end", __FILE__, __LINE__);
-    return result;
+    return answer;
 }
 
 // What a test of the back end may do: here, end a user's log-in.
@@ -101,15 +108,26 @@ private slots:
         WebServices services(&host.context, host.serviceOptions());
         services.start();
         QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
-        const ServiceReply reply = askForDepartments();
-        QCOMPARE(reply.status, 200);
-        QVERIFY(reply.root["org"].size() > 0);
-        QCOMPARE(reply.root["org"][0]["parentId"].asString(), std::string("C1"));
+        const Answer top = ask(SampleCompany::companyCode());
+        QCOMPARE(top.failure, -1);
+        QStringList expected;
+        for (const SampleDepartment &department : host.core.company().departments()) {
+            if (department.parent < 0)
+                expected.append(department.name);
+        }
+        QStringList names;
+        for (const OrgElement &element : top.elements) {
+            QCOMPARE(element.strParentId, SampleCompany::companyCode());
+            names.append(element.strName);
+        }
+        QCOMPARE(names, expected);
         QCOMPARE(host.requests.size(), 2); // the log-in and this one
-        QCOMPARE(host.requests.last().status, 200);
-        QVERIFY(host.requests.last().received > 0);
+        for (const WebRequestRecord &record : qAsConst(host.requests)) {
+            QCOMPARE(record.status, 200);
+            QVERIFY(record.address.startsWith(services.address().address));
+        }
         services.stop();
-        QCOMPARE(askForDepartments().status, 0); // nobody is there any more
+        QVERIFY(ask(SampleCompany::companyCode()).elements.isEmpty()); // nobody is there any more
     }
 
     void anExpiredLogInIsRenewed()
@@ -121,13 +139,27 @@ private slots:
         const QString before = host.context.passport()->authId();
         QVERIFY(services.address().controlPort > 0);
         QVERIFY(pullLever(services.address().controlPort, R"({"uid":"u000000","expire":true})"));
-        QSignalSpy refreshed(host.context.passport(), &CPassportLoginServer::signal_refreshed);
-        host.context.passport()->UserOverdue();
-        QVERIFY(refreshed.wait(StartMs));
-        QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
-        QTRY_VERIFY(!host.context.passport()->authId().isEmpty());
+        host.requests.clear();
+        const Answer top = ask(SampleCompany::companyCode());
+        QCOMPARE(host.requests.first().status, 302);
+        QCOMPARE(top.failure, -1);
+        QVERIFY(!top.elements.isEmpty());
         QVERIFY(host.context.passport()->authId() != before);
-        QCOMPARE(askForDepartments().status, 200);
+        QCOMPARE(services.state(), WebServices::Ready);
+    }
+
+    void aBackEndThatDiesIsReplaced()
+    {
+        Host host;
+        WebServices services(&host.context, host.serviceOptions());
+        services.start();
+        QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
+        const QString before = services.address().address;
+        services.findChild<QProcess *>()->kill();
+        QTRY_VERIFY_WITH_TIMEOUT(services.state() != WebServices::Ready, StartMs);
+        QTRY_COMPARE_WITH_TIMEOUT(services.state(), WebServices::Ready, StartMs);
+        QVERIFY(services.address().address != before);
+        QVERIFY(!ask(SampleCompany::companyCode()).elements.isEmpty());
     }
 
     void onlyTheRightCertificateAndPasswordDo_data()

@@ -35,6 +35,22 @@ private slots:
         QCOMPARE(m_core->rooms().size(), 6);
     }
 
+    void colleaguesAreWhereTheCompanySays()
+    {
+        int online = 0;
+        for (int i = 1; i < m_core->company().people(); ++i) {
+            const QString jid = SampleCompany::uid(i) + QStringLiteral("@corp.example");
+            const PresenceData presence = m_core->presence(jid);
+            QCOMPARE(int(presence.pcShow), m_core->company().reachAtStart(i).pc);
+            QCOMPARE(presence.mobile, m_core->company().reachAtStart(i).mobile);
+            QVERIFY(m_core->company().person(i).onJob || !presence.isOnline());
+            online += presence.isOnline() ? 1 : 0;
+        }
+        QVERIFY(online > 0);
+        QVERIFY(!m_core->presence(QStringLiteral("u000001@elsewhere.example")).isOnline());
+        QVERIFY(!m_core->presence(QStringLiteral("u999999@corp.example")).isOnline());
+    }
+
     void answersComeLaterAndInOrder()
     {
         m_core->setAnswerDelay(5);

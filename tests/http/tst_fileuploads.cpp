@@ -252,7 +252,9 @@ private slots:
         const int parts = replies.count() > 5 ? 2 : 1;
         const QByteArray bytes(int(MultipartUpload::PartSize) * (parts - 1) + 1, 'x');
         upload.start(fixture.makeFile(QStringLiteral("a.bin"), bytes));
-        QCOMPARE(resultOf(finished).ok, ok);
+        const HttpResponseData result = resultOf(finished);
+        QCOMPARE(result.ok, ok);
+        QCOMPARE(result.code, ok ? 0 : 1);
         QCOMPARE(fixture.server.count(PartPath), sendings);
         QCOMPARE(fixture.server.count(CompletePath), ok ? 1 : 0);
         QTRY_COMPARE(fixture.server.count(AbortPath), ok ? 0 : 1);

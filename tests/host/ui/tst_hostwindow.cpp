@@ -13,6 +13,7 @@
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
 #include "host/webservices.h"
+#include "host/windows/contactrequests.h"
 #include "host/windows/hostwindows.h"
 #include "host/windows/peoplepicker.h"
 #include "hostapi/eventcodes.h"
@@ -24,7 +25,9 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QSqlQuery>
 #include <QStatusBar>
@@ -338,6 +341,54 @@ private slots:
         QVERIFY(text.contains("]: 249\n"));
         QVERIFY(text.trimmed().endsWith("the log ends with the host"));
         context.shutDown(); // a second time does nothing
+    }
+
+    void requestsAreListedOncePerPerson()
+    {
+        Bench bench;
+        emit bench.core.contactRequested(u1(), QStringLiteral("hello"), QString());
+        emit bench.core.contactRequested(u2(), hostile(), QString());
+        emit bench.core.contactRequested(u1(), QStringLiteral("hello again"), QString());
+        auto *list = bench.find<QListWidget>("requestList");
+        QVERIFY(list->isVisible());
+        QCOMPARE(list->count(), 2);
+        QVERIFY(list->item(0)->text().endsWith(QStringLiteral(": hello again")));
+        QVERIFY(!list->item(1)->text().contains(QLatin1Char('\n')));
+        for (int i = 0; i < 2 * ContactRequests::MaximumRows; ++i)
+            emit bench.core.contactRequested(QString::number(i), QString(), QString());
+        QCOMPARE(list->count(), int(ContactRequests::MaximumRows));
+    }
+
+    void aRequestLeadsToThePlugin()
+    {
+        Bench bench;
+        QObject plugin;
+        bench.bus.setPlugin(&plugin, QString::fromLatin1(PluginId::FriendUi));
+        QVector<EventRecord> sent;
+        connect(&bench.log, &EventLog::recorded, &bench.window,
+                [&sent](const EventRecord &record) { sent.append(record); });
+        const auto answer = [&bench](const QString &jid) {
+            emit bench.core.policyReceived(jid, QStringLiteral("3"), QStringLiteral("Name"));
+        };
+        emit bench.core.contactRequested(u1(), QString(), QString());
+        emit bench.core.contactRequested(u2(), QString(), QString());
+        bench.find<QPushButton>("addRequested")->click(); // the first that came
+        QCOMPARE(bench.core.calls, QStringList{QStringLiteral("requestPolicy(%1)").arg(u1())});
+        answer(u2()); // asked for by the plug-in itself
+        QVERIFY(sent.isEmpty());
+        answer(u1());
+        answer(u1());
+        QCOMPARE(sent.size(), 1);
+        QCOMPARE(sent.first().code, qint32(Inbound::RequestPolicy));
+        QByteArray payload;
+        QDataStream out(&payload, QIODevice::WriteOnly);
+        out << u1() << QStringLiteral("3") << QString() << QStringLiteral("Name") << true;
+        QCOMPARE(sent.first().payload, payload);
+
+        auto *list = bench.find<QListWidget>("requestList");
+        QCOMPARE(list->count(), 1);
+        emit bench.core.contactAdded(u2());
+        QVERIFY(list->count() == 0 && !list->isVisible());
     }
 
     void theWindowTellsOfTheWebServices()
