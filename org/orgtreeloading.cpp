@@ -73,6 +73,11 @@ void OrgStructureTreeView::setRootId(const QString &rootId)
     m_adding.clear();
     m_waiting.clear();
     m_loadTimer.stop();
+    m_oldSearches.clear();
+    if (isLocating()) {
+        m_locating.clear();
+        emit locatingChanged(false);
+    }
     m_model->setRootId(rootId);
     // Only the topmost ones of what is known; the rest when its department is opened.
     const OrgStructureMgr *cache = OrgStructureMgr::instance();

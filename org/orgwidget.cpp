@@ -73,11 +73,13 @@ void OrgWidget::connectSources()
     connect(m_tree, &Tree::signal_locateFrdOrgStructureShow, this, &Page::showTree);
     connect(m_tree, &Tree::locateFailed, this, &Page::slot_locateEmpFail);
     connect(m_tree, &Tree::locatingChanged, this, &Page::showLocating);
-    // Another skin has another colour for the watermark.
-    connect(&Skin::instance(), &Skin::changed, this, [this] {
+    // Another skin has another colour for the watermark; the own profile has the name.
+    const auto renew = [this] {
         if (m_started)
             dealWatermark(ctx().hasRight(ApplicationContext::OrgWatermark));
-    });
+    };
+    connect(&Skin::instance(), &Skin::changed, this, renew);
+    connect(hub, &Hub::signal_myProfileRecv, this, renew);
 }
 
 // --- Pages -----------------------------------------------------------------------
@@ -245,7 +247,10 @@ void OrgWidget::showLocating(bool locating)
 
 void OrgWidget::dealWatermark(bool bShow)
 {
-    setStyleSheet(watermarkSheet(objectName(), bShow));
+    const QString sheet = watermarkSheet(objectName(), bShow);
+    // To set even the same one again would style everything below anew.
+    if (sheet != styleSheet())
+        setStyleSheet(sheet);
 }
 
 void OrgWidget::resizeEvent(QResizeEvent *event)

@@ -302,6 +302,11 @@ void TstOrgWidget::watermarkByRight()
     QVERIFY2(org.page->styleSheet().startsWith(
                  QStringLiteral("QWidget#orgWidget{background-image: url(") + org.folder.path()),
              qPrintable(org.page->styleSheet()));
+    VcardInfo own;
+    own.nickName = QStringLiteral("Somebody");
+    org.host.context.profiles.insert(org.jid("me"), own);
+    emit hub()->signal_myProfileRecv();
+    QVERIFY(org.page->styleSheet().contains(QStringLiteral("/waterMark/Somebody_#")));
     org.page->dealWatermark(false);
     QCOMPARE(org.page->styleSheet(),
              QStringLiteral("QWidget#orgWidget{background-image: url();} "));
