@@ -63,6 +63,7 @@ struct CHttpSession::Private : RequestThrottle::Entry
     QNetworkAccessManager::Operation operation = QNetworkAccessManager::GetOperation;
     QNetworkRequest request; // as the caller made it
     QUrl url;                // of the present hop
+    QString shownUrl;        // the same for the log
     QVector<std::pair<QByteArray, QByteArray>> headers;
     QByteArray body;
     QHttpMultiPart *parts = nullptr; // owned, until a reply takes it over
@@ -77,8 +78,9 @@ struct CHttpSession::Private : RequestThrottle::Entry
     QNetworkAccessManager *manager();
     QNetworkRequest hopRequest() const;
     void turnCame() override;
-    void begin(const QNetworkRequest &given, QNetworkAccessManager::Operation how,
-               const QByteArray &bytes);
+    void goTo(const QUrl &address);
+    void begin(const char *logPrefix, const QNetworkRequest &given,
+               QNetworkAccessManager::Operation how, const QByteArray &bytes);
     void send();
     void arrived();
     bool redirect(int status);
@@ -154,30 +156,30 @@ bool CHttpSession::isWaiting() const
 
 void CHttpSession::post(const QNetworkRequest &request, const QString &body)
 {
-    LOG_DEBUG("CHttpSession::post().url=" << logUrl(request.url()));
-    d->begin(request, QNetworkAccessManager::PostOperation, body.toUtf8());
+    d->begin("CHttpSession::post().url=", request, QNetworkAccessManager::PostOperation,
+             body.toUtf8());
 }
 
 void CHttpSession::get(const QNetworkRequest &request)
 {
-    LOG_DEBUG("CHttpSession::get().url=" << logUrl(request.url()));
-    d->begin(request, QNetworkAccessManager::GetOperation, QByteArray());
+    d->begin("CHttpSession::get().url=", request, QNetworkAccessManager::GetOperation,
+             QByteArray());
 }
 
 void CHttpSession::postWithRedirectRaw(const QNetworkRequest &request, const QString &body)
 {
-    LOG_DEBUG("CHttpSession::postWithRedirectRaw url" << logUrl(request.url()));
     d->throttled = false;
-    d->begin(request, QNetworkAccessManager::PostOperation, body.toUtf8());
+    d->begin("CHttpSession::postWithRedirectRaw url", request, QNetworkAccessManager::PostOperation,
+             body.toUtf8());
 }
 
 void CHttpSession::postParts(const QNetworkRequest &request, QHttpMultiPart *parts)
 {
-    LOG_DEBUG("CHttpSession::post().url=" << logUrl(request.url()));
     parts->setParent(this);
     if (d->state == Private::Idle)
         d->parts = parts;
-    d->begin(request, QNetworkAccessManager::PostOperation, QByteArray());
+    d->begin("CHttpSession::post().url=", request, QNetworkAccessManager::PostOperation,
+             QByteArray());
 }
 
 void CHttpSession::cancel()
@@ -218,18 +220,19 @@ void CHttpSession::replyFinished()
                      error == QNetworkReply::NoError ? QString() : reply->errorString());
 
     if (reply->rawHeader("passport.login.flag") == "true") {
-        LOG_DEBUG("HttpSession::replyFinished cookie expires, url is" << logUrl(reply->url()));
+        LOG_DEBUG("HttpSession::replyFinished cookie expires, url is" << d->shownUrl);
         if (CPassportLoginServer *passport = ctx().passport())
             passport->UserOverdue();
     }
     if (!alive)
         return;
-    if (d->trusted)
+    // The jar holds what it was given unless the reply says otherwise.
+    if (d->trusted && reply->hasRawHeader("Set-Cookie"))
         RequestHeaders::takeLoginCookies(d->manager()->cookieJar(), reply->url(), d->sent);
     if (d->redirect(status))
         return;
 
-    LOG_DEBUG("HttpSession::replyFinished status" << logUrl(reply->url()) << ", "
+    LOG_DEBUG("HttpSession::replyFinished status" << d->shownUrl << ", "
                                                   << QString::number(status));
     d->reply = nullptr;
     d->handOver(reply);
@@ -244,7 +247,13 @@ QNetworkAccessManager *CHttpSession::Private::manager()
     return lease.operator->();
 }
 
-void CHttpSession::Private::begin(const QNetworkRequest &given,
+void CHttpSession::Private::goTo(const QUrl &address)
+{
+    url = address;
+    shownUrl = logUrl(address);
+}
+
+void CHttpSession::Private::begin(const char *logPrefix, const QNetworkRequest &given,
                                   QNetworkAccessManager::Operation how, const QByteArray &bytes)
 {
     if (state != Idle) {
@@ -252,7 +261,8 @@ void CHttpSession::Private::begin(const QNetworkRequest &given,
         return;
     }
     request = given;
-    url = given.url();
+    goTo(given.url());
+    LOG_DEBUG(logPrefix << shownUrl);
     operation = how;
     body = bytes;
     if (!isWeb(url)) {
@@ -289,10 +299,11 @@ void CHttpSession::Private::turnCame()
 QNetworkRequest CHttpSession::Private::hopRequest() const
 {
     QNetworkRequest hop = trusted ? request : RequestHeaders::formRequest(url);
-    if (hops > 0)
+    if (hops > 0) {
         hop.setHeader(QNetworkRequest::ContentTypeHeader,
                       QStringLiteral("application/x-www-form-urlencoded"));
-    hop.setUrl(url);
+        hop.setUrl(url);
+    }
     RequestHeaders::complete(&hop);
     if (trusted)
         for (const auto &[name, value] : headers)
@@ -360,7 +371,8 @@ bool CHttpSession::Private::redirect(int status)
         return false;
     const RedirectRules::Hop hop = RedirectRules::judge(
         request.url(), url, location, hops, MaximumRedirects, &ServiceAddresses::isServiceHost);
-    LOG_DEBUG("HttpSession::replyFinished redirect url" << logUrl(hop.url));
+    goTo(hop.url);
+    LOG_DEBUG("HttpSession::replyFinished redirect url" << shownUrl);
     if (!hop.isFollowed()) {
         fail(hop.refusal, QStringLiteral("a redirect that is not followed"));
         return true;
@@ -368,7 +380,6 @@ bool CHttpSession::Private::redirect(int status)
     reply->deleteLater();
     reply = nullptr;
     ++hops;
-    url = hop.url;
     trusted = hop.trusted;
     send();
     return true;
@@ -396,7 +407,7 @@ void CHttpSession::Private::release()
 // Ends the request without a reply of the server's.
 void CHttpSession::Private::fail(QNetworkReply::NetworkError error, const QString &text)
 {
-    LOG_ERROR("CHttpSession failed, url=" << logUrl(url) << ", " << text);
+    LOG_ERROR("CHttpSession failed, url=" << shownUrl << ", " << text);
     stopReply();
     const QPointer<CHttpSession> alive(q);
     timing.finish(0, 0, text);

@@ -6,9 +6,28 @@
 #include <QDateTime>
 
 namespace {
-QString monitorTime(const QDateTime &time)
+// yyyyMMddhhmmsszzz, local time, now. Every request asks twice, and what is local
+// time costs more than all the rest to find out: once for each minute.
+QByteArray monitorTime()
 {
-    return time.toString(QStringLiteral("yyyyMMddhhmmsszzz"));
+    static qint64 knownMinute = -1;
+    static QByteArray minuteText;
+    constexpr qint64 Minute = 60000; // ms
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    if (now / Minute != knownMinute) {
+        knownMinute = now / Minute;
+        minuteText =
+            QDateTime::fromMSecsSinceEpoch(now).toString(QStringLiteral("yyyyMMddhhmm")).toLatin1();
+    }
+    const QByteArray rest = QByteArray::number(now % Minute);
+    return minuteText + QByteArray("00000", 5 - rest.size()) + rest;
+}
+
+// The same as people read it: yyyy-MM-dd hh:mm:ss.zzz.
+QString readable(QByteArray time)
+{
+    time.insert(14, '.').insert(12, ':').insert(10, ':').insert(8, ' ');
+    return QString::fromLatin1(time.insert(6, '-').insert(4, '-'));
 }
 } // namespace
 
@@ -35,9 +54,9 @@ QVector<MonitorRecord> CMonitorLogger::records() const
 
 RequestTiming::RequestTiming(const char *method, const QUrl &url, qint64 sent) : m_running(true)
 {
-    const QDateTime now = QDateTime::currentDateTime();
-    m_begin = monitorTime(now);
-    m_record.time = now.toString(QStringLiteral("yyyy-MM-dd hh:mm:ss.zzz"));
+    const QByteArray now = monitorTime();
+    m_begin = QString::fromLatin1(now);
+    m_record.time = readable(now);
     m_record.method = QString::fromLatin1(method);
     m_record.address = RequestText::address(url);
     m_record.sent = sent;
@@ -56,7 +75,7 @@ void RequestTiming::finish(int status, qint64 received, const QString &error)
 
     MonitorRecord record;
     record.BeginTime = m_begin;
-    record.EndTime = monitorTime(QDateTime::currentDateTime());
+    record.EndTime = QString::fromLatin1(monitorTime());
     record.Length = received;
     record.StatusCode = status;
     record.ErrorInfo = m_record.error;

@@ -5,6 +5,7 @@
 
 #include <QCryptographicHash>
 #include <QDateTime>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>
@@ -19,13 +20,19 @@ constexpr char AuthIdCookie[] = "imAuthId";
 constexpr char TicketCookie[] = "IMTGC";
 constexpr char RememberMeCookie[] = "im_ids_r_me";
 
-// Reading the authorities costs more than a request: once for each state of the file.
-QSslConfiguration verification()
+// Reading the authorities costs more than a request: once for each state of the
+// file, and even the state is looked at once a second only.
+const QSslConfiguration &verification()
 {
     static QString loadedFile;
     static QDateTime loadedTime;
     static QSslConfiguration loaded;
+    static QElapsedTimer sinceLook;
+    constexpr qint64 LookInterval = 1000; // ms
     const QString file = ctx().caFile();
+    if (!loaded.isNull() && file == loadedFile && !sinceLook.hasExpired(LookInterval))
+        return loaded;
+    sinceLook.start();
     const QDateTime time = file.isEmpty() ? QDateTime() : QFileInfo(file).lastModified();
     if (!loaded.isNull() && file == loadedFile && time == loadedTime)
         return loaded;
@@ -56,14 +63,19 @@ bool isLoginCookie(const QByteArray &name)
 
 void complete(QNetworkRequest *request)
 {
+    // Most requests are complete already, and setting what is set costs a copy.
+    const QVariant policy = request->attribute(QNetworkRequest::RedirectPolicyAttribute);
+    if (!policy.isValid() || policy.toInt() != QNetworkRequest::ManualRedirectPolicy)
+        request->setAttribute(QNetworkRequest::RedirectPolicyAttribute,
+                              QNetworkRequest::ManualRedirectPolicy);
     if (!request->hasRawHeader("User-Agent"))
         request->setRawHeader("User-Agent", "PcClient");
     // Naming an encoding oneself keeps Qt from unpacking: a small reply must not
     // become a large one in memory.
-    request->setRawHeader("Accept-Encoding", "identity");
-    request->setAttribute(QNetworkRequest::RedirectPolicyAttribute,
-                          QNetworkRequest::ManualRedirectPolicy);
-    if (request->url().scheme() == QLatin1String("https"))
+    if (request->rawHeader("Accept-Encoding") != "identity")
+        request->setRawHeader("Accept-Encoding", "identity");
+    if (request->url().scheme() == QLatin1String("https") &&
+        request->sslConfiguration() != verification())
         request->setSslConfiguration(verification());
 }
 
