@@ -19,6 +19,7 @@ private slots:
     void init();
     void cleanup() { m_window.reset(); }
     void tellsInPlainText();
+    void tellsTheSameOnce();
     void asks_data();
     void asks();
     void parentGone();
@@ -53,6 +54,23 @@ void TstBoxes::tellsInPlainText()
     QCOMPARE(shown->buttons().first()->text(), QString::fromUtf8("确定"));
     QTest::keyClick(shown.data(), Qt::Key_Escape);
     QTRY_VERIFY(!shown);
+}
+
+void TstBoxes::tellsTheSameOnce()
+{
+    // As from events without a window of their own: the parent is the box before.
+    QWidget *parent = m_window.get();
+    for (int i = 0; i < 3; ++i) {
+        TipBox::tell(parent, QStringLiteral("offline"));
+        parent = box();
+    }
+    QCOMPARE(m_window->findChildren<TipBox *>().size(), 1);
+    TipBox::tell(m_window.get(), QStringLiteral("something else"));
+    QCOMPARE(m_window->findChildren<TipBox *>().size(), 2);
+    // A question is never an answer's stand-in.
+    TipBox::ask(m_window.get(), QStringLiteral("really?"), [] {});
+    TipBox::tell(m_window.get(), QStringLiteral("really?"));
+    QCOMPARE(m_window->findChildren<TipBox *>().size(), 4);
 }
 
 void TstBoxes::asks_data()

@@ -19,6 +19,7 @@ private slots:
     void offline();
     void ownJidMakesNoCard();
     void oneCardPerPerson();
+    void floodOfEvents();
     void forgetsClosedCards_data();
     void forgetsClosedCards();
     void hostClosesInsideTheRequest_data();
@@ -100,6 +101,20 @@ void TstCardManager::oneCardPerPerson()
     const auto [jid, full] = m_fixture->host.arguments<QString, bool>(Outbound::RequestProfile);
     QCOMPARE(jid, m_fixture->stranger);
     QVERIFY(full);
+}
+
+void TstCardManager::floodOfEvents()
+{
+    const int most = CDetailViewManager::MaximumCards;
+    for (int i = 0; i <= most; ++i)
+        CDetailViewManager::instance()->slot_openLeaderDetail(
+            QStringLiteral("leader%1@corp.example").arg(i));
+    QCOMPARE(cards(), most);
+    // An open one is still raised, and a place that is left is free.
+    const QPointer<CDetailView> first = m_fixture->open(QStringLiteral("leader0@corp.example"));
+    QVERIFY(first);
+    first->close();
+    QVERIFY(m_fixture->open(m_fixture->anna));
 }
 
 void TstCardManager::forgetsClosedCards_data()

@@ -17,6 +17,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+Q_DECLARE_METATYPE(FakeReply)
+
 namespace {
 
 const char LogIn[] = "/ids/login";
@@ -271,8 +273,6 @@ private slots:
         QCOMPARE(recorded.count(), 1);
     }
 };
-
-Q_DECLARE_METATYPE(FakeReply)
 
 FRIENDUI_TEST(TstWebSession)
 #include "tst_websession.moc"
