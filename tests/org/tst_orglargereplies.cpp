@@ -71,10 +71,20 @@ void TstOrgLargeReplies::locationOfALargeCompany()
     QByteArray people = employees(5000);
     server->reply("/org.do",
                   FakeReply::json(R"({"location":{"orgId":"C1","children":)" + people + "}}"));
+    OrgElementList ahead;
     const QPointer<HttpOrgFun> request = start(Locate);
+    connect(request, &HttpOrgFun::signal_searchOrgElements, this,
+            [&](const OrgElementList &slice, const QString &company) {
+                QVERIFY(company.isEmpty());
+                QCOMPARE(m_spies.at(0)->count(), 0); // the place comes last
+                ahead += slice;
+            });
     QTRY_VERIFY(!request);
     QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 0}));
-    QCOMPARE(m_spies.at(0)->first().at(0).value<OrgElementList>().size(), 5001);
+    QVERIFY(!ahead.isEmpty());
+    ahead += m_spies.at(0)->first().at(0).value<OrgElementList>();
+    QCOMPARE(ahead.size(), 5001);
+    QCOMPARE(ahead.first().strId, QStringLiteral("C1"));
 }
 
 FRIENDUI_TEST(TstOrgLargeReplies)
