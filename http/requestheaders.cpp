@@ -130,7 +130,6 @@ LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
 void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies)
 {
     dropLoginCookies(jar, url);
-    QList<QNetworkCookie> made;
     const auto add = [&](const char *name, const QString &value) {
         const QByteArray bytes = value.toLatin1();
         if (bytes.isEmpty() || !fitsIntoHeader(bytes))
@@ -138,12 +137,12 @@ void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCooki
         QNetworkCookie cookie(name, bytes);
         cookie.setPath(QStringLiteral("/"));
         cookie.setSecure(url.scheme() == QLatin1String("https"));
-        made.append(cookie);
+        cookie.normalize(url); // for this host and no other
+        jar->insertCookie(cookie);
     };
     add(AuthIdCookie, cookies.authId);
     add(TicketCookie, cookies.ticket);
     add(RememberMeCookie, cookies.rememberMe);
-    jar->setCookiesFromUrl(made, url);
 }
 
 void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
