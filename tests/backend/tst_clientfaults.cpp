@@ -230,9 +230,10 @@ void TstClientFaults::statusTable()
     QFETCH(const int, kind);
     QFETCH(const int, status);
     static const char *const paths[] = {ChildrenPath, LocatePath, SearchPath};
-    m_client->rule(paths[kind], "\"status\":" + std::to_string(status) +
-                                    ",\"body\":\"" +
-                                    (status == 204 ? "" : "{}") + "\",\"headers\":{\"Location\":\"/elsewhere\"}");
+    // A 204 with a body would spoil the connection for the request after it.
+    const std::string body = status == 204 ? "\"\"" : "\"{}\"";
+    m_client->rule(paths[kind], "\"status\":" + std::to_string(status) + ",\"body\":" + body +
+                                    ",\"headers\":{\"Location\":\"/elsewhere\"}");
     const Asked asked(Kind(kind), QStringLiteral("C1"));
     QVERIFY(asked.waitForEnd());
     QTRY_VERIFY(!m_client->passport.isRefreshing());

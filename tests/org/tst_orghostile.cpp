@@ -1,20 +1,11 @@
 // Organisation services that mean no good: what they send is neither collected nor
 // unpacked nor asked for again, and ends in one failure.
-#include "http/cpassportloginserver.h"
-#include "org/httporgfun.h"
-#include "tests/support/fakehost.h"
-#include "tests/support/fakeserver.h"
+#include "tests/org/orgrequestfixture.h"
 #include "tests/support/testcertificates.h"
 #include "tests/support/testrunner.h"
 
-#include <QFile>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QSslConfiguration>
-#include <QTemporaryDir>
-#include <QTest>
-
-#include <memory>
 
 #include <sys/resource.h>
 
@@ -70,13 +61,13 @@ qint64 mostMemory()
 
 } // namespace
 
-class TstOrgHostile : public QObject
+class TstOrgHostile : public OrgRequestFixture
 {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup();
+    void cleanup() { tearDown(); }
 
     void bombIsNotUnpacked();
     void replies_data();
@@ -87,73 +78,28 @@ private slots:
     void ownerGone();
 
 private:
-    void listen(const QSslConfiguration *tls = nullptr);
-    // Of the request that is started: its elements and its failures.
-    HttpOrgFun *ask();
-    int answers() const { return m_elements->size(); }
-    int failures() const { return m_failed->size(); }
-
-    std::unique_ptr<FakeHost> m_host;
-    std::unique_ptr<CPassportLoginServer> m_passport;
-    std::unique_ptr<QTemporaryDir> m_folder;
-    std::unique_ptr<FakeServer> m_server;
-    std::unique_ptr<QSignalSpy> m_elements, m_failed;
+    int answers() const { return signalCounts().at(0); }
+    int failures() const { return signalCounts().at(1); }
 };
 
 void TstOrgHostile::init()
 {
-    qRegisterMetaType<OrgElementList>("OrgElementList");
-    m_host = std::make_unique<FakeHost>();
-    m_passport = std::make_unique<CPassportLoginServer>();
-    m_passport->setAuthId(QStringLiteral("secret"));
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_host->context.programFolder = m_folder->path();
-    m_host->context.passportServer = m_passport.get();
-    m_host->context.authorities = TestCertificates::authorityFile();
-    listen();
-}
-
-void TstOrgHostile::cleanup()
-{
-    m_elements.reset();
-    m_failed.reset();
-    m_server.reset();
-    m_host.reset();
-    m_passport.reset();
-    m_folder.reset();
-}
-
-void TstOrgHostile::listen(const QSslConfiguration *tls)
-{
-    m_server = tls ? std::make_unique<FakeServer>(*tls) : std::make_unique<FakeServer>();
-    QFile file(m_folder->filePath(QStringLiteral("allurl.ini")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    const QString host = QString::fromLatin1(tls ? "localhost" : "127.0.0.1");
-    file.write("[searchOrg]\nsearchorgurl=" +
-               m_server->url(QStringLiteral("/org.do"), host).toEncoded() + "\n");
-}
-
-HttpOrgFun *TstOrgHostile::ask()
-{
-    auto *request = new HttpOrgFun(this);
-    m_elements = std::make_unique<QSignalSpy>(request, &HttpOrgFun::signal_searchOrgElements);
-    m_failed = std::make_unique<QSignalSpy>(request, &HttpOrgFun::searchOrgFail);
-    request->searchOrg(QStringLiteral("d1"), QStringLiteral("C1"));
-    return request;
+    setUp();
+    host->context.authorities = TestCertificates::authorityFile();
 }
 
 void TstOrgHostile::bombIsNotUnpacked()
 {
     const QByteArray packed = bomb(500);
-    m_server->reply("/org.do", {FakeReply::of(200, packed).header("Content-Encoding", "gzip"),
-                                FakeReply::of(200, packed)});
+    server->reply("/org.do", {FakeReply::of(200, packed).header("Content-Encoding", "gzip"),
+                              FakeReply::of(200, packed)});
     const qint64 before = mostMemory();
     for (int i = 0; i < 2; ++i) {
-        const QPointer<HttpOrgFun> request = ask();
+        const QPointer<HttpOrgFun> request = start(Children);
         QTRY_VERIFY_WITH_TIMEOUT(!request, Long);
         QCOMPARE(answers(), 0);
     }
-    QCOMPARE(m_server->count("/org.do"), 2);
+    QCOMPARE(server->count("/org.do"), 2);
     const qint64 grown = mostMemory() - before;
     QVERIFY2(grown < 200, qPrintable(QString::number(grown)));
 }
@@ -174,15 +120,15 @@ void TstOrgHostile::replies_data()
 void TstOrgHostile::replies()
 {
     QFETCH(const QByteArray, reply);
-    m_server->reply("/org.do", FakeReply::verbatim(reply));
-    const QPointer<HttpOrgFun> request = ask();
+    server->reply("/org.do", FakeReply::verbatim(reply));
+    const QPointer<HttpOrgFun> request = start(Children);
     QTRY_VERIFY_WITH_TIMEOUT(!request, Long);
-    QCOMPARE(m_server->count("/org.do"), 1);
+    QCOMPARE(server->count("/org.do"), 1);
     QCOMPARE(answers(), 0);
     QCOMPARE(failures(), 1);
     // Whoever gets its manager next is served.
-    m_server->reply("/org.do", FakeReply::json("{\"org\":[{\"orgId\":\"d2\"}]}"));
-    const QPointer<HttpOrgFun> next = ask();
+    server->reply("/org.do", FakeReply::json("{\"org\":[{\"orgId\":\"d2\"}]}"));
+    const QPointer<HttpOrgFun> next = start(Children);
     QTRY_VERIFY(!next);
     QCOMPARE(answers(), 1);
 }
@@ -202,24 +148,25 @@ void TstOrgHostile::certificates()
     QFETCH(const int, kind);
     QFETCH(const bool, good);
     const QSslConfiguration tls = TestCertificates::server(TestCertificates::Kind(kind));
-    listen(&tls);
-    m_server->reply("/org.do", FakeReply::json("{}"));
-    const QPointer<HttpOrgFun> request = ask();
+    server = std::make_unique<FakeServer>(tls);
+    writeAddresses(server->url(QStringLiteral("/org.do"), QStringLiteral("localhost")).toString());
+    server->reply("/org.do", FakeReply::json("{}"));
+    const QPointer<HttpOrgFun> request = start(Children);
     QTRY_VERIFY_WITH_TIMEOUT(!request, Long);
-    QCOMPARE(m_server->count("/org.do"), good ? 1 : 0);
+    QCOMPARE(server->count("/org.do"), good ? 1 : 0);
     QCOMPARE(failures(), good ? 0 : 1);
 }
 
 void TstOrgHostile::serviceRestarts()
 {
-    m_server->reply("/org.do", FakeReply::json("{}").onRelease());
-    const QPointer<HttpOrgFun> request = ask();
-    QTRY_COMPARE(m_server->unanswered(), 1);
-    m_server->stop();
-    m_server->reply("/org.do", FakeReply::json("{}"));
-    m_server->restart();
+    server->reply("/org.do", FakeReply::json("{}").onRelease());
+    const QPointer<HttpOrgFun> request = start(Children);
+    QTRY_COMPARE(server->unanswered(), 1);
+    server->stop();
+    server->reply("/org.do", FakeReply::json("{}"));
+    server->restart();
     QTRY_VERIFY_WITH_TIMEOUT(!request, Long);
-    QCOMPARE(m_server->count("/org.do"), 2);
+    QCOMPARE(server->count("/org.do"), 2);
     QCOMPARE(answers(), 1);
 }
 
@@ -227,18 +174,18 @@ void TstOrgHostile::serviceRestarts()
 void TstOrgHostile::ownerGone()
 {
     for (const int delay : {0, 50}) {
-        m_server->reply("/org.do",
-                        FakeReply::of(200, QByteArray(1000, ' ')).trickled(1).after(delay));
+        server->reply("/org.do",
+                      FakeReply::of(200, QByteArray(1000, ' ')).trickled(1).after(delay));
         auto owner = std::make_unique<QObject>();
         auto *request = new HttpOrgFun(owner.get());
         const QSignalSpy failed(request, &HttpOrgFun::searchOrgFail);
         request->searchOrg(QStringLiteral("d1"), QStringLiteral("C1"));
-        QTRY_COMPARE(m_server->unanswered(), 1);
+        QTRY_COMPARE(server->unanswered(), 1);
         owner.reset();
-        QTRY_COMPARE(m_server->unanswered(), 0);
+        QTRY_COMPARE(server->unanswered(), 0);
         QVERIFY(failed.isEmpty());
     }
-    QCOMPARE(m_server->count("/org.do"), 2);
+    QCOMPARE(server->count("/org.do"), 2);
 }
 
 FRIENDUI_TEST(TstOrgHostile)
