@@ -113,12 +113,12 @@ void CPassportLoginServer::exchangeEnded()
         bool hasAuthId = false;
         for (const QNetworkCookie &cookie : cookies) {
             const QString value = QString::fromLatin1(cookie.value());
-            if (cookie.name() == "imAuthId" && !value.isEmpty()) {
+            if (cookie.name() == RequestHeaders::AuthIdCookie && !value.isEmpty()) {
                 m_authId = value;
                 hasAuthId = true;
-            } else if (cookie.name() == "IMTGC") {
+            } else if (cookie.name() == RequestHeaders::TicketCookie) {
                 m_ticket = value;
-            } else if (cookie.name() == "im_ids_r_me") {
+            } else if (cookie.name() == RequestHeaders::RememberMeCookie) {
                 m_rememberMe = value;
             }
         }

@@ -1,7 +1,6 @@
 #include "http/requestheaders.h"
 
 #include "common/context.h"
-#include "http/cpassportloginserver.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
@@ -15,10 +14,6 @@
 
 namespace RequestHeaders {
 namespace {
-
-constexpr char AuthIdCookie[] = "imAuthId";
-constexpr char TicketCookie[] = "IMTGC";
-constexpr char RememberMeCookie[] = "im_ids_r_me";
 
 // Reading the authorities costs more than a request: once for each state of the
 // file, and even the state is looked at once a second only.
@@ -118,19 +113,9 @@ QString formBody(const Fields &fields)
     return QString::fromLatin1(body);
 }
 
-LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
-{
-    LoginCookies sent;
-    if (const CPassportLoginServer *passport = ctx().passport())
-        sent = {passport->authId(), passport->ticket(), passport->rememberMe()};
-    storeLoginCookies(jar, url, sent);
-    return sent;
-}
-
 void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies)
 {
     dropLoginCookies(jar, url);
-    QList<QNetworkCookie> made;
     const auto add = [&](const char *name, const QString &value) {
         const QByteArray bytes = value.toLatin1();
         if (bytes.isEmpty() || !fitsIntoHeader(bytes))
@@ -138,12 +123,12 @@ void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCooki
         QNetworkCookie cookie(name, bytes);
         cookie.setPath(QStringLiteral("/"));
         cookie.setSecure(url.scheme() == QLatin1String("https"));
-        made.append(cookie);
+        cookie.normalize(url); // for this host and no other
+        jar->insertCookie(cookie);
     };
     add(AuthIdCookie, cookies.authId);
     add(TicketCookie, cookies.ticket);
     add(RememberMeCookie, cookies.rememberMe);
-    jar->setCookiesFromUrl(made, url);
 }
 
 void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
@@ -152,31 +137,6 @@ void dropLoginCookies(QNetworkCookieJar *jar, const QUrl &url)
     for (const QNetworkCookie &cookie : held)
         if (isLoginCookie(cookie.name()))
             jar->deleteCookie(cookie);
-}
-
-void takeLoginCookies(const QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &sent)
-{
-    CPassportLoginServer *passport = ctx().passport();
-    if (!passport)
-        return;
-    // Of several with one name the last counts: longer paths come first.
-    LoginCookies held = sent;
-    const QList<QNetworkCookie> cookies = jar->cookiesForUrl(url);
-    for (const QNetworkCookie &cookie : cookies) {
-        const QString value = QString::fromLatin1(cookie.value());
-        if (cookie.name() == AuthIdCookie)
-            held.authId = value;
-        else if (cookie.name() == TicketCookie)
-            held.ticket = value;
-        else if (cookie.name() == RememberMeCookie)
-            held.rememberMe = value;
-    }
-    if (held.authId != sent.authId)
-        passport->setAuthId(held.authId);
-    if (held.ticket != sent.ticket)
-        passport->setTicket(held.ticket);
-    if (held.rememberMe != sent.rememberMe)
-        passport->setRememberMe(held.rememberMe);
 }
 
 } // namespace RequestHeaders

@@ -30,6 +30,11 @@ QByteArray basicAuthorization();
 using Fields = QVector<std::pair<const char *, QString>>;
 QString formBody(const Fields &fields);
 
+// The names of the log-in cookies.
+constexpr char AuthIdCookie[] = "imAuthId";
+constexpr char TicketCookie[] = "IMTGC";
+constexpr char RememberMeCookie[] = "im_ids_r_me";
+
 // The log-in cookies of one request, as they were sent.
 struct LoginCookies
 {

@@ -64,7 +64,8 @@ struct HttpOrgFun::Private
     void goOnAfterRefresh();
     void fail(int status);
     void handOver(OrgAnswer *answer, const QByteArray &content);
-    void handOverChildren();
+    void handOverSlices();
+    void handOverSlice(const OrgElementList &slice);
 };
 
 HttpOrgFun::HttpOrgFun(QObject *parent) : OrgRequest(parent), d(std::make_unique<Private>(this))
@@ -249,7 +250,7 @@ void HttpOrgFun::Private::act(OrgReplyAction action, int status, const QByteArra
             OrgAnswer answer = OrgAnswer::read(kind, content, 0);
             handOver(&answer, content);
         } else {
-            OrgAnswer::readAside(kind, content, kind == OrgRequestKind::Children ? SliceSize : 0, q,
+            OrgAnswer::readAside(kind, content, SliceSize, q,
                                  [this, content](OrgAnswer *answer) { handOver(answer, content); });
         }
         break;
@@ -334,12 +335,9 @@ void HttpOrgFun::Private::handOver(OrgAnswer *answer, const QByteArray &content)
     }
     switch (kind) {
     case OrgRequestKind::Children:
-        slices = std::move(answer->slices);
-        handOverChildren();
-        break;
     case OrgRequestKind::Locate:
-        q->deleteLater();
-        emit q->signal_locateOrgElements(answer->slices.front(), subject);
+        slices = std::move(answer->slices);
+        handOverSlices();
         break;
     case OrgRequestKind::Search:
         q->deleteLater();
@@ -349,25 +347,35 @@ void HttpOrgFun::Private::handOver(OrgAnswer *answer, const QByteArray &content)
     }
 }
 
-void HttpOrgFun::Private::handOverChildren()
+void HttpOrgFun::Private::handOverSlices()
 {
     const QPointer<HttpOrgFun> alive(q);
     QElapsedTimer busy;
     busy.start();
     while (nextSlice < slices.size()) {
-        const OrgElementList slice = std::move(slices[nextSlice++]);
-        emit q->signal_searchOrgElements(slice, companyCode);
+        handOverSlice(std::move(slices[nextSlice++]));
         if (!alive)
             return;
         if (busy.elapsed() >= SliceTime)
             break;
     }
     if (nextSlice < slices.size()) {
-        QTimer::singleShot(0, q, [this] { handOverChildren(); });
+        QTimer::singleShot(0, q, [this] { handOverSlices(); });
         return;
     }
     q->deleteLater();
-    emit q->signal_searchOrgDone(subject);
+    if (kind == OrgRequestKind::Children)
+        emit q->signal_searchOrgDone(subject);
+}
+
+// What leads to a place goes ahead of it as the children of no company in particular,
+// which is how a location's elements are kept; the place itself is told at the end.
+void HttpOrgFun::Private::handOverSlice(const OrgElementList &slice)
+{
+    if (kind == OrgRequestKind::Children || nextSlice < slices.size())
+        emit q->signal_searchOrgElements(slice, companyCode);
+    else
+        emit q->signal_locateOrgElements(slice, subject);
 }
 
 // --- Parsing ---------------------------------------------------------------------
@@ -384,7 +392,11 @@ bool HttpOrgFun::resolveJsonGetOrg(const QByteArray &utf8, OrgElementList *eleme
 bool HttpOrgFun::resolveJsonGetLocateOrg(const QByteArray &utf8, OrgElementList *elements,
                                          QString *error)
 {
-    return OrgParser::location(utf8, elements, error);
+    std::vector<OrgElementList> slices;
+    if (!OrgParser::location(utf8, 0, &slices, error))
+        return false;
+    elements->append(slices.front());
+    return true;
 }
 
 bool HttpOrgFun::resolveJsonGetFuzzyRult(const QByteArray &utf8, OrgParser::SearchHits *hits,

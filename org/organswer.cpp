@@ -63,8 +63,7 @@ OrgAnswer OrgAnswer::read(OrgRequestKind kind, const QByteArray &utf8, int slice
         answer.ok = OrgParser::children(utf8, sliceSize, &answer.slices, &answer.error);
         break;
     case OrgRequestKind::Locate:
-        answer.slices.resize(1);
-        answer.ok = OrgParser::location(utf8, &answer.slices.front(), &answer.error);
+        answer.ok = OrgParser::location(utf8, sliceSize, &answer.slices, &answer.error);
         break;
     case OrgRequestKind::Search:
         answer.ok = OrgParser::search(utf8, &answer.hits, &answer.error);

@@ -14,10 +14,10 @@ struct OrgAnswer
 {
     bool ok = false;
     QString error;
-    std::vector<OrgElementList> slices; // of children: at least one; of a location: one
+    std::vector<OrgElementList> slices; // of children or a location: at least one
     OrgParser::SearchHits hits;
 
-    // `sliceSize`: elements of a slice of children; 0: everything in one slice.
+    // `sliceSize`: elements of a slice; 0: everything in one slice.
     static OrgAnswer read(OrgRequestKind kind, const QByteArray &utf8, int sliceSize);
 
     using Done = std::function<void(OrgAnswer *)>;

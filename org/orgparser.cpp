@@ -202,18 +202,17 @@ bool OrgParser::children(const QByteArray &utf8, int sliceSize, std::vector<OrgE
     return true;
 }
 
-bool OrgParser::location(const QByteArray &utf8, OrgElementList *elements, QString *error)
+bool OrgParser::location(const QByteArray &utf8, int sliceSize, std::vector<OrgElementList> *slices,
+                         QString *error)
 {
     Json::Value root;
     if (!JsonReader::parse(utf8, &root, error))
         return false;
     const Json::Value &top = JsonReader::object(root, "location");
     SharedTexts texts;
-    std::vector<OrgElementList> all;
-    Slices slices(&all, 0);
-    slices.add(top, readDepartment, &texts);
-    addLevels(JsonReader::object(top, "children"), &texts, &slices);
-    elements->append(all.front());
+    Slices made(slices, sliceSize);
+    made.add(top, readDepartment, &texts);
+    addLevels(JsonReader::object(top, "children"), &texts, &made);
     return true;
 }
 

@@ -21,10 +21,11 @@ struct SearchHits
 
 // False, with a reason in *error, when the text is no JSON object. An entry that is
 // no object or has no id is left out. Equal parents and duties share their text.
-// Children come in slices of so many elements, at least one slice; 0: in one.
+// Elements come in slices of so many, at least one slice; 0: in one.
 bool children(const QByteArray &utf8, int sliceSize, std::vector<OrgElementList> *slices,
               QString *error);
-bool location(const QByteArray &utf8, OrgElementList *elements, QString *error);
+bool location(const QByteArray &utf8, int sliceSize, std::vector<OrgElementList> *slices,
+              QString *error);
 bool search(const QByteArray &utf8, SearchHits *hits, QString *error);
 
 // The departments of a level, then its employees, then what is below each

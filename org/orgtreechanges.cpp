@@ -194,9 +194,9 @@ void OrgTreeChanges::updatePlaceholder(quint32 number, bool stateChanged)
         return;
     OrgTreeBranch &branch = m_rows->branch(number);
     const OrgTreeNode &node = m_rows->node(number);
-    const bool wanted = branch.rows.empty() && !node.isEmployee && node.isAttached &&
-                        (branch.state == OrgTreeModel::Children::Loading ||
-                         branch.state == OrgTreeModel::Children::Failed);
+    const bool wanted =
+        branch.rows.empty() && !node.isEmployee && node.isAttached &&
+        (branch.state == OrgChildren::Loading || branch.state == OrgChildren::Failed);
     if (wanted && !branch.hasPlaceholder) {
         m_model->beginInsertRows(index(number), 0, 0);
         branch.hasPlaceholder = true;

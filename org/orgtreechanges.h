@@ -3,6 +3,7 @@
 #pragma once
 
 #include "org/orgtreerows.h"
+#include "org/orgtreesteps.h"
 
 #include <QHash>
 #include <QModelIndex>
@@ -12,7 +13,7 @@
 class OrgTreeChanges
 {
 public:
-    OrgTreeChanges(OrgTreeModel *model, OrgTreeRows *rows) : m_model(model), m_rows(rows) {}
+    OrgTreeChanges(OrgTreeSteps *model, OrgTreeRows *rows) : m_model(model), m_rows(rows) {}
 
     // False: it is none that can have a row.
     bool receive(const OrgElement &element);
@@ -53,7 +54,7 @@ private:
 
     QModelIndex index(quint32 number) const;
 
-    OrgTreeModel *const m_model;
+    OrgTreeSteps *const m_model;
     OrgTreeRows *const m_rows;
     quint32 m_lastHolder = OrgTreeRows::None; // of what was placed before
     std::vector<quint32> m_arrivedUnder;

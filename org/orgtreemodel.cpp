@@ -35,8 +35,7 @@ struct OrgTreeModel::Private
     QVariant rowData(const OrgTreeNode &node, const OrgElement &record, int role) const;
 };
 
-OrgTreeModel::OrgTreeModel(QObject *parent)
-    : QAbstractItemModel(parent), d(std::make_unique<Private>())
+OrgTreeModel::OrgTreeModel(QObject *parent) : OrgTreeSteps(parent), d(std::make_unique<Private>())
 {
 }
 

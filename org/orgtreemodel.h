@@ -9,47 +9,17 @@
 #pragma once
 
 #include "http/orgrecords.h"
-
-#include <QAbstractItemModel>
+#include "org/orgtreeroles.h"
+#include "org/orgtreesteps.h"
 
 #include <memory>
 
-class OrgTreeChanges;
-
-namespace OrgRole {
-enum Role
-{
-    Name = 257,
-    Id = 258,
-    Photo = 259,
-    Status = 260, // a PresenceData::ePcShowType
-    Device = 261, // a PresenceData::MobileDevice
-    Duty = 263,
-    Kind = 280 // an OrgRowKind
-};
-}
-
-enum class OrgRowKind
-{
-    Department = 1,
-    Employee = 2,
-    Loading = 3, // stands alone under its department
-    Failed = 4
-};
-
-class OrgTreeModel : public QAbstractItemModel
+class OrgTreeModel : public OrgTreeSteps
 {
     Q_OBJECT
 
 public:
-    // What is known of a department's children.
-    enum class Children
-    {
-        NotAsked,
-        Loading,
-        Failed,
-        Loaded
-    };
+    using Children = OrgChildren;
 
     explicit OrgTreeModel(QObject *parent = nullptr);
     ~OrgTreeModel() override;
@@ -88,7 +58,6 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
-    friend class OrgTreeChanges;
     struct Private;
     std::unique_ptr<Private> d;
 };

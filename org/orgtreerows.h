@@ -5,7 +5,7 @@
 
 #include "http/orgrecords.h"
 #include "org/orgidindex.h"
-#include "org/orgtreemodel.h"
+#include "org/orgtreeroles.h"
 
 #include <QHash>
 
@@ -35,7 +35,7 @@ struct OrgTreeBranch
 {
     std::vector<quint32> rows;
     std::vector<quint32> arrivals; // belong here, but the views do not know yet
-    OrgTreeModel::Children state = OrgTreeModel::Children::NotAsked;
+    OrgChildren state = OrgChildren::NotAsked;
     bool hasPlaceholder = false; // the row that says "loading" or "failed"
 };
 

@@ -1,72 +1,18 @@
 // The request object against a server that answers as told.
 #include "http/cmonitorlogger.h"
-#include "http/cpassportloginserver.h"
-#include "org/httporgfun.h"
-#include "tests/support/fakehost.h"
-#include "tests/support/fakeserver.h"
+#include "tests/org/orgrequestfixture.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QElapsedTimer>
-#include <QFile>
-#include <QPointer>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <memory>
-
-namespace {
-
-enum Kind
-{
-    Children,
-    Locate,
-    Search
-};
-
-// Refreshes when it is told to.
-class Passport : public CPassportLoginServer
-{
-public:
-    void ManualRefreshAuthID() override
-    {
-        ++refreshes;
-        if (answers)
-            QMetaObject::invokeMethod(
-                this, [this] { finish(); }, Qt::QueuedConnection);
-    }
-    void UserOverdue() override { ++overdue; }
-    void finish()
-    {
-        setAuthId(QStringLiteral("fresh"));
-        finishRefresh(true);
-    }
-    int refreshes = 0, overdue = 0;
-    bool answers = true;
-};
-
-QByteArray employees(int count)
-{
-    QByteArray reply = "{\"org\":[],\"emp\":[";
-    for (int i = 0; i < count; ++i) {
-        reply += i ? ",{" : "{";
-        reply += "\"userId\":\"u" + QByteArray::number(i) +
-                 "\",\"nickName\":\"Person\",\"empChSpell\":\"person\",\"orgId\":\"d1\","
-                 "\"duty\":\"Engineer\"}";
-    }
-    return reply + "]}";
-}
-
-} // namespace
-
-class TstHttpOrgFun : public QObject
+class TstHttpOrgFun : public OrgRequestFixture
 {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init() { setUp(); }
+    void cleanup() { tearDown(); }
 
     void sends_data();
     void sends();
@@ -86,100 +32,7 @@ private slots:
     void malformed_data();
     void malformed();
     void emptyDepartment();
-    void largeDepartmentInSlices();
-    void ownerGoneWhileReading();
-    void receiverEndsItBetweenSlices();
-    void locationOfALargeCompany();
-
-private:
-    HttpOrgFun *start(Kind kind);
-    // Success, failure, not there, done; of the request started last.
-    QVector<int> signalCounts() const;
-    void writeAddresses(const QString &address);
-
-    std::unique_ptr<FakeHost> host;
-    std::unique_ptr<FakeServer> server;
-    std::unique_ptr<QTemporaryDir> folder;
-    std::unique_ptr<Passport> passport;
-    QVector<std::shared_ptr<QSignalSpy>> m_spies;
 };
-
-void TstHttpOrgFun::init()
-{
-    qRegisterMetaType<OrgElementList>("OrgElementList");
-    qRegisterMetaType<SearchResponseData>("SearchResponseData");
-    host = std::make_unique<FakeHost>();
-    server = std::make_unique<FakeServer>();
-    folder = std::make_unique<QTemporaryDir>();
-    passport = std::make_unique<Passport>();
-    passport->setAuthId(QStringLiteral("old"));
-    host->context.programFolder = folder->path();
-    host->context.passportServer = passport.get();
-    writeAddresses(server->url(QStringLiteral("/org.do")).toString());
-}
-
-void TstHttpOrgFun::cleanup()
-{
-    m_spies.clear();
-    passport.reset();
-    server.reset();
-    host.reset();
-    folder.reset();
-}
-
-void TstHttpOrgFun::writeAddresses(const QString &address)
-{
-    QFile file(folder->filePath(QStringLiteral("allurl.ini")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[searchOrg]\n");
-    for (const char *key : {"searchorgurl", "locateorgurl", "fuzzysearchorgurl"})
-        file.write(key + QByteArray("=") + address.toUtf8() + "\n");
-}
-
-HttpOrgFun *TstHttpOrgFun::start(Kind kind)
-{
-    auto *request = new HttpOrgFun(this);
-    m_spies.clear();
-    const auto spy = [&](auto signal) {
-        m_spies.append(std::make_shared<QSignalSpy>(request, signal));
-    };
-    switch (kind) {
-    case Children:
-        spy(&HttpOrgFun::signal_searchOrgElements);
-        spy(&HttpOrgFun::searchOrgFail);
-        break;
-    case Locate:
-        spy(&HttpOrgFun::signal_locateOrgElements);
-        spy(&HttpOrgFun::signal_locateOrgFail);
-        break;
-    case Search:
-        spy(&HttpOrgFun::signal_searchFinished);
-        spy(&HttpOrgFun::signal_fuzzySearchFail);
-        break;
-    }
-    spy(&HttpOrgFun::signal_noLocate);
-    spy(&HttpOrgFun::signal_searchOrgDone);
-    switch (kind) {
-    case Children:
-        request->searchOrg(QStringLiteral("d&1 +/"), QStringLiteral("C1"));
-        break;
-    case Locate:
-        request->locateOrg(QStringLiteral("u1"), false);
-        break;
-    case Search:
-        request->fuzzySearchOrg(QStringLiteral("li,a"), true, 1, 20);
-        break;
-    }
-    return request;
-}
-
-QVector<int> TstHttpOrgFun::signalCounts() const
-{
-    QVector<int> counts;
-    for (const auto &spy : m_spies)
-        counts.append(spy->count());
-    return counts;
-}
 
 void TstHttpOrgFun::sends_data()
 {
@@ -445,63 +298,6 @@ void TstHttpOrgFun::emptyDepartment()
     QTRY_VERIFY(!request);
     QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
     QCOMPARE(m_spies.at(3)->first().at(0).toString(), QStringLiteral("d&1 +/"));
-}
-
-void TstHttpOrgFun::largeDepartmentInSlices()
-{
-    constexpr int Count = 10000;
-    server->reply("/org.do", FakeReply::json(employees(Count)));
-    const QPointer<HttpOrgFun> request = start(Children);
-    bool doneLast = false;
-    connect(request, &HttpOrgFun::signal_searchOrgDone, this,
-            [&] { doneLast = m_spies.at(0)->count() == Count / HttpOrgFun::SliceSize; });
-    QTRY_VERIFY(!request);
-    QVERIFY(doneLast);
-    int next = 0;
-    for (const QList<QVariant> &arguments : *m_spies.at(0)) {
-        const auto slice = arguments.at(0).value<OrgElementList>();
-        QVERIFY(slice.size() <= HttpOrgFun::SliceSize);
-        for (const OrgElement &element : slice)
-            QCOMPARE(element.strId, QStringLiteral("u%1").arg(next++));
-        QCOMPARE(arguments.at(1).toString(), QStringLiteral("C1"));
-    }
-    QCOMPARE(next, Count);
-}
-
-void TstHttpOrgFun::ownerGoneWhileReading()
-{
-    server->reply("/org.do", FakeReply::json(employees(20000)));
-    QPointer<HttpOrgFun> request = start(Children);
-    // Deleted in the round of events in which the worker was started.
-    connect(request, &QObject::destroyed, this, [this] { server->stop(); });
-    const int records = CMonitorLogger::instance().records().size();
-    QTRY_VERIFY(CMonitorLogger::instance().records().size() > records ||
-                records == CMonitorLogger::Capacity);
-    delete request.data();
-    for (int i = 0; i < 50; ++i)
-        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
-    QCOMPARE(signalCounts().at(3), 0);
-}
-
-void TstHttpOrgFun::receiverEndsItBetweenSlices()
-{
-    server->reply("/org.do", FakeReply::json(employees(10000)));
-    QPointer<HttpOrgFun> request = start(Children);
-    connect(request, &HttpOrgFun::signal_searchOrgElements, this, [&] { delete request.data(); });
-    QTRY_VERIFY(!request);
-    QCOMPARE(m_spies.at(0)->count(), 1);
-    QCOMPARE(m_spies.at(3)->count(), 0);
-}
-
-void TstHttpOrgFun::locationOfALargeCompany()
-{
-    QByteArray people = employees(5000);
-    server->reply("/org.do",
-                  FakeReply::json(R"({"location":{"orgId":"C1","children":)" + people + "}}"));
-    const QPointer<HttpOrgFun> request = start(Locate);
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 0}));
-    QCOMPARE(m_spies.at(0)->first().at(0).value<OrgElementList>().size(), 5001);
 }
 
 FRIENDUI_TEST(TstHttpOrgFun)
