@@ -114,6 +114,7 @@ private:
     void opened(const QModelIndex &index);
     void received(const OrgElementList &elements);
     void addWaiting();
+    void addToModel(OrgElementList elements);
     void departmentDone(const QString &id);
     void addToContacts(const QString &departmentId);
     void finishAdding(const QString &departmentId);

@@ -26,6 +26,7 @@ private slots:
     void employeesAreActivated_data();
     void employeesAreActivated();
     void presenceOfTheHub();
+    void presenceThatTheClientKnows();
     void hoverShowsTheCard();
     void typeToFindPassesPlaceholders();
 };
@@ -264,6 +265,23 @@ void TstOrgTreeView::presenceOfTheHub()
     away.pcShow = PresenceData::Away;
     emit FriendUISignalSender::instance()->signal_updateFriendPresence(
         {{org.jid("anna"), away}, {org.id("bob") + QStringLiteral("@elsewhere.example"), away}});
+    QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
+    QCOMPARE(org.row("bob").data(OrgRole::Status).toInt(), int(PresenceData::Offline));
+    // What is known from before brings no old presence back.
+    org.tree->slot_upDataTreeView(OrgStructureMgr::instance()->elements());
+    QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
+}
+
+// The service tells of a moment, the client of now.
+void TstOrgTreeView::presenceThatTheClientKnows()
+{
+    OrgFixture org;
+    org.showFilled();
+    org.host.context.contacts.insert(org.jid("anna"), FriendData());
+    for (const char *who : {"anna", "bob"})
+        org.host.context.presences[org.jid(who)].pcShow = PresenceData::Away;
+    org.tree->expandItem(org.row("D1"));
+    org.answer("D1", org.belowD1());
     QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
     QCOMPARE(org.row("bob").data(OrgRole::Status).toInt(), int(PresenceData::Offline));
 }
