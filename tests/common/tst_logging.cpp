@@ -99,10 +99,9 @@ private slots:
 
     void rollsOverAtTheMaximumSize_data()
     {
-        QTest::addColumn<int>("bytes");
-        QTest::addColumn<bool>("rolls");
-        QTest::newRow("one byte less") << 1023 << false;
-        QTest::newRow("exactly") << 1024 << true;
+        const Rows<int, bool> row{"bytes", "rolls"};
+        row("one byte less", 1023, false);
+        row("exactly", 1024, true);
     }
     void rollsOverAtTheMaximumSize()
     {

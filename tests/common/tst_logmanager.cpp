@@ -153,19 +153,14 @@ private slots:
 
     void foreignTextCannotForgeLines_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("logged");
-        QTest::newRow("plain") << QString::fromUtf8("小李 %1 <b>")
-                               << QString::fromUtf8("小李 %1 <b>");
-        QTest::newRow("line break")
-            << QStringLiteral("a\r\n[ERROR]") << QStringLiteral("a  [ERROR]");
-        QTest::newRow("escape sequence") << QStringLiteral("\x1b[31m") << QStringLiteral(" [31m");
-        QTest::newRow("C1 control") << QString(QChar(0x9b)) << QStringLiteral(" ");
-        QTest::newRow("separators")
-            << QString(QChar(0x2028)) + QChar(0x2029) << QStringLiteral("  ");
-        QTest::newRow("null") << QString(QChar(0)) << QStringLiteral(" ");
-        QTest::newRow("long") << QString(10000, QLatin1Char('x'))
-                              << QString(4096, QLatin1Char('x'));
+        const Rows<QString, QString> row{"text", "logged"};
+        row("plain", QString::fromUtf8("小李 %1 <b>"), QString::fromUtf8("小李 %1 <b>"));
+        row("line break", QStringLiteral("a\r\n[ERROR]"), QStringLiteral("a  [ERROR]"));
+        row("escape sequence", QStringLiteral("\x1b[31m"), QStringLiteral(" [31m"));
+        row("C1 control", QString(QChar(0x9b)), QStringLiteral(" "));
+        row("separators", QString(QChar(0x2028)) + QChar(0x2029), QStringLiteral("  "));
+        row("null", QString(QChar(0)), QStringLiteral(" "));
+        row("long", QString(10000, QLatin1Char('x')), QString(4096, QLatin1Char('x')));
     }
     void foreignTextCannotForgeLines()
     {

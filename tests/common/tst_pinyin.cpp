@@ -142,9 +142,7 @@ private slots:
 
     void rangesOfLevelOne_data()
     {
-        QTest::addColumn<int>("first");
-        QTest::addColumn<int>("last");
-        QTest::addColumn<QString>("syllable");
+        const Rows<int, int, QString> row{"first", "last", "syllable"};
         const struct
         {
             int first, last;
@@ -154,8 +152,7 @@ private slots:
                       {5574, 5575, "ZUAN"}, {5576, 5579, "ZUI"}, {5580, 5581, "ZUN"},
                       {5582, 5589, "ZUO"},  {2294, 2294, "ER"}};
         for (const auto &range : ranges)
-            QTest::newRow(range.syllable)
-                << range.first << range.last << QString::fromLatin1(range.syllable);
+            row(range.syllable, range.first, range.last, QString::fromLatin1(range.syllable));
     }
 
     void rangesOfLevelOne()

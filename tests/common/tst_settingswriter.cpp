@@ -100,9 +100,9 @@ private slots:
 
     void failureEndsInTheLog_data()
     {
-        QTest::addColumn<QByteArray>("before");
-        QTest::newRow("unreadable line") << QByteArray("[a]\nb=1\nno setting\n");
-        QTest::newRow("object") << QByteArray("[a]\nb=@Variant(x)\n");
+        const Rows<QByteArray> row{"before"};
+        row("unreadable line", "[a]\nb=1\nno setting\n");
+        row("object", "[a]\nb=@Variant(x)\n");
     }
     void failureEndsInTheLog()
     {

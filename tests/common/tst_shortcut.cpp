@@ -35,24 +35,17 @@ private slots:
 
     void createdAndRemovedOnTheDesktop_data()
     {
-        QTest::addColumn<QString>("jid");
-        QTest::addColumn<QString>("fileName");
-        QTest::newRow("plain") << "u1@corp.example"
-                               << "u1@corp.example.lnk";
-        QTest::newRow("traversal") << "../../x"
-                                   << "___.._x.lnk";
-        QTest::newRow("absolute") << "/etc/passwd"
-                                  << "_etc_passwd.lnk";
-        QTest::newRow("other stream") << "a:b\\c"
-                                      << "a_b_c.lnk";
-        QTest::newRow("hidden") << ".bashrc"
-                                << "_bashrc.lnk";
-        QTest::newRow("Chinese") << QString::fromUtf8("张三@corp")
-                                 << QString::fromUtf8("张三@corp.lnk");
-        QTest::newRow("null and line break")
-            << QStringLiteral("a") + QChar(0) + QLatin1String("\nb") << "a__b.lnk";
-        QTest::newRow("long") << QString(10000, QLatin1Char('x'))
-                              << QString(80, QLatin1Char('x')) + QLatin1String(".lnk");
+        const Rows<QString, QString> row{"jid", "fileName"};
+        row("plain", "u1@corp.example", "u1@corp.example.lnk");
+        row("traversal", "../../x", "___.._x.lnk");
+        row("absolute", "/etc/passwd", "_etc_passwd.lnk");
+        row("other stream", "a:b\\c", "a_b_c.lnk");
+        row("hidden", ".bashrc", "_bashrc.lnk");
+        row("Chinese", QString::fromUtf8("张三@corp"), QString::fromUtf8("张三@corp.lnk"));
+        row("null and line break", QStringLiteral("a") + QChar(0) + QLatin1String("\nb"),
+            "a__b.lnk");
+        row("long", QString(10000, QLatin1Char('x')),
+            QString(80, QLatin1Char('x')) + QLatin1String(".lnk"));
     }
     void createdAndRemovedOnTheDesktop()
     {
@@ -112,23 +105,15 @@ private slots:
 
     void namesOfDevicesAreAvoided_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("device") << "NUL"
-                                << "_NUL";
-        QTest::newRow("with suffix") << "con.txt"
-                                     << "_con.txt";
-        QTest::newRow("numbered") << "Com1"
-                                  << "_Com1";
-        QTest::newRow("superscript number")
-            << QString::fromUtf8("LPT²") << QString::fromUtf8("_LPT²");
-        QTest::newRow("longer") << "console"
-                                << "console";
-        QTest::newRow("dots at the end") << "a.."
-                                         << "a__";
-        QTest::newRow("nothing left") << ""
-                                      << "_";
-        QTest::newRow("lone surrogate") << QString(QChar(0xd800)) << "_";
+        const Rows<QString, QString> row{"text", "name"};
+        row("device", "NUL", "_NUL");
+        row("with suffix", "con.txt", "_con.txt");
+        row("numbered", "Com1", "_Com1");
+        row("superscript number", QString::fromUtf8("LPT²"), QString::fromUtf8("_LPT²"));
+        row("longer", "console", "console");
+        row("dots at the end", "a..", "a__");
+        row("nothing left", "", "_");
+        row("lone surrogate", QString(QChar(0xd800)), "_");
     }
     void namesOfDevicesAreAvoided()
     {

@@ -117,12 +117,9 @@ private slots:
 
     void badFileYieldsUsableSettingsAndStays_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("autoLogin");
-        QTest::newRow("object") << QByteArray("[basicSetting]\nautoLogin=1\nx=@Variant(\\0\\x7f)\n")
-                                << QString();
-        QTest::newRow("line that is no setting")
-            << QByteArray("[basicSetting]\nautoLogin=1\nnone\n") << QStringLiteral("1");
+        const Rows<QByteArray, QString> row{"file", "autoLogin"};
+        row("object", "[basicSetting]\nautoLogin=1\nx=@Variant(\\0\\x7f)\n", QString());
+        row("line that is no setting", "[basicSetting]\nautoLogin=1\nnone\n", QStringLiteral("1"));
     }
     void badFileYieldsUsableSettingsAndStays()
     {

@@ -39,17 +39,14 @@ private slots:
 
 void TstFriendTreeMenus::menus_data()
 {
-    QTest::addColumn<QString>("menu");
-    QTest::addColumn<QString>("start"); // "|" is a separator
-    QTest::newRow("group") << "commonGroupMenu"
-                           << "newgroup delMuc renameMuc | createMuc sendFile | sendemail";
-    QTest::newRow("contact") << "commonSingleMenu"
-                             << "invitechat sendFile sendemail msgrecord viewdetail delFriend "
-                                "changeRemarkName | moveToGroup";
-    QTest::newRow("empty") << "nullGroupMenu"
-                           << "newgroup onlyShowOnlineUser refreshFriendList";
-    QTest::newRow("several") << "selectMoreMenu"
-                             << "createMuc sendFile sendemail";
+    // start: "|" is a separator
+    const Rows<QString, QString> row{"menu", "start"};
+    row("group", "commonGroupMenu", "newgroup delMuc renameMuc | createMuc sendFile | sendemail");
+    row("contact", "commonSingleMenu",
+        "invitechat sendFile sendemail msgrecord viewdetail delFriend "
+        "changeRemarkName | moveToGroup");
+    row("empty", "nullGroupMenu", "newgroup onlyShowOnlineUser refreshFriendList");
+    row("several", "selectMoreMenu", "createMuc sendFile sendemail");
 }
 
 void TstFriendTreeMenus::menus()
@@ -144,18 +141,15 @@ void TstFriendTreeMenus::menuOfASelection()
 
 void TstFriendTreeMenus::contactRequests_data()
 {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("receiver");
-    QTest::addColumn<QByteArray>("payload");
+    const Rows<QString, int, QString, QByteArray> row{"key", "code", "receiver", "payload"};
     const QString roster = QStringLiteral("{7123C2B9-E89C-0CC5-5B1E-9496BB7427C8}");
     const QString chat = QString::fromLatin1(PluginId::Chat);
     const QString mail = QString::fromLatin1(PluginId::Mail);
-    QTest::newRow("chat") << "invitechat" << 4251 << chat << FakeHost::encode(Anna, 0);
-    QTest::newRow("file") << "sendFile" << 4264 << chat << FakeHost::encode(QStringList{Anna}, 0);
-    QTest::newRow("mail") << "sendemail" << 4233 << mail << FakeHost::encode(QStringList{Anna});
-    QTest::newRow("history") << "msgrecord" << 4330 << chat << FakeHost::encode(Anna, 0);
-    QTest::newRow("delete") << "delFriend" << 4157 << roster << FakeHost::encode(Anna, true);
+    row("chat", "invitechat", 4251, chat, FakeHost::encode(Anna, 0));
+    row("file", "sendFile", 4264, chat, FakeHost::encode(QStringList{Anna}, 0));
+    row("mail", "sendemail", 4233, mail, FakeHost::encode(QStringList{Anna}));
+    row("history", "msgrecord", 4330, chat, FakeHost::encode(Anna, 0));
+    row("delete", "delFriend", 4157, roster, FakeHost::encode(Anna, true));
 }
 
 void TstFriendTreeMenus::contactRequests()
@@ -179,14 +173,12 @@ void TstFriendTreeMenus::contactRequests()
 
 void TstFriendTreeMenus::groupRequests_data()
 {
-    QTest::addColumn<QString>("key");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QByteArray>("payload");
+    const Rows<QString, int, QByteArray> row{"key", "code", "payload"};
     const QStringList others{Anna, Bob, QStringLiteral("carl@corp.example")};
-    QTest::newRow("chat") << "createMuc" << 4393 << FakeHost::encode(others);
-    QTest::newRow("file") << "sendFile" << 4264 << FakeHost::encode(others, 0);
-    QTest::newRow("mail") << "sendemail" << 4233 << FakeHost::encode(others);
-    QTest::newRow("delete") << "delMuc" << 4361 << FakeHost::encode(G1, true);
+    row("chat", "createMuc", 4393, FakeHost::encode(others));
+    row("file", "sendFile", 4264, FakeHost::encode(others, 0));
+    row("mail", "sendemail", 4233, FakeHost::encode(others));
+    row("delete", "delMuc", 4361, FakeHost::encode(G1, true));
 }
 
 void TstFriendTreeMenus::groupRequests()

@@ -262,11 +262,10 @@ QString TstFriendTreeRandom::difference(const FriendTreeModel &model) const
 
 void TstFriendTreeRandom::agreesWithTheReference_data()
 {
-    QTest::addColumn<uint>("seed");
-    QTest::addColumn<int>("people");
+    const Rows<uint, int> row{"seed", "people"};
     for (const uint seed : {1u, 20u, 300u, 4000u})
         QTest::addRow("seed %u", seed) << seed << 60;
-    QTest::newRow("large batches") << 50000u << 300;
+    row("large batches", 50000u, 300);
 }
 
 void TstFriendTreeRandom::agreesWithTheReference()

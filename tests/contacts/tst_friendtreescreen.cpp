@@ -89,9 +89,9 @@ private slots:
 
 void TstFriendTreeScreen::floodMovesNothing_data()
 {
-    QTest::addColumn<bool>("single");
-    QTest::newRow("one event each") << true;
-    QTest::newRow("one event for all") << false;
+    const Rows<bool> row{"single"};
+    row("one event each", true);
+    row("one event for all", false);
 }
 
 // The row at the top stays at the top, whoever moves above it; what is selected
@@ -327,20 +327,19 @@ void TstFriendTreeScreen::accessibleTexts()
 
 void TstFriendTreeScreen::hostileNames_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("markup") << "<img src=/etc/passwd><b>bold</b>";
-    QTest::newRow("entities") << "R&D &lt;b&gt; &amp;";
-    QTest::newRow("quotes and sheets") << "\"'a.png); qproperty-text:\"x\"; x:url(b";
-    QTest::newRow("lines") << "one\ntwo\r\nthree\ttabs\u2028four";
-    QTest::newRow("place markers") << "%1 %2 %n %L1";
-    QTest::newRow("10,000 characters") << QString(10000, QLatin1Char('w'));
-    QTest::newRow("10,000 Chinese characters") << QString(10000, QChar(0x5f20));
-    QTest::newRow("lone surrogate")
-        << QString(QChar(0xd83d)) + QStringLiteral("abc") + QChar(0xde00);
-    QTest::newRow("right to left") << QString::fromUtf8("שלום \u202eabc\u202c") + QChar(0x202e);
-    QTest::newRow("marks") << QLatin1Char('a') + QString(100000, QChar(0x0301));
-    QTest::newRow("invisible") << QString(2000, QChar(0x200b)) + QChar(0xfeff);
-    QTest::newRow("nul") << QString(QChar(0)) + QStringLiteral("x") + QChar(0);
+    const Rows<QString> row{"name"};
+    row("markup", "<img src=/etc/passwd><b>bold</b>");
+    row("entities", "R&D &lt;b&gt; &amp;");
+    row("quotes and sheets", "\"'a.png); qproperty-text:\"x\"; x:url(b");
+    row("lines", "one\ntwo\r\nthree\ttabs\u2028four");
+    row("place markers", "%1 %2 %n %L1");
+    row("10,000 characters", QString(10000, QLatin1Char('w')));
+    row("10,000 Chinese characters", QString(10000, QChar(0x5f20)));
+    row("lone surrogate", QString(QChar(0xd83d)) + QStringLiteral("abc") + QChar(0xde00));
+    row("right to left", QString::fromUtf8("שלום \u202eabc\u202c") + QChar(0x202e));
+    row("marks", QLatin1Char('a') + QString(100000, QChar(0x0301)));
+    row("invisible", QString(2000, QChar(0x200b)) + QChar(0xfeff));
+    row("nul", QString(QChar(0)) + QStringLiteral("x") + QChar(0));
 }
 
 void TstFriendTreeScreen::hostileNames()

@@ -27,22 +27,18 @@ private slots:
 
 void TstFriendTreeSort::blocks_data()
 {
-    QTest::addColumn<QString>("jid");
-    QTest::addColumn<bool>("onJob");
-    QTest::addColumn<int>("pc");
-    QTest::addColumn<int>("mobile");
-    QTest::addColumn<QString>("key");
+    const Rows<QString, bool, int, int, QString> row{"jid", "onJob", "pc", "mobile", "key"};
     const QString other = QStringLiteral("u1@corp.example");
-    QTest::newRow("own, offline") << Own << true << 0 << 0 << "0|1LI";
-    QTest::newRow("own, online") << Own << true << 1 << 2 << "0|1LI";
-    QTest::newRow("own, left") << Own << false << 1 << 0 << "2|LI";
-    QTest::newRow("online") << other << true << 1 << 0 << "0|2LI";
-    QTest::newRow("do not disturb") << other << true << 4 << 0 << "0|2LI";
-    QTest::newRow("mobile only") << other << true << 0 << 1 << "0|2LI";
-    QTest::newRow("both") << other << true << 2 << 2 << "0|2LI";
-    QTest::newRow("offline") << other << true << 0 << 0 << "1|LI";
-    QTest::newRow("left, online") << other << false << 1 << 1 << "2|LI";
-    QTest::newRow("left, offline") << other << false << 0 << 0 << "2|LI";
+    row("own, offline", Own, true, 0, 0, "0|1LI");
+    row("own, online", Own, true, 1, 2, "0|1LI");
+    row("own, left", Own, false, 1, 0, "2|LI");
+    row("online", other, true, 1, 0, "0|2LI");
+    row("do not disturb", other, true, 4, 0, "0|2LI");
+    row("mobile only", other, true, 0, 1, "0|2LI");
+    row("both", other, true, 2, 2, "0|2LI");
+    row("offline", other, true, 0, 0, "1|LI");
+    row("left, online", other, false, 1, 1, "2|LI");
+    row("left, offline", other, false, 0, 0, "2|LI");
 }
 
 void TstFriendTreeSort::blocks()
@@ -61,34 +57,23 @@ void TstFriendTreeSort::blocks()
 
 void TstFriendTreeSort::ordersNames_data()
 {
-    QTest::addColumn<QString>("first");
-    QTest::addColumn<QString>("second");
-    QTest::newRow("Latin before Chinese") << "anna" << QString::fromUtf8("张伟");
-    QTest::newRow("Chinese before Latin") << QString::fromUtf8("白雪") << "carl";
-    QTest::newRow("case ignored") << "Bob"
-                                  << "carl";
-    QTest::newRow("case ignored, other way") << "bob"
-                                             << "Carl";
-    QTest::newRow("a name and a longer one")
-        << QString::fromUtf8("王") << QString::fromUtf8("王芳");
-    QTest::newRow("digits first") << "007"
-                                  << "anna";
-    QTest::newRow("an underscore before letters") << "zhang_san"
-                                                  << "zhangsan";
-    QTest::newRow("an underscore late in a long name") << "abcdefghijklmnopqrs_t"
-                                                       << "abcdefghijklmnopqrsat";
-    QTest::newRow("differ in the 15th letter") << "abcdefghijklmna"
-                                               << "abcdefghijklmnb";
-    QTest::newRow("differ in the 16th letter") << "abcdefghijklmnoa"
-                                               << "abcdefghijklmnob";
-    QTest::newRow("one ends at the 15th letter") << "abcdefghijklmno"
-                                                 << "abcdefghijklmnoa";
-    QTest::newRow("long equal beginning in Chinese") << QString::fromUtf8("上海分公司人力资源部陈")
-                                                     << QString::fromUtf8("上海分公司人力资源部周");
+    const Rows<QString, QString> row{"first", "second"};
+    row("Latin before Chinese", "anna", QString::fromUtf8("张伟"));
+    row("Chinese before Latin", QString::fromUtf8("白雪"), "carl");
+    row("case ignored", "Bob", "carl");
+    row("case ignored, other way", "bob", "Carl");
+    row("a name and a longer one", QString::fromUtf8("王"), QString::fromUtf8("王芳"));
+    row("digits first", "007", "anna");
+    row("an underscore before letters", "zhang_san", "zhangsan");
+    row("an underscore late in a long name", "abcdefghijklmnopqrs_t", "abcdefghijklmnopqrsat");
+    row("differ in the 15th letter", "abcdefghijklmna", "abcdefghijklmnb");
+    row("differ in the 16th letter", "abcdefghijklmnoa", "abcdefghijklmnob");
+    row("one ends at the 15th letter", "abcdefghijklmno", "abcdefghijklmnoa");
+    row("long equal beginning in Chinese", QString::fromUtf8("上海分公司人力资源部陈"),
+        QString::fromUtf8("上海分公司人力资源部周"));
     // U+4E02 and its like are in GBK alone: they have no pinyin.
-    QTest::newRow("sixteen characters without pinyin")
-        << QString(16, QChar(0x4e02)) + QStringLiteral("a")
-        << QString(16, QChar(0x4e02)) + QStringLiteral("b");
+    row("sixteen characters without pinyin", QString(16, QChar(0x4e02)) + QStringLiteral("a"),
+        QString(16, QChar(0x4e02)) + QStringLiteral("b"));
 }
 
 void TstFriendTreeSort::ordersNames()

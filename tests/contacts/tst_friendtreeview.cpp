@@ -329,16 +329,13 @@ void TstFriendTreeView::dropsFromElsewhere()
 
 void TstFriendTreeView::drops_data()
 {
-    QTest::addColumn<QStringList>("dragged");
-    QTest::addColumn<bool>("taken");
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<int>("requests");
-    QTest::newRow("to another group") << QStringList{"anna"} << true << "g2" << 1;
-    QTest::newRow("to its own group") << QStringList{"anna"} << true << "g1" << 0;
-    QTest::newRow("to no group") << QStringList{"anna"} << false << "" << 0;
-    QTest::newRow("to a group that is gone") << QStringList{"anna"} << true << "g9" << 0;
-    QTest::newRow("several") << QStringList{"anna", "bob", "dora"} << true << "g2" << 2;
-    QTest::newRow("with the own row") << QStringList{"anna", "me"} << true << "g2" << 1;
+    const Rows<QStringList, bool, QString, int> row{"dragged", "taken", "target", "requests"};
+    row("to another group", QStringList{"anna"}, true, "g2", 1);
+    row("to its own group", QStringList{"anna"}, true, "g1", 0);
+    row("to no group", QStringList{"anna"}, false, "", 0);
+    row("to a group that is gone", QStringList{"anna"}, true, "g9", 0);
+    row("several", QStringList{"anna", "bob", "dora"}, true, "g2", 2);
+    row("with the own row", QStringList{"anna", "me"}, true, "g2", 1);
 }
 
 void TstFriendTreeView::drops()

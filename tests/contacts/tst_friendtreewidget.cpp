@@ -108,16 +108,14 @@ void TstFriendTreeWidget::failures()
 
 void TstFriendTreeWidget::otherGroupsEventsAreIgnored_data()
 {
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QByteArray>("payload");
-    QTest::newRow("add") << 4118 << FakeHost::encode(G9, QStringLiteral("New"), true, false);
-    QTest::newRow("all") << 4119
-                         << FakeHost::encode(QList<GroupData>{{G9, QStringLiteral("New")}}, false);
-    QTest::newRow("delete") << 4120 << FakeHost::encode(true, G1, false);
-    QTest::newRow("delete failed") << 4120 << FakeHost::encode(false, G1, false);
-    QTest::newRow("rename") << 4134 << FakeHost::encode(G1, QStringLiteral("New"), true, false);
-    QTest::newRow("move") << 4121 << FakeHost::encode(true, Anna, G1, G2, false);
-    QTest::newRow("move failed") << 4121 << FakeHost::encode(false, Anna, G1, G2, false);
+    const Rows<int, QByteArray> row{"code", "payload"};
+    row("add", 4118, FakeHost::encode(G9, QStringLiteral("New"), true, false));
+    row("all", 4119, FakeHost::encode(QList<GroupData>{{G9, QStringLiteral("New")}}, false));
+    row("delete", 4120, FakeHost::encode(true, G1, false));
+    row("delete failed", 4120, FakeHost::encode(false, G1, false));
+    row("rename", 4134, FakeHost::encode(G1, QStringLiteral("New"), true, false));
+    row("move", 4121, FakeHost::encode(true, Anna, G1, G2, false));
+    row("move failed", 4121, FakeHost::encode(false, Anna, G1, G2, false));
 }
 
 void TstFriendTreeWidget::otherGroupsEventsAreIgnored()

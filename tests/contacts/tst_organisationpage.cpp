@@ -71,12 +71,10 @@ void TstOrganisationPage::madeWhenNeeded()
 
 void TstOrganisationPage::leadsToAPlace_data()
 {
-    QTest::addColumn<bool>("byHost");
-    QTest::addColumn<bool>("isOrganisation");
-    QTest::addColumn<QString>("asked");
-    QTest::newRow("the host, a person") << true << false << "person dora";
-    QTest::newRow("the host, a department") << true << true << "department dora";
-    QTest::newRow("a card, a person") << false << false << "person dora";
+    const Rows<bool, bool, QString> row{"byHost", "isOrganisation", "asked"};
+    row("the host, a person", true, false, "person dora");
+    row("the host, a department", true, true, "department dora");
+    row("a card, a person", false, false, "person dora");
 }
 
 void TstOrganisationPage::leadsToAPlace()
@@ -112,11 +110,11 @@ void TstOrganisationPage::withoutTheRight()
 
 void TstOrganisationPage::destroyedByWhatARowAsksFor_data()
 {
-    QTest::addColumn<QString>("how");
-    QTest::newRow("double click") << "double";
-    QTest::newRow("Enter") << "enter";
-    QTest::newRow("menu") << "menu";
-    QTest::newRow("whole department") << "department";
+    const Rows<QString> row{"how"};
+    row("double click", "double");
+    row("Enter", "enter");
+    row("menu", "menu");
+    row("whole department", "department");
 }
 
 void TstOrganisationPage::destroyedByWhatARowAsksFor()

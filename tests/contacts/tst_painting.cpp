@@ -79,9 +79,9 @@ private slots:
 
 void TstPainting::contrast_data()
 {
-    QTest::addColumn<QByteArray>("skin");
-    QTest::newRow("light") << QByteArray("light");
-    QTest::newRow("dark") << QByteArray("dark");
+    const Rows<QByteArray> row{"skin"};
+    row("light", "light");
+    row("dark", "dark");
 }
 
 void TstPainting::contrast()
@@ -139,11 +139,10 @@ void TstPainting::marksDifferInShape()
 
 void TstPainting::cutsLongNames_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<qint32>("onJob");
-    QTest::newRow("Latin") << QString(60, QLatin1Char('m')) << 1;
-    QTest::newRow("Chinese") << QString(60, QChar(0x5f20)) << 1;
-    QTest::newRow("who has left") << QString(60, QLatin1Char('m')) << 0;
+    const Rows<QString, qint32> row{"name", "onJob"};
+    row("Latin", QString(60, QLatin1Char('m')), 1);
+    row("Chinese", QString(60, QChar(0x5f20)), 1);
+    row("who has left", QString(60, QLatin1Char('m')), 0);
 }
 
 // At 200 pixels nothing of a name reaches the margin at the right.

@@ -67,10 +67,10 @@ void TstPaneDetail::withoutTheRight()
 
 void TstPaneDetail::hostOpensCards_data()
 {
-    QTest::addColumn<qint32>("code");
-    QTest::newRow("contact") << qint32(Inbound::OpenContactDetail);
-    QTest::newRow("contact, other code") << qint32(Inbound::OpenContactDetailAlso);
-    QTest::newRow("leader") << qint32(Inbound::OpenLeaderDetail);
+    const Rows<qint32> row{"code"};
+    row("contact", qint32(Inbound::OpenContactDetail));
+    row("contact, other code", qint32(Inbound::OpenContactDetailAlso));
+    row("leader", qint32(Inbound::OpenLeaderDetail));
 }
 
 void TstPaneDetail::hostOpensCards()

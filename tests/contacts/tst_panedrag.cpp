@@ -65,12 +65,11 @@ void TstPaneDrag::initTestCase()
 
 void TstPaneDrag::dropMovesTheContact_data()
 {
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<int>("requests");
-    QTest::newRow("a contact of another group") << QStringLiteral("dora") << 1;
-    QTest::newRow("the header of another group") << G2 << 1;
-    QTest::newRow("a contact of the same group") << QStringLiteral("bob") << 0;
-    QTest::newRow("below all rows") << QString() << 0;
+    const Rows<QString, int> row{"target", "requests"};
+    row("a contact of another group", QStringLiteral("dora"), 1);
+    row("the header of another group", G2, 1);
+    row("a contact of the same group", QStringLiteral("bob"), 0);
+    row("below all rows", QString(), 0);
 }
 
 void TstPaneDrag::dropMovesTheContact()

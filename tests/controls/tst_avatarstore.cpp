@@ -120,30 +120,29 @@ private:
 
 void TstAvatarStore::loads_data()
 {
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("loads");
+    const Rows<QByteArray, QString, bool> row{"bytes", "name", "loads"};
     const QByteArray png = encoded(halves(64, 64), "PNG");
-    QTest::newRow("png") << png << "a.png" << true;
-    QTest::newRow("jpeg") << encoded(halves(64, 64), "JPEG") << "a.jpg" << true;
-    QTest::newRow("bmp") << encoded(halves(64, 64), "BMP") << "a.bmp" << true;
-    QTest::newRow("gif") << animatedGif() << "a.gif" << true;
-    QTest::newRow("wrong suffix") << png << "b.jpg" << true;
-    QTest::newRow("no suffix") << png << "noname" << true;
-    QTest::newRow("text") << QByteArray("<svg/>") << "t.png" << false;
-    QTest::newRow("other format") << encoded(halves(64, 64), "PPM") << "p.ppm" << false;
-    QTest::newRow("other format in disguise") << encoded(halves(64, 64), "XPM") << "p.png" << false;
-    QTest::newRow("vector") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='64' "
-                                          "height='64'><rect width='64' height='64'/></svg>")
-                            << "v.svg" << false;
-    QTest::newRow("empty") << QByteArray() << "e.png" << false;
-    QTest::newRow("header only") << png.left(33) << "h.png" << false;
-    QTest::newRow("noise") << QByteArray(5000, '\xa7') << "n.png" << false;
-    QTest::newRow("bomb") << pngClaiming(30000, 30000) << "bomb.png" << false;
-    QTest::newRow("long bomb") << pngClaiming(8193, 1) << "long.png" << false;
-    QTest::newRow("area bomb") << pngClaiming(8000, 8000) << "area.png" << false;
-    QTest::newRow("overflowing") << pngClaiming(0x7fffffff, 0x7fffffff) << "over.png" << false;
-    QTest::newRow("file too large") << png + QByteArray(9 * 1024 * 1024, '\0') << "l.png" << false;
+    row("png", png, "a.png", true);
+    row("jpeg", encoded(halves(64, 64), "JPEG"), "a.jpg", true);
+    row("bmp", encoded(halves(64, 64), "BMP"), "a.bmp", true);
+    row("gif", animatedGif(), "a.gif", true);
+    row("wrong suffix", png, "b.jpg", true);
+    row("no suffix", png, "noname", true);
+    row("text", "<svg/>", "t.png", false);
+    row("other format", encoded(halves(64, 64), "PPM"), "p.ppm", false);
+    row("other format in disguise", encoded(halves(64, 64), "XPM"), "p.png", false);
+    row("vector",
+        "<svg xmlns='http://www.w3.org/2000/svg' width='64' "
+        "height='64'><rect width='64' height='64'/></svg>",
+        "v.svg", false);
+    row("empty", QByteArray(), "e.png", false);
+    row("header only", png.left(33), "h.png", false);
+    row("noise", QByteArray(5000, '\xa7'), "n.png", false);
+    row("bomb", pngClaiming(30000, 30000), "bomb.png", false);
+    row("long bomb", pngClaiming(8193, 1), "long.png", false);
+    row("area bomb", pngClaiming(8000, 8000), "area.png", false);
+    row("overflowing", pngClaiming(0x7fffffff, 0x7fffffff), "over.png", false);
+    row("file too large", png + QByteArray(9 * 1024 * 1024, '\0'), "l.png", false);
 }
 
 void TstAvatarStore::loads()
@@ -172,12 +171,12 @@ void TstAvatarStore::turnsAsThePictureSays()
 
 void TstAvatarStore::cutsToASquare_data()
 {
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("wide") << QSize(300, 100);
-    QTest::newRow("high") << QSize(100, 300);
-    QTest::newRow("a line") << QSize(8192, 1);
-    QTest::newRow("a column") << QSize(1, 8192);
-    QTest::newRow("a dot") << QSize(1, 1);
+    const Rows<QSize> row{"size"};
+    row("wide", QSize(300, 100));
+    row("high", QSize(100, 300));
+    row("a line", QSize(8192, 1));
+    row("a column", QSize(1, 8192));
+    row("a dot", QSize(1, 1));
 }
 
 // The middle of the picture, as large as was asked for.
@@ -264,27 +263,18 @@ void TstAvatarStore::staysBounded()
 
 void TstAvatarStore::monograms_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("letters");
-    QTest::newRow("Chinese, three") << QString::fromUtf8("张小伟") << QString::fromUtf8("小伟");
-    QTest::newRow("Chinese, one") << QString::fromUtf8("张") << QString::fromUtf8("张");
-    QTest::newRow("Latin, two words") << "ann smith"
-                                      << "AS";
-    QTest::newRow("Latin, three words") << "Ann Mary Smith"
-                                        << "AM";
-    QTest::newRow("Latin, one word") << "ann"
-                                     << "A";
-    QTest::newRow("mixed") << QString::fromUtf8("Ann 张") << QString::fromUtf8("张");
-    QTest::newRow("nothing") << ""
-                             << "?";
-    QTest::newRow("blanks") << "  \n "
-                            << "?";
-    QTest::newRow("signs") << "- ("
-                           << "-";
-    QTest::newRow("signs and a word") << "(ann)"
-                                      << "(";
-    QTest::newRow("digits") << "007 bond"
-                            << "0B";
+    const Rows<QString, QString> row{"name", "letters"};
+    row("Chinese, three", QString::fromUtf8("张小伟"), QString::fromUtf8("小伟"));
+    row("Chinese, one", QString::fromUtf8("张"), QString::fromUtf8("张"));
+    row("Latin, two words", "ann smith", "AS");
+    row("Latin, three words", "Ann Mary Smith", "AM");
+    row("Latin, one word", "ann", "A");
+    row("mixed", QString::fromUtf8("Ann 张"), QString::fromUtf8("张"));
+    row("nothing", "", "?");
+    row("blanks", "  \n ", "?");
+    row("signs", "- (", "-");
+    row("signs and a word", "(ann)", "(");
+    row("digits", "007 bond", "0B");
 }
 
 void TstAvatarStore::monograms()

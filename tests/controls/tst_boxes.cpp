@@ -57,11 +57,10 @@ void TstBoxes::tellsInPlainText()
 
 void TstBoxes::asks_data()
 {
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("calls");
-    QTest::newRow("Esc") << int(Qt::Key_Escape) << 0;
-    QTest::newRow("Enter is cancel") << int(Qt::Key_Return) << 0;
-    QTest::newRow("sure") << 0 << 1;
+    const Rows<int, int> row{"key", "calls"};
+    row("Esc", int(Qt::Key_Escape), 0);
+    row("Enter is cancel", int(Qt::Key_Return), 0);
+    row("sure", 0, 1);
 }
 
 void TstBoxes::asks()

@@ -21,22 +21,21 @@ private slots:
 
 void TstSkin::readsColours_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QColor>("color");
+    const Rows<QString, QColor> row{"text", "color"};
     const QColor fallback(1, 2, 3);
-    QTest::newRow("plain") << "180,181,182" << QColor(180, 181, 182);
-    QTest::newRow("blanks") << " 0 , 255 ,7" << QColor(0, 255, 7);
-    QTest::newRow("empty") << "" << fallback;
-    QTest::newRow("two") << "1,2" << fallback;
-    QTest::newRow("four") << "1,2,3,4" << fallback;
-    QTest::newRow("too large") << "256,0,0" << fallback;
-    QTest::newRow("huge") << "99999999999999999999,0,0" << fallback;
-    QTest::newRow("negative") << "-1,0,0" << fallback;
-    QTest::newRow("fraction") << "1.5,0,0" << fallback;
-    QTest::newRow("a name") << "red" << fallback;
-    QTest::newRow("a missing part") << "1,,3" << fallback;
-    QTest::newRow("a style sheet") << "1,2,3); color: red" << fallback;
-    QTest::newRow("very long") << QString(100000, QLatin1Char(',')) << fallback;
+    row("plain", "180,181,182", QColor(180, 181, 182));
+    row("blanks", " 0 , 255 ,7", QColor(0, 255, 7));
+    row("empty", "", fallback);
+    row("two", "1,2", fallback);
+    row("four", "1,2,3,4", fallback);
+    row("too large", "256,0,0", fallback);
+    row("huge", "99999999999999999999,0,0", fallback);
+    row("negative", "-1,0,0", fallback);
+    row("fraction", "1.5,0,0", fallback);
+    row("a name", "red", fallback);
+    row("a missing part", "1,,3", fallback);
+    row("a style sheet", "1,2,3); color: red", fallback);
+    row("very long", QString(100000, QLatin1Char(',')), fallback);
 }
 
 void TstSkin::readsColours()

@@ -77,13 +77,12 @@ void TstWatermark::cleanup()
 
 void TstWatermark::tilesCoverTheDesktop_data()
 {
-    QTest::addColumn<QSize>("desktop");
-    QTest::addColumn<int>("textWidth");
-    QTest::newRow("small") << QSize(800, 600) << 60;
-    QTest::newRow("laptop") << QSize(1366, 768) << 140;
-    QTest::newRow("long texts") << QSize(1920, 1080) << 700;
-    QTest::newRow("upright") << QSize(1200, 1920) << 90;
-    QTest::newRow("5K") << QSize(5120, 2880) << 90;
+    const Rows<QSize, int> row{"desktop", "textWidth"};
+    row("small", QSize(800, 600), 60);
+    row("laptop", QSize(1366, 768), 140);
+    row("long texts", QSize(1920, 1080), 700);
+    row("upright", QSize(1200, 1920), 90);
+    row("5K", QSize(5120, 2880), 90);
 }
 
 void TstWatermark::tilesCoverTheDesktop()
@@ -145,20 +144,12 @@ void TstWatermark::pictureHasInkEverywhere()
 
 void TstWatermark::pictureColour_data()
 {
-    QTest::addColumn<QByteArray>("skin");
-    QTest::addColumn<QByteArray>("told");
-    QTest::addColumn<QColor>("seen");
-    QTest::addColumn<QString>("suffix");
-    QTest::newRow("none") << QByteArray("light") << QByteArray() << QColor("#e8e9eb")
-                          << "_#e8e9eb.png";
-    QTest::newRow("components") << QByteArray("light") << QByteArray("180,170,160")
-                                << QColor(180, 170, 160) << "_180,170,160.png";
-    QTest::newRow("hexadecimal") << QByteArray("light") << QByteArray("#102030")
-                                 << QColor("#102030") << "_#102030.png";
-    QTest::newRow("no colour") << QByteArray("light") << QByteArray("../x") << QColor("#e8e9eb")
-                               << "_.._x.png";
-    QTest::newRow("dark") << QByteArray("dark") << QByteArray() << QColor("#2a2d33")
-                          << "_#2a2d33.png";
+    const Rows<QByteArray, QByteArray, QColor, QString> row{"skin", "told", "seen", "suffix"};
+    row("none", "light", QByteArray(), QColor("#e8e9eb"), "_#e8e9eb.png");
+    row("components", "light", "180,170,160", QColor(180, 170, 160), "_180,170,160.png");
+    row("hexadecimal", "light", "#102030", QColor("#102030"), "_#102030.png");
+    row("no colour", "light", "../x", QColor("#e8e9eb"), "_.._x.png");
+    row("dark", "dark", QByteArray(), QColor("#2a2d33"), "_#2a2d33.png");
 }
 
 void TstWatermark::pictureColour()
@@ -184,22 +175,17 @@ void TstWatermark::pictureColour()
 
 void TstWatermark::fileNames_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected"); // before "_#e8e9eb.png"
-    QTest::newRow("plain") << "Anna Li"
-                           << "Anna Li";
-    QTest::newRow("Chinese") << QString::fromUtf8("王小明") << QString::fromUtf8("王小明");
-    QTest::newRow("up") << "../../../etc/passwd"
-                        << ".._.._.._etc_passwd";
-    QTest::newRow("absolute") << "C:\\Windows\\x"
-                              << "C__Windows_x";
-    QTest::newRow("forbidden") << "a*b?c\"d<e>f|g"
-                               << "a_b_c_d_e_f_g";
-    QTest::newRow("control") << QStringLiteral("a\nb\tc").append(QChar(0)) << "a_b_c_";
-    QTest::newRow("sheet") << "x);} Q{}"
-                           << "x);} Q{}";
-    QTest::newRow("long") << QString(10000, QLatin1Char('n')) << QString(200, QLatin1Char('n'));
-    QTest::newRow("long Chinese") << QString(500, QChar(0x738b)) << QString(66, QChar(0x738b));
+    // expected: before "_#e8e9eb.png"
+    const Rows<QString, QString> row{"name", "expected"};
+    row("plain", "Anna Li", "Anna Li");
+    row("Chinese", QString::fromUtf8("王小明"), QString::fromUtf8("王小明"));
+    row("up", "../../../etc/passwd", ".._.._.._etc_passwd");
+    row("absolute", "C:\\Windows\\x", "C__Windows_x");
+    row("forbidden", "a*b?c\"d<e>f|g", "a_b_c_d_e_f_g");
+    row("control", QStringLiteral("a\nb\tc").append(QChar(0)), "a_b_c_");
+    row("sheet", "x);} Q{}", "x);} Q{}");
+    row("long", QString(10000, QLatin1Char('n')), QString(200, QLatin1Char('n')));
+    row("long Chinese", QString(500, QChar(0x738b)), QString(66, QChar(0x738b)));
 }
 
 void TstWatermark::fileNames()
@@ -212,15 +198,13 @@ void TstWatermark::fileNames()
 
 void TstWatermark::sheetText_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("off") << ""
-                         << "QWidget#orgWidget{background-image: url();} ";
-    QTest::newRow("plain") << "/d/u/waterMark/A B_#e8e9eb.png"
-                           << "QWidget#orgWidget{background-image: "
-                              "url(/d/u/waterMark/A B_#e8e9eb.png);} ";
-    QTest::newRow("bracket") << "/d/A)_1,2,3.png"
-                             << "QWidget#orgWidget{background-image: url(\"/d/A)_1,2,3.png\");} ";
+    const Rows<QString, QString> row{"file", "expected"};
+    row("off", "", "QWidget#orgWidget{background-image: url();} ");
+    row("plain", "/d/u/waterMark/A B_#e8e9eb.png",
+        "QWidget#orgWidget{background-image: "
+        "url(/d/u/waterMark/A B_#e8e9eb.png);} ");
+    row("bracket", "/d/A)_1,2,3.png",
+        "QWidget#orgWidget{background-image: url(\"/d/A)_1,2,3.png\");} ");
 }
 
 void TstWatermark::sheetText()
@@ -232,8 +216,7 @@ void TstWatermark::sheetText()
 
 void TstWatermark::sheetStaysASheet_data()
 {
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("name");
+    const Rows<QString, QString> row{"folder", "name"};
     const char *names[] = {"plain name",
                            "x);} QWidget#other{background-color:#00ff00} q{a:url(",
                            "a'b",
@@ -245,11 +228,11 @@ void TstWatermark::sheetStaysASheet_data()
                            "a;b",
                            "#@,!~+=[]"};
     for (const char *name : names)
-        QTest::newRow(name) << "f" << name;
-    QTest::newRow("Chinese") << "f" << QString::fromUtf8("王（小）明");
+        row(name, "f", name);
+    row("Chinese", "f", QString::fromUtf8("王（小）明"));
 #ifdef Q_OS_UNIX
     for (const char *folder : {"it's", "\"quoted\"", "back\\slash", "(round) {curly}", "100 %"})
-        QTest::newRow(folder) << folder << "name";
+        row(folder, folder, "name");
 #endif
 }
 

@@ -64,15 +64,13 @@ void TstAddFriend::asksAtOpening()
 
 void TstAddFriend::opensNothing_data()
 {
-    QTest::addColumn<QString>("jid");
-    QTest::addColumn<bool>("online");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("nobody") << "" << true << "";
-    QTest::newRow("oneself") << "me@corp.example" << true << "notaddcontacts";
-    QTest::newRow("oneself by id") << "me" << true << "notaddcontacts";
+    const Rows<QString, bool, QString> row{"jid", "online", "told"};
+    row("nobody", "", true, "");
+    row("oneself", "me@corp.example", true, "notaddcontacts");
+    row("oneself by id", "me", true, "notaddcontacts");
     const QString offline = QStringLiteral("cannotSearchForOtherInfoForSelfOffLine");
-    QTest::newRow("offline") << F::anna() << false << offline;
-    QTest::newRow("oneself, offline") << "me@corp.example" << false << offline;
+    row("offline", F::anna(), false, offline);
+    row("oneself, offline", "me@corp.example", false, offline);
 }
 
 void TstAddFriend::opensNothing()
@@ -105,15 +103,12 @@ void TstAddFriend::oneWindowPerPerson()
 
 void TstAddFriend::hostOpens_data()
 {
-    QTest::addColumn<QString>("jid");
-    QTest::addColumn<bool>("flag");
-    QTest::addColumn<bool>("online");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("asked to") << F::anna() << true << true << true;
-    QTest::newRow("not asked to") << F::anna() << false << true << false;
-    QTest::newRow("oneself") << "me@corp.example" << true << true << false;
-    QTest::newRow("nobody") << "" << true << true << false;
-    QTest::newRow("offline") << F::anna() << true << false << false;
+    const Rows<QString, bool, bool, bool> row{"jid", "flag", "online", "opens"};
+    row("asked to", F::anna(), true, true, true);
+    row("not asked to", F::anna(), false, true, false);
+    row("oneself", "me@corp.example", true, true, false);
+    row("nobody", "", true, true, false);
+    row("offline", F::anna(), true, false, false);
 }
 
 void TstAddFriend::hostOpens()
@@ -141,16 +136,10 @@ void TstAddFriend::hostOpens()
 
 void TstAddFriend::policies_data()
 {
-    QTest::addColumn<QByteArray>("config");
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<bool>("asksForText");
-    QTest::newRow("accepts all") << QByteArray("ACCEPT_ALL") << "requestPage"
-                                 << "annaallowfriends" << false;
-    QTest::newRow("asks first") << QByteArray("NEED_CONFIRM") << "requestPage"
-                                << "waitfriendsconfirm" << true;
-    QTest::newRow("refuses all") << QByteArray("DENY_ALL") << "resultPage"
-                                 << "annarefusefriends" << false;
+    const Rows<QByteArray, QString, QString, bool> row{"config", "page", "text", "asksForText"};
+    row("accepts all", "ACCEPT_ALL", "requestPage", "annaallowfriends", false);
+    row("asks first", "NEED_CONFIRM", "requestPage", "waitfriendsconfirm", true);
+    row("refuses all", "DENY_ALL", "resultPage", "annarefusefriends", false);
 }
 
 void TstAddFriend::policies()
@@ -313,13 +302,10 @@ void TstAddFriend::answers()
 
 void TstAddFriend::chat_data()
 {
-    QTest::addColumn<QByteArray>("config");
-    QTest::addColumn<int>("atOnce");
-    QTest::addColumn<bool>("accepted");
-    QTest::addColumn<int>("afterAnswer");
-    QTest::newRow("accepts all") << QByteArray("1") << 1 << true << 1;
-    QTest::newRow("asks and accepts") << QByteArray("3") << 0 << true << 1;
-    QTest::newRow("asks and refuses") << QByteArray("3") << 0 << false << 0;
+    const Rows<QByteArray, int, bool, int> row{"config", "atOnce", "accepted", "afterAnswer"};
+    row("accepts all", "1", 1, true, 1);
+    row("asks and accepts", "3", 0, true, 1);
+    row("asks and refuses", "3", 0, false, 0);
 }
 
 void TstAddFriend::chat()
@@ -363,9 +349,9 @@ void TstAddFriend::offlineAtEachStep()
 
 void TstAddFriend::closing_data()
 {
-    QTest::addColumn<QString>("how");
+    const Rows<QString> row{"how"};
     for (const char *how : {"Esc", "close", "btnClose", "cancelButton"})
-        QTest::newRow(how) << how;
+        row(how, how);
 }
 
 void TstAddFriend::closing()

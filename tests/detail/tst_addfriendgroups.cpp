@@ -42,16 +42,11 @@ private:
 
 void TstAddFriendGroups::names_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("empty") << ""
-                           << "teamnotempty";
-    QTest::newRow("taken") << " Alpha"
-                           << "teamexisted";
-    QTest::newRow("reserved") << "latestContact"
-                              << "createdulicatedteam";
-    QTest::newRow("free") << " Gamma "
-                          << "";
+    const Rows<QString, QString> row{"name", "told"};
+    row("empty", "", "teamnotempty");
+    row("taken", " Alpha", "teamexisted");
+    row("reserved", "latestContact", "createdulicatedteam");
+    row("free", " Gamma ", "");
 }
 
 void TstAddFriendGroups::names()
@@ -95,20 +90,12 @@ void TstAddFriendGroups::makesOneAndSelectsIt()
 
 void TstAddFriendGroups::failures_data()
 {
-    QTest::addColumn<QString>("asked");
-    QTest::addColumn<QString>("failed");
-    QTest::addColumn<bool>("inner");
-    QTest::addColumn<int>("boxes");
-    QTest::newRow("ours") << "Gamma"
-                          << "Gamma" << true << 1;
-    QTest::newRow("somebody else's") << "Gamma"
-                                     << "Delta" << true << 0;
-    QTest::newRow("an external one") << "Gamma"
-                                     << "Gamma" << false << 0;
-    QTest::newRow("nothing asked") << ""
-                                   << "Gamma" << true << 0;
-    QTest::newRow("nothing asked, no name") << ""
-                                            << "" << true << 0;
+    const Rows<QString, QString, bool, int> row{"asked", "failed", "inner", "boxes"};
+    row("ours", "Gamma", "Gamma", true, 1);
+    row("somebody else's", "Gamma", "Delta", true, 0);
+    row("an external one", "Gamma", "Gamma", false, 0);
+    row("nothing asked", "", "Gamma", true, 0);
+    row("nothing asked, no name", "", "", true, 0);
 }
 
 void TstAddFriendGroups::failures()
@@ -165,14 +152,10 @@ void TstAddFriendGroups::nothingWhileOffline()
 
 void TstAddFriendGroups::holdsSixteenCharacters_data()
 {
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("name");
-    QTest::newRow("sixteen") << "0123456789abcdef"
-                             << "0123456789abcdef";
-    QTest::newRow("seventeen") << "0123456789abcdefg"
-                               << "0123456789abcdef";
-    QTest::newRow("a pair in the way")
-        << QString::fromUtf8("0123456789abcde😀") << "0123456789abcde";
+    const Rows<QString, QString> row{"typed", "name"};
+    row("sixteen", "0123456789abcdef", "0123456789abcdef");
+    row("seventeen", "0123456789abcdefg", "0123456789abcdef");
+    row("a pair in the way", QString::fromUtf8("0123456789abcde😀"), "0123456789abcde");
 }
 
 void TstAddFriendGroups::holdsSixteenCharacters()

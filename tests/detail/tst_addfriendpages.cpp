@@ -52,24 +52,12 @@ private:
 
 void TstAddFriendPages::names_data()
 {
-    QTest::addColumn<QString>("nick");
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QString>("shown");
-    QTest::newRow("both") << "Anna"
-                          << "anna.x"
-                          << "Anna(anna.x)";
-    QTest::newRow("the same") << "anna"
-                              << "anna"
-                              << "anna";
-    QTest::newRow("nick only") << "Anna"
-                               << ""
-                               << "Anna";
-    QTest::newRow("user only") << ""
-                               << "anna.x"
-                               << "anna.x";
-    QTest::newRow("neither") << "\n"
-                             << ""
-                             << "anna";
+    const Rows<QString, QString, QString> row{"nick", "user", "shown"};
+    row("both", "Anna", "anna.x", "Anna(anna.x)");
+    row("the same", "anna", "anna", "anna");
+    row("nick only", "Anna", "", "Anna");
+    row("user only", "", "anna.x", "anna.x");
+    row("neither", "\n", "", "anna");
 }
 
 void TstAddFriendPages::names()

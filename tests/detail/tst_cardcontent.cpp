@@ -144,9 +144,9 @@ void TstCardContent::lateProfile()
 
 void TstCardContent::failsAndAsksAgain_data()
 {
-    QTest::addColumn<bool>("silent");
-    QTest::newRow("the host says so") << false;
-    QTest::newRow("the host is silent") << true;
+    const Rows<bool> row{"silent"};
+    row("the host says so", false);
+    row("the host is silent", true);
 }
 
 void TstCardContent::failsAndAsksAgain()
@@ -187,9 +187,9 @@ void TstCardContent::reloadOffline()
 
 void TstCardContent::unchangedProfile_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::newRow("user name") << "anna";
-    QTest::newRow("jid") << "anna@corp.example";
+    const Rows<QString> row{"name"};
+    row("user name", "anna");
+    row("jid", "anna@corp.example");
 }
 
 void TstCardContent::unchangedProfile()
@@ -228,14 +228,11 @@ void TstCardContent::remarkIsEdited()
 
 void TstCardContent::remarkBox_data()
 {
-    QTest::addColumn<int>("meanwhile");
-    QTest::addColumn<QString>("typed");
-    QTest::addColumn<QString>("told");
-    QTest::newRow("unchanged") << 0 << QString::fromUtf8(" 项目经理") << "notmodify";
-    QTest::newRow("offline") << 1 << "PM"
-                             << "notexecuteoperation";
-    QTest::newRow("contact deleted") << 2 << "PM" << QString();
-    QTest::newRow("card closed") << 3 << "PM" << QString();
+    const Rows<int, QString, QString> row{"meanwhile", "typed", "told"};
+    row("unchanged", 0, QString::fromUtf8(" 项目经理"), "notmodify");
+    row("offline", 1, "PM", "notexecuteoperation");
+    row("contact deleted", 2, "PM", QString());
+    row("card closed", 3, "PM", QString());
 }
 
 void TstCardContent::remarkBox()
@@ -267,17 +264,17 @@ void TstCardContent::remarkBox()
 
 void TstCardContent::hostileFields_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::newRow("markup") << "<b>bold</b><img src=\"/etc/passwd\">";
-    QTest::newRow("entities") << "a &amp; b &lt;i&gt;";
-    QTest::newRow("mnemonic") << "R&D &Co";
-    QTest::newRow("long") << QString(10000, QLatin1Char('w'));
-    QTest::newRow("long Chinese") << QString(10000, QChar(0x5f20));
-    QTest::newRow("controls") << QStringLiteral("a\r\nb\tc\x1b[31md\x07") + QChar(0) + QChar('e');
-    QTest::newRow("bidi") << QStringLiteral("gpj.") + QChar(0x202e) + QStringLiteral("exe");
-    QTest::newRow("Hebrew") << QString::fromUtf8("שלום 123");
-    QTest::newRow("lone surrogate") << QStringLiteral("a") + QChar(0xd800) + QStringLiteral("b");
-    QTest::newRow("style sheet") << "a); qproperty-text:\"PWNED\"; x:url(b";
+    const Rows<QString> row{"text"};
+    row("markup", "<b>bold</b><img src=\"/etc/passwd\">");
+    row("entities", "a &amp; b &lt;i&gt;");
+    row("mnemonic", "R&D &Co");
+    row("long", QString(10000, QLatin1Char('w')));
+    row("long Chinese", QString(10000, QChar(0x5f20)));
+    row("controls", QStringLiteral("a\r\nb\tc\x1b[31md\x07") + QChar(0) + QChar('e'));
+    row("bidi", QStringLiteral("gpj.") + QChar(0x202e) + QStringLiteral("exe"));
+    row("Hebrew", QString::fromUtf8("שלום 123"));
+    row("lone surrogate", QStringLiteral("a") + QChar(0xd800) + QStringLiteral("b"));
+    row("style sheet", "a); qproperty-text:\"PWNED\"; x:url(b");
 }
 
 void TstCardContent::hostileFields()
@@ -319,10 +316,10 @@ void TstCardContent::hostileFields()
 
 void TstCardContent::valuesAreCopied_data()
 {
-    QTest::addColumn<int>("way");
-    QTest::newRow("Ctrl+C") << 0;
-    QTest::newRow("menu") << 1;
-    QTest::newRow("double click and Ctrl+C") << 2;
+    const Rows<int> row{"way"};
+    row("Ctrl+C", 0);
+    row("menu", 1);
+    row("double click and Ctrl+C", 2);
 }
 
 void TstCardContent::valuesAreCopied()

@@ -56,9 +56,9 @@ void TstCardManager::emptyJid()
 
 void TstCardManager::offline_data()
 {
-    QTest::addColumn<QString>("jid");
-    QTest::newRow("contact") << "anna@corp.example";
-    QTest::newRow("own") << "me@corp.example";
+    const Rows<QString> row{"jid"};
+    row("contact", "anna@corp.example");
+    row("own", "me@corp.example");
 }
 
 void TstCardManager::offline()
@@ -104,10 +104,10 @@ void TstCardManager::oneCardPerPerson()
 
 void TstCardManager::forgetsClosedCards_data()
 {
-    QTest::addColumn<int>("way");
+    const Rows<int> row{"way"};
     for (const char *way : {"Esc", "close()", "close button", "manager", "delete"}) {
         static int number = 0;
-        QTest::newRow(way) << number++;
+        row(way, number++);
     }
 }
 
@@ -149,10 +149,10 @@ void TstCardManager::forgetsClosedCards()
 
 void TstCardManager::hostClosesInsideTheRequest_data()
 {
-    QTest::addColumn<int>("way");
-    QTest::newRow("closes") << 0;
-    QTest::newRow("deletes") << 1;
-    QTest::newRow("answers and closes") << 2;
+    const Rows<int> row{"way"};
+    row("closes", 0);
+    row("deletes", 1);
+    row("answers and closes", 2);
 }
 
 void TstCardManager::hostClosesInsideTheRequest()
@@ -230,12 +230,11 @@ void TstCardManager::buttonsAskTheHost()
 
 void TstCardManager::rights_data()
 {
-    QTest::addColumn<int>("right");
-    QTest::addColumn<QByteArray>("button");
-    QTest::newRow("topic") << int(ApplicationContext::Topic) << QByteArray("topicBtn");
-    QTest::newRow("organisation") << int(ApplicationContext::Org) << QByteArray("btnPosition");
-    QTest::newRow("mail") << int(ApplicationContext::Mail) << QByteArray("btnSendMail");
-    QTest::newRow("chat") << int(ApplicationContext::Chat) << QByteArray("btncreateDialog");
+    const Rows<int, QByteArray> row{"right", "button"};
+    row("topic", int(ApplicationContext::Topic), "topicBtn");
+    row("organisation", int(ApplicationContext::Org), "btnPosition");
+    row("mail", int(ApplicationContext::Mail), "btnSendMail");
+    row("chat", int(ApplicationContext::Chat), "btncreateDialog");
 }
 
 // Taken anew at each opening; without a connection nothing can be pressed.

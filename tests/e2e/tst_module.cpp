@@ -328,10 +328,10 @@ void TstModule::endsQuietly()
 
 void TstModule::refusesOtherLibraries_data()
 {
-    QTest::addColumn<QString>("file");
-    QTest::newRow("no plug-in") << QStringLiteral(FRIENDUI_UNRELATED);
-    QTest::newRow("no library") << QStringLiteral(__FILE__);
-    QTest::newRow("nothing") << QStringLiteral("/nonexistent/libFriendUI.so");
+    const Rows<QString> row{"file"};
+    row("no plug-in", QStringLiteral(FRIENDUI_UNRELATED));
+    row("no library", QStringLiteral(__FILE__));
+    row("nothing", QStringLiteral("/nonexistent/libFriendUI.so"));
 }
 
 void TstModule::refusesOtherLibraries()

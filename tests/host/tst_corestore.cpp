@@ -87,11 +87,11 @@ private slots:
 
     void damagedFilesAreKeptUnderANameThatIsTold_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::newRow("no database at all") << "text";
-        QTest::newRow("cut in the middle") << "cut";
-        QTest::newRow("page overwritten") << "page";
-        QTest::newRow("another program's tables") << "foreign";
+        const Rows<QString> row{"how"};
+        row("no database at all", "text");
+        row("cut in the middle", "cut");
+        row("page overwritten", "page");
+        row("another program's tables", "foreign");
     }
     void damagedFilesAreKeptUnderANameThatIsTold()
     {

@@ -67,10 +67,10 @@ private slots:
 
     void everyRequestFailsWhenTold_data()
     {
-        QTest::addColumn<QString>("lever");
-        QTest::newRow("each") << "each";
-        QTest::newRow("all") << "all";
-        QTest::newRow("offline") << "offline";
+        const Rows<QString> row{"lever"};
+        row("each", "each");
+        row("all", "all");
+        row("offline", "offline");
     }
 
     void everyRequestFailsWhenTold()

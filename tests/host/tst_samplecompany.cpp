@@ -60,13 +60,12 @@ private slots:
 
     void everybodyHasOneDepartmentAndAWayUp_data()
     {
-        QTest::addColumn<int>("people");
-        QTest::addColumn<int>("levels");
-        QTest::newRow("alone") << 1 << 2;
-        QTest::newRow("two") << 2 << 2;
-        QTest::newRow("fewer than departments") << 30 << 2;
-        QTest::newRow("default") << 300 << 3;
-        QTest::newRow("large") << 20000 << 3;
+        const Rows<int, int> row{"people", "levels"};
+        row("alone", 1, 2);
+        row("two", 2, 2);
+        row("fewer than departments", 30, 2);
+        row("default", 300, 3);
+        row("large", 20000, 3);
     }
     void everybodyHasOneDepartmentAndAWayUp()
     {
@@ -133,16 +132,13 @@ private slots:
 
     void friendsAreDifferentPeopleInAllGroups_data()
     {
-        QTest::addColumn<int>("people");
-        QTest::addColumn<int>("fewest");
-        QTest::addColumn<int>("most");
-        QTest::addColumn<int>("groups");
-        QTest::newRow("alone") << 1 << 1 << 1 << 8;
-        QTest::newRow("small") << 40 << 40 << 40 << 8;
-        QTest::newRow("default") << 300 << 60 << 120 << 8;
-        QTest::newRow("just selected") << 2000 << 60 << 130 << 8;
-        QTest::newRow("just everybody") << 2001 << 2001 << 2001 << 8;
-        QTest::newRow("load test") << 100000 << 100000 << 100000 << 200;
+        const Rows<int, int, int, int> row{"people", "fewest", "most", "groups"};
+        row("alone", 1, 1, 1, 8);
+        row("small", 40, 40, 40, 8);
+        row("default", 300, 60, 120, 8);
+        row("just selected", 2000, 60, 130, 8);
+        row("just everybody", 2001, 2001, 2001, 8);
+        row("load test", 100000, 100000, 100000, 200);
     }
     void friendsAreDifferentPeopleInAllGroups()
     {

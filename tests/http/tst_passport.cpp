@@ -85,19 +85,15 @@ void TstPassport::freshAuthId()
 
 void TstPassport::outcomes_data()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("flag");
-    QTest::addColumn<QByteArray>("cookie");
-    QTest::addColumn<bool>("success");
-    QTest::addColumn<bool>("over");
+    const Rows<int, QByteArray, QByteArray, bool, bool> row{"status", "flag", "cookie", "success",
+                                                            "over"};
     const QByteArray good = "imAuthId=auth-new; Path=/";
-    QTest::newRow("new auth id") << 302 << QByteArray() << good << true << false;
-    QTest::newRow("redirect without one") << 302 << QByteArray() << QByteArray() << false << false;
-    QTest::newRow("an empty one") << 302 << QByteArray() << QByteArray("imAuthId=; Path=/") << false
-                                  << false;
-    QTest::newRow("ticket refused") << 200 << QByteArray("true") << QByteArray() << false << true;
-    QTest::newRow("log-in page") << 200 << QByteArray() << good << false << false;
-    QTest::newRow("server error") << 500 << QByteArray("true") << good << false << false;
+    row("new auth id", 302, QByteArray(), good, true, false);
+    row("redirect without one", 302, QByteArray(), QByteArray(), false, false);
+    row("an empty one", 302, QByteArray(), "imAuthId=; Path=/", false, false);
+    row("ticket refused", 200, "true", QByteArray(), false, true);
+    row("log-in page", 200, QByteArray(), good, false, false);
+    row("server error", 500, "true", good, false, false);
 }
 
 void TstPassport::outcomes()

@@ -71,9 +71,9 @@ private slots:
 
     void unknownIsNotAskedForAgain_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::newRow("unknown") << 404;
-        QTest::newRow("service is down") << 503;
+        const Rows<int> row{"status"};
+        row("unknown", 404);
+        row("service is down", 503);
     }
 
     void unknownIsNotAskedForAgain()
@@ -135,9 +135,9 @@ private slots:
 
     void nothingGoesOnForAnotherUser_data()
     {
-        QTest::addColumn<QString>("next");
-        QTest::newRow("another") << "u2";
-        QTest::newRow("nobody") << "";
+        const Rows<QString> row{"next"};
+        row("another", "u2");
+        row("nobody", "");
     }
 
     void nothingGoesOnForAnotherUser()

@@ -85,12 +85,11 @@ private slots:
 
     void failuresAreToldOnceAndLater_data()
     {
-        QTest::addColumn<QByteArray>("ini");
-        QTest::addColumn<int>("status");
-        QTest::newRow("no address") << QByteArray("[vote]\ncreateVote=\n") << 0;
-        QTest::newRow("refused address") << QByteArray("[vote]\ncreateVote=file:///x\n") << 0;
-        QTest::newRow("status 500") << QByteArray() << 500;
-        QTest::newRow("nothing listens") << QByteArray() << -1;
+        const Rows<QByteArray, int> row{"ini", "status"};
+        row("no address", "[vote]\ncreateVote=\n", 0);
+        row("refused address", "[vote]\ncreateVote=file:///x\n", 0);
+        row("status 500", QByteArray(), 500);
+        row("nothing listens", QByteArray(), -1);
     }
 
     void failuresAreToldOnceAndLater()

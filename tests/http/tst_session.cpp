@@ -65,13 +65,12 @@ void TstSession::requestOnTheWire()
 
 void TstSession::statusesAreDelivered_data()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("location");
+    const Rows<int, QByteArray> row{"status", "location"};
     for (int status : {200, 204, 300, 301, 302, 304, 400, 403, 404, 480, 500, 503})
         QTest::addRow("%d", status) << status << QByteArray();
     for (int status : {200, 303, 307, 308})
         QTest::addRow("%d with a target", status) << status << QByteArray("/elsewhere");
-    QTest::newRow("302 with an empty target") << 302 << QByteArray("");
+    row("302 with an empty target", 302, "");
 }
 
 // Only 301 and 302 with a target are anything but a reply.
@@ -96,10 +95,10 @@ void TstSession::statusesAreDelivered()
 
 void TstSession::addressesThatAreNone_data()
 {
-    QTest::addColumn<QString>("address");
+    const Rows<QString> row{"address"};
     for (const char *address : {"", "/center/a.do", "file:///etc/hostname", "ftp://127.0.0.1/a",
                                 "data:text/plain,a", "http://", "http://a b/"})
-        QTest::newRow(address) << QString::fromLatin1(address);
+        row(address, QString::fromLatin1(address));
 }
 
 void TstSession::addressesThatAreNone()

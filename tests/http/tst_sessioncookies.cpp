@@ -69,13 +69,13 @@ void TstSessionCookies::sent()
 
 void TstSessionCookies::valuesThatAreNotSent_data()
 {
-    QTest::addColumn<QString>("value");
-    QTest::newRow("empty") << QString();
-    QTest::newRow("line break") << QStringLiteral("a\r\nX-Inj: yes");
-    QTest::newRow("line feed") << QStringLiteral("a\nb");
-    QTest::newRow("NUL") << QString(QChar(0)) + QLatin1Char('a');
-    QTest::newRow("delete") << QString(QChar(0x7f));
-    QTest::newRow("another cookie") << QStringLiteral("a; admin=1");
+    const Rows<QString> row{"value"};
+    row("empty", QString());
+    row("line break", QStringLiteral("a\r\nX-Inj: yes"));
+    row("line feed", QStringLiteral("a\nb"));
+    row("NUL", QString(QChar(0)) + QLatin1Char('a'));
+    row("delete", QString(QChar(0x7f)));
+    row("another cookie", QStringLiteral("a; admin=1"));
 }
 
 void TstSessionCookies::valuesThatAreNotSent()
@@ -111,22 +111,17 @@ void TstSessionCookies::emptyAfterItWasSet()
 
 void TstSessionCookies::replyReplaces_data()
 {
-    QTest::addColumn<QByteArray>("cookies"); // separated by "|"
-    QTest::addColumn<QString>("authId");
-    QTest::newRow("none") << QByteArray() << QStringLiteral("auth1");
-    QTest::newRow("another name") << QByteArray("other=1; Path=/") << QStringLiteral("auth1");
-    QTest::newRow("new") << QByteArray("imAuthId=auth2; Path=/; HttpOnly")
-                         << QStringLiteral("auth2");
-    QTest::newRow("several paths")
-        << QByteArray("imAuthId=deep; Path=/center|imAuthId=auth2; Path=/")
-        << QStringLiteral("auth2");
-    QTest::newRow("another path") << QByteArray("imAuthId=auth2; Path=/elsewhere")
-                                  << QStringLiteral("auth1");
-    QTest::newRow("another domain")
-        << QByteArray("imAuthId=auth2; Path=/; Domain=evil.example") << QStringLiteral("auth1");
-    QTest::newRow("taken away") << QByteArray(
-                                       "imAuthId=x; Path=/; Expires=Thu, 01 Jan 1970 00:00:00 GMT")
-                                << QStringLiteral("auth1");
+    // cookies: separated by "|"
+    const Rows<QByteArray, QString> row{"cookies", "authId"};
+    row("none", QByteArray(), QStringLiteral("auth1"));
+    row("another name", "other=1; Path=/", QStringLiteral("auth1"));
+    row("new", "imAuthId=auth2; Path=/; HttpOnly", QStringLiteral("auth2"));
+    row("several paths", "imAuthId=deep; Path=/center|imAuthId=auth2; Path=/",
+        QStringLiteral("auth2"));
+    row("another path", "imAuthId=auth2; Path=/elsewhere", QStringLiteral("auth1"));
+    row("another domain", "imAuthId=auth2; Path=/; Domain=evil.example", QStringLiteral("auth1"));
+    row("taken away", QByteArray("imAuthId=x; Path=/; Expires=Thu, 01 Jan 1970 00:00:00 GMT"),
+        QStringLiteral("auth1"));
 }
 
 void TstSessionCookies::replyReplaces()
@@ -158,13 +153,11 @@ void TstSessionCookies::newerValueSurvivesAnOldReply()
 
 void TstSessionCookies::expiredLogIn_data()
 {
-    QTest::addColumn<int>("status");
-    QTest::addColumn<QByteArray>("flag");
-    QTest::addColumn<int>("calls");
-    QTest::newRow("expired") << 200 << QByteArray("true") << 1;
-    QTest::newRow("expired with an error") << 500 << QByteArray("true") << 1;
-    QTest::newRow("not expired") << 200 << QByteArray("false") << 0;
-    QTest::newRow("another word") << 200 << QByteArray("TRUE") << 0;
+    const Rows<int, QByteArray, int> row{"status", "flag", "calls"};
+    row("expired", 200, "true", 1);
+    row("expired with an error", 500, "true", 1);
+    row("not expired", 200, "false", 0);
+    row("another word", 200, "TRUE", 0);
 }
 
 void TstSessionCookies::expiredLogIn()
@@ -195,18 +188,14 @@ void TstSessionCookies::withoutPassport()
 
 void TstSessionCookies::basicAuthorisation_data()
 {
-    QTest::addColumn<QString>("user");
-    QTest::addColumn<QString>("password");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("both")
-        << QStringLiteral("u1") << QStringLiteral("secret")
-        << QByteArray("Basic " + QByteArray("u1:5ebe2294ecd0e0f08eab7690d2a6ee69").toBase64());
+    const Rows<QString, QString, QByteArray> row{"user", "password", "expected"};
+    row("both", QStringLiteral("u1"), QStringLiteral("secret"),
+        QByteArray("Basic " + QByteArray("u1:5ebe2294ecd0e0f08eab7690d2a6ee69").toBase64()));
     // Latin-1 under the digest, UTF-8 around it.
-    QTest::newRow("beyond ASCII")
-        << QString::fromUtf8("张") << QString::fromUtf8("é")
-        << QByteArray("Basic " + QByteArray("张:3406877694691ddd1dfb0aca54681407").toBase64());
-    QTest::newRow("no user") << QString() << QStringLiteral("secret") << QByteArray();
-    QTest::newRow("no password") << QStringLiteral("u1") << QString() << QByteArray();
+    row("beyond ASCII", QString::fromUtf8("张"), QString::fromUtf8("é"),
+        QByteArray("Basic " + QByteArray("张:3406877694691ddd1dfb0aca54681407").toBase64()));
+    row("no user", QString(), QStringLiteral("secret"), QByteArray());
+    row("no password", QStringLiteral("u1"), QString(), QByteArray());
 }
 
 void TstSessionCookies::basicAuthorisation()

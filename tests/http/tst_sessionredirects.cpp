@@ -101,11 +101,10 @@ void TstSessionRedirects::cookiesOfTheHop()
 
 void TstSessionRedirects::whatGoesAlong_data()
 {
-    QTest::addColumn<bool>("sameHost");
-    QTest::addColumn<bool>("isService");
-    QTest::newRow("the same host") << true << false;
-    QTest::newRow("another host") << false << false;
-    QTest::newRow("a service") << false << true;
+    const Rows<bool, bool> row{"sameHost", "isService"};
+    row("the same host", true, false);
+    row("another host", false, false);
+    row("a service", false, true);
 }
 
 void TstSessionRedirects::whatGoesAlong()
@@ -161,10 +160,10 @@ void TstSessionRedirects::loop()
 
 void TstSessionRedirects::refusedTargets_data()
 {
-    QTest::addColumn<QByteArray>("location");
+    const Rows<QByteArray> row{"location"};
     for (const char *location : {"file:///etc/hostname", "ftp://127.0.0.1/a", "data:text/plain,a",
                                  "qrc:/a", "javascript:alert(1)", "https://"})
-        QTest::newRow(location) << QByteArray(location);
+        row(location, QByteArray(location));
 }
 
 void TstSessionRedirects::refusedTargets()

@@ -80,10 +80,9 @@ private:
 
 void TstSessionThrottle::limits_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("limit");
-    QTest::newRow("others") << 0 << 20;
-    QTest::newRow("pictures") << int(CHttpSession::PictureKind) << 5;
+    const Rows<int, int> row{"kind", "limit"};
+    row("others", 0, 20);
+    row("pictures", int(CHttpSession::PictureKind), 5);
 }
 
 // Really on the wire, not only out of the client's own list.
@@ -120,10 +119,10 @@ void TstSessionThrottle::unthrottledIsSentAtOnce()
 
 void TstSessionThrottle::placesBecomeFree_data()
 {
-    QTest::addColumn<int>("how");
+    const Rows<int> row{"how"};
     int number = 0;
     for (const char *how : {"deleted", "cancelled", "timed out", "dropped", "waiting deleted"})
-        QTest::newRow(how) << number++;
+        row(how, number++);
 }
 
 void TstSessionThrottle::placesBecomeFree()

@@ -73,10 +73,9 @@ private slots:
 
 void TstThrottle::limits_data()
 {
-    QTest::addColumn<int>("lane");
-    QTest::addColumn<int>("limit");
-    QTest::newRow("pictures") << int(Lane::Pictures) << 5;
-    QTest::newRow("others") << int(Lane::Others) << 20;
+    const Rows<int, int> row{"lane", "limit"};
+    row("pictures", int(Lane::Pictures), 5);
+    row("others", int(Lane::Others), 20);
 }
 
 void TstThrottle::limits()

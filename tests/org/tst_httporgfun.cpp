@@ -36,12 +36,10 @@ private slots:
 
 void TstHttpOrgFun::sends_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QByteArray>("body");
-    QTest::newRow("children") << int(Children) << QByteArray("orgId=d%261%20%2B%2F");
-    QTest::newRow("locate") << int(Locate) << QByteArray("empId=u1&type=EMP");
-    QTest::newRow("search") << int(Search)
-                            << QByteArray("searchText=li%2Ca&containOrg=true&pageNo=1&pageSize=20");
+    const Rows<int, QByteArray> row{"kind", "body"};
+    row("children", int(Children), "orgId=d%261%20%2B%2F");
+    row("locate", int(Locate), "empId=u1&type=EMP");
+    row("search", int(Search), "searchText=li%2Ca&containOrg=true&pageNo=1&pageSize=20");
 }
 
 void TstHttpOrgFun::sends()
@@ -229,9 +227,9 @@ void TstHttpOrgFun::brokenInTheMiddle()
 
 void TstHttpOrgFun::refusedReplies_data()
 {
-    QTest::addColumn<QByteArray>("head");
-    QTest::newRow("too long, as it says") << QByteArray("Content-Length: 67108864\r\n");
-    QTest::newRow("packed") << QByteArray("Content-Encoding: gzip\r\nContent-Length: 2\r\n");
+    const Rows<QByteArray> row{"head"};
+    row("too long, as it says", "Content-Length: 67108864\r\n");
+    row("packed", "Content-Encoding: gzip\r\nContent-Length: 2\r\n");
 }
 
 void TstHttpOrgFun::refusedReplies()
@@ -246,10 +244,10 @@ void TstHttpOrgFun::refusedReplies()
 
 void TstHttpOrgFun::noAddress_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::newRow("children") << int(Children);
-    QTest::newRow("locate") << int(Locate);
-    QTest::newRow("search") << int(Search);
+    const Rows<int> row{"kind"};
+    row("children", int(Children));
+    row("locate", int(Locate));
+    row("search", int(Search));
 }
 
 void TstHttpOrgFun::noAddress()
@@ -264,14 +262,12 @@ void TstHttpOrgFun::noAddress()
 
 void TstHttpOrgFun::malformed_data()
 {
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QByteArray>("body");
+    const Rows<int, QByteArray> row{"kind", "body"};
     const QByteArray large = employees(5000);
     for (const Kind kind : {Children, Locate, Search}) {
-        QTest::newRow(qPrintable(QStringLiteral("small %1").arg(kind)))
-            << int(kind) << QByteArray("[1]");
-        QTest::newRow(qPrintable(QStringLiteral("large %1").arg(kind)))
-            << int(kind) << large.left(large.size() - 10);
+        row(qPrintable(QStringLiteral("small %1").arg(kind)), int(kind), "[1]");
+        row(qPrintable(QStringLiteral("large %1").arg(kind)), int(kind),
+            large.left(large.size() - 10));
     }
 }
 

@@ -51,29 +51,23 @@ void openD1(OrgFixture &org)
 
 void TstOrgMenus::entriesByRight_data()
 {
-    QTest::addColumn<QByteArray>("row");
-    QTest::addColumn<QVector<int>>("denied");
-    QTest::addColumn<QString>("keys");
+    const Rows<QByteArray, QVector<int>, QString> row{"row", "denied", "keys"};
     using Context = ApplicationContext;
-    QTest::newRow("department") << QByteArray("D1") << QVector<int>{}
-                                << "openOrClose locateSelf freshPersionInfo addToContactList";
-    QTest::newRow("department, restricted")
-        << QByteArray("D1") << QVector<int>{Context::LocateSelf, Context::AddContact}
-        << "openOrClose freshPersionInfo";
-    QTest::newRow("employee") << QByteArray("anna") << QVector<int>{}
-                              << "invitechat sendFile sendemail viewdetail msgrecord addcon";
-    QTest::newRow("employee, no chat")
-        << QByteArray("anna")
-        << QVector<int>{Context::Chat, Context::SendFile, Context::History, Context::AddContact}
-        << "sendemail viewdetail";
-    QTest::newRow("employee, no profile")
-        << QByteArray("anna") << QVector<int>{Context::Mail, Context::Detail}
-        << "invitechat sendFile msgrecord addcon";
-    QTest::newRow("employee, nothing")
-        << QByteArray("anna")
-        << QVector<int>{Context::Chat,   Context::SendFile, Context::History,
-                        Context::Detail, Context::Mail,     Context::AddContact}
-        << "";
+    row("department", "D1", QVector<int>{},
+        "openOrClose locateSelf freshPersionInfo addToContactList");
+    row("department, restricted", "D1", QVector<int>{Context::LocateSelf, Context::AddContact},
+        "openOrClose freshPersionInfo");
+    row("employee", "anna", QVector<int>{},
+        "invitechat sendFile sendemail viewdetail msgrecord addcon");
+    row("employee, no chat", "anna",
+        QVector<int>{Context::Chat, Context::SendFile, Context::History, Context::AddContact},
+        "sendemail viewdetail");
+    row("employee, no profile", "anna", QVector<int>{Context::Mail, Context::Detail},
+        "invitechat sendFile msgrecord addcon");
+    row("employee, nothing", "anna",
+        QVector<int>{Context::Chat, Context::SendFile, Context::History, Context::Detail,
+                     Context::Mail, Context::AddContact},
+        "");
 }
 
 void TstOrgMenus::entriesByRight()
@@ -141,12 +135,11 @@ void TstOrgMenus::entriesThatLeadNowhere()
 
 void TstOrgMenus::employeeRequests_data()
 {
-    QTest::addColumn<QByteArray>("key");
-    QTest::addColumn<int>("code");
-    QTest::newRow("chat") << QByteArray("invitechat") << int(Outbound::OpenChat);
-    QTest::newRow("history") << QByteArray("msgrecord") << int(Outbound::OpenHistory);
-    QTest::newRow("file") << QByteArray("sendFile") << int(Outbound::SendFile);
-    QTest::newRow("mail") << QByteArray("sendemail") << int(Outbound::WriteMail);
+    const Rows<QByteArray, int> row{"key", "code"};
+    row("chat", "invitechat", int(Outbound::OpenChat));
+    row("history", "msgrecord", int(Outbound::OpenHistory));
+    row("file", "sendFile", int(Outbound::SendFile));
+    row("mail", "sendemail", int(Outbound::WriteMail));
 }
 
 void TstOrgMenus::employeeRequests()
@@ -173,11 +166,9 @@ void TstOrgMenus::employeeRequests()
 
 void TstOrgMenus::fileRefusals_data()
 {
-    QTest::addColumn<QByteArray>("who");
-    QTest::addColumn<bool>("hasLeft");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("oneself") << QByteArray("me") << false << "notransferfile";
-    QTest::newRow("has left") << QByteArray("anna") << true << "nottransferfilewithunusedaccount";
+    const Rows<QByteArray, bool, QString> row{"who", "hasLeft", "text"};
+    row("oneself", "me", false, "notransferfile");
+    row("has left", "anna", true, "nottransferfilewithunusedaccount");
 }
 
 void TstOrgMenus::fileRefusals()
@@ -200,10 +191,9 @@ void TstOrgMenus::fileRefusals()
 
 void TstOrgMenus::mailLimit_data()
 {
-    QTest::addColumn<int>("recipients");
-    QTest::addColumn<bool>("sent");
-    QTest::newRow("as many as may be") << 50 << true;
-    QTest::newRow("one too many") << 51 << false;
+    const Rows<int, bool> row{"recipients", "sent"};
+    row("as many as may be", 50, true);
+    row("one too many", 51, false);
 }
 
 void TstOrgMenus::mailLimit()
@@ -239,22 +229,15 @@ void TstOrgMenus::groupChatOfSeveral()
 
 void TstOrgMenus::addRefusals_data()
 {
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<QString>("text"); // empty: they are added
-    QTest::newRow("nobody") << "nobody"
-                            << "notaddcontactslist";
-    QTest::newRow("only oneself") << "self"
-                                  << "notaddcontactslist";
-    QTest::newRow("all have left") << "left"
-                                   << "notaddcontactslistwithunused";
-    QTest::newRow("all are contacts") << "contacts"
-                                      << "notaddduplicatecontacts";
-    QTest::newRow("too many") << "limit"
-                              << "addfriendslimited";
-    QTest::newRow("just enough room") << "room"
-                                      << "";
-    QTest::newRow("offline") << "offline"
-                             << "offlineCannotAdd";
+    // text: empty: they are added
+    const Rows<QString, QString> row{"what", "text"};
+    row("nobody", "nobody", "notaddcontactslist");
+    row("only oneself", "self", "notaddcontactslist");
+    row("all have left", "left", "notaddcontactslistwithunused");
+    row("all are contacts", "contacts", "notaddduplicatecontacts");
+    row("too many", "limit", "addfriendslimited");
+    row("just enough room", "room", "");
+    row("offline", "offline", "offlineCannotAdd");
 }
 
 void TstOrgMenus::addRefusals()
@@ -341,14 +324,11 @@ void TstOrgMenus::failedAddIsNotMadeUpFor()
 
 void TstOrgMenus::addingOne_data()
 {
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<QString>("text"); // empty: the flow begins
-    QTest::newRow("stranger") << "stranger"
-                              << "";
-    QTest::newRow("contact") << "contact"
-                             << "notaddduplicatecontacts";
-    QTest::newRow("offline") << "offline"
-                             << "offlineCannotAdd";
+    // text: empty: the flow begins
+    const Rows<QString, QString> row{"what", "text"};
+    row("stranger", "stranger", "");
+    row("contact", "contact", "notaddduplicatecontacts");
+    row("offline", "offline", "offlineCannotAdd");
 }
 
 void TstOrgMenus::addingOne()

@@ -54,9 +54,9 @@ void TstOrgPlaces::knownPlace()
 
 void TstOrgPlaces::askedPlace_data()
 {
-    QTest::addColumn<QByteArray>("what");
-    QTest::newRow("person") << QByteArray("carl");
-    QTest::newRow("department") << QByteArray("D11");
+    const Rows<QByteArray> row{"what"};
+    row("person", "carl");
+    row("department", "D11");
 }
 
 void TstOrgPlaces::askedPlace()
@@ -101,9 +101,9 @@ void TstOrgPlaces::placeBeforeTheTree()
 
 void TstOrgPlaces::ownPlace_data()
 {
-    QTest::addColumn<bool>("byMenu");
-    QTest::newRow("menu") << true;
-    QTest::newRow("sign in the first row") << false;
+    const Rows<bool> row{"byMenu"};
+    row("menu", true);
+    row("sign in the first row", false);
 }
 
 void TstOrgPlaces::ownPlace()
@@ -124,9 +124,9 @@ void TstOrgPlaces::ownPlace()
 
 void TstOrgPlaces::nobodyThere_data()
 {
-    QTest::addColumn<bool>("fails");
-    QTest::newRow("no such person") << false;
-    QTest::newRow("failed") << true;
+    const Rows<bool> row{"fails"};
+    row("no such person", false);
+    row("failed", true);
 }
 
 void TstOrgPlaces::nobodyThere()

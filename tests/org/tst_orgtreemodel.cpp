@@ -141,13 +141,13 @@ void TstOrgTreeModel::presence()
 
 void TstOrgTreeModel::elementsWithoutPlace_data()
 {
-    QTest::addColumn<OrgElement>("element");
+    const Rows<OrgElement> row{"element"};
     const QString id = QStringLiteral("x");
-    QTest::newRow("its own parent") << makeDepartment(id, id);
-    QTest::newRow("without an id") << makeDepartment(QString(), d1);
-    QTest::newRow("the root itself") << makeDepartment(root, QString());
-    QTest::newRow("unknown parent") << makeDepartment(id, QStringLiteral("nowhere"));
-    QTest::newRow("below an employee") << makeDepartment(id, QStringLiteral("u1"));
+    row("its own parent", makeDepartment(id, id));
+    row("without an id", makeDepartment(QString(), d1));
+    row("the root itself", makeDepartment(root, QString()));
+    row("unknown parent", makeDepartment(id, QStringLiteral("nowhere")));
+    row("below an employee", makeDepartment(id, QStringLiteral("u1")));
 }
 
 void TstOrgTreeModel::elementsWithoutPlace()

@@ -65,13 +65,11 @@ private slots:
 
 void TstOrgTreeRandom::showsWhatHasAWayUp_data()
 {
-    QTest::addColumn<int>("departments");
-    QTest::addColumn<int>("employees");
-    QTest::addColumn<int>("batches");
-    QTest::addColumn<bool>("chained"); // towards one long chain
-    QTest::newRow("a few, circles everywhere") << 6 << 4 << 600 << false;
-    QTest::newRow("many") << 60 << 200 << 120 << false;
-    QTest::newRow("deeper than allowed") << 90 << 20 << 200 << true;
+    // chained: towards one long chain
+    const Rows<int, int, int, bool> row{"departments", "employees", "batches", "chained"};
+    row("a few, circles everywhere", 6, 4, 600, false);
+    row("many", 60, 200, 120, false);
+    row("deeper than allowed", 90, 20, 200, true);
 }
 
 void TstOrgTreeRandom::showsWhatHasAWayUp()

@@ -32,14 +32,14 @@ private slots:
 
 void TstOrgTreeView::togglesOnce_data()
 {
-    QTest::addColumn<QString>("how");
-    QTest::newRow("double click") << "double";
-    QTest::newRow("double click on the caret") << "doubleCaret";
-    QTest::newRow("caret") << "caret";
-    QTest::newRow("Enter") << "enter";
-    QTest::newRow("Right and Left") << "arrows";
-    QTest::newRow("menu") << "menu";
-    QTest::newRow("call") << "call";
+    const Rows<QString> row{"how"};
+    row("double click", "double");
+    row("double click on the caret", "doubleCaret");
+    row("caret", "caret");
+    row("Enter", "enter");
+    row("Right and Left", "arrows");
+    row("menu", "menu");
+    row("call", "call");
 }
 
 void TstOrgTreeView::togglesOnce()
@@ -117,10 +117,10 @@ void TstOrgTreeView::emptyDepartment()
 
 void TstOrgTreeView::failedRowIsRetried_data()
 {
-    QTest::addColumn<QString>("how");
-    QTest::newRow("click") << "click";
-    QTest::newRow("double click") << "double";
-    QTest::newRow("Enter") << "enter";
+    const Rows<QString> row{"how"};
+    row("click", "click");
+    row("double click", "double");
+    row("Enter", "enter");
 }
 
 void TstOrgTreeView::failedRowIsRetried()
@@ -221,12 +221,10 @@ void TstOrgTreeView::refreshShowsNewNames()
 
 void TstOrgTreeView::employeesAreActivated_data()
 {
-    QTest::addColumn<QString>("who");
-    QTest::addColumn<bool>("byKey");
-    QTest::addColumn<int>("chats");
-    QTest::newRow("double click") << "anna" << false << 1;
-    QTest::newRow("Enter") << "anna" << true << 1;
-    QTest::newRow("oneself") << "me" << true << 0;
+    const Rows<QString, bool, int> row{"who", "byKey", "chats"};
+    row("double click", "anna", false, 1);
+    row("Enter", "anna", true, 1);
+    row("oneself", "me", true, 0);
 }
 
 void TstOrgTreeView::employeesAreActivated()

@@ -85,10 +85,10 @@ void TstOrgWidget::loadsOnFirstShow()
 
 void TstOrgWidget::failurePageAndRetry_data()
 {
-    QTest::addColumn<int>("status");
-    QTest::newRow("no answer") << 0;
-    QTest::newRow("server") << 500;
-    QTest::newRow("forbidden") << 403;
+    const Rows<int> row{"status"};
+    row("no answer", 0);
+    row("server", 500);
+    row("forbidden", 403);
 }
 
 void TstOrgWidget::failurePageAndRetry()
@@ -261,17 +261,15 @@ void TstOrgWidget::logInAsSomebodyElse()
 
 void TstOrgWidget::realLinks_data()
 {
-    QTest::addColumn<bool>("success");
-    QTest::addColumn<QString>("url");
-    QTest::addColumn<bool>("opens");
-    QTest::newRow("https") << true << "https://admin.corp.example/org?t=1" << true;
-    QTest::newRow("http") << true << "http://admin.corp.example/" << true;
-    QTest::newRow("failed") << false << "https://admin.corp.example/" << false;
-    QTest::newRow("empty") << true << "" << false;
-    QTest::newRow("file") << true << "file:///etc/passwd" << false;
-    QTest::newRow("script") << true << "javascript:alert(1)" << false;
-    QTest::newRow("ftp") << true << "ftp://corp.example/x" << false;
-    QTest::newRow("no host") << true << "https:///x" << false;
+    const Rows<bool, QString, bool> row{"success", "url", "opens"};
+    row("https", true, "https://admin.corp.example/org?t=1", true);
+    row("http", true, "http://admin.corp.example/", true);
+    row("failed", false, "https://admin.corp.example/", false);
+    row("empty", true, "", false);
+    row("file", true, "file:///etc/passwd", false);
+    row("script", true, "javascript:alert(1)", false);
+    row("ftp", true, "ftp://corp.example/x", false);
+    row("no host", true, "https:///x", false);
 }
 
 void TstOrgWidget::realLinks()

@@ -94,9 +94,9 @@ class TstDispatch : public QObject
 private slots:
     void everyCodeReachesItsSignal_data()
     {
-        QTest::addColumn<int>("code");
+        const Rows<int> row{"code"};
         for (auto at = signalOfCode().begin(); at != signalOfCode().end(); ++at)
-            QTest::newRow(at.value().constData()) << at.key();
+            row(at.value().constData(), at.key());
     }
     void everyCodeReachesItsSignal()
     {
@@ -114,19 +114,14 @@ private slots:
 
     void flagsChooseTheSignal_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("payload");
-        QTest::addColumn<QByteArray>("signal");
-        QTest::addColumn<QByteArray>("arguments");
+        const Rows<int, QByteArray, QByteArray, QByteArray> row{"code", "payload", "signal",
+                                                                "arguments"};
         const QByteArray jid = FakeHost::encode(Jid);
-        QTest::newRow("roster contact removed")
-            << 4101 << FakeHost::encode(Jid, true) << QByteArray("signal_delFriend") << jid;
-        QTest::newRow("external contact removed")
-            << 4101 << FakeHost::encode(Jid, false) << QByteArray("signal_delOutsideFriend") << jid;
-        QTest::newRow("logged in")
-            << 4209 << FakeHost::encode(true) << QByteArray("signal_login") << QByteArray();
-        QTest::newRow("logged out")
-            << 4209 << FakeHost::encode(false) << QByteArray("signal_logout") << QByteArray();
+        row("roster contact removed", 4101, FakeHost::encode(Jid, true), "signal_delFriend", jid);
+        row("external contact removed", 4101, FakeHost::encode(Jid, false),
+            "signal_delOutsideFriend", jid);
+        row("logged in", 4209, FakeHost::encode(true), "signal_login", QByteArray());
+        row("logged out", 4209, FakeHost::encode(false), "signal_logout", QByteArray());
     }
     void flagsChooseTheSignal()
     {
@@ -141,16 +136,12 @@ private slots:
 
     void onlyEventsForThisPluginAreTaken_data()
     {
-        QTest::addColumn<QString>("receiver");
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("addressed")
-            << QStringLiteral("{77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E}") << true;
-        QTest::newRow("broadcast") << QString() << true;
-        QTest::newRow("another plug-in") << QString::fromLatin1(PluginId::Chat) << false;
-        QTest::newRow("without braces")
-            << QStringLiteral("77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E") << false;
-        QTest::newRow("lower case")
-            << QStringLiteral("{77cce3f9-79f5-c5e8-17e7-f6b7389aaa6e}") << false;
+        const Rows<QString, bool> row{"receiver", "taken"};
+        row("addressed", QStringLiteral("{77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E}"), true);
+        row("broadcast", QString(), true);
+        row("another plug-in", QString::fromLatin1(PluginId::Chat), false);
+        row("without braces", QStringLiteral("77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E"), false);
+        row("lower case", QStringLiteral("{77cce3f9-79f5-c5e8-17e7-f6b7389aaa6e}"), false);
     }
     void onlyEventsForThisPluginAreTaken()
     {

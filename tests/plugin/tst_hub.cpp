@@ -60,10 +60,10 @@ private slots:
 
     void signalsWithShorterForms_data()
     {
-        QTest::addColumn<QByteArray>("signature");
-        QTest::newRow("request") << QByteArray("signal_requestAddFriend(QString,QString)");
-        QTest::newRow("move") << QByteArray("signal_moveitem(bool,QString,QString,QString)");
-        QTest::newRow("hide") << QByteArray("signal_hidealloff(bool)");
+        const Rows<QByteArray> row{"signature"};
+        row("request", "signal_requestAddFriend(QString,QString)");
+        row("move", "signal_moveitem(bool,QString,QString,QString)");
+        row("hide", "signal_hidealloff(bool)");
     }
     void signalsWithShorterForms()
     {
@@ -85,7 +85,7 @@ private slots:
 
     void namedTypesAreRegistered_data()
     {
-        QTest::addColumn<QByteArray>("name");
+        const Rows<QByteArray> row{"name"};
         for (const char *name : {"FriendData",
                                  "QList<FriendData>",
                                  "DBFriendData",
@@ -113,7 +113,7 @@ private slots:
                                  "QList<MucMemberData>",
                                  "QList<CServiceNumData>",
                                  "MessageData"})
-            QTest::newRow(name) << QByteArray(name);
+            row(name, QByteArray(name));
     }
     void namedTypesAreRegistered()
     {

@@ -14,15 +14,10 @@ private slots:
 
 void TstCatalogues::loads_data()
 {
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<QString>("notice");
-    QTest::addColumn<QString>("afterAName");
-    QTest::newRow("zh_CN") << "zh_CN" << QString::fromUtf8("提示")
-                           << QString::fromUtf8("拒绝任何人添加为联系人");
+    const Rows<QString, QString, QString> row{"language", "notice", "afterAName"};
+    row("zh_CN", "zh_CN", QString::fromUtf8("提示"), QString::fromUtf8("拒绝任何人添加为联系人"));
     // The text follows a name, so its leading blank must survive the compiling.
-    QTest::newRow("en") << "en"
-                        << "Notice"
-                        << " accepts no contact requests";
+    row("en", "en", "Notice", " accepts no contact requests");
 }
 
 void TstCatalogues::loads()

@@ -62,10 +62,10 @@ void TstPictures::everyPictureHasADoubleSize()
 
 void TstPictures::glyphsAreOneColour_data()
 {
-    QTest::addColumn<QString>("pattern");
-    QTest::newRow("entries") << QStringLiteral("entry_*.png");
-    QTest::newRow("arrows") << QStringLiteral("arrow_*.png");
-    QTest::newRow("glyphs") << QStringLiteral("glyph_*.png");
+    const Rows<QString> row{"pattern"};
+    row("entries", QStringLiteral("entry_*.png"));
+    row("arrows", QStringLiteral("arrow_*.png"));
+    row("glyphs", QStringLiteral("glyph_*.png"));
 }
 
 // They are tinted by painting a colour through their alpha channel.

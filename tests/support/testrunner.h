@@ -3,6 +3,8 @@
 // the class to run (all, without one) and Qt Test's own.
 #pragma once
 
+#include "tests/support/rows.h"
+
 #include <QObject>
 
 #include <functional>

@@ -94,12 +94,10 @@ class TstAddingContacts : public CoreFixture
 private slots:
     void aColleagueBecomesARow_data()
     {
-        QTest::addColumn<int>("policy");
-        QTest::addColumn<bool>("refuses");
-        QTest::addColumn<QString>("outcome");
-        QTest::newRow("accepts all") << int(SampleCompany::AcceptsAll) << false << "addsuccess";
-        QTest::newRow("asks, accepts") << int(SampleCompany::AsksFirst) << false << "addsuccess";
-        QTest::newRow("asks, refuses") << int(SampleCompany::AsksFirst) << true << "addfailreadd";
+        const Rows<int, bool, QString> row{"policy", "refuses", "outcome"};
+        row("accepts all", int(SampleCompany::AcceptsAll), false, "addsuccess");
+        row("asks, accepts", int(SampleCompany::AsksFirst), false, "addsuccess");
+        row("asks, refuses", int(SampleCompany::AsksFirst), true, "addfailreadd");
     }
 
     void aColleagueBecomesARow()
@@ -145,9 +143,9 @@ private slots:
 
     void aCoreThatIsSilentOrFails_data()
     {
-        QTest::addColumn<bool>("silent");
-        QTest::newRow("silent") << true;
-        QTest::newRow("fails") << false;
+        const Rows<bool> row{"silent"};
+        row("silent", true);
+        row("fails", false);
     }
 
     void aCoreThatIsSilentOrFails()

@@ -230,11 +230,11 @@ private slots:
 
     void theQuestionIsAnsweredInsideTheEvent_data()
     {
-        QTest::addColumn<int>("answer"); // -1: none
-        QTest::addColumn<bool>("allowed");
-        QTest::newRow("yes") << 1 << true;
-        QTest::newRow("no") << 0 << false;
-        QTest::newRow("silence") << -1 << false;
+        // answer: -1: none
+        const Rows<int, bool> row{"answer", "allowed"};
+        row("yes", 1, true);
+        row("no", 0, false);
+        row("silence", -1, false);
     }
     void theQuestionIsAnsweredInsideTheEvent()
     {

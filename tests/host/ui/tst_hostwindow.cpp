@@ -168,12 +168,12 @@ private slots:
 
     void requestsBeyondTheHostOpenANote_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::newRow("mail") << int(Outbound::WriteMail);
-        QTest::newRow("file") << int(Outbound::SendFile);
-        QTest::newRow("picture") << int(Outbound::ShowPicture);
-        QTest::newRow("topic") << int(Outbound::OpenTopicPage);
-        QTest::newRow("room") << int(Outbound::ManageRoom);
+        const Rows<int> row{"code"};
+        row("mail", int(Outbound::WriteMail));
+        row("file", int(Outbound::SendFile));
+        row("picture", int(Outbound::ShowPicture));
+        row("topic", int(Outbound::OpenTopicPage));
+        row("room", int(Outbound::ManageRoom));
     }
     void requestsBeyondTheHostOpenANote()
     {

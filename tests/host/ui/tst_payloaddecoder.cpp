@@ -111,13 +111,12 @@ private slots:
 
     void cutPayloadsSaySo_data()
     {
-        QTest::addColumn<QByteArray>("payload");
-        QTest::addColumn<int>("status");
+        const Rows<QByteArray, int> row{"payload", "status"};
         const QByteArray whole = streamed(QStringLiteral("g1"), QStringLiteral("Team"), true, true);
-        QTest::newRow("a flag is missing") << whole.chopped(1) << int(DecodedPayload::Truncated);
-        QTest::newRow("inside a text") << whole.left(9) << int(DecodedPayload::Truncated);
-        QTest::newRow("empty") << QByteArray() << int(DecodedPayload::Truncated);
-        QTest::newRow("too long") << whole + "xyz" << int(DecodedPayload::TrailingBytes);
+        row("a flag is missing", whole.chopped(1), int(DecodedPayload::Truncated));
+        row("inside a text", whole.left(9), int(DecodedPayload::Truncated));
+        row("empty", QByteArray(), int(DecodedPayload::Truncated));
+        row("too long", whole + "xyz", int(DecodedPayload::TrailingBytes));
     }
     void cutPayloadsSaySo()
     {

@@ -137,13 +137,12 @@ private slots:
 
     void whatIsNoAnswerIsTriedAgain_data()
     {
-        QTest::addColumn<FakeReply>("first");
-        QTest::newRow("an error") << FakeReply::of(503);
-        QTest::newRow("no service") << FakeReply::of(404);
-        QTest::newRow("no JSON") << FakeReply::of(200, "<html>");
-        QTest::newRow("no tickets") << FakeReply::json(R"({"code":0})");
-        QTest::newRow("a dropped connection")
-            << FakeReply::of(200, QByteArray(5000, ' ')).dropped(3000);
+        const Rows<FakeReply> row{"first"};
+        row("an error", FakeReply::of(503));
+        row("no service", FakeReply::of(404));
+        row("no JSON", FakeReply::of(200, "<html>"));
+        row("no tickets", FakeReply::json(R"({"code":0})"));
+        row("a dropped connection", FakeReply::of(200, QByteArray(5000, ' ')).dropped(3000));
     }
     void whatIsNoAnswerIsTriedAgain()
     {
