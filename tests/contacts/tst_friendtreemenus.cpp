@@ -21,38 +21,6 @@ class TstFriendTreeMenus : public QObject
     Q_OBJECT
 
 private slots:
-    void menus_data()
-    {
-        // start: "|" is a separator
-        const Rows<QString, QString> row{"menu", "start"};
-        row("group", "commonGroupMenu",
-            "newgroup delMuc renameMuc | createMuc sendFile | sendemail");
-        row("contact", "commonSingleMenu",
-            "invitechat sendFile sendemail msgrecord viewdetail delFriend "
-            "changeRemarkName | moveToGroup");
-        row("empty", "nullGroupMenu", "newgroup onlyShowOnlineUser refreshFriendList");
-        row("several", "selectMoreMenu", "createMuc sendFile sendemail");
-    }
-
-    void menus()
-    {
-        QFETCH(QString, menu);
-        QFETCH(QString, start);
-        const TreeFixture tree;
-        const SkinMenu *found = tree.menu(menu.toLatin1().constData());
-        QVERIFY(found);
-        QStringList names;
-        for (const QAction *action : found->actions())
-            names.append(action->isSeparator() ? QStringLiteral("|") : action->objectName());
-        QVERIFY2(
-            (names.join(QLatin1Char(' ')) + QLatin1Char(' ')).startsWith(start + QLatin1Char(' ')),
-            qPrintable(names.join(QLatin1Char(' '))));
-        FriendTreeModel model(ExternalContactRow);
-        const FriendTreeView external(&model, false);
-        QVERIFY(external.findChild<SkinMenu *>(QStringLiteral("commonSingleMenu"))
-                    ->action("deleteMyFriend"));
-    }
-
     void menuUnderThePointer()
     {
         const TreeFixture tree;

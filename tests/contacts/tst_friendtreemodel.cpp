@@ -55,21 +55,6 @@ private slots:
         QCOMPARE(counts(QStringLiteral("g1")), QStringLiteral("0/2"));
     }
 
-    void duplicatesInOneBatch()
-    {
-        // The last of a jid counts, with its group.
-        const QString one = QStringLiteral("u1");
-        model->mergeContacts({makeContact(one, QStringLiteral("a")),
-                              makeContact(one, QStringLiteral("b"), QStringLiteral("g2")),
-                              makeContact(QStringLiteral("u2"), QStringLiteral("c")),
-                              makeContact(one, QStringLiteral("d")),
-                              makeContact(one, QStringLiteral("e"), QStringLiteral("g2"))});
-        QCOMPARE(rows(QStringLiteral("g1")), QStringList({"u2"}));
-        QCOMPARE(rows(QStringLiteral("g2")), QStringList({"u1"}));
-        QCOMPARE(role(one, FriendTreeRole::Name).toString(), QStringLiteral("e"));
-        QCOMPARE(counts(QStringLiteral("g1")), QStringLiteral("0/1"));
-    }
-
     void recordsWithoutJid()
     {
         FriendData nobody;
@@ -120,23 +105,6 @@ private slots:
         model->mergeGroups({{QStringLiteral(""), name}});
         model->mergeGroups({{QStringLiteral("g3"), QStringLiteral("Gamma")}});
         QVERIFY(model->hasGroup(QString()));
-    }
-
-    void moves()
-    {
-        model->mergeContacts(
-            {makeContact(QStringLiteral("u1"), QStringLiteral("anna")),
-             makeContact(QStringLiteral("u2"), QStringLiteral("bob"), QStringLiteral("g2"))});
-        model->setPresence({{jid(QStringLiteral("u1")), makePresence(1)}});
-        QVERIFY(!model->moveContact(jid(QStringLiteral("u1")), QStringLiteral("gone")));
-        QVERIFY(!model->moveContact(jid(QStringLiteral("u9")), QStringLiteral("g2")));
-        QVERIFY(model->moveContact(jid(QStringLiteral("u1")), QStringLiteral("g2")));
-        QCOMPARE(rows(QStringLiteral("g2")), QStringList({"u1", "u2"}));
-        QCOMPARE(counts(QStringLiteral("g1")), QStringLiteral("0/0"));
-        QCOMPARE(counts(QStringLiteral("g2")), QStringLiteral("1/2"));
-        const RowSignals seen(model.get());
-        QVERIFY(model->moveContact(jid(QStringLiteral("u1")), QStringLiteral("g2")));
-        QCOMPARE(seen.counts(), QVector<int>({0, 0, 0, 0, 0}));
     }
 
     void removesAGroupWithContacts()
@@ -222,51 +190,6 @@ private slots:
         FriendTreeModel other(ExternalContactRow);
         other.mergeContacts({contact});
         QCOMPARE(other.contactIndex(contact.jid).data(280), QVariant(9));
-    }
-
-    void batchKeepsPersistentIndexes()
-    {
-        QList<FriendData> contacts;
-        QMap<QString, PresenceData> presence;
-        for (int i = 0; i < 200; ++i) {
-            contacts.append(
-                makeContact(QStringLiteral("u%1").arg(i), QStringLiteral("n%1").arg(i)));
-            if (i % 3 == 0)
-                presence.insert(contacts.last().jid, makePresence(1));
-        }
-        model->mergeContacts(contacts);
-        QVector<QPersistentModelIndex> held;
-        for (const FriendData &contact : qAsConst(contacts))
-            held.append(model->contactIndex(contact.jid));
-        const QPersistentModelIndex group = model->groupIndex(QStringLiteral("g1"));
-        model->setPresence(presence);
-        for (int i = 0; i < held.size(); ++i)
-            QCOMPARE(held.at(i).data(FriendTreeRole::Id).toString(), contacts.at(i).jid);
-        QCOMPARE(group.data(FriendTreeRole::Id).toString(), QStringLiteral("g1"));
-        QCOMPARE(counts(QStringLiteral("g1")), QStringLiteral("67/200"));
-    }
-
-    void manyGroups()
-    {
-        tester.reset(); // walks all rows at every signal
-        QList<GroupData> groups;
-        QList<FriendData> contacts;
-        for (int i = 0; i < 5000; ++i) {
-            const QString id = QString::number(i);
-            groups.append({id, QStringLiteral("group %1").arg((i * 7919) % 5000)});
-            contacts.append(makeContact(id, id, id));
-        }
-        model->mergeGroups(groups);
-        model->mergeContacts(contacts);
-        QCOMPARE(model->rowCount(), 5002);
-        QString last;
-        for (int row = 0; row < model->rowCount(); ++row) {
-            const QModelIndex group = model->index(row, 0);
-            const QString key = group.data(FriendTreeRole::SortKey).toString();
-            QVERIFY(last < key);
-            QCOMPARE(model->groupIndex(group.data(FriendTreeRole::Id).toString()), group);
-            last = key;
-        }
     }
 
     // Twenty thousand new contacts between twenty thousand old ones must not take one

@@ -64,6 +64,14 @@ private slots:
             ":  entry fun FriendTreeWidget::delUser user not exist");
         row("empty contact list", 4115, FakeHost::encode(QList<FriendData>()), QString(),
             ": entry fun FriendTreeWidget::slot_addAllFriend()：listFriendData is 0");
+        // Groups of the other side are no business of this tree.
+        row("external: add", 4118, FakeHost::encode(G9, QStringLiteral("New"), true, false), QString(), "");
+        row("external: all", 4119, FakeHost::encode(QList<GroupData>{{G9, QStringLiteral("New")}}, false), QString(), "");
+        row("external: delete", 4120, FakeHost::encode(true, G1, false), QString(), "");
+        row("external: delete failed", 4120, FakeHost::encode(false, G1, false), QString(), "");
+        row("external: rename", 4134, FakeHost::encode(G1, QStringLiteral("New"), true, false), QString(), "");
+        row("external: move", 4121, FakeHost::encode(true, Anna, G1, G2, false), QString(), "");
+        row("external: move failed", 4121, FakeHost::encode(false, Anna, G1, G2, false), QString(), "");
     }
 
     void failures()
@@ -85,30 +93,6 @@ private slots:
         QCOMPARE(tree.rows("g1") + tree.rows("g2"), before);
         QCOMPARE(tree.model->rowCount(), 2);
         QCOMPARE(tree.model->groupName(G1), QStringLiteral("Alpha"));
-    }
-
-    void otherGroupsEventsAreIgnored_data()
-    {
-        const Rows<int, QByteArray> row{"code", "payload"};
-        row("add", 4118, FakeHost::encode(G9, QStringLiteral("New"), true, false));
-        row("all", 4119, FakeHost::encode(QList<GroupData>{{G9, QStringLiteral("New")}}, false));
-        row("delete", 4120, FakeHost::encode(true, G1, false));
-        row("delete failed", 4120, FakeHost::encode(false, G1, false));
-        row("rename", 4134, FakeHost::encode(G1, QStringLiteral("New"), true, false));
-        row("move", 4121, FakeHost::encode(true, Anna, G1, G2, false));
-        row("move failed", 4121, FakeHost::encode(false, Anna, G1, G2, false));
-    }
-
-    void otherGroupsEventsAreIgnored()
-    {
-        QFETCH(int, code);
-        QFETCH(QByteArray, payload);
-        TreeFixture tree;
-        const int boxes = TipBox::count();
-        FakeHost::sendRaw(code, payload);
-        QCOMPARE(TipBox::count(), boxes);
-        QCOMPARE(tree.model->groups(), tree.host.context.innerGroups);
-        QCOMPARE(tree.rows("g1"), QStringList({"me", "anna", "bob", "carl"}));
     }
 
     void addsContacts()
@@ -307,32 +291,6 @@ private slots:
         FakeHost::send(4898, Stranger);
         QCOMPARE(log.linesWith("there is no row of").size(), 1);
         QCOMPARE(view->currentIndex().data(FriendTreeRole::Id).toString(), Bob);
-    }
-
-    void paneIsMadeAgain()
-    {
-        FakeHost host;
-        host.context.user = QStringLiteral("me");
-        host.context.addContact(makeContact(QStringLiteral("anna"), QStringLiteral("anna")));
-        assemblePane();
-        FriendUIMessageProcess *hub = FriendUIMessageProcess::instance();
-        for (int round = 0; round < 2; ++round) {
-            QWidget *pane = hub->getFriendWidget();
-            pane->show();
-            TreeFixture::settle();
-            FakeHost::send(4117, QMap<QString, PresenceData>{{Anna, makePresence(1)}});
-            auto *view = pane->findChild<FriendTreeView *>();
-            // A box and a menu are open and the layout is due when the host closes its window.
-            TipBox::setNextAnswers(TipBox::ShowBox);
-            view->commands()->createGroup();
-            view->slot_contextMenu(QPoint(5, 500));
-            FakeHost::send(4114, Stranger);
-            delete pane;
-            QVERIFY(!hub->hasPane());
-            FakeHost::send(4114, Bob);
-            FakeHost::send(4898, Anna);
-            TreeFixture::settle();
-        }
     }
 
     void firstGroupIsOpen()

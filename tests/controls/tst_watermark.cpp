@@ -101,28 +101,6 @@ private slots:
         }
     }
 
-    void pictureHasInkEverywhere()
-    {
-        const QString file = watermarkFile();
-        QCOMPARE(QFileInfo(file).path(), m_folder->path() + QStringLiteral("/me/waterMark"));
-        const QImage image = QImage(file).convertToFormat(QImage::Format_ARGB32);
-        QVERIFY(!image.isNull());
-        const QSize window(360, 200);
-        int inked = 0;
-        for (int y = 0; y + window.height() <= image.height(); y += window.height()) {
-            for (int x = 0; x + window.width() <= image.width(); x += window.width()) {
-                int ink = 0;
-                for (int i = 0; i < window.width() * window.height(); ++i)
-                    ink +=
-                        qAlpha(image.pixel(x + i % window.width(), y + i / window.width())) > 128;
-                QVERIFY2(ink > 50, qPrintable(QStringLiteral("nothing at %1,%2").arg(x).arg(y)));
-                inked += ink;
-            }
-        }
-        // It is a pattern behind the text of rows, not a ground.
-        QVERIFY(inked < image.width() * image.height() / 20);
-    }
-
     void pictureColour_data()
     {
         const Rows<QByteArray, QByteArray, QColor, QString> row{"skin", "told", "seen", "suffix"};
@@ -175,24 +153,6 @@ private slots:
         QFETCH(QString, expected);
         QCOMPARE(Watermark::fileName(name, QStringLiteral("#e8e9eb")),
                  expected + QStringLiteral("_#e8e9eb.png"));
-    }
-
-    void sheetText_data()
-    {
-        const Rows<QString, QString> row{"file", "expected"};
-        row("off", "", "QWidget#orgWidget{background-image: url();} ");
-        row("plain", "/d/u/waterMark/A B_#e8e9eb.png",
-            "QWidget#orgWidget{background-image: "
-            "url(/d/u/waterMark/A B_#e8e9eb.png);} ");
-        row("bracket", "/d/A)_1,2,3.png",
-            "QWidget#orgWidget{background-image: url(\"/d/A)_1,2,3.png\");} ");
-    }
-
-    void sheetText()
-    {
-        QFETCH(QString, file);
-        QFETCH(QString, expected);
-        QCOMPARE(Watermark::sheet(QStringLiteral("orgWidget"), file), expected);
     }
 
     void sheetStaysASheet_data()

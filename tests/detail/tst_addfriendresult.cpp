@@ -19,12 +19,8 @@ private slots:
         const QString refused = QStringLiteral("result refusefriends - fail");
         row("accepted before the policy came", 2, 0, accepted);
         row("accepted goes before refuses all", 2, 2, accepted);
-        row("accepted by who asks first", 2, 3, accepted);
-        row("accepts all", 1, 1, accepted);
         row("accepts all goes before just opened", 0, 1, accepted);
-        row("refuses all", 1, 2, refused);
         row("refuses all goes before just opened", 0, 2, refused);
-        row("asks first", 1, 3, "form waitfriendsconfirm - info");
         row("any other policy", 1, -7, "form waitfriendsconfirm - info");
         row("just opened", 0, 0, "waiting gettinginformation - -");
         row("just opened, asks first", 0, 3, "waiting gettinginformation - -");

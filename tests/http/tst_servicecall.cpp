@@ -2,7 +2,6 @@
 #include "http/chttpsession.h"
 #include "http/cpassportloginserver.h"
 #include "http/httpmgr.h"
-#include "http/orgrequest.h"
 #include "http/servicecall.h"
 #include "tests/http/servicefixture.h"
 #include "tests/support/logcapture.h"
@@ -21,32 +20,6 @@ class CountingPassport : public CPassportLoginServer
 public:
     int overdue = 0;
     void UserOverdue() override { ++overdue; }
-};
-
-// Answers with its own arguments.
-class EchoRequest : public OrgRequest
-{
-public:
-    using OrgRequest::OrgRequest;
-    void searchOrg(const QString &orgId, const QString &companyCode) override
-    {
-        OrgElement element;
-        element.strId = orgId;
-        emit signal_searchOrgElements({element}, companyCode);
-        emit searchOrgFail(orgId, 403);
-        emit signal_searchOrgDone(orgId);
-    }
-    void locateOrg(const QString &id, bool) override
-    {
-        emit signal_locateOrgElements({}, id);
-        emit signal_locateOrgFail(id);
-        emit signal_noLocate();
-    }
-    void fuzzySearchOrg(const QString &text, bool, int pageNo, int) override
-    {
-        emit signal_searchFinished({}, pageNo, {}, text);
-        emit signal_fuzzySearchFail(text);
-    }
 };
 
 const QByteArray Link = "/ids/login";
@@ -160,33 +133,6 @@ private slots:
             QCOMPARE(failed, key == QByteArray("/tags/loadurl")); // which has no address
             delete session;
         }
-    }
-
-    void organisationAnswersAreForwarded()
-    {
-        HttpMgr *manager = HttpMgr::instance();
-        manager->setOrgRequestFactory([](QObject *parent) { return new EchoRequest(parent); });
-        QSignalSpy elements(manager, &HttpMgr::signal_searchOrgElements);
-        QSignalSpy fail(manager, &HttpMgr::searchOrgFail);
-        QSignalSpy done(manager, &HttpMgr::signal_searchOrgDone);
-        QSignalSpy located(manager, &HttpMgr::signal_locateOrgElements);
-        QSignalSpy notLocated(manager, &HttpMgr::signal_locateOrgFail);
-        QSignalSpy nowhere(manager, &HttpMgr::signal_noLocate);
-        QSignalSpy found(manager, &HttpMgr::signal_searchFinished);
-        QSignalSpy notFound(manager, &HttpMgr::signal_fuzzySearchFail);
-        manager->searchOrg(QStringLiteral("d1"), QStringLiteral("C1"));
-        manager->locateOrg(QStringLiteral("u7"), false);
-        manager->fuzzySearchOrg(QStringLiteral("li"), true, 3, 20);
-        QCOMPARE(elements.value(0).value(0).value<OrgElementList>().value(0).strId,
-                 QStringLiteral("d1"));
-        QCOMPARE(elements.value(0).value(1).toString(), QStringLiteral("C1"));
-        QCOMPARE(fail.value(0), (QVariantList{QStringLiteral("d1"), 403}));
-        QCOMPARE(done.value(0), QVariantList{QStringLiteral("d1")});
-        QCOMPARE(located.value(0).value(1).toString(), QStringLiteral("u7"));
-        QCOMPARE(notLocated.value(0), QVariantList{QStringLiteral("u7")});
-        QCOMPARE(nowhere.size(), 1);
-        QCOMPARE(found.value(0).value(1).toInt(), 3);
-        QCOMPARE(notFound.value(0), QVariantList{QStringLiteral("li")});
     }
 
     void withoutFactoryRequestsFailLater()

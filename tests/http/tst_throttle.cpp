@@ -60,40 +60,6 @@ class TstThrottle : public QObject
     Q_OBJECT
 
 private slots:
-    void limits_data()
-    {
-        const Rows<int, int> row{"lane", "limit"};
-        row("pictures", int(Lane::Pictures), 5);
-        row("others", int(Lane::Others), 20);
-    }
-
-    void limits()
-    {
-        QFETCH(int, lane);
-        QFETCH(int, limit);
-        Fixture fixture;
-        for (int i = 0; i < limit; ++i)
-            fixture.add(Lane(lane), Admission::Active);
-        fixture.add(Lane(lane), Admission::Waiting);
-        fixture.throttle.startNext();
-        QVERIFY(fixture.order.isEmpty());
-        QCOMPARE(fixture.throttle.active(Lane(lane)), limit);
-        QCOMPARE(fixture.throttle.waiting(Lane(lane)), 1);
-    }
-
-    void lanesAreIndependent()
-    {
-        Fixture fixture;
-        fixture.fill(Lane::Others);
-        fixture.add(Lane::Others, Admission::Waiting);
-        const QVector<Numbered *> pictures = fixture.fill(Lane::Pictures);
-        Numbered *picture = fixture.add(Lane::Pictures, Admission::Waiting);
-
-        fixture.throttle.leave(pictures.first());
-        fixture.throttle.startNext();
-        QCOMPARE(fixture.order, QVector<int>{picture->number});
-    }
-
     void longestWaitFirst()
     {
         Fixture fixture;
@@ -106,19 +72,6 @@ private slots:
             fixture.throttle.startNext();
         }
         QCOMPARE(fixture.order, waiting);
-    }
-
-    void leavingWhileWaiting()
-    {
-        Fixture fixture;
-        const QVector<Numbered *> running = fixture.fill(Lane::Pictures);
-        Numbered *gone = fixture.add(Lane::Pictures, Admission::Waiting);
-        Numbered *next = fixture.add(Lane::Pictures, Admission::Waiting);
-        fixture.throttle.leave(gone);
-        fixture.throttle.leave(running.first());
-        fixture.throttle.startNext();
-        QCOMPARE(fixture.order, QVector<int>{next->number});
-        QCOMPARE(fixture.throttle.waiting(Lane::Pictures), 0);
     }
 
     // Several may end before anybody looks: no place stays free while someone waits,
@@ -148,23 +101,6 @@ private slots:
         fixture.throttle.startNext();
         QCOMPARE(fixture.order.size(), 3);
         QCOMPARE(fixture.throttle.active(Lane::Pictures), RequestThrottle::MaximumPictures - 1);
-    }
-
-    void fullWaitingList()
-    {
-        Fixture fixture;
-        const QVector<Numbered *> running = fixture.fill(Lane::Pictures);
-        for (int i = 0; i < RequestThrottle::MaximumWaiting; ++i)
-            fixture.add(Lane::Pictures, Admission::Waiting);
-        Numbered *refused = fixture.add(Lane::Pictures, Admission::Refused);
-        QCOMPARE(fixture.throttle.waiting(Lane::Pictures), RequestThrottle::MaximumWaiting);
-
-        // The refused one is in no list: the place goes to one who waits.
-        fixture.throttle.leave(refused);
-        fixture.throttle.leave(running.first());
-        fixture.throttle.startNext();
-        QCOMPARE(fixture.order, QVector<int>{RequestThrottle::MaximumPictures});
-        fixture.add(Lane::Pictures, Admission::Waiting);
     }
 
     void strangersLeave()

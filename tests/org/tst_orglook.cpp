@@ -199,22 +199,6 @@ private slots:
             QCOMPARE(row.right() - mirrored.right(), caret.left() - row.left());
         }
     }
-
-    void whileAPlaceIsLookedFor()
-    {
-        OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.many("D1", 60));
-        org.page->slot_orgPosition(org.id("carl"));
-        picture(org.page.get(), 2, QStringLiteral("org-locating"));
-        const auto *label = org.page->findChild<QLabel *>(QStringLiteral("orgLocatingLabel"));
-        QVERIFY(::contrast(label->palette().color(QPalette::Window),
-                           label->palette().color(QPalette::WindowText)) >= 4.5);
-        // Below a style sheet, too, the bar is the narrow one of all lists.
-        QVERIFY(org.tree->verticalScrollBar()->isVisible());
-        QCOMPARE(org.tree->verticalScrollBar()->width(), 10);
-    }
 };
 
 FRIENDUI_TEST(TstOrgLook)

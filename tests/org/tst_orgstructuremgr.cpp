@@ -55,20 +55,6 @@ private slots:
         QCOMPARE(seen, (QStringList{QStringLiteral("list 1"), QStringLiteral("map")}));
     }
 
-    void repeatedAnswers()
-    {
-        OrgElement top = makeDepartment(id("d1"), id("C"));
-        OrgElement child = makeEmployee(id("u1"), id("d1"));
-        const int tops = cache->rootList().size();
-        for (int i = 0; i < 3; ++i) {
-            child.strName = QString::number(i);
-            cache->slot_recvOrgStructureElements({top, child, child}, id("C"));
-        }
-        QCOMPARE(cache->rootList().size(), tops + 1);
-        QCOMPARE(cache->childrenOf(id("d1")), QStringList{id("u1")});
-        QCOMPARE(cache->elements().value(id("u1")).strName, QStringLiteral("2"));
-    }
-
     void listsOfOneWhoMoves()
     {
         for (const char *parent : {"a", "b", "a", "c", "b", "a"})

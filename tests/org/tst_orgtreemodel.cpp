@@ -57,34 +57,22 @@ private slots:
         QCOMPARE(rows(d1).join(QLatin1Char(' ')), QStringLiteral("z a y b c"));
     }
 
-    void updatesInPlace()
-    {
-        model->addElements(makeEmployees(20, d1));
-        const QSignalSpy changed(model.get(), &QAbstractItemModel::dataChanged);
-        const QSignalSpy reset(model.get(), &QAbstractItemModel::modelReset);
-        OrgElementList again = makeEmployees(20, d1);
-        again[7].strName = QStringLiteral("renamed");
-        model->addElements(again);
-        QCOMPARE(changed.count(), 1);
-        QCOMPARE(changed.first().at(0).toModelIndex(), model->indexOf(QStringLiteral("u7")));
-        QCOMPARE(changed.first().at(1).toModelIndex(), model->indexOf(QStringLiteral("u7")));
-        QCOMPARE(model->indexOf(QStringLiteral("u7")).data().toString(), QStringLiteral("renamed"));
-        QCOMPARE(rows(d1).size(), 20);
-        QCOMPARE(reset.count(), 0);
-    }
-
-    void changesInOneSignalPerRun()
+    void updatesInPlaceInOneSignalPerRun()
     {
         model->addElements(makeEmployees(1000, d1));
+        const QSignalSpy changed(model.get(), &QAbstractItemModel::dataChanged);
+        const QSignalSpy reset(model.get(), &QAbstractItemModel::modelReset);
         OrgElementList again = makeEmployees(1000, d1);
         for (int i = 0; i < 1000; ++i) {
             if (i != 500)
-                again[i].strDuty = QStringLiteral("Manager");
+                again[i].strName = QStringLiteral("renamed");
         }
-        const QSignalSpy changed(model.get(), &QAbstractItemModel::dataChanged);
         model->addElements(again);
         QCOMPARE(changed.count(), 2);
         QCOMPARE(changed.first().at(1).toModelIndex(), model->indexOf(QStringLiteral("u499")));
+        QCOMPARE(model->indexOf(QStringLiteral("u7")).data().toString(), QStringLiteral("renamed"));
+        QCOMPARE(rows(d1).size(), 1000);
+        QCOMPARE(reset.count(), 0);
     }
 
     void presence()
@@ -138,27 +126,6 @@ private slots:
         QCOMPARE(rows(d3), QStringList{d4});
         QCOMPARE(rows(d4), QStringList{QStringLiteral("u1")});
         QCOMPARE(rows(d1), (QStringList{QStringLiteral("u2"), d3}));
-    }
-
-    void movesKeepSelection()
-    {
-        model->addElements(makeEmployees(3, d1));
-        const QPersistentModelIndex held = model->indexOf(QStringLiteral("u1"));
-        const QSignalSpy moved(model.get(), &QAbstractItemModel::rowsMoved);
-        model->addElements({makeEmployee(QStringLiteral("u1"), d2)});
-        QCOMPARE(moved.count(), 1);
-        QCOMPARE(held.parent(), model->indexOf(d2));
-        QCOMPARE(rows(d1), (QStringList{QStringLiteral("u0"), QStringLiteral("u2")}));
-    }
-
-    void aDepartmentMovesWithItsRows()
-    {
-        model->addElements(makeEmployees(3, d1));
-        const QPersistentModelIndex held = model->indexOf(QStringLiteral("u1"));
-        model->addElements({makeDepartment(d1, d2)});
-        QCOMPARE(rows(root), QStringList{d2});
-        QCOMPARE(held.parent(), model->indexOf(d1));
-        QCOMPARE(held.parent().parent(), model->indexOf(d2));
     }
 
     void manyLeaveInOneGo()

@@ -169,23 +169,6 @@ private slots:
         button(dialog, "resultButton")->click();
         QTRY_VERIFY(button(dialog, "okButton")->isVisible());
     }
-
-    void aBatchTellsWhomItCouldNotAdd()
-    {
-        const QString good = stranger(SampleCompany::AcceptsAll);
-        const QString bad = stranger(SampleCompany::RefusesAll);
-        Session session(m_core.get(), m_folder->path());
-        const int boxes = TipBox::count();
-        const auto uid = [](const QString &jid) { return jid.section(QLatin1Char('@'), 0, 0); };
-        FriendUIEventProcess::addContacts({uid(good), uid(bad), QStringLiteral("nobody")},
-                                          QString());
-        QTRY_COMPARE(TipBox::count(), boxes + 1);
-        VcardInfo profile;
-        QVERIFY(m_core->profile(bad, &profile));
-        QCOMPARE(TipBox::lastText(),
-                 QStringLiteral("conatct (2): %1, nobody\naddfail").arg(profile.nickName));
-        QVERIFY(session.isListed(good) && !session.isListed(bad));
-    }
 };
 
 FRIENDUI_TEST(TstAddingContacts)

@@ -29,16 +29,6 @@ class TstCommandLine : public QObject
     Q_OBJECT
 
 private slots:
-    void defaults()
-    {
-        const CommandLineResult result = parse({});
-        QCOMPARE(result.action, CommandLineResult::Run);
-        QCOMPARE(result.options.people, 300);
-        QVERIFY(result.options.simulation);
-        QVERIFY(!result.options.offline);
-        QVERIFY(result.options.skin.isEmpty());
-    }
-
     void everyOptionIsTaken()
     {
         const CommandLineResult result =

@@ -220,14 +220,6 @@ private slots:
         QTRY_COMPARE(bench.core.calls.size(), 1);
     }
 
-    void otherEventsAreIgnored()
-    {
-        Bench bench;
-        QEvent other(QEvent::Type(QEvent::User + 7));
-        QCoreApplication::sendEvent(&bench.bus, &other);
-        QVERIFY(bench.recorded.isEmpty());
-    }
-
     void theQuestionIsAnsweredInsideTheEvent_data()
     {
         // answer: -1: none

@@ -185,18 +185,6 @@ private slots:
         QVERIFY(huge.summary().size() < 400);
         QVERIFY(huge.summary().endsWith(QLatin1String("success=true, inner=true")));
     }
-
-    void hexShowsOffsetBytesAndCharacters()
-    {
-        const QString dump =
-            PayloadDecoder::hexDump(QByteArray("ABC\x01", 4) + QByteArray(30, 'z'), 20);
-        const QStringList lines = dump.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        QCOMPARE(lines.size(), 3);
-        QVERIFY(lines.at(0).startsWith(QLatin1String("000000  41 42 43 01 7a")));
-        QVERIFY(lines.at(0).endsWith(QLatin1String("ABC.zzzzzzzzzzzz")));
-        QVERIFY(lines.at(1).startsWith(QLatin1String("000010")));
-        QVERIFY(lines.at(2).contains(QLatin1String("14 more bytes")));
-    }
 };
 
 FRIENDUI_TEST(TstPayloadDecoder)

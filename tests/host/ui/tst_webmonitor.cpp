@@ -103,36 +103,6 @@ private slots:
         QVERIFY(!all.contains(QLatin1String("abc")) && !all.contains(QLatin1String("a:b")));
     }
 
-    void theNewestAreKept_data()
-    {
-        const Rows<int, int> row{"before", "batch"};
-        row("one more than fits", 10, 1);
-        row("a batch as large as the table", 10, 10);
-        row("a batch larger than the table", 3, 25);
-        row("exactly full", 4, 6);
-    }
-    void theNewestAreKept()
-    {
-        QFETCH(int, before);
-        QFETCH(int, batch);
-        WebRequestModel model(nullptr, 10);
-        const QAbstractItemModelTester tester(&model, FailOnFault);
-        int number = 0;
-        for (; number < before; ++number)
-            model.record(request(address(number)));
-        model.flush();
-        const QSignalSpy inserted(&model, &QAbstractItemModel::rowsInserted);
-        for (; number < before + batch; ++number)
-            model.record(request(address(number)));
-        QCOMPARE(inserted.count(), 0);
-        model.flush();
-        QCOMPARE(inserted.count(), 1);
-        QCOMPARE(model.rowCount(), qMin(10, number));
-        QCOMPARE(model.dropped(), qint64(qMax(0, number - 10)));
-        QCOMPARE(cell(model, model.rowCount() - 1, WebRequestModel::Address), address(number - 1));
-        QCOMPARE(cell(model, 0, WebRequestModel::Address), address(number - model.rowCount()));
-    }
-
     void aBurstIsShownAsAWhole()
     {
         WebLog log;
