@@ -2,6 +2,7 @@
 #include "backend/certificate.h"
 #include "backend/datafolder.h"
 #include "tests/backend/runningbackend.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QFile>
@@ -100,14 +101,11 @@ private slots:
                 writeOwnerOnly(folder.path(file.first), isSpoiled ? "x" : file.second, &problem));
         }
         const Certificates::Files provided = Certificates::provide(folder, nullptr, &problem);
-        QFile caFile(provided.authority);
-        QVERIFY(caFile.open(QIODevice::ReadOnly));
-        const QByteArray ca = caFile.readAll();
+        const QByteArray ca = contentOf(provided.authority);
         QTEST(ca == authority.certificate, "sameAuthority");
         QTEST(provided.leaf.certificate == pair.certificate, "sameLeaf");
-        QFile caKey(folder.path(QStringLiteral("ca-key.pem")));
-        QVERIFY(caKey.open(QIODevice::ReadOnly));
-        QVERIFY(Certificates::isUsable({ca, caKey.readAll()}, provided.leaf));
+        const QByteArray key = contentOf(folder.path(QStringLiteral("ca-key.pem")));
+        QVERIFY(Certificates::isUsable({ca, key}, provided.leaf));
     }
 };
 

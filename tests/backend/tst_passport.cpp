@@ -2,6 +2,7 @@
 #include "backend/session.h"
 #include "sample/samplecompany.h"
 #include "tests/backend/runningbackend.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QTest>
@@ -185,9 +186,8 @@ private slots:
         const QByteArray ticket = QByteArray::fromStdString(client.cookies["imAuthId"]);
         QCOMPARE(ticket.size(), 64);
         backEnd->stop();
-        QFile file(backEnd.folder() + QStringLiteral("/backend.sqlite"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray content = file.readAll();
+        const QByteArray content =
+            contentOf(backEnd.folder() + QStringLiteral("/backend.sqlite"));
         QVERIFY(content.contains("u000003"));
         QVERIFY(!content.contains(ticket));
         QVERIFY(!content.contains(QByteArray::fromHex(ticket)));

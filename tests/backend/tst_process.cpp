@@ -1,6 +1,7 @@
 // The program: how it is started, what it says, how it ends; and its data folder.
 #include "backend/database.h"
 #include "tests/backend/runningbackend.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QFileInfo>
@@ -205,14 +206,9 @@ private slots:
         RunningBackEnd backEnd;
         backEnd->stop();
         const QString name = backEnd.folder() + QStringLiteral("/backend.sqlite");
-        QFile file(name);
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(content);
-        file.close();
+        writeFile(name, content);
         backEnd.restart();
-        QFile aside(name + QStringLiteral(".damaged"));
-        QVERIFY(aside.open(QIODevice::ReadOnly));
-        QCOMPARE(aside.readAll(), content);
+        QCOMPARE(contentOf(name + QStringLiteral(".damaged")), content);
         WebClient client(*backEnd);
         client.logIn(*backEnd, QStringLiteral("u000001"));
     }

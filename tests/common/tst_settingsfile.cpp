@@ -2,6 +2,7 @@
 #include "common/initext.h"
 #include "common/settingsfile.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -23,12 +24,6 @@
 namespace {
 const QString key = QStringLiteral("/g/k");
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 bool isObject(const QVariant &value)
 {
     if (value.type() == QVariant::List) {
@@ -37,13 +32,6 @@ bool isObject(const QVariant &value)
     }
     return value.isValid() && value.type() != QVariant::String &&
            value.type() != QVariant::StringList;
-}
-
-void fill(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
 }
 } // namespace
 
@@ -101,7 +89,7 @@ private slots:
     void valuesAreReadTolerantly()
     {
         QFETCH(QByteArray, line);
-        fill(m_file, "[g]\n" + line + '\n');
+        writeFile(m_file, "[g]\n" + line + '\n');
         const SettingsFile file(m_file);
         QTEST(file.text(key, QStringLiteral("-")), "text");
         QTEST(file.text(QStringLiteral("g/k"), QStringLiteral("-")), "text");
@@ -218,7 +206,7 @@ private slots:
             }
             // A file of its own each, since QSettings keeps what it has parsed.
             const QString file = m_file + QString::number(round);
-            fill(file, content);
+            writeFile(file, content);
             QSettings settings(file, QSettings::IniFormat);
             settings.setIniCodec("UTF-8");
             if (isObject(settings.value(key))) {
@@ -247,7 +235,7 @@ private slots:
     {
         QFETCH(QByteArray, content);
         QFETCH(bool, usable);
-        fill(m_file, content);
+        writeFile(m_file, content);
         // QSettings itself finds nothing wrong the second time.
         for (int attempt = 1; attempt <= 2; ++attempt) {
             SettingsFile file(m_file);
@@ -262,7 +250,7 @@ private slots:
         QVERIFY(contentOf(m_file) == content);
 
         // Once repaired, it is a settings file like others.
-        fill(m_file, "[g]\nk=repaired\n");
+        writeFile(m_file, "[g]\nk=repaired\n");
         SettingsFile file(m_file);
         QVERIFY(file.isWritable());
         QCOMPARE(file.text(key), QStringLiteral("repaired"));
@@ -270,7 +258,7 @@ private slots:
 
     void handWrittenFilesCanBeChanged()
     {
-        fill(m_file, "\xef\xbb\xbf; a \"comment\r\n\r\n[g]\r\nk=a\\\r\nb\r\n"
+        writeFile(m_file, "\xef\xbb\xbf; a \"comment\r\n\r\n[g]\r\nk=a\\\r\nb\r\n"
                      "  m = \"x\ny\"\r\nn=\\\"\n[h]\ni=😀");
         {
             SettingsFile file(m_file);
@@ -295,7 +283,7 @@ private slots:
     {
         QFETCH(QString, path);
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
-        fill(m_folder->filePath(QStringLiteral("file")), "x");
+        writeFile(m_folder->filePath(QStringLiteral("file")), "x");
         SettingsFile file(path.isEmpty() ? path : m_folder->filePath(path));
         file.setValue(key, 1);
         QVERIFY(!file.save());
@@ -309,7 +297,7 @@ private slots:
         const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
                             QFile::WriteOther | QFile::ExeOther | QFile::ExeGroup;
         const QString fresh = m_folder->filePath(QStringLiteral("new/folder/s.ini"));
-        fill(m_file, "[g]\nk=1\n");
+        writeFile(m_file, "[g]\nk=1\n");
         QVERIFY(QFile::setPermissions(m_file, QFile::ReadOwner | QFile::WriteOwner | others));
         for (const QString &path : {m_file, fresh}) {
             SettingsFile file(path);
@@ -322,7 +310,7 @@ private slots:
 
     void fileThatCannotBeReadIsNotReplaced()
     {
-        fill(m_file, "[g]\nk=1\n");
+        writeFile(m_file, "[g]\nk=1\n");
         QVERIFY(QFile::setPermissions(m_file, QFile::WriteOwner));
         QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0777) == 0);
         // The administrator reads every file.

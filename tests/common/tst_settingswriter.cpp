@@ -3,6 +3,7 @@
 #include "common/cmodifyconfigfile.h"
 #include "common/settingsfile.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
@@ -24,11 +25,7 @@ private:
     QString m_file;
     std::unique_ptr<CModifyConfigFile> m_writer;
 
-    QByteArray content() const
-    {
-        QFile file(m_file);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray content() const { return contentOf(m_file); }
     void change(const char *key, const QVariant &value)
     {
         emit m_writer->signal_changeConfigValue(m_file, QString::fromLatin1(key), value,
@@ -108,10 +105,7 @@ private slots:
     {
         QFETCH(QByteArray, before);
         QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("u1"))));
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(before);
-        file.close();
+        writeFile(m_file, before);
         change("/a/b", 2);
         change("/a/b", 3);
         QVERIFY(m_writer->finish());

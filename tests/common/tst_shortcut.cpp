@@ -2,6 +2,7 @@
 #include "common/desktopshortcut.h"
 #include "common/displaytext.h"
 #include "common/platform.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
@@ -15,13 +16,6 @@ namespace {
 QString desktop()
 {
     return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-}
-
-void makeFile(const QString &path)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("precious");
 }
 } // namespace
 
@@ -66,7 +60,7 @@ private slots:
     void removeLeavesOtherFilesAlone()
     {
         const QString outside = desktop() + QLatin1String("/../x.lnk");
-        makeFile(outside);
+        writeFile(outside, "precious");
         QVERIFY(!DesktopShortcut::remove(QStringLiteral("../x")));
         QVERIFY(QFile::exists(outside));
         QFile::remove(outside);
@@ -81,7 +75,7 @@ private slots:
     void fileThatIsNoLinkStays()
     {
         const QString file = DesktopShortcut::file(QStringLiteral("u1"));
-        makeFile(file);
+        writeFile(file, "precious");
         QVERIFY(!DesktopShortcut::remove(QStringLiteral("u1")));
         QVERIFY(!DesktopShortcut::create(QStringLiteral("u1")));
         QCOMPARE(QFileInfo(file).size(), qint64(qstrlen("precious")));

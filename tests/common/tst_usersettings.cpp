@@ -4,6 +4,7 @@
 #include "common/settingskeys.h"
 #include "common/usersettings.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -24,15 +25,9 @@ private:
     void fill(const QByteArray &content)
     {
         QVERIFY(QDir().mkpath(ClientPaths::userFolder()));
-        QFile file(ClientPaths::userSettingsFile());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        writeFile(ClientPaths::userSettingsFile(), content);
     }
-    QByteArray content() const
-    {
-        QFile file(ClientPaths::userSettingsFile());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    static QByteArray content() { return contentOf(ClientPaths::userSettingsFile()); }
 
 private slots:
     void initTestCase() { setHostContext(&m_host); }

@@ -138,23 +138,18 @@ private slots:
             QTest::mouseDClick(tree->viewport(), Qt::LeftButton, Qt::NoModifier, pos);
         } else if (how == QLatin1String("enter")) {
             QTest::keyClick(tree, Qt::Key_Return);
-        } else if (how == QLatin1String("menu")) {
-            QContextMenuEvent event(QContextMenuEvent::Mouse, pos,
-                                    tree->viewport()->mapToGlobal(pos));
-            QApplication::sendEvent(tree->viewport(), &event);
-            auto *menu = qobject_cast<SkinMenu *>(QApplication::activePopupWidget());
-            QVERIFY(menu);
-            menu->setActiveAction(menu->action("invitechat"));
-            QTest::keyClick(menu, Qt::Key_Return);
         } else {
-            const QPoint above = tree->visualRect(tree->model()->index(0, 0)).center();
-            QContextMenuEvent event(QContextMenuEvent::Mouse, above,
-                                    tree->viewport()->mapToGlobal(above));
+            const bool isEmployee = how == QLatin1String("menu");
+            const QPoint at =
+                isEmployee ? pos : tree->visualRect(tree->model()->index(0, 0)).center();
+            QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree->viewport()->mapToGlobal(at));
             QApplication::sendEvent(tree->viewport(), &event);
             auto *menu = qobject_cast<SkinMenu *>(QApplication::activePopupWidget());
             QVERIFY(menu);
-            menu->setActiveAction(menu->action("addToContactList"));
+            menu->setActiveAction(menu->action(isEmployee ? "invitechat" : "addToContactList"));
             QTest::keyClick(menu, Qt::Key_Return);
+        }
+        if (how == QLatin1String("department")) {
             const QPointer<FakeOrgRequest> request = services.last;
             emit request->signal_searchOrgElements(
                 {makeEmployee(QStringLiteral("new ") + how, department)}, company);

@@ -1,48 +1,14 @@
-// Properties of what is painted. With FRIENDUI_ARTEFACTS set to a folder the
-// pictures are left there to look at.
+// Properties of what is painted.
 #include "controls/avatarstore.h"
 #include "controls/rowpainter.h"
-#include "controls/skin.h"
 #include "tests/contacts/treefixture.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QPainter>
 #include <QTest>
 
-#include <cmath>
-
 namespace {
-
-void keep(const QImage &image, const QString &name)
-{
-    const QString folder = qEnvironmentVariable("FRIENDUI_ARTEFACTS");
-    if (!folder.isEmpty() && QDir().mkpath(folder))
-        image.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
-}
-
-double luminance(const QColor &color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double x = luminance(a) + 0.05;
-    const double y = luminance(b) + 0.05;
-    return x > y ? x / y : y / x;
-}
-
-void setSkin(const char *name)
-{
-    SysUIData record;
-    record.skinName = QString::fromLatin1(name);
-    Skin::instance().setRecord(record);
-}
 
 // Where a mark is painted, its colours left aside.
 QVector<bool> shapeOf(const PresenceData &presence, const QString &name)
@@ -53,7 +19,7 @@ QVector<bool> shapeOf(const PresenceData &presence, const QString &name)
     painter.scale(4, 4);
     RowPainter::drawPresence(&painter, QRectF(0, 0, 12, 12), presence);
     painter.end();
-    keep(image, name);
+    keepPicture(image, name);
     QVector<bool> shape;
     for (int i = 0; i < 48 * 48; ++i)
         shape.append(qGray(image.pixel(i % 48, i / 48)) < 215);
@@ -154,7 +120,7 @@ private slots:
             tree.view->setExpanded(tree.group("g1"), true);
             TreeFixture::settle();
             const QImage image = tree.view->viewport()->grab().toImage();
-            keep(image, QStringLiteral("cut-%1-%2").arg(QString::fromLatin1(skin)).arg(name.at(0)));
+            keepPicture(image, QStringLiteral("cut-%1-%2").arg(QString::fromLatin1(skin)).arg(name.at(0)));
             for (const QModelIndex &index : {tree.contact("long"), tree.group("g1")}) {
                 const QRect row = tree.view->visualRect(index);
                 const int edge = row.right() - 4;
@@ -183,7 +149,7 @@ private slots:
         const QPixmap avatar = AvatarStore::instance().avatar(QString(), QStringLiteral("u1"),
                                                               QString::fromUtf8("张伟"),
                                                               RowPainter::AvatarSize, ratio);
-        keep(avatar.toImage(), QStringLiteral("avatar-%1").arg(ratio));
+        keepPicture(avatar.toImage(), QStringLiteral("avatar-%1").arg(ratio));
         QCOMPARE(avatar.width(), int(std::ceil(RowPainter::AvatarSize * ratio)));
         QCOMPARE(avatar.height(), avatar.width());
         QCOMPARE(avatar.devicePixelRatio(), ratio);

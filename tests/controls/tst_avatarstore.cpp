@@ -1,4 +1,5 @@
 #include "controls/avatarstore.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
@@ -255,10 +256,8 @@ private slots:
 private:
     QString fileWith(const QByteArray &bytes, const QString &name) const
     {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            QTest::qFail("the file cannot be written", __FILE__, __LINE__);
-        return file.fileName();
+        writeFile(m_folder.filePath(name), bytes);
+        return m_folder.filePath(name);
     }
     static QPixmap ask(const QString &file, qreal ratio = 1)
     {

@@ -1,10 +1,10 @@
 // The watermark's picture, its file name and its style sheet.
-#include "controls/skin.h"
 #include "controls/watermark.h"
 #include "tests/support/fakehost.h"
+#include "tests/support/looks.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
@@ -19,14 +19,6 @@ namespace {
 
 constexpr int FontHeight = 20;
 constexpr int Ascent = 15;
-
-void setSkin(const char *name, const char *watermarkColour = "")
-{
-    SysUIData record;
-    record.skinName = QString::fromLatin1(name);
-    record.watermarkColor = QString::fromLatin1(watermarkColour);
-    Skin::instance().setRecord(record);
-}
 
 } // namespace
 
@@ -45,12 +37,12 @@ private slots:
         own.nickName = QString::fromUtf8("王小明");
         own.employeeCode = QStringLiteral("10086");
         m_host->context.profiles.insert(QStringLiteral("me@corp.example"), own);
-        setSkin("light");
+        setSkin(QStringLiteral("light"));
     }
 
     void cleanup()
     {
-        setSkin("light");
+        setSkin(QStringLiteral("light"));
         m_host.reset();
     }
 
@@ -117,7 +109,7 @@ private slots:
         QFETCH(QByteArray, told);
         QFETCH(QColor, seen);
         QFETCH(QString, suffix);
-        setSkin(skin.constData(), told.constData());
+        setSkin(QString::fromLatin1(skin), told.constData());
         const QString file = watermarkFile();
         QVERIFY2(file.endsWith(suffix), qPrintable(file));
         const QImage image = QImage(file).convertToFormat(QImage::Format_ARGB32);
@@ -206,13 +198,9 @@ private slots:
     void existingFileIsUsed()
     {
         const QString file = watermarkFile();
-        QFile marked(file);
-        QVERIFY(marked.open(QIODevice::WriteOnly));
-        marked.write("as it is");
-        marked.close();
+        writeFile(file, "as it is");
         QCOMPARE(watermarkFile(), file);
-        QVERIFY(marked.open(QIODevice::ReadOnly));
-        QCOMPARE(marked.readAll(), QByteArray("as it is"));
+        QCOMPARE(contentOf(file), QByteArray("as it is"));
     }
 
     void nowhereToStoreIt()

@@ -1,21 +1,12 @@
-// What the pages of the add-contact window show. With FRIENDUI_ARTEFACTS set to a
-// folder the pictures are left there to look at.
-#include "controls/skin.h"
+// What the pages of the add-contact window show.
 #include "tests/detail/addfriendfixture.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QTranslator>
 
 namespace {
 using F = AddFriendFixture;
-
-void keep(QWidget *window, const QString &name)
-{
-    const QString folder = qEnvironmentVariable("FRIENDUI_ARTEFACTS");
-    if (!folder.isEmpty() && QDir().mkpath(folder))
-        window->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
-}
 
 VcardInfo profile(const QString &nick, const QString &user, const char *sex)
 {
@@ -32,7 +23,7 @@ class TstAddFriendPages : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { setSkin("light"); }
+    void cleanup() { setSkin(QStringLiteral("light")); }
 
     void names_data()
     {
@@ -119,11 +110,8 @@ private slots:
         QFETCH(QString, skin);
         QFETCH(QString, language);
         QFETCH(bool, longName);
-        QTranslator translator;
-        QVERIFY(translator.load(qEnvironmentVariable("FRIENDUI_BIN") +
-                                QStringLiteral("/translations/friendui_") + language));
-        QCoreApplication::installTranslator(&translator);
-        setSkin(qPrintable(skin));
+        const Language installed(language);
+        setSkin(skin);
         F f;
         const QString nick = longName
                                  ? QString::fromUtf8("Wolfeschlegelsteinhausenbergerdorffwelche") +
@@ -141,7 +129,7 @@ private slots:
         const int width = dialog->width();
         const auto check = [&](const char *state) {
             QCoreApplication::processEvents();
-            keep(dialog, name + QLatin1String(state));
+            keepPicture(dialog->grab().toImage(), name + QLatin1String(state));
             // No page widens the window, and nothing of one is cut off.
             QCOMPARE(dialog->width(), width);
             for (const QWidget *part : dialog->findChildren<QWidget *>()) {
@@ -166,15 +154,6 @@ private slots:
         F::click(dialog, "resultButton");
         F::policy("DENY_ALL");
         check("7-refused");
-        QCoreApplication::removeTranslator(&translator);
-    }
-
-private:
-    static void setSkin(const char *name)
-    {
-        SysUIData record;
-        record.skinName = QString::fromLatin1(name);
-        Skin::instance().setRecord(record);
     }
 };
 

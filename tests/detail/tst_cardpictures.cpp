@@ -1,12 +1,10 @@
-// How cards look: nothing overlaps, nothing is cut off without a sign. With
-// FRIENDUI_ARTEFACTS set to a folder the pictures are left there to look at.
+// How cards look: nothing overlaps, nothing is cut off without a sign.
 #include "controls/avatarstore.h"
 #include "tests/detail/cardfixture.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QPainter>
-#include <QTranslator>
 
 #include <memory>
 
@@ -19,8 +17,7 @@ private slots:
 
     void cleanup()
     {
-        QCoreApplication::removeTranslator(&m_translator);
-        setSkin("light");
+        setHostSkin("light");
         m_fixture.reset();
     }
 
@@ -43,12 +40,8 @@ private slots:
         QFETCH(QByteArray, state);
         QFETCH(QByteArray, skin);
         QFETCH(QByteArray, language);
-        const QString folder =
-            qEnvironmentVariable("FRIENDUI_BIN") + QStringLiteral("/translations");
-        QVERIFY(
-            m_translator.load(QStringLiteral("friendui_") + QString::fromLatin1(language), folder));
-        QCoreApplication::installTranslator(&m_translator);
-        setSkin(skin.constData());
+        const Language installed(QString::fromLatin1(language));
+        setHostSkin(skin.constData());
         QWidget *window = nullptr;
         if (state == "own") {
             const QString own = QStringLiteral("me@corp.example");
@@ -61,14 +54,14 @@ private slots:
         window->setWindowOpacity(1);
         window->grab(); // asks for the picture
         QTRY_VERIFY(!AvatarStore::instance().isBusy());
-        keep(window, QStringLiteral("card-%1-%2-%3x")
+        keepPicture(window->grab().toImage(), QStringLiteral("card-%1-%2-%3x")
                          .arg(QString::fromLatin1(state), QString::fromLatin1(skin))
                          .arg(window->devicePixelRatioF()));
         verifyLayout(window);
     }
 
 private:
-    void setSkin(const char *name)
+    void setHostSkin(const char *name)
     {
         m_fixture->host.context.skinRecord.skinName = QString::fromLatin1(name);
         FakeHost::send(Inbound::SkinChanged, m_fixture->host.context.skinRecord);
@@ -124,13 +117,6 @@ private:
         return head.save(file) ? file : QString();
     }
 
-    static void keep(QWidget *window, const QString &name)
-    {
-        const QString folder = qEnvironmentVariable("FRIENDUI_ARTEFACTS");
-        if (!folder.isEmpty() && QDir().mkpath(folder))
-            window->grab().save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
-    }
-
     // Every visible text and button lies inside the window, free of its neighbours.
     static void verifyLayout(const QWidget *window)
     {
@@ -158,7 +144,6 @@ private:
     }
 
     std::unique_ptr<CardFixture> m_fixture;
-    QTranslator m_translator;
 };
 
 FRIENDUI_TEST(TstCardPictures)

@@ -1,5 +1,6 @@
 // The embedded core's file: permissions, damage, versions, transactions.
 #include "host/core/corestore.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -20,13 +21,6 @@ QStringList shapeOf(CoreStore *store)
             shape.append(query.value(0).toString());
     }
     return shape;
-}
-
-void writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 } // namespace
 
@@ -106,10 +100,7 @@ private slots:
                 return true;
             }));
         }
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QByteArray bytes = file.readAll();
-        file.close();
+        QByteArray bytes = contentOf(m_file);
         QVERIFY(bytes.size() > 100000);
         if (how == QLatin1String("text"))
             bytes = QByteArray("not a database, only a text of some length\n").repeated(200);
@@ -128,8 +119,7 @@ private slots:
                 QSqlQuery(other).exec(QStringLiteral("CREATE TABLE theirs(a)"));
             }
             QSqlDatabase::removeDatabase(QStringLiteral("other"));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            bytes = file.readAll();
+            bytes = contentOf(m_file);
         }
 
         CoreStore store(m_file);
@@ -139,9 +129,7 @@ private slots:
         const QStringList kept = folder.entryList({QStringLiteral("core.db.damaged-*")});
         QVERIFY(!kept.isEmpty());
         QVERIFY2(store.notice().contains(kept.first()), qPrintable(store.notice()));
-        QFile keptFile(folder.filePath(kept.first()));
-        QVERIFY(keptFile.open(QIODevice::ReadOnly));
-        QCOMPARE(keptFile.readAll(), bytes);
+        QCOMPARE(contentOf(folder.filePath(kept.first())), bytes);
     }
 
     void filesThatCannotServeAreRefusedUntouched()

@@ -4,6 +4,7 @@
 
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
+#include "tests/support/files.h"
 
 #include <QDir>
 #include <QFile>
@@ -31,23 +32,12 @@ struct ServiceFixture
     // The whole service address file.
     void write(const QByteArray &ini) const
     {
-        QFile file(folder.filePath(QStringLiteral("allurl.ini")));
-        file.remove();
-        if (!file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size())
-            qFatal("the service address file cannot be written");
+        writeFile(folder.filePath(QStringLiteral("allurl.ini")), ini);
     }
 
     QString makeFile(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("a file of the test cannot be written");
-        return file.fileName();
+        writeFile(folder.filePath(name), bytes);
+        return folder.filePath(name);
     }
 };
-
-inline QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}

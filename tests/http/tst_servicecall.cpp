@@ -5,6 +5,7 @@
 #include "http/servicecall.h"
 #include "tests/http/servicefixture.h"
 #include "tests/support/logcapture.h"
+#include "tests/org/fakeorgrequest.h"
 #include "tests/support/testrunner.h"
 
 #include <QSignalSpy>
@@ -133,6 +134,21 @@ private slots:
             QCOMPARE(failed, key == QByteArray("/tags/loadurl")); // which has no address
             delete session;
         }
+    }
+
+    void peopleFoundAreForwarded()
+    {
+        QStringList asks;
+        FakeOrgRequest *request = nullptr;
+        HttpMgr *manager = HttpMgr::instance();
+        manager->setOrgRequestFactory(
+            [&](QObject *parent) { return request = new FakeOrgRequest(&asks, parent); });
+        QSignalSpy found(manager, &HttpMgr::signal_searchFinished);
+        manager->fuzzySearchOrg(QStringLiteral("li"), true, 3, 20);
+        QVERIFY(request);
+        emit request->signal_searchFinished({}, 3, {}, QStringLiteral("li"));
+        delete request;
+        QCOMPARE(found.value(0).value(1).toInt(), 3);
     }
 
     void withoutFactoryRequestsFailLater()

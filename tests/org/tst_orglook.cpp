@@ -1,17 +1,11 @@
-// Properties of what the organisation looks like. With FRIENDUI_ARTEFACTS set to a
-// folder the pictures are left there to look at.
-#include "controls/skin.h"
+// Properties of what the organisation looks like.
 #include "org/orgstructuretreedelegate.h"
 #include "tests/org/orgfixture.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QLabel>
-#include <QPainter>
 #include <QTest>
-#include <QTranslator>
-
-#include <cmath>
 
 namespace {
 
@@ -21,33 +15,8 @@ QImage picture(QWidget *widget, qreal ratio, const QString &name)
     image.setDevicePixelRatio(ratio);
     image.fill(Skin::instance().colors().background);
     widget->render(&image);
-    const QString folder = qEnvironmentVariable("FRIENDUI_ARTEFACTS");
-    if (!folder.isEmpty() && QDir().mkpath(folder))
-        image.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+    keepPicture(image, name);
     return image;
-}
-
-void setSkin(const QString &name)
-{
-    SysUIData record;
-    record.skinName = name;
-    Skin::instance().setRecord(record);
-}
-
-double luminance(const QColor &color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double x = luminance(a) + 0.05;
-    const double y = luminance(b) + 0.05;
-    return x > y ? x / y : y / x;
 }
 
 OrgElement named(OrgElement element, const char *name, int status = 0, int device = 0)
@@ -86,10 +55,7 @@ private slots:
         QFETCH(QString, skin);
         QFETCH(QString, language);
         QFETCH(qreal, ratio);
-        QTranslator translator;
-        if (translator.load(QStringLiteral("friendui_") + language,
-                            qEnvironmentVariable("FRIENDUI_BIN") + QStringLiteral("/translations")))
-            QApplication::installTranslator(&translator);
+        const Language installed(language);
         setSkin(skin);
         OrgFixture org;
         VcardInfo own;
@@ -141,7 +107,6 @@ private slots:
         }
         QVERIFY2(inked > 100, qPrintable(QString::number(inked)));
         QVERIFY2(strongest > 1.05 && strongest < 1.4, qPrintable(QString::number(strongest)));
-        QApplication::removeTranslator(&translator);
 
         // Where a stroke of it passes below a text, that stays readable.
         const QColor mark = skin == QLatin1String("dark") ? QColor("#2a2d33") : QColor("#e8e9eb");
@@ -164,10 +129,7 @@ private slots:
     {
         QFETCH(QString, what);
         QFETCH(QString, skin);
-        QTranslator translator;
-        if (translator.load(QStringLiteral("friendui_zh_CN"),
-                            qEnvironmentVariable("FRIENDUI_BIN") + QStringLiteral("/translations")))
-            QApplication::installTranslator(&translator);
+        const Language chinese(QStringLiteral("zh_CN"));
         setSkin(skin);
         OrgFixture org;
         if (what == QLatin1String("noEnterprise"))
@@ -186,7 +148,6 @@ private slots:
             QVERIFY(page->rect().contains(label->geometry()));
             QVERIFY(label->height() >= label->heightForWidth(label->width()));
         }
-        QApplication::removeTranslator(&translator);
     }
 
     void deepRowsStayInView()

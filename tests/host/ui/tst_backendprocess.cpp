@@ -4,6 +4,7 @@
 #include "host/serviceaddressfile.h"
 
 #include "common/settingsfile.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -13,18 +14,6 @@
 #include <QTest>
 
 namespace {
-
-bool write(const QString &file, const QByteArray &content)
-{
-    QFile target(file);
-    return target.open(QIODevice::WriteOnly) && target.write(content) == content.size();
-}
-
-QByteArray read(const QString &file)
-{
-    QFile source(file);
-    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
-}
 
 // The line of the program; CA and PW stand for files that are there.
 QByteArray line(const char *address, const char *caFile, const char *passwordFile)
@@ -43,11 +32,11 @@ struct Bench
         options.program = QStringLiteral(FRIENDUI_FAKE_BACKEND);
         options.dataFolder = folder.path();
         options.readyTimeout = timeout;
-        write(folder.filePath(QStringLiteral("mode")), mode);
-        write(folder.filePath(QStringLiteral("ca.pem")), "a certificate");
-        write(folder.filePath(QStringLiteral("password")), "s3cret\n");
+        writeFile(folder.filePath(QStringLiteral("mode")), mode);
+        writeFile(folder.filePath(QStringLiteral("ca.pem")), "a certificate");
+        writeFile(folder.filePath(QStringLiteral("password")), "s3cret\n");
     }
-    QByteArray left(const char *name) const { return read(folder.filePath(QLatin1String(name))); }
+    QByteArray left(const char *name) const { return contentOf(folder.filePath(QLatin1String(name))); }
 };
 
 } // namespace
@@ -205,7 +194,7 @@ private slots:
         const QTemporaryDir root;
         const QString file = ServiceAddressFile::in(root.filePath(folder));
         QVERIFY(QDir().mkpath(root.filePath(folder)));
-        QVERIFY(write(file, "[mine]\nkey=https://own.example/x\n"));
+        writeFile(file, "[mine]\nkey=https://own.example/x\n");
         QString problem;
         QVERIFY2(ServiceAddressFile::write(file, base, &problem), qPrintable(problem));
         const SettingsFile written(file);
@@ -217,7 +206,7 @@ private slots:
                  QStringLiteral("https://own.example/x"));
 
         ServiceAddressFile::clear(file);
-        const QByteArray left = read(file);
+        const QByteArray left = contentOf(file);
         QVERIFY2(!left.contains("center") && left.contains("own.example"), left.constData());
     }
 

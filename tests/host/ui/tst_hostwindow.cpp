@@ -180,23 +180,16 @@ private slots:
         QFETCH(int, code);
         Bench bench;
         HostWindows &windows = *bench.window.windows();
-        switch (code) {
-        case Outbound::WriteMail:
+        if (code == Outbound::WriteMail)
             windows.writeMail({u1(), u2()});
-            break;
-        case Outbound::SendFile:
+        else if (code == Outbound::SendFile)
             windows.sendFile({u1()}, 0);
-            break;
-        case Outbound::ShowPicture:
+        else if (code == Outbound::ShowPicture)
             windows.showPicture(u1(), QStringLiteral("/x.png"));
-            break;
-        case Outbound::OpenTopicPage:
+        else if (code == Outbound::OpenTopicPage)
             windows.openTopicPage(QString::fromLatin1(PluginId::Topics), u1());
-            break;
-        case Outbound::ManageRoom:
+        else
             windows.manageRoom(u1());
-            break;
-        }
         auto *note = bench.find<QDialog>("requestNote");
         QVERIFY(note && note->isVisible());
         QVERIFY(note->findChild<QPlainTextEdit *>()->toPlainText().contains(

@@ -115,6 +115,8 @@ private slots:
         QTRY_COMPARE(monitor.model()->rowCount(), WebRequestModel::DefaultCapacity);
         QCOMPARE(inserted.count(), 1);
         QCOMPARE(monitor.model()->dropped(), qint64(3000));
+        QCOMPARE(cell(*monitor.model(), 0, WebRequestModel::Address), address(3000));
+        QCOMPARE(cell(*monitor.model(), 1999, WebRequestModel::Address), address(4999));
     }
 
     void filterAndCopy()

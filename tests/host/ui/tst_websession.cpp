@@ -10,6 +10,7 @@
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/logcapture.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QFile>
@@ -77,15 +78,9 @@ struct Services
     ~Services() { context.shutDown(); }
     void write(const char *name, const char *content) const
     {
-        QFile file(folder.filePath(QLatin1String(name)));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(content);
+        writeFile(folder.filePath(QLatin1String(name)), content);
     }
-    QByteArray addresses() const
-    {
-        QFile file(ServiceAddressFile::in(folder.path()));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray addresses() const { return contentOf(ServiceAddressFile::in(folder.path())); }
 };
 
 } // namespace
