@@ -11,7 +11,6 @@
 #include <QTest>
 
 #include <memory>
-#include <thread>
 
 namespace {
 // A line's message, the frame removed.
@@ -83,29 +82,6 @@ private slots:
         QCOMPARE(messageOf(lines.at(0)), QStringLiteral("entry fun A::f(int)"));
         QCOMPARE(messageOf(lines.at(2)), QStringLiteral("exit fun A::f(int)"));
         QVERIFY(lines.at(2).contains(QLatin1String("][DEBUG][")));
-    }
-
-    void entriesOfTwoThreadsStayWhole()
-    {
-        constexpr int Entries = 1000;
-        const auto work = [](const QString &name) {
-            for (int i = 0; i < Entries; ++i) {
-                CLogManger::instance().log(LogInfo, name,
-                                           name + QLatin1Char(' ') + QString::number(i));
-            }
-        };
-        std::thread first(work, QStringLiteral("first.cpp:1"));
-        std::thread second(work, QStringLiteral("second.cpp:2"));
-        first.join();
-        second.join();
-        QMap<QString, int> next;
-        const QStringList lines = m_log->lines();
-        QCOMPARE(lines.size(), 2 * Entries);
-        for (const QString &line : lines) {
-            const QString name = messageOf(line).section(QLatin1Char(' '), 0, 0);
-            QVERIFY2(line.contains(QLatin1Char('[') + name + QLatin1Char(']')), qPrintable(line));
-            QCOMPARE(messageOf(line).section(QLatin1Char(' '), 1).toInt(), next[name]++);
-        }
     }
 
     void fullQueueDropsTheOldestAndSaysSo()

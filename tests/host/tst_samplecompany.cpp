@@ -107,25 +107,18 @@ private slots:
     {
         const SampleCompany company(10000);
         QHash<QString, int> names;
-        int chinese = 0, rightToLeft = 0, withMarks = 0, longest = 0, left = 0, signs = 0;
+        int chinese = 0, rightToLeft = 0, withMarks = 0;
         for (int i = 0; i < company.people(); ++i) {
             const SamplePerson person = company.person(i);
             QVERIFY(!person.name.isEmpty() && !person.spell.isEmpty());
             ++names[person.name];
-            const ushort first = person.name.at(0).unicode();
-            chinese += first >= 0x4e00 && first <= 0x9fff ? 1 : 0;
+            chinese += person.name.at(0).script() == QChar::Script_Han ? 1 : 0;
             rightToLeft += person.name.isRightToLeft() ? 1 : 0;
             withMarks += person.name.contains(QLatin1Char('\'')) ? 1 : 0;
-            longest = qMax(longest, person.name.size());
-            left += person.onJob ? 0 : 1;
-            signs += person.sign.isEmpty() ? 0 : 1;
             for (const QChar c : person.account)
                 QVERIFY2(c.unicode() < 128, qPrintable(person.account));
         }
-        QVERIFY(chinese > 6700 && chinese < 7300);
-        QVERIFY(rightToLeft > 20 && withMarks > 20 && longest > 60);
-        QVERIFY(left > 100 && left < 300);
-        QVERIFY(signs > 3000 && signs < 4000);
+        QVERIFY(chinese > 6700 && chinese < 7300 && rightToLeft > 20 && withMarks > 20);
         QVERIFY(*std::max_element(names.cbegin(), names.cend()) > 5);
         QVERIFY(names.size() > 3000);
     }

@@ -2,12 +2,13 @@
 // address file.
 #pragma once
 
+#include "http/fileservices.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/files.h"
 
 #include <QDir>
-#include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 struct ServiceFixture
@@ -41,3 +42,11 @@ struct ServiceFixture
         return folder.filePath(name);
     }
 };
+
+// What a transfer ends with; waits for it.
+inline HttpResponseData resultOf(QSignalSpy &finished)
+{
+    if (finished.isEmpty())
+        finished.wait();
+    return finished.value(0).value(0).value<HttpResponseData>();
+}

@@ -4,7 +4,6 @@
 #include "tests/http/servicefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
 #include <QTest>
 
 #ifdef Q_OS_UNIX
@@ -16,13 +15,6 @@ Q_DECLARE_METATYPE(FakeReply)
 
 namespace {
 constexpr char DownloadPath[] = "/center/im/downloadFile.do";
-
-HttpResponseData resultOf(QSignalSpy &finished)
-{
-    if (finished.isEmpty())
-        finished.wait();
-    return finished.value(0).value(0).value<HttpResponseData>();
-}
 
 QByteArray file()
 {

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCryptographicHash>
-#include <QSignalSpy>
 #include <QTest>
 
 Q_DECLARE_METATYPE(FakeReply)
@@ -33,13 +32,6 @@ QByteArray partOf(const QByteArray &form, const QByteArray &name)
     const int begin = form.indexOf("\r\n\r\n", head) + 4;
     const int end = form.indexOf("\r\n--", begin);
     return head < 0 ? QByteArray() : form.mid(begin, end - begin);
-}
-
-HttpResponseData resultOf(QSignalSpy &finished)
-{
-    if (finished.isEmpty())
-        finished.wait();
-    return finished.value(0).value(0).value<HttpResponseData>();
 }
 
 // Some bytes that a form must not change, in three parts of which the last is short.

@@ -38,9 +38,6 @@ private slots:
         const Rows<QString, QString> row{"key", "address"};
         row("doubled slash", "/roster/batchAddFriendUrl",
             "https://center.im.invalid/center/roster//batchCreateRosterItem.do");
-        row("odd spelling", "/logupload/motitorCustom", "https://monitor.im.invalid/customSDK.gif");
-        row("ticket service", "/Passport/loginurl", "https://ids.im.invalid/ids/login");
-        row("codes", "/Passport/verifycodeurl", "https://vcs.im.invalid/vcs/imageCode.htm");
         row("plain HTTP", "/Passport/imauthurl", "http://center.im.invalid/center/auth");
         row("by way of the log-in", "/enterprise/enterpriseBackgroundSingleUrl",
             "https://ids.im.invalid/ids/login?service=https%3A%2F%2Fweb.im.invalid%2Feadmin-web");

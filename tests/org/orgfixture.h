@@ -77,6 +77,18 @@ public:
         show();
         answer("C", topmost());
     }
+    // Opens a department that is answered with these.
+    void open(const char *name, const OrgElementList &elements)
+    {
+        tree->expandItem(row(name));
+        answer(name, elements);
+    }
+    // With the rows below D1, and these.
+    void showOpen(const OrgElementList &more = {})
+    {
+        showFilled();
+        open("D1", belowD1() + more);
+    }
     static void settle()
     {
         QCoreApplication::sendPostedEvents();

@@ -67,9 +67,7 @@ private slots:
         org.answer("C", {named(makeDepartment(org.id("D1"), QString(), org.id("C")), "研发中心"),
                          named(makeDepartment(org.id("D2"), QString(), org.id("C")),
                                "Sales, Marketing and a Name that Goes On for Ever & Ever")});
-        org.tree->expandItem(org.row("D1"));
-        org.answer(
-            "D1",
+        org.open("D1",
             {named(makeDepartment(org.id("D11"), QString(), org.id("D1")), "平台部"),
              named(makeDepartment(org.id("D12"), QString(), org.id("D1")), "Quality"),
              named(makeEmployee(org.id("anna"), org.id("D1"), QString::fromUtf8("高级工程师")),
@@ -81,8 +79,7 @@ private slots:
                    "A very long name that does not fit into this row", 0, 1)});
         org.tree->expandItem(org.row("D12"));
         org.fail("D12");
-        org.tree->expandItem(org.row("D11"));
-        org.answer("D11",
+        org.open("D11",
                    {named(makeEmployee(org.id("me"), org.id("D11"), QStringLiteral("Tester")),
                           "王小明", 2),
                     named(makeEmployee(org.id("eve"), org.id("D11")), "Eve", 0)});

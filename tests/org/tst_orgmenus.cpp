@@ -39,7 +39,7 @@ private slots:
         OrgFixture org;
         for (int right : denied)
             org.host.context.deniedRights.insert(right);
-        openD1(org);
+        org.showOpen();
         SkinMenu *menu = org.menuAt(row.constData());
         QCOMPARE(menu ? keysOf(menu).join(QLatin1Char(' ')) : QString(), keys);
         if (menu)
@@ -49,7 +49,7 @@ private slots:
     void menuByRowAndSelection()
     {
         OrgFixture org;
-        openD1(org);
+        org.showOpen();
         org.select("anna");
         org.tree->selectionModel()->select(org.row("bob"), QItemSelectionModel::Select);
         SkinMenu *menu = org.menuAt("anna");
@@ -76,9 +76,7 @@ private slots:
     void entriesThatLeadNowhere()
     {
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1() + OrgElementList{makeEmployee(org.id("me"), org.id("D1"))});
+        org.showOpen({makeEmployee(org.id("me"), org.id("D1"))});
         const auto enabled = [&org](const char *who) {
             SkinMenu *menu = org.menuAt(who);
             QStringList keys;
@@ -108,7 +106,7 @@ private slots:
         QFETCH(QByteArray, key);
         QFETCH(int, code);
         OrgFixture org;
-        openD1(org);
+        org.showOpen();
         org.choose("anna", key.constData());
         QCOMPARE(org.host.requests.size(), 1);
         const FakeHost::Request request = org.host.last(code);
@@ -138,9 +136,7 @@ private slots:
         QFETCH(bool, hasLeft);
         QFETCH(QString, text);
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1() + OrgElementList{makeEmployee(org.id("me"), org.id("D1"))});
+        org.showOpen({makeEmployee(org.id("me"), org.id("D1"))});
         FriendData contact;
         contact.jid = org.jid(who.constData());
         contact.onJob = hasLeft ? 0 : 1;
@@ -181,7 +177,7 @@ private slots:
     void groupChatOfSeveral()
     {
         OrgFixture org;
-        openD1(org);
+        org.showOpen();
         org.tree->selectAll(); // departments take no part
         org.choose("anna", "createMuc");
         const auto [jids] = org.host.arguments<QStringList>(Outbound::CreateGroupChat);
@@ -297,7 +293,7 @@ private slots:
         QFETCH(QString, what);
         QFETCH(QString, text);
         OrgFixture org;
-        openD1(org);
+        org.showOpen();
         if (what == QLatin1String("contact")) {
             FriendData contact;
             contact.jid = org.jid("anna");
@@ -314,7 +310,7 @@ private slots:
     void goneMeanwhile()
     {
         OrgFixture org;
-        openD1(org);
+        org.showOpen();
         SkinMenu *menu = org.menuAt("anna");
         QVERIFY(menu);
         menu->close();
@@ -334,13 +330,6 @@ QStringList keysOf(const SkinMenu *menu)
     for (const QAction *action : menu->actions())
         keys.append(action->objectName());
     return keys;
-}
-
-void openD1(OrgFixture &org)
-{
-    org.showFilled();
-    org.tree->expandItem(org.row("D1"));
-    org.answer("D1", org.belowD1());
 }
 
 } // namespace

@@ -15,10 +15,8 @@ private slots:
     {
         OrgFixture org;
         org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.many("D1", 80) + org.belowD1());
-        org.tree->expandItem(org.row("D11"));
-        org.answer("D11", org.belowD11());
+        org.open("D1", org.many("D1", 80) + org.belowD1());
+        org.open("D11", org.belowD11());
         org.tree->collapseAll();
         emit org.page->signal_orgPosition(org.jid("carl"));
         OrgFixture::settle();
@@ -104,30 +102,37 @@ private slots:
 
     void nobodyThere_data()
     {
-        const Rows<bool> row{"fails"};
-        row("no such person", false);
-        row("failed", true);
+        const Rows<int> row{"how"};
+        row("no such person", 0);
+        row("failed", 1);
+        row("silent", 2);
+        row("an answer without the person", 3);
     }
 
     void nobodyThere()
     {
-        QFETCH(bool, fails);
+        QFETCH(int, how);
         OrgFixture org;
         org.showFilled();
         org.select("D2");
         const int boxes = TipBox::count();
         org.page->slot_orgPosition(org.id("ghost"));
         FakeOrgRequest *request = org.pending("ghost", "person");
-        if (fails)
-            emit request->signal_locateOrgFail(org.id("ghost"));
-        else
+        if (how == 0)
             emit request->signal_noLocate();
+        else if (how == 1)
+            emit request->signal_locateOrgFail(org.id("ghost"));
+        else if (how == 2)
+            org.tree->slot_loadOrgTimeOut();
+        else
+            emit request->signal_locateOrgElements(org.topmost(), org.id("ghost"));
         QCOMPARE(TipBox::count() - boxes, 1);
         QCOMPARE(TipBox::lastText(), QStringLiteral("notInOrganization"));
         QCOMPARE(org.shownPage(), QStringLiteral("OrgStructureTreeView"));
         QCOMPARE(org.rowText(), QStringLiteral("D1 D2"));
         QCOMPARE(org.current(), QStringLiteral("D2"));
         QVERIFY(!org.tree->isLocating());
+        QCOMPARE(org.asks.size(), 2);
     }
 
     void lastSearchCounts()
@@ -142,29 +147,6 @@ private slots:
         QVERIFY(org.tree->isLocating());
         org.answerPlace("carl", org.topmost().mid(0, 1) + org.belowD1() + org.belowD11());
         QCOMPARE(org.current(), QStringLiteral("carl"));
-    }
-
-    void answerWithoutThePerson()
-    {
-        OrgFixture org;
-        org.showFilled();
-        org.page->slot_orgPosition(org.id("ghost"));
-        org.answerPlace("ghost", org.topmost().mid(0, 1) + org.belowD1());
-        QCOMPARE(TipBox::lastText(), QStringLiteral("notInOrganization"));
-        QVERIFY(!org.tree->isLocating());
-        QCOMPARE(org.asks.size(), 2);
-    }
-
-    void silentSearchEnds()
-    {
-        OrgFixture org;
-        org.showFilled();
-        const int boxes = TipBox::count();
-        org.page->slot_orgPosition(org.id("carl"));
-        org.tree->slot_loadOrgTimeOut();
-        QVERIFY(!org.tree->isLocating());
-        QCOMPARE(TipBox::count() - boxes, 1);
-        QCOMPARE(org.shownPage(), QStringLiteral("OrgStructureTreeView"));
     }
 
     void circlesEnd()

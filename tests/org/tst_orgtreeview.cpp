@@ -91,8 +91,7 @@ private slots:
     {
         OrgFixture org;
         org.showFilled();
-        org.tree->expandItem(org.row("D2"));
-        org.answer("D2", {});
+        org.open("D2", {});
         QCOMPARE(org.rowText(), QStringLiteral("D1 D2"));
         QVERIFY(!org.model->hasChildren(org.row("D2")));
     }
@@ -137,10 +136,8 @@ private slots:
     {
         OrgFixture org;
         org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1() + org.many("D1", 60));
-        org.tree->expandItem(org.row("D11"));
-        org.answer("D11", org.belowD11());
+        org.open("D1", org.belowD1() + org.many("D1", 60));
+        org.open("D11", org.belowD11());
         org.select("p0030");
         org.tree->scrollTo(org.row("p0030"), QAbstractItemView::PositionAtCenter);
         OrgFixture::settle();
@@ -163,8 +160,7 @@ private slots:
     {
         OrgFixture org;
         org.showFilled();
-        org.tree->expandItem(org.row("D2"));
-        org.answer("D2", org.many("D2", 60));
+        org.open("D2", org.many("D2", 60));
         org.tree->expandItem(org.row("D1"));
         org.tree->scrollTo(org.row("p0040"), QAbstractItemView::PositionAtCenter);
         OrgFixture::settle();
@@ -207,9 +203,7 @@ private slots:
         QFETCH(bool, byKey);
         QFETCH(int, chats);
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1() + OrgElementList{makeEmployee(org.id("me"), org.id("D1"))});
+        org.showOpen({makeEmployee(org.id("me"), org.id("D1"))});
         const QModelIndex row = org.row(qPrintable(who));
         org.select(row);
         if (byKey)
@@ -227,9 +221,7 @@ private slots:
     void presenceOfTheHub()
     {
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1());
+        org.showOpen();
         PresenceData away;
         away.pcShow = PresenceData::Away;
         emit FriendUISignalSender::instance()->signal_updateFriendPresence(
@@ -242,9 +234,7 @@ private slots:
     void hoverShowsTheCard()
     {
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1());
+        org.showOpen();
         org.moveTo(org.middle(org.row("D1")));
         org.moveTo(org.middle(org.row("anna")));
         QTRY_COMPARE(org.actions.calls.size(), 1);

@@ -139,9 +139,7 @@ private slots:
     void refreshOfTheHost()
     {
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1());
+        org.showOpen();
         emit hub()->signal_refreshOrganization();
         QCOMPARE(org.asked("C"), 2);
         QCOMPARE(org.asked("D1"), 2);
@@ -155,9 +153,7 @@ private slots:
     void shownAgainFromTheCache()
     {
         OrgFixture org;
-        org.showFilled();
-        org.tree->expandItem(org.row("D1"));
-        org.answer("D1", org.belowD1());
+        org.showOpen();
         org.page.reset();
         org.show();
         QCOMPARE(org.shownPage(), QStringLiteral("OrgStructureTreeView"));

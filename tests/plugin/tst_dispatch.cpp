@@ -124,16 +124,6 @@ private slots:
         QCOMPARE(spy.emissions.size(), taken ? 1 : 0);
     }
 
-    void eventsOfOtherTypesAreLeftAlone()
-    {
-        HubSpy spy;
-        QEvent other(QEvent::Type(1001));
-        other.ignore();
-        QCoreApplication::sendEvent(FriendUIMessageProcess::instance(), &other);
-        QVERIFY(!other.isAccepted());
-        QVERIFY(spy.emissions.isEmpty());
-    }
-
     void codesWithoutAnActionDoNothing()
     {
         FakeHost host;
