@@ -9,7 +9,6 @@
 #include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslSocket>
-#include <QTest>
 
 Q_DECLARE_METATYPE(CertificateOptions)
 

@@ -5,7 +5,6 @@
 #include <QBuffer>
 #include <QDir>
 #include <QImage>
-#include <QTest>
 
 #include <set>
 #include <thread>

@@ -2,8 +2,6 @@
 #include "backend/formbody.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 class TstFormBody : public QObject
 {
     Q_OBJECT

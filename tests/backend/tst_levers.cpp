@@ -3,7 +3,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 #include <thread>
 

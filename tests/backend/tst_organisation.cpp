@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QSet>
-#include <QTest>
 
 namespace {
 constexpr char Children[] = "/center/org/searchOrg.do";

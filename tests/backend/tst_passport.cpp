@@ -5,8 +5,6 @@
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 constexpr char Settings[] = "/center/clientsettings/getClientSettings.do";
 constexpr char Children[] = "/center/org/searchOrg.do";
@@ -186,8 +184,7 @@ private slots:
         const QByteArray ticket = QByteArray::fromStdString(client.cookies["imAuthId"]);
         QCOMPARE(ticket.size(), 64);
         backEnd->stop();
-        const QByteArray content =
-            contentOf(backEnd.folder() + QStringLiteral("/backend.sqlite"));
+        const QByteArray content = contentOf(backEnd.folder() + QStringLiteral("/backend.sqlite"));
         QVERIFY(content.contains("u000003"));
         QVERIFY(!content.contains(ticket));
         QVERIFY(!content.contains(QByteArray::fromHex(ticket)));

@@ -11,7 +11,6 @@
 #include <QNetworkReply>
 #include <QProcess>
 #include <QSslConfiguration>
-#include <QTest>
 
 #include <mutex>
 

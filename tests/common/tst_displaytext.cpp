@@ -3,7 +3,6 @@
 #include "tests/support/fakecontext.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
 

@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 
 #ifdef Q_OS_UNIX
 #include <csignal>

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QRandomGenerator>
-#include <QTest>
 #include <QTextCodec>
 
 namespace {

@@ -1,8 +1,8 @@
 // Settings files as people, other programs and attackers leave them.
 #include "common/initext.h"
 #include "common/settingsfile.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/files.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -11,7 +11,6 @@
 #include <QRect>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <algorithm>
 #include <memory>
@@ -259,7 +258,7 @@ private slots:
     void handWrittenFilesCanBeChanged()
     {
         writeFile(m_file, "\xef\xbb\xbf; a \"comment\r\n\r\n[g]\r\nk=a\\\r\nb\r\n"
-                     "  m = \"x\ny\"\r\nn=\\\"\n[h]\ni=😀");
+                          "  m = \"x\ny\"\r\nn=\\\"\n[h]\ni=😀");
         {
             SettingsFile file(m_file);
             QCOMPARE(file.text(QStringLiteral("/g/m")), QStringLiteral("x\ny"));

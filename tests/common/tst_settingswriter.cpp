@@ -2,14 +2,13 @@
 #include "common/clogmanger.h"
 #include "common/cmodifyconfigfile.h"
 #include "common/settingsfile.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/files.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <memory>

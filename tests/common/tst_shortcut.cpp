@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QTest>
 
 namespace {
 QString desktop()

@@ -3,13 +3,12 @@
 #include "common/settingsfile.h"
 #include "common/settingskeys.h"
 #include "common/usersettings.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/files.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 

@@ -7,8 +7,6 @@
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFileInfo>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 const QString Anna = QStringLiteral("anna@corp.example");

@@ -6,7 +6,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QAbstractItemModelTester>
-#include <QTest>
 
 #include <algorithm>
 #include <random>

@@ -8,7 +8,6 @@
 #include <QLabel>
 #include <QRandomGenerator>
 #include <QScrollBar>
-#include <QTest>
 #include <QTranslator>
 
 namespace {

@@ -3,8 +3,6 @@
 #include "tests/contacts/contactmaker.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <memory>
 #include <random>
 

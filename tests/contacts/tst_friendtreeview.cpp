@@ -8,8 +8,6 @@
 #include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 const QString Anna = QStringLiteral("anna@corp.example");

@@ -10,7 +10,6 @@
 
 #include <QAbstractButton>
 #include <QStackedLayout>
-#include <QTest>
 
 namespace {
 const QString Anna = QStringLiteral("anna@corp.example");
@@ -65,13 +64,17 @@ private slots:
         row("empty contact list", 4115, FakeHost::encode(QList<FriendData>()), QString(),
             ": entry fun FriendTreeWidget::slot_addAllFriend()：listFriendData is 0");
         // Groups of the other side are no business of this tree.
-        row("external: add", 4118, FakeHost::encode(G9, QStringLiteral("New"), true, false), QString(), "");
-        row("external: all", 4119, FakeHost::encode(QList<GroupData>{{G9, QStringLiteral("New")}}, false), QString(), "");
+        row("external: add", 4118, FakeHost::encode(G9, QStringLiteral("New"), true, false),
+            QString(), "");
+        row("external: all", 4119,
+            FakeHost::encode(QList<GroupData>{{G9, QStringLiteral("New")}}, false), QString(), "");
         row("external: delete", 4120, FakeHost::encode(true, G1, false), QString(), "");
         row("external: delete failed", 4120, FakeHost::encode(false, G1, false), QString(), "");
-        row("external: rename", 4134, FakeHost::encode(G1, QStringLiteral("New"), true, false), QString(), "");
+        row("external: rename", 4134, FakeHost::encode(G1, QStringLiteral("New"), true, false),
+            QString(), "");
         row("external: move", 4121, FakeHost::encode(true, Anna, G1, G2, false), QString(), "");
-        row("external: move failed", 4121, FakeHost::encode(false, Anna, G1, G2, false), QString(), "");
+        row("external: move failed", 4121, FakeHost::encode(false, Anna, G1, G2, false), QString(),
+            "");
     }
 
     void failures()

@@ -1,8 +1,6 @@
 #include "contacts/groupnames.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 class TstGroupNames : public QObject
 {
     Q_OBJECT

@@ -11,7 +11,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QPointer>
-#include <QTest>
 
 namespace {
 
@@ -142,7 +141,8 @@ private slots:
             const bool isEmployee = how == QLatin1String("menu");
             const QPoint at =
                 isEmployee ? pos : tree->visualRect(tree->model()->index(0, 0)).center();
-            QContextMenuEvent event(QContextMenuEvent::Mouse, at, tree->viewport()->mapToGlobal(at));
+            QContextMenuEvent event(QContextMenuEvent::Mouse, at,
+                                    tree->viewport()->mapToGlobal(at));
             QApplication::sendEvent(tree->viewport(), &event);
             auto *menu = qobject_cast<SkinMenu *>(QApplication::activePopupWidget());
             QVERIFY(menu);

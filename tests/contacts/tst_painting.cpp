@@ -6,7 +6,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QPainter>
-#include <QTest>
 
 namespace {
 
@@ -120,7 +119,8 @@ private slots:
             tree.view->setExpanded(tree.group("g1"), true);
             TreeFixture::settle();
             const QImage image = tree.view->viewport()->grab().toImage();
-            keepPicture(image, QStringLiteral("cut-%1-%2").arg(QString::fromLatin1(skin)).arg(name.at(0)));
+            keepPicture(image,
+                        QStringLiteral("cut-%1-%2").arg(QString::fromLatin1(skin)).arg(name.at(0)));
             for (const QModelIndex &index : {tree.contact("long"), tree.group("g1")}) {
                 const QRect row = tree.view->visualRect(index);
                 const int edge = row.right() - 4;

@@ -5,7 +5,6 @@
 
 #include <QDrag>
 #include <QGuiApplication>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
 

@@ -6,9 +6,7 @@
 #include <QDataStream>
 #include <QFile>
 #include <QImage>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

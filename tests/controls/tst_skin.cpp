@@ -3,8 +3,6 @@
 #include "plugin/frienduisignalsender.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-#include <QTest>
 #include <QTranslator>
 
 class TstSkin : public QObject

@@ -1,15 +1,14 @@
 // The watermark's picture, its file name and its style sheet.
 #include "controls/watermark.h"
 #include "tests/support/fakehost.h"
-#include "tests/support/looks.h"
 #include "tests/support/files.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QImage>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTransform>
 #include <QWidget>
 

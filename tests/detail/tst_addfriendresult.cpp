@@ -2,8 +2,6 @@
 #include "detail/addfriendresult.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 using namespace AddFriendResult;
 
 class TstAddFriendResult : public QObject

@@ -13,9 +13,7 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 

@@ -15,7 +15,6 @@
 #include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTest>
 
 #include <cstdio>
 

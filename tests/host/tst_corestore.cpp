@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QSqlError>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 // Every table and index with its columns, in a fixed order.

@@ -4,8 +4,6 @@
 #include "tests/host/corefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-
 using Core = EmbeddedCore;
 
 class TstEmbeddedCore : public CoreFixture

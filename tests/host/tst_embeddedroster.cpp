@@ -3,8 +3,6 @@
 #include "tests/host/corefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-
 using Core = EmbeddedCore;
 
 class TstEmbeddedRoster : public CoreFixture

@@ -4,7 +4,6 @@
 
 #include <QHash>
 #include <QSet>
-#include <QTest>
 
 namespace {
 QString fingerprint(const SamplePerson &p)

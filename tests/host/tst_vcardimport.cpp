@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
-#include <QSignalSpy>
 
 class TstVCardImport : public CoreFixture
 {

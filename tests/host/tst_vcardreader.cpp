@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
-#include <QTest>
 #include <QTextCodec>
 
 namespace {

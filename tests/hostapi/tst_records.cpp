@@ -2,8 +2,6 @@
 #include "hostapi/hostrecords.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 template <class Record> QByteArray streamed(const Record &record)
 {

@@ -4,8 +4,6 @@
 #include "tests/http/servicefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCryptographicHash>
-#include <QTest>
 
 Q_DECLARE_METATYPE(FakeReply)
 

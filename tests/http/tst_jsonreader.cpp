@@ -2,8 +2,6 @@
 #include "http/jsonreader.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 Json::Value parsed(const QByteArray &text)
 {

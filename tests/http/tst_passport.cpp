@@ -2,8 +2,6 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-
 class TstPassport : public QObject
 {
     Q_OBJECT

@@ -3,9 +3,6 @@
 #include "tests/http/servicefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-#include <QTest>
-
 namespace {
 QString name(int i)
 {

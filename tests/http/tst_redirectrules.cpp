@@ -1,8 +1,6 @@
 #include "http/redirectrules.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 
 bool isService(const QUrl &url)

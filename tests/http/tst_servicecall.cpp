@@ -4,12 +4,9 @@
 #include "http/httpmgr.h"
 #include "http/servicecall.h"
 #include "tests/http/servicefixture.h"
-#include "tests/support/logcapture.h"
 #include "tests/org/fakeorgrequest.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
-
-#include <QSignalSpy>
-#include <QTest>
 
 Q_DECLARE_METATYPE(FakeReply)
 

@@ -6,8 +6,6 @@
 #include "tests/support/fakecontext.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 class TstServiceReply : public QObject
 {
     Q_OBJECT

@@ -5,7 +5,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QHttpMultiPart>
-#include <QSignalSpy>
 
 class TstSession : public QObject
 {

@@ -1,8 +1,6 @@
 #include "http/requestthrottle.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <deque>
 
 using Lane = RequestThrottle::Lane;

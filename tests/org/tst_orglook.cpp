@@ -5,7 +5,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QLabel>
-#include <QTest>
 
 namespace {
 
@@ -68,21 +67,20 @@ private slots:
                          named(makeDepartment(org.id("D2"), QString(), org.id("C")),
                                "Sales, Marketing and a Name that Goes On for Ever & Ever")});
         org.open("D1",
-            {named(makeDepartment(org.id("D11"), QString(), org.id("D1")), "平台部"),
-             named(makeDepartment(org.id("D12"), QString(), org.id("D1")), "Quality"),
-             named(makeEmployee(org.id("anna"), org.id("D1"), QString::fromUtf8("高级工程师")),
-                   "李明朗", 1),
-             named(makeEmployee(org.id("bob"), org.id("D1")), "Bob Stone", 4),
-             named(makeEmployee(org.id("carl"), org.id("D1"),
-                                QStringLiteral("Principal architect of everything that there "
-                                               "is to be built")),
-                   "A very long name that does not fit into this row", 0, 1)});
+                 {named(makeDepartment(org.id("D11"), QString(), org.id("D1")), "平台部"),
+                  named(makeDepartment(org.id("D12"), QString(), org.id("D1")), "Quality"),
+                  named(makeEmployee(org.id("anna"), org.id("D1"), QString::fromUtf8("高级工程师")),
+                        "李明朗", 1),
+                  named(makeEmployee(org.id("bob"), org.id("D1")), "Bob Stone", 4),
+                  named(makeEmployee(org.id("carl"), org.id("D1"),
+                                     QStringLiteral("Principal architect of everything that there "
+                                                    "is to be built")),
+                        "A very long name that does not fit into this row", 0, 1)});
         org.tree->expandItem(org.row("D12"));
         org.fail("D12");
-        org.open("D11",
-                   {named(makeEmployee(org.id("me"), org.id("D11"), QStringLiteral("Tester")),
-                          "王小明", 2),
-                    named(makeEmployee(org.id("eve"), org.id("D11")), "Eve", 0)});
+        org.open("D11", {named(makeEmployee(org.id("me"), org.id("D11"), QStringLiteral("Tester")),
+                               "王小明", 2),
+                         named(makeEmployee(org.id("eve"), org.id("D11")), "Eve", 0)});
         org.tree->expandItem(org.row("D2"));
         org.select("anna");
         const QString name =

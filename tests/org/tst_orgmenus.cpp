@@ -3,7 +3,17 @@
 #include "tests/org/orgfixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
+namespace {
+
+QStringList keysOf(const SkinMenu *menu)
+{
+    QStringList keys;
+    for (const QAction *action : menu->actions())
+        keys.append(action->objectName());
+    return keys;
+}
+
+} // namespace
 
 class TstOrgMenus : public QObject
 {
@@ -321,18 +331,6 @@ private slots:
         QCOMPARE(org.actions.calls, QStringList());
     }
 };
-
-namespace {
-
-QStringList keysOf(const SkinMenu *menu)
-{
-    QStringList keys;
-    for (const QAction *action : menu->actions())
-        keys.append(action->objectName());
-    return keys;
-}
-
-} // namespace
 
 FRIENDUI_TEST(TstOrgMenus)
 #include "tst_orgmenus.moc"

@@ -4,8 +4,6 @@
 #include "org/orgpresence.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 
 QStringList ids(const OrgElementList &elements)

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QLabel>
-#include <QTest>
 
 class TstOrgPlaces : public QObject
 {

@@ -6,7 +6,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QElapsedTimer>
-#include <QTest>
 
 class TstOrgStructureMgr : public QObject
 {

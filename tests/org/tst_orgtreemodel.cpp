@@ -5,8 +5,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QAbstractItemModelTester>
-#include <QSignalSpy>
-#include <QTest>
 
 #include <memory>
 

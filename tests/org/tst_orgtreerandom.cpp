@@ -6,7 +6,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QRandomGenerator>
-#include <QTest>
 
 namespace {
 

@@ -4,9 +4,6 @@
 #include "tests/org/orgfixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-#include <QTest>
-
 class TstOrgTreeView : public QObject
 {
     Q_OBJECT

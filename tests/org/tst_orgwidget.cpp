@@ -8,8 +8,6 @@
 #include <QDesktopServices>
 #include <QLabel>
 #include <QPushButton>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 

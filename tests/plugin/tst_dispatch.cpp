@@ -9,7 +9,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
-#include <QTest>
 
 namespace {
 
@@ -21,29 +20,35 @@ const QMap<qint32, QByteArray> &signalOfCode()
     static const QMap<qint32, QByteArray> map = [] {
         const QByteArrayList words =
             QByteArray(
-"4102 signal_clearFriend 4105 signal_FriendVcardInfo 4106 signal_FriendFullVcardInfo "
-"4107 signal_UpdateFrdHead 4109 signal_SearchFriendRecv 4111 signal_requestAddFriend "
-"4114 signal_addFriend 4115 signal_addAllFriend 4117 signal_updateFriendPresence "
-"4118 signal_addGroup 4119 signal_addAllGroup 4120 signal_delGroup 4121 signal_moveitem "
-"4122 signal_myProfileRecv 4128 signal_delFriendFail 4129 signal_addsucess "
-"4133 signal_configreceived 4134 signal_changeGroupName 4135 signal_isConnected "
-"4149 signal_roomSubjectChanged 4150 signal_mucChatHeadChanged 4160 signal_EmployeeInfo "
-"4165 signal_addFriendFail 4166 signal_BatchAddFriendFial "
-"4169 signal_notifyUpdateServiceNum 4253 signal_removedRoom 4281 signal_GetVcardFail "
-"4355 signal_doalloffline 4398 signal_latestFriend 4403 signal_delStranger "
-"4430 signal_updateRoomMembers 4431 signal_addMuc 4452 signal_deleteMucRoon "
-"4453 signal_setForbiddenIcon 4460 signal_roomIsNull 4497 signal_myStatusChanged "
-"4500 signal_getGroupFail 4524 signal_SkinChange 4541 siganl_mucClassifyChanged "
-"4562 siganl_recvMissingCall 4564 siganl_delMissingCall 4593 signal_showAllRoom "
-"4594 signal_openLeaderDetail 4596 signal_localMucAdded 4606 signal_updateLatestContact "
-"4624 signal_notifySubServiceNum 4625 signal_notifyCancelSubServiceNum "
-"4629 signal_notifyDownloadServiceIconResult 4630 signal_notifyAddServiceNum "
-"4635 signal_notifyGetMyAPPFail 4637 signal_GetVcardSuccessNoChange "
-"4674 signal_position_orgstruct 4711 signal_notifyCooperate "
-"4748 signal_notifyFriendRemarkName 4802 signal_notifyRemoveChannel "
-"4803 signal_notifyAddChannel 4843 signal_refresh_virtualTeam "
-"4845 signal_addMembersToVirtualTeam 4892 signal_refreshOrganization "
-"4899 signal_notifyUpdateChannelHead")
+                "4102 signal_clearFriend 4105 signal_FriendVcardInfo 4106 "
+                "signal_FriendFullVcardInfo "
+                "4107 signal_UpdateFrdHead 4109 signal_SearchFriendRecv 4111 "
+                "signal_requestAddFriend "
+                "4114 signal_addFriend 4115 signal_addAllFriend 4117 signal_updateFriendPresence "
+                "4118 signal_addGroup 4119 signal_addAllGroup 4120 signal_delGroup 4121 "
+                "signal_moveitem "
+                "4122 signal_myProfileRecv 4128 signal_delFriendFail 4129 signal_addsucess "
+                "4133 signal_configreceived 4134 signal_changeGroupName 4135 signal_isConnected "
+                "4149 signal_roomSubjectChanged 4150 signal_mucChatHeadChanged 4160 "
+                "signal_EmployeeInfo "
+                "4165 signal_addFriendFail 4166 signal_BatchAddFriendFial "
+                "4169 signal_notifyUpdateServiceNum 4253 signal_removedRoom 4281 "
+                "signal_GetVcardFail "
+                "4355 signal_doalloffline 4398 signal_latestFriend 4403 signal_delStranger "
+                "4430 signal_updateRoomMembers 4431 signal_addMuc 4452 signal_deleteMucRoon "
+                "4453 signal_setForbiddenIcon 4460 signal_roomIsNull 4497 signal_myStatusChanged "
+                "4500 signal_getGroupFail 4524 signal_SkinChange 4541 siganl_mucClassifyChanged "
+                "4562 siganl_recvMissingCall 4564 siganl_delMissingCall 4593 signal_showAllRoom "
+                "4594 signal_openLeaderDetail 4596 signal_localMucAdded 4606 "
+                "signal_updateLatestContact "
+                "4624 signal_notifySubServiceNum 4625 signal_notifyCancelSubServiceNum "
+                "4629 signal_notifyDownloadServiceIconResult 4630 signal_notifyAddServiceNum "
+                "4635 signal_notifyGetMyAPPFail 4637 signal_GetVcardSuccessNoChange "
+                "4674 signal_position_orgstruct 4711 signal_notifyCooperate "
+                "4748 signal_notifyFriendRemarkName 4802 signal_notifyRemoveChannel "
+                "4803 signal_notifyAddChannel 4843 signal_refresh_virtualTeam "
+                "4845 signal_addMembersToVirtualTeam 4892 signal_refreshOrganization "
+                "4899 signal_notifyUpdateChannelHead")
                 .split(' ');
         QMap<qint32, QByteArray> codes;
         for (int i = 0; i + 1 < words.size(); i += 2)

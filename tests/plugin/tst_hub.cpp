@@ -4,8 +4,6 @@
 
 #include <QDataStream>
 #include <QMetaMethod>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 using Hub = FriendUISignalSender;

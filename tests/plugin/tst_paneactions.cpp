@@ -6,8 +6,6 @@
 #include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <memory>
 
 namespace {

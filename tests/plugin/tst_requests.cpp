@@ -6,7 +6,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
-#include <QTest>
 
 namespace {
 

@@ -1,6 +1,5 @@
 #include "tests/support/testrunner.h"
 
-#include <QTest>
 #include <QTranslator>
 
 class TstCatalogues : public QObject

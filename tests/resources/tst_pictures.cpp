@@ -5,7 +5,6 @@
 #include <QFile>
 #include <QImage>
 #include <QMovie>
-#include <QTest>
 #include <QXmlStreamReader>
 
 namespace {

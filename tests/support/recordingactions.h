@@ -17,7 +17,10 @@ public:
     QStringList calls;
     bool detailOpens = true; // what the functions that open a detail answer
 
-    void hideOfflineInitialised(bool hide) override { record("hideOfflineInitialised", {text(hide)}); }
+    void hideOfflineInitialised(bool hide) override
+    {
+        record("hideOfflineInitialised", {text(hide)});
+    }
     void locateContact(Text jid) override { record("locateContact", {jid}); }
     void raisePage(Text id) override { record("raisePage", {id}); }
     bool canOpenContactDetail() const override { return detailOpens; }
@@ -31,13 +34,24 @@ public:
         record("openOwnDetail", {});
         return detailOpens;
     }
-    void showContactCard(Text jid, int x, int y, int width, bool preferLeft) override { record("showContactCard", {jid, text(x), text(y), text(width), text(preferLeft)}); }
+    void showContactCard(Text jid, int x, int y, int width, bool preferLeft) override
+    {
+        record("showContactCard", {jid, text(x), text(y), text(width), text(preferLeft)});
+    }
     void hideContactCard(Text jid) override { record("hideContactCard", {jid}); }
     void addContact(Text jid) override { record("addContact", {jid}); }
-    void externalContactAnswer(Text jid, bool success, int code, int action) override { record("externalContactAnswer", {jid, text(success), text(code), text(action)}); }
-    void locateInOrganisation(Text uid, bool isOrganisation) override { record("locateInOrganisation", {uid, text(isOrganisation)}); }
-    void virtualTeamEvent(Text type, Text teamId,
-                          Text member) override { record("virtualTeamEvent", {type, teamId, member}); }
+    void externalContactAnswer(Text jid, bool success, int code, int action) override
+    {
+        record("externalContactAnswer", {jid, text(success), text(code), text(action)});
+    }
+    void locateInOrganisation(Text uid, bool isOrganisation) override
+    {
+        record("locateInOrganisation", {uid, text(isOrganisation)});
+    }
+    void virtualTeamEvent(Text type, Text teamId, Text member) override
+    {
+        record("virtualTeamEvent", {type, teamId, member});
+    }
     void openServiceNumber(Text code) override { record("openServiceNumber", {code}); }
     void openServiceNumberSearch() override { record("openServiceNumberSearch", {}); }
     void reloadChannels() override { record("reloadChannels", {}); }

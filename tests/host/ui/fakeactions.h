@@ -11,20 +11,30 @@ public:
     QStringList calls;
 
     void openChat(Text jid, qint32 kind) override { note("openChat", {jid, n(kind)}); }
-    void sendFile(const QStringList &jids, qint32 kind) override { note("sendFile", jids + QStringList{n(kind)}); }
+    void sendFile(const QStringList &jids, qint32 kind) override
+    {
+        note("sendFile", jids + QStringList{n(kind)});
+    }
     void openHistory(Text jid, qint32 kind) override { note("openHistory", {jid, n(kind)}); }
     void createGroupChat(const QStringList &jids) override { note("createGroupChat", jids); }
     void cancelTransfers(Text jid) override { note("cancelTransfers", {jid}); }
     void pinConversation(Text jid, bool top) override { note("pinConversation", {jid, n(top)}); }
     void showPicture(Text jid, Text path) override { note("showPicture", {jid, path}); }
     void openTopicPage(Text pluginId, Text jid) override { note("openTopicPage", {pluginId, jid}); }
-    void pickTeamMembers(Text teamId, qint32 groupId,
-                         const QStringList &presentIds) override { note("pickTeamMembers", QStringList{teamId, n(groupId)} + presentIds); }
+    void pickTeamMembers(Text teamId, qint32 groupId, const QStringList &presentIds) override
+    {
+        note("pickTeamMembers", QStringList{teamId, n(groupId)} + presentIds);
+    }
     void manageRoom(Text roomJid) override { note("manageRoom", {roomJid}); }
     void writeMail(const QStringList &jids) override { note("writeMail", jids); }
-    void addExternalContact(Text jid, Text text,
-                            Text client) override { note("addExternalContact", {jid, text, client}); }
-    void confirmExternalContact(Text jid, qint32 agree, Text client) override { note("confirmExternalContact", {jid, n(agree), client}); }
+    void addExternalContact(Text jid, Text text, Text client) override
+    {
+        note("addExternalContact", {jid, text, client});
+    }
+    void confirmExternalContact(Text jid, qint32 agree, Text client) override
+    {
+        note("confirmExternalContact", {jid, n(agree), client});
+    }
     void blacklistExternalContact(Text jid) override { note("blacklistExternalContact", {jid}); }
 
 private:

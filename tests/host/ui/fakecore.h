@@ -51,28 +51,53 @@ public:
         connected = on;
         emit connectionChanged(on);
     }
-    void setOwnPresence(const PresenceData &presence) override { note("setOwnPresence", QString::number(presence.pcShow)); }
+    void setOwnPresence(const PresenceData &presence) override
+    {
+        note("setOwnPresence", QString::number(presence.pcShow));
+    }
     void requestGroups(bool inner) override { note("requestGroups", inner); }
     void requestContacts() override { note("requestContacts"); }
     void createGroup(Text name, bool inner) override { note("createGroup", name, inner); }
-    void renameGroup(Text group, Text name, bool inner) override { note("renameGroup", group, name, inner); }
+    void renameGroup(Text group, Text name, bool inner) override
+    {
+        note("renameGroup", group, name, inner);
+    }
     void deleteGroup(Text group, bool inner) override { note("deleteGroup", group, inner); }
-    void moveContact(Text jid, Text from, Text to,
-                     bool inner) override { note("moveContact", jid, from, to, inner); }
+    void moveContact(Text jid, Text from, Text to, bool inner) override
+    {
+        note("moveContact", jid, from, to, inner);
+    }
     void removeContact(Text jid, bool inner) override { note("removeContact", jid, inner); }
     void setRemark(Text jid, Text remark) override { note("setRemark", jid, remark); }
     void requestPolicy(Text jid) override { note("requestPolicy", jid); }
-    void addContact(Text jid, Text validation, Text group,
-                    Text remark) override { note("addContact", jid, validation, group, remark); }
-    void addContacts(const QStringList &uids, Text group) override { note("addContacts", uids.join(QLatin1Char('+')), group); }
+    void addContact(Text jid, Text validation, Text group, Text remark) override
+    {
+        note("addContact", jid, validation, group, remark);
+    }
+    void addContacts(const QStringList &uids, Text group) override
+    {
+        note("addContacts", uids.join(QLatin1Char('+')), group);
+    }
     void requestProfile(Text jid, bool full) override { note("requestProfile", jid, full); }
-    void storeOwnProfile(const VcardInfo &profile) override { note("storeOwnProfile", profile.leaderName); }
-    void createRoom(const QStringList &jids, Text subject) override { note("createRoom", jids.join(QLatin1Char('+')), subject); }
+    void storeOwnProfile(const VcardInfo &profile) override
+    {
+        note("storeOwnProfile", profile.leaderName);
+    }
+    void createRoom(const QStringList &jids, Text subject) override
+    {
+        note("createRoom", jids.join(QLatin1Char('+')), subject);
+    }
     void renameRoom(Text room, Text subject) override { note("renameRoom", room, subject); }
     void quitRoom(Text room) override { note("quitRoom", room); }
     void dismissRoom(Text room) override { note("dismissRoom", room); }
-    void classifyRoom(Text room, MucData::MucClassify classify) override { note("classifyRoom", room, QString::number(classify)); }
-    void sendMessage(Text jid, MessageData::Kind kind, Text body) override { note("sendMessage", jid, QString::number(kind), body); }
+    void classifyRoom(Text room, MucData::MucClassify classify) override
+    {
+        note("classifyRoom", room, QString::number(classify));
+    }
+    void sendMessage(Text jid, MessageData::Kind kind, Text body) override
+    {
+        note("sendMessage", jid, QString::number(kind), body);
+    }
 
 private:
     static QString text(Text value) { return value; }

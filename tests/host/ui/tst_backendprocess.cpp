@@ -9,9 +9,7 @@
 
 #include <QDir>
 #include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
@@ -36,7 +34,10 @@ struct Bench
         writeFile(folder.filePath(QStringLiteral("ca.pem")), "a certificate");
         writeFile(folder.filePath(QStringLiteral("password")), "s3cret\n");
     }
-    QByteArray left(const char *name) const { return contentOf(folder.filePath(QLatin1String(name))); }
+    QByteArray left(const char *name) const
+    {
+        return contentOf(folder.filePath(QLatin1String(name)));
+    }
 };
 
 } // namespace

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 CommandLineResult parse(const QStringList &arguments)

@@ -14,9 +14,7 @@
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 
 namespace {
 

@@ -12,8 +12,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 

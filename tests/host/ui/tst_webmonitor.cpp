@@ -9,9 +9,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QLineEdit>
-#include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 
 namespace {
 

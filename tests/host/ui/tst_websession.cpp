@@ -9,14 +9,12 @@
 #include "tests/host/ui/fakecore.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
-#include "tests/support/logcapture.h"
 #include "tests/support/files.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
