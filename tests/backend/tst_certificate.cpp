@@ -5,7 +5,6 @@
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
-#include <QFile>
 #include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslSocket>

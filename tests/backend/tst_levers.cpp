@@ -2,8 +2,6 @@
 #include "tests/backend/runningbackend.h"
 #include "tests/support/testrunner.h"
 
-#include <QElapsedTimer>
-
 #include <thread>
 
 namespace {
@@ -57,15 +55,6 @@ private slots:
             QCOMPARE(m_client->post(Settings, {}).status, 500);
         QCOMPARE(m_backEnd.control("reset", "{}").status, 200);
         QCOMPARE(m_client->post(Settings, {}).code(), 0);
-    }
-
-    void delayed()
-    {
-        QCOMPARE(rule(R"({"path":"*","delayMs":300})"), 200);
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(m_client->post(Settings, {}).code(), 0);
-        QVERIFY(timer.elapsed() >= 300);
     }
 
     void stoppingWaitsForNoDelay()

@@ -20,15 +20,12 @@ private slots:
         const Rows<QString, bool, int, int, QString> row{"jid", "onJob", "pc", "mobile", "key"};
         const QString other = QStringLiteral("u1@corp.example");
         row("own, offline", Own, true, 0, 0, "0|1LI");
-        row("own, online", Own, true, 1, 2, "0|1LI");
         row("own, left", Own, false, 1, 0, "2|LI");
         row("online", other, true, 1, 0, "0|2LI");
         row("do not disturb", other, true, 4, 0, "0|2LI");
         row("mobile only", other, true, 0, 1, "0|2LI");
-        row("both", other, true, 2, 2, "0|2LI");
         row("offline", other, true, 0, 0, "1|LI");
         row("left, online", other, false, 1, 1, "2|LI");
-        row("left, offline", other, false, 0, 0, "2|LI");
     }
 
     void blocks()

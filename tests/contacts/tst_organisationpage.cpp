@@ -8,6 +8,7 @@
 #include "plugin/paneactions.h"
 #include "tests/contacts/panefixture.h"
 #include "tests/org/fakeorgrequest.h"
+#include "tests/org/orgmaker.h"
 #include "tests/support/testrunner.h"
 
 #include <QPointer>
@@ -120,7 +121,7 @@ private slots:
         const QString uid = QStringLiteral("eve ") + how;
         const QString department = QStringLiteral("D ") + how;
         emit services.last->signal_searchOrgElements(
-            {makeDepartment(department, department, company), makeEmployee(uid, company)}, company);
+            {makeDepartment(department, company, department), makeEmployee(uid, company)}, company);
         emit services.last->signal_searchOrgDone(company);
         const QPointer<OrgStructureTreeView> tree = fixture.pane->findChild<OrgWidget *>()->tree();
         QCoreApplication::processEvents();

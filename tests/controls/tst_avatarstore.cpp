@@ -4,7 +4,6 @@
 
 #include <QBuffer>
 #include <QDataStream>
-#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 

@@ -6,7 +6,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTransform>

@@ -5,7 +5,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QMenu>
-#include <QStackedWidget>
 #include <QTextDocument>
 
 #include <memory>

@@ -3,8 +3,6 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QScreen>
-
 #include <memory>
 
 class TstCardManager : public QObject
@@ -279,3 +277,5 @@ private:
 
 FRIENDUI_TEST(TstCardManager)
 #include "tst_cardmanager.moc"
+
+#include <QScreen>

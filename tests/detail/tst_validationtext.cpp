@@ -51,14 +51,11 @@ private slots:
         row("ten wide fit", wide(9), 9, wide(1), wide(10), 10);
         row("the eleventh goes", wide(10), 10, wide(1), wide(10), 10);
         row("one narrow too many", narrow(20), 20, "b", narrow(20), 20);
-        row("two narrow at once", narrow(20), 20, "bb", narrow(20), 20);
         row("odd: whole characters", narrow(19), 19, wide(2), narrow(18), 18);
         row("a paste of 200", "", 0, narrow(200), narrow(20), 20);
-        row("a paste of 200 wide", "", 0, wide(200), wide(10), 10);
         row("mixed", wide(9) + QStringLiteral("b"), 10, QStringLiteral("c") + wide(1),
             wide(9) + QStringLiteral("bc"), 11);
         row("in the middle", narrow(20), 5, "x", narrow(20), 5);
-        row("at the start", narrow(20), 0, "x", narrow(20), 0);
         row("a pair at the end", narrow(19), 19, face, narrow(19), 19);
         row("a pair before what is typed", narrow(17) + face, 19, wide(2), narrow(17), 17);
     }

@@ -15,17 +15,17 @@ private slots:
     {
         const Rows<QByteArray, int, bool, int> row{"body", "status", "ok", "code"};
         const int none = ServiceReply::NoCode;
-        row("success", QByteArray(R"({"code":0,"data":{}})"), 200, true, 0);
-        row("no code", QByteArray(R"({"data":{}})"), 200, true, 0);
-        row("null code", QByteArray(R"({"code":null})"), 200, true, 0);
-        row("zero in text", QByteArray(R"({"code":"0"})"), 200, true, 0);
-        row("failure", QByteArray(R"({"code":10002})"), 200, false, 10002);
-        row("failure in text", QByteArray(R"({"code":"10003"})"), 200, false, 10003);
-        row("code of another kind", QByteArray(R"({"code":[]})"), 200, false, none);
-        row("code too large", QByteArray(R"({"code":4294967296})"), 200, false, none);
-        row("status 300", QByteArray(R"({"code":0})"), 300, true, 0);
-        row("status 301", QByteArray(R"({"code":0})"), 301, false, none);
-        row("no status", QByteArray(R"({"code":0})"), 0, false, none);
+        row("success", R"({"code":0,"data":{}})", 200, true, 0);
+        row("no code", R"({"data":{}})", 200, true, 0);
+        row("null code", R"({"code":null})", 200, true, 0);
+        row("zero in text", R"({"code":"0"})", 200, true, 0);
+        row("failure", R"({"code":10002})", 200, false, 10002);
+        row("failure in text", R"({"code":"10003"})", 200, false, 10003);
+        row("code of another kind", R"({"code":[]})", 200, false, none);
+        row("code too large", R"({"code":4294967296})", 200, false, none);
+        row("status 300", R"({"code":0})", 300, true, 0);
+        row("status 301", R"({"code":0})", 301, false, none);
+        row("no status", R"({"code":0})", 0, false, none);
         row("no body", QByteArray(), 204, false, none);
         row("page", "<html>", 200, false, none);
     }
@@ -61,16 +61,14 @@ private slots:
     {
         const Rows<QByteArray, bool, int, QString, QString> row{"body", "ok", "code", "message",
                                                                 "name"};
-        row("success", QByteArray(R"({"SNRetCode":"0","SNRetMsg":"","result":{"n":"a"}})"), true, 0,
-            "", "a");
-        row("payload in data", QByteArray(R"({"SNRetCode":0,"data":{"n":"b"}})"), true, 0, "", "b");
-        row("failure", QByteArray(R"({"SNRetCode":"1","SNRetMsg":"too large","errorCode":"E01"})"),
-            false, 1, "too large", "");
-        row("failure without a text", QByteArray(R"({"SNRetCode":"1","errorCode":"E01"})"), false,
-            1, "E01", "");
-        row("the other envelope", QByteArray(R"({"code":10001})"), false, 10001, "", "");
-        row("neither envelope", QByteArray(R"({"result":{"n":"c"}})"), false, ServiceReply::NoCode,
-            "", "");
+        row("success", R"({"SNRetCode":"0","SNRetMsg":"","result":{"n":"a"}})", true, 0, "", "a");
+        row("payload in data", R"({"SNRetCode":0,"data":{"n":"b"}})", true, 0, "", "b");
+        row("failure", R"({"SNRetCode":"1","SNRetMsg":"too large","errorCode":"E01"})", false, 1,
+            "too large", "");
+        row("failure without a text", R"({"SNRetCode":"1","errorCode":"E01"})", false, 1, "E01",
+            "");
+        row("the other envelope", R"({"code":10001})", false, 10001, "", "");
+        row("neither envelope", R"({"result":{"n":"c"}})", false, ServiceReply::NoCode, "", "");
     }
 
     void fileEnvelope()

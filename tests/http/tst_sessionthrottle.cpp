@@ -4,8 +4,6 @@
 #include "tests/http/sessionfixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSet>
-
 namespace {
 
 using Calls = std::vector<std::unique_ptr<Call>>;

@@ -1,8 +1,6 @@
 #include "tests/org/orgrequestfixture.h"
 #include "tests/support/files.h"
 
-#include <QFile>
-
 void OrgRequestFixture::setUp()
 {
     qRegisterMetaType<OrgElementList>("OrgElementList");

@@ -4,8 +4,6 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QElapsedTimer>
-
 class TstHttpOrgFun : public OrgRequestFixture
 {
     Q_OBJECT
@@ -41,8 +39,8 @@ private slots:
     // failure, not there, done.
     void statusTable_data()
     {
-        const Rows<int, int, int, QVector<int>, int, int> row{"kind",        "status",    "sends",
-                                                              "signalsSeen", "refreshes", "overdue"};
+        const Rows<int, int, int, QVector<int>, int, int> row{
+            "kind", "status", "sends", "signalsSeen", "refreshes", "overdue"};
         const QVector<int> failed{0, 1, 0, 0}, notThere{0, 0, 1, 0}, silent{0, 0, 0, 0};
         for (const Kind kind : {Children, Locate, Search}) {
             const auto add = [&](int status, int sends, const QVector<int> &seen, int refreshes = 0,

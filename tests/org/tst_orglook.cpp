@@ -18,8 +18,10 @@ QImage picture(QWidget *widget, qreal ratio, const QString &name)
     return image;
 }
 
-OrgElement named(OrgElement element, const char *name, int status = 0, int device = 0)
+OrgElement named(OrgElement element, const char *name, int status = 0, int device = 0,
+                 const char *duty = "Tester")
 {
+    element.strDuty = QString::fromUtf8(duty);
     element.strName = QString::fromUtf8(name);
     element.nStatus = status;
     element.nDevice = device;
@@ -63,23 +65,20 @@ private slots:
         org.host.context.profiles.insert(org.jid("me"), own);
         org.show();
         org.page->resize(320, 620);
-        org.answer("C", {named(makeDepartment(org.id("D1"), QString(), org.id("C")), "研发中心"),
-                         named(makeDepartment(org.id("D2"), QString(), org.id("C")),
+        org.answer("C", {named(makeDepartment(org.id("D1"), org.id("C")), "研发中心"),
+                         named(makeDepartment(org.id("D2"), org.id("C")),
                                "Sales, Marketing and a Name that Goes On for Ever & Ever")});
         org.open("D1",
-                 {named(makeDepartment(org.id("D11"), QString(), org.id("D1")), "平台部"),
-                  named(makeDepartment(org.id("D12"), QString(), org.id("D1")), "Quality"),
-                  named(makeEmployee(org.id("anna"), org.id("D1"), QString::fromUtf8("高级工程师")),
-                        "李明朗", 1),
-                  named(makeEmployee(org.id("bob"), org.id("D1")), "Bob Stone", 4),
-                  named(makeEmployee(org.id("carl"), org.id("D1"),
-                                     QStringLiteral("Principal architect of everything that there "
-                                                    "is to be built")),
-                        "A very long name that does not fit into this row", 0, 1)});
+                 {named(makeDepartment(org.id("D11"), org.id("D1")), "平台部"),
+                  named(makeDepartment(org.id("D12"), org.id("D1")), "Quality"),
+                  named(makeEmployee(org.id("anna"), org.id("D1")), "李明朗", 1, 0, "高级工程师"),
+                  named(makeEmployee(org.id("bob"), org.id("D1")), "Bob Stone", 4, 0, ""),
+                  named(makeEmployee(org.id("carl"), org.id("D1")),
+                        "A very long name that does not fit into this row", 0, 1,
+                        "Principal architect of everything that there is to be built")});
         org.tree->expandItem(org.row("D12"));
         org.fail("D12");
-        org.open("D11", {named(makeEmployee(org.id("me"), org.id("D11"), QStringLiteral("Tester")),
-                               "王小明", 2),
+        org.open("D11", {named(makeEmployee(org.id("me"), org.id("D11")), "王小明", 2),
                          named(makeEmployee(org.id("eve"), org.id("D11")), "Eve", 0)});
         org.tree->expandItem(org.row("D2"));
         org.select("anna");

@@ -213,7 +213,7 @@ private slots:
         QFETCH(QString, text);
         OrgFixture org;
         org.showFilled();
-        OrgElementList people{makeDepartment(org.id("D21"), QStringLiteral("x"), org.id("D2"))};
+        OrgElementList people{makeDepartment(org.id("D21"), org.id("D2"), QStringLiteral("x"))};
         if (what == QLatin1String("self"))
             people.append(makeEmployee(org.id("me"), org.id("D2")));
         else if (what != QLatin1String("nobody"))

@@ -153,8 +153,8 @@ private slots:
         OrgFixture org;
         org.showFilled();
         org.page->slot_orgPosition(org.id("carl"));
-        org.answerPlace("carl", {makeDepartment(org.id("A"), QStringLiteral("A"), org.id("B")),
-                                 makeDepartment(org.id("B"), QStringLiteral("B"), org.id("A")),
+        org.answerPlace("carl", {makeDepartment(org.id("A"), org.id("B"), QStringLiteral("A")),
+                                 makeDepartment(org.id("B"), org.id("A"), QStringLiteral("B")),
                                  makeEmployee(org.id("carl"), org.id("A"))});
         QCOMPARE(TipBox::lastText(), QStringLiteral("notInOrganization"));
         QCOMPARE(org.rowText(), QStringLiteral("D1 D2"));

@@ -5,8 +5,6 @@
 #include "tests/org/orgmaker.h"
 #include "tests/support/testrunner.h"
 
-#include <QElapsedTimer>
-
 class TstOrgStructureMgr : public QObject
 {
     Q_OBJECT

@@ -206,7 +206,7 @@ private slots:
         org.host.context.company = org.id("other");
         emit hub()->signal_login();
         QCOMPARE(org.shownPage(), QStringLiteral("orgWidgetLoading"));
-        org.answer("other", {makeDepartment(org.id("X"), QStringLiteral("X"), org.id("other"))});
+        org.answer("other", {makeDepartment(org.id("X"), org.id("other"), QStringLiteral("X"))});
         QCOMPARE(org.rowText(), QStringLiteral("X"));
     }
 

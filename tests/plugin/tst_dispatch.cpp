@@ -8,8 +8,6 @@
 #include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 
-#include <QCoreApplication>
-
 namespace {
 
 using Hub = FriendUISignalSender;

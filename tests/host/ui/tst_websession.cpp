@@ -13,7 +13,6 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 
 namespace {
