@@ -1,6 +1,7 @@
 // Where the files lie, and user ids that would lead elsewhere.
 #include "common/clientpaths.h"
 #include "tests/support/fakecontext.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
@@ -29,20 +30,16 @@ private slots:
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     void documentsFolderIsThatOfTheUser()
     {
-        QFile folders(qEnvironmentVariable("XDG_CONFIG_HOME") + QLatin1String("/user-dirs.dirs"));
-        QVERIFY(folders.open(QIODevice::WriteOnly));
-        folders.write("XDG_DOCUMENTS_DIR=\"$HOME/My//Papers\"\n");
-        folders.close();
+        const QString folders =
+            qEnvironmentVariable("XDG_CONFIG_HOME") + QLatin1String("/user-dirs.dirs");
+        writeFile(folders, "XDG_DOCUMENTS_DIR=\"$HOME/My//Papers\"\n");
         const QString papers = QDir::homePath() + QLatin1String("/My/Papers");
         QCOMPARE(ClientPaths::documentsFolder(), papers);
         QCOMPARE(ClientPaths::versionFile(), papers + QLatin1String("/VeltraIm/Version.ini"));
         QVERIFY(QDir().mkpath(ClientPaths::clientDataFolder()));
-        QFile version(ClientPaths::versionFile());
-        QVERIFY(version.open(QIODevice::WriteOnly));
-        version.write("[ThisVersion]\nthisversion=5.1.2\n");
-        version.close();
+        writeFile(ClientPaths::versionFile(), "[ThisVersion]\nthisversion=5.1.2\n");
         QCOMPARE(ClientPaths::installedVersion(), QStringLiteral("5.1.2"));
-        folders.remove();
+        QFile::remove(folders);
     }
 #endif
 

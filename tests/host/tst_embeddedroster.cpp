@@ -169,13 +169,12 @@ private slots:
     void addingFollowsThePersonsPolicy()
     {
         QFETCH(int, policy);
-        QFETCH(QString, config);
         QFETCH(bool, added);
         const QString jid = stranger(SampleCompany::Policy(policy));
         QSignalSpy policies(m_core.get(), &Core::policyReceived);
         m_core->requestPolicy(jid);
         QVERIFY(policies.wait());
-        QCOMPARE(policies.first().at(1).toString(), config);
+        QTEST(policies.first().at(1).toString(), "config");
 
         QSignalSpy answers(m_core.get(), &Core::requestAnswered);
         QSignalSpy additions(m_core.get(), &Core::contactAdded);

@@ -1,6 +1,7 @@
 // Importing vCard files into the friend tree, once and again.
 #include "host/core/vcardimport.h"
 #include "tests/host/corefixture.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
@@ -113,14 +114,12 @@ private slots:
         QCOMPARE(summary.problems.size(), 1);
         QVERIFY(summary.text().contains(none));
 
-        QFile text(m_folder->filePath(QStringLiteral("plain.vcf")));
-        QVERIFY(text.open(QIODevice::WriteOnly));
-        text.write("nothing of the kind\n");
-        text.close();
-        summary = importVCardFile(text.fileName(), m_core.get());
+        const QString text = m_folder->filePath(QStringLiteral("plain.vcf"));
+        writeFile(text, "nothing of the kind\n");
+        summary = importVCardFile(text, m_core.get());
         QVERIFY(!summary.ok);
         QCOMPARE(summary.problems.size(), 1);
-        QVERIFY(summary.text().contains(text.fileName()));
+        QVERIFY(summary.text().contains(text));
         QCOMPARE(m_core->contacts().size(), 1);
     }
 

@@ -69,11 +69,10 @@ private slots:
         QFETCH(QString, first);
         QFETCH(QString, from);
         QFETCH(QString, location);
-        QFETCH(QString, target);
         QFETCH(bool, trusted);
         const RedirectRules::Hop hop = judge(first, from, location);
         QVERIFY(hop.isFollowed());
-        QCOMPARE(hop.url.toString(), target);
+        QTEST(hop.url.toString(), "target");
         QCOMPARE(hop.trusted, trusted);
     }
 

@@ -110,10 +110,7 @@ private slots:
             QTest::newRow(qPrintable(call)) << int(code) << payload << call;
         };
         const QString text = QString::fromUtf8("项目 \"x\"");
-        row(Outbound::RefreshGroups, QStringLiteral("requestGroups(false)"), false);
         row(Outbound::CreateGroup, QStringLiteral("createGroup(%1, true)").arg(text), text, true);
-        row(Outbound::DeleteGroup, QStringLiteral("deleteGroup(g1, true)"), QStringLiteral("g1"),
-            true);
         row(Outbound::MoveContact, QStringLiteral("moveContact(j, g1, g2, true)"),
             QStringLiteral("j"), QStringLiteral("g1"), QStringLiteral("g2"), true);
         row(Outbound::AddContact, QStringLiteral("addContact(j, hello, g1, remark)"),
@@ -121,13 +118,7 @@ private slots:
             QStringLiteral("remark"), qint32(2));
         row(Outbound::AddContacts, QStringLiteral("addContacts(a+b, g1)"),
             QStringList{QStringLiteral("a"), QStringLiteral("b")}, QStringLiteral("g1"));
-        row(Outbound::ClassifyRoom, QStringLiteral("classifyRoom(r, 2)"), QStringLiteral("r"),
-            qint32(2));
         row(Outbound::OpenChat, QStringLiteral("openChat(j, 1)"), QStringLiteral("j"), qint32(1));
-        row(Outbound::PinConversation, QStringLiteral("pinConversation(j, 1)"), QStringLiteral("j"),
-            true);
-        row(Outbound::WriteMail, QStringLiteral("writeMail(a, b)"),
-            QStringList{QStringLiteral("a"), QStringLiteral("b")});
         row(Outbound::PickTeamMembers, QStringLiteral("pickTeamMembers(t, 3, a)"),
             QStringLiteral("t"), qint32(3), QStringList{QStringLiteral("a")});
     }

@@ -19,6 +19,7 @@
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
 #include "tests/host/ui/fakecore.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QAction>
@@ -271,11 +272,9 @@ private slots:
         QTest::mouseClick(bench.find<QWidget>("paneRetry"), Qt::LeftButton);
         QCOMPARE(retry.count(), 1);
 
-        QFile foreign(bench.folder.filePath(QStringLiteral("libForeign.so")));
-        QVERIFY(foreign.open(QIODevice::WriteOnly));
-        foreign.write("not a library");
-        foreign.close();
-        QVERIFY(!loadPlugin(foreign.fileName(), &bench.context, &bench.bus).plugin);
+        const QString foreign = bench.folder.filePath(QStringLiteral("libForeign.so"));
+        writeFile(foreign, "not a library");
+        QVERIFY(!loadPlugin(foreign, &bench.context, &bench.bus).plugin);
     }
 
     void aModuleIsLoadedAndConnected()
@@ -326,9 +325,7 @@ private slots:
             context.logThread()->enqueue(3, QStringLiteral("t.cpp:1"), QString::number(i));
         context.shutDown();
         QVERIFY(context.logThread()->isFinished());
-        QFile file(context.logFile());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray text = file.readAll();
+        const QByteArray text = contentOf(context.logFile());
         QVERIFY(text.contains("]: 249\n"));
         QVERIFY(text.trimmed().endsWith("the log ends with the host"));
         context.shutDown(); // a second time does nothing
