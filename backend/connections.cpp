@@ -7,6 +7,8 @@
 #ifdef _WIN32
 #include <winsock2.h>
 #else
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/socket.h>
 #endif
 
@@ -75,4 +77,14 @@ void Connections::closeAll()
 void Connections::close(const SSL *connection)
 {
     shutDown(SSL_get_fd(connection));
+}
+
+void Connections::acknowledge(const SSL *connection)
+{
+#ifdef TCP_QUICKACK
+    const int yes = 1;
+    setsockopt(SSL_get_fd(connection), IPPROTO_TCP, TCP_QUICKACK, &yes, sizeof yes);
+#else
+    (void)connection;
+#endif
 }

@@ -16,6 +16,9 @@ public:
     // The other side sees each closed; who reads or writes it here fails.
     void closeAll();
     static void close(const ssl_st *connection);
+    // Acknowledges what has arrived at once. A client that sends the head of a request
+    // and its body in two packets holds the second back until then, 40 ms by default.
+    static void acknowledge(const ssl_st *connection);
 
 private:
     struct Entry;

@@ -148,6 +148,7 @@ void WebServer::run(const Dispatcher &dispatcher)
     using Handled = httplib::Server::HandlerResponse;
     d->server->set_pre_routing_handler(
         [this, &dispatcher](const Request &request, Response &response) {
+            Connections::acknowledge(request.ssl);
             return d->answerEarly(dispatcher, request, &response) ? Handled::Handled
                                                                   : Handled::Unhandled;
         });

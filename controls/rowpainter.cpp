@@ -132,15 +132,16 @@ void RowPainter::drawPresence(QPainter *painter, const QRectF &area, const Prese
 
 void RowPainter::mark(const QPixmap &glyph)
 {
-    const QRect area(m_left.left(), m_left.center().y() - MarkSize / 2, MarkSize, MarkSize);
+    const QRect area(m_left.left(), m_left.top() + (m_left.height() - MarkSize) / 2, MarkSize,
+                     MarkSize);
     m_painter->drawPixmap(QStyle::visualRect(m_option.direction, m_option.rect, area), glyph);
     m_left.setLeft(m_left.left() + MarkSize + Gap);
 }
 
 void RowPainter::markAtRight(const QPixmap &glyph)
 {
-    QRect area(m_left.right() - MarkSize + 1, m_left.center().y() - MarkSize / 2, MarkSize,
-               MarkSize);
+    QRect area(m_left.right() - MarkSize + 1, m_left.top() + (m_left.height() - MarkSize) / 2,
+               MarkSize, MarkSize);
     m_painter->drawPixmap(QStyle::visualRect(m_option.direction, m_option.rect, area), glyph);
     m_left.setRight(m_left.right() - MarkSize - Gap / 2);
 }

@@ -120,7 +120,8 @@ void OwnProfileWindow::setJid(const QString &jid)
     fill();
     m_editPicture->setVisible(
         isSignalConnected(QMetaMethod::fromSignal(&OwnProfileWindow::signal_editPicture)));
-    if (!ctx().vcard(jid, nullptr))
+    VcardInfo known;
+    if (!ctx().vcard(jid, &known))
         FriendUIEventProcess::requestProfile(jid, true);
 }
 

@@ -82,6 +82,7 @@ void WebSession::send()
 void WebSession::takeReply(QNetworkReply *reply)
 {
     const ServiceReply result = ServiceReply::of(reply, HERE);
+    const bool isUntrusted = reply->error() == QNetworkReply::SslHandshakeFailedError;
     m_request->deleteLater();
     m_request.clear();
     if (result.ok && !m_passport->authId().isEmpty()) {
@@ -99,7 +100,9 @@ void WebSession::takeReply(QNetworkReply *reply)
         return;
     }
     m_problem =
-        result.status == 0
+        isUntrusted ? tr("There is no connection to the web services that can be trusted; the "
+                         "log tells why.")
+        : result.status == 0
             ? tr("The web services cannot be reached: %1").arg(result.error)
             : tr("The web services do not answer the log-in (status %1).").arg(result.status);
     tryLater();

@@ -52,8 +52,8 @@ public:
     virtual QString userId() const;
     virtual QString serverDomain() const;
     virtual QString companyCode() const;
-    // Fills *out and returns true when the profile is known. The own jid yields
-    // the own profile.
+    // Fills *out, which is never null, and returns true when the profile is known;
+    // so do the others that fill something. The own jid yields the own profile.
     virtual bool vcard(const QString &jid, VcardInfo *out) const;
 
     // Folders and databases.

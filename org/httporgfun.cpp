@@ -4,6 +4,7 @@
 #include "common/logging.h"
 #include "http/cmonitorlogger.h"
 #include "http/cpassportloginserver.h"
+#include "http/logurl.h"
 #include "http/managerpool.h"
 #include "http/replylimits.h"
 #include "http/requestheaders.h"
@@ -223,7 +224,8 @@ void HttpOrgFun::Private::ended(QNetworkReply *finished)
     const QString refusal = ReplyLimits::refusal(finished, 0, MaximumReply);
     const QByteArray content = finished->readAll();
     if (error != QNetworkReply::NoError)
-        LOG_ERROR("http error,errorCode=" << QString::number(int(error)));
+        LOG_ERROR("http error,errorCode=" << QString::number(int(error)) << ", url=" << logUrl(url)
+                                          << ", status " << QString::number(status));
     RequestHeaders::takeLoginCookies(manager->cookieJar(), url, sent);
     const QPointer<HttpOrgFun> alive(q);
     timing.finish(status, content.size(),

@@ -87,6 +87,15 @@ OrgElementList OrgStructureMgr::employeesBelow(const QString &orgId) const
     return employees;
 }
 
+void OrgStructureMgr::setPresence(const QString &uid, int status, int device)
+{
+    const auto known = m_elements.find(uid);
+    if (known == m_elements.end())
+        return;
+    known->nStatus = status;
+    known->nDevice = device;
+}
+
 // --- Answers -------------------------------------------------------------------
 
 void OrgStructureMgr::slot_recvOrgStructureElements(const OrgElementList &orgList,

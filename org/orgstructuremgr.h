@@ -34,6 +34,9 @@ public:
     // All employees at or below a department, as far as loaded, each once.
     OrgElementList employeesBelow(const QString &orgId) const;
 
+    // News of somebody who may be in the cache; the values of PresenceData.
+    void setPresence(const QString &uid, int status, int device);
+
 public slots:
     void slot_recvOrgStructureElements(const OrgElementList &orgList,
                                        const QString &strCompanyCode);

@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int Indent = 16;
-constexpr int CaretSize = 12;
+constexpr int CaretSize = 16;
 constexpr int CaretRoom = 20;
 // Rows of a very deep organisation would leave the view.
 constexpr int MaximumIndents = 8;
@@ -60,9 +60,9 @@ QRect OrgStructureTreeDelegate::caretArea(const QRect &row, int depth,
 
 QRect OrgStructureTreeDelegate::locateArea(const QRect &row, Qt::LayoutDirection direction)
 {
-    const QRect area(row.right() - RowPainter::Margin - RowPainter::MarkSize + 1,
-                     row.center().y() - RowPainter::MarkSize / 2, RowPainter::MarkSize,
-                     RowPainter::MarkSize);
+    // Larger than the sign, so that it is easy to hit.
+    const int width = RowPainter::MarkSize + 2 * RowPainter::Margin;
+    const QRect area(row.right() - width + 1, row.top(), width, row.height());
     return QStyle::visualRect(direction, row, area);
 }
 
@@ -147,7 +147,8 @@ void OrgStructureTreeDelegate::paintDepartment(QPainter *painter,
     row.background();
     row.indent(indentOf(level) + CaretRoom);
     const QRect logical(option.rect.left() + RowPainter::Margin + indentOf(level),
-                        option.rect.center().y() - CaretSize / 2, CaretSize, CaretSize);
+                        option.rect.top() + (option.rect.height() - CaretSize) / 2, CaretSize,
+                        CaretSize);
     const QRect caret = QStyle::visualRect(option.direction, option.rect, logical);
     const QPixmap arrow =
         loadPicture(open ? QStringLiteral("Resources/images/contacts/arrow_down.png")

@@ -103,6 +103,20 @@ void OrgStructureTreeView::dataChanged(const QModelIndex &topLeft, const QModelI
     viewport()->update();
 }
 
+// Else the arrow keys would start at the top again after a loading or failed row, or
+// the last row of a department, has gone.
+void OrgStructureTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    const QModelIndex current = currentIndex();
+    const bool isAll = start == 0 && end == m_model->rowCount(parent) - 1;
+    if (isAll && parent.isValid() && current.parent() == parent) {
+        const bool wasSelected = selectionModel()->isSelected(current);
+        selectionModel()->setCurrentIndex(parent, wasSelected ? QItemSelectionModel::ClearAndSelect
+                                                              : QItemSelectionModel::NoUpdate);
+    }
+    QTreeView::rowsAboutToBeRemoved(parent, start, end);
+}
+
 void OrgStructureTreeView::resizeEvent(QResizeEvent *event)
 {
     QTreeView::resizeEvent(event);

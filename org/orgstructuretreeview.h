@@ -91,6 +91,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void focusOutEvent(QFocusEvent *event) override;
+    void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
@@ -113,6 +114,7 @@ private:
     void opened(const QModelIndex &index);
     void received(const OrgElementList &elements);
     void addWaiting();
+    void addToModel(OrgElementList elements);
     void departmentDone(const QString &id);
     void addToContacts(const QString &departmentId);
     void finishAdding(const QString &departmentId);

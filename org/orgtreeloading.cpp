@@ -87,7 +87,7 @@ void OrgStructureTreeView::setRootId(const QString &rootId)
         if (element.strParentId.isEmpty() || element.strParentId == rootId)
             top.append(element);
     }
-    m_model->addElements(top);
+    addToModel(top);
 }
 
 QString OrgStructureTreeView::rootId() const
@@ -188,8 +188,28 @@ void OrgStructureTreeView::addWaiting()
 {
     if (m_waiting.isEmpty())
         return;
-    m_model->addElements(std::exchange(m_waiting, OrgElementList()));
+    addToModel(std::exchange(m_waiting, OrgElementList()));
     m_addTimer.start();
+}
+
+// Of the own user and of contacts the client knows the presence of this moment, which
+// the service may not.
+void OrgStructureTreeView::addToModel(OrgElementList elements)
+{
+    const QString domain = QLatin1Char('@') + ctx().serverDomain();
+    const QString ownId = ctx().userId();
+    FriendData contact;
+    for (OrgElement &element : elements) {
+        if (!element.bIsEmp)
+            continue;
+        const QString jid = element.strId + domain;
+        if (element.strId != ownId && !ctx().friendData(jid, &contact))
+            continue;
+        const PresenceData presence = ctx().presence(jid);
+        element.nStatus = presence.pcShow;
+        element.nDevice = presence.mobile;
+    }
+    m_model->addElements(elements);
 }
 
 void OrgStructureTreeView::slot_upDataTreeView(const OrgElementMap &mapOrgElements)
@@ -232,7 +252,7 @@ void OrgStructureTreeView::addAll(const OrgElementMap &elements)
     }
     for (const OrgElement &element : elements)
         add(element.strId);
-    m_model->addElements(list);
+    addToModel(list);
     for (const QString &id : qAsConst(departments)) {
         if (id != rootId() && cache->isLoaded(id))
             m_model->setChildrenState(id, OrgTreeModel::Children::Loaded);
@@ -284,8 +304,10 @@ void OrgStructureTreeView::setPresences(const QMap<QString, PresenceData> &prese
     for (auto at = presences.constBegin(); at != presences.constEnd(); ++at) {
         // Another server may have users of the same name.
         const QString uid = jidUser(at.key());
-        if (makeJid(uid) == at.key())
-            m_model->setPresence(uid, at->pcShow, at->mobile);
+        if (makeJid(uid) != at.key())
+            continue;
+        OrgStructureMgr::instance()->setPresence(uid, at->pcShow, at->mobile);
+        m_model->setPresence(uid, at->pcShow, at->mobile);
     }
 }
 
@@ -361,15 +383,17 @@ void OrgStructureTreeView::placeFromCache(const QString &id)
     addWaiting();
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     const OrgElementMap &known = cache->elements();
+    if (!known.contains(id) || m_model->indexOf(id).isValid())
+        return;
     // From the element up to the root; the service may have told of a circle.
     QStringList departments;
+    QSet<QString> seen;
     QString at = known.value(id).strParentId;
-    while (known.contains(at) && !departments.contains(at)) {
+    while (known.contains(at) && !seen.contains(at)) {
+        seen.insert(at);
         departments.prepend(at);
         at = known.value(at).strParentId;
     }
-    if (!known.contains(id) || m_model->indexOf(id).isValid())
-        return;
     OrgElementList list;
     const auto append = [&](const QStringList &ids) {
         for (const QString &child : ids)
@@ -379,7 +403,7 @@ void OrgStructureTreeView::placeFromCache(const QString &id)
     append(cache->childrenOf(rootId()));
     for (const QString &department : qAsConst(departments))
         append(cache->childrenOf(department));
-    m_model->addElements(list);
+    addToModel(list);
     for (const QString &department : qAsConst(departments)) {
         if (cache->isLoaded(department) && department != rootId())
             m_model->setChildrenState(department, OrgTreeModel::Children::Loaded);

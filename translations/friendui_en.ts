@@ -21,7 +21,7 @@
     </message>
     <message>
         <source>addfailreadd</source>
-        <translation>Adding failed. Please add again.</translation>
+        <translation>Adding failed. Please try again.</translation>
     </message>
     <message>
         <source>addfriendslimited</source>
@@ -45,7 +45,7 @@
     </message>
     <message>
         <source>addreply</source>
-        <translation>The request is sent. Please wait for the answer.</translation>
+        <translation>The request has been sent. Please wait for the answer.</translation>
     </message>
     <message>
         <source>addService</source>
@@ -597,7 +597,7 @@
     </message>
     <message>
         <source>orgLocating</source>
-        <translation>Looking for the place…</translation>
+        <translation>Locating…</translation>
     </message>
     <message>
         <source>OrgNotPremissionText</source>
@@ -1630,6 +1630,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The web services refuse the log-in of %1 (code %2).</source>
         <translation>The web services refuse the log-in of %1 (code %2).</translation>
+    </message>
+    <message>
+        <source>There is no connection to the web services that can be trusted; the log tells why.</source>
+        <translation>There is no connection to the web services that can be trusted; the log tells why.</translation>
     </message>
     <message>
         <source>The web services cannot be reached: %1</source>

@@ -1632,6 +1632,10 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>网络服务拒绝了 %1 的登录（代码 %2）。</translation>
     </message>
     <message>
+        <source>There is no connection to the web services that can be trusted; the log tells why.</source>
+        <translation>无法与网络服务建立可信的连接，原因见日志。</translation>
+    </message>
+    <message>
         <source>The web services cannot be reached: %1</source>
         <translation>无法连接网络服务：%1</translation>
     </message>

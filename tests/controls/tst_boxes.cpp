@@ -40,6 +40,23 @@ private slots:
         QTRY_VERIFY(!shown);
     }
 
+    void tellsTheSameOnce()
+    {
+        // As from events without a window of their own: the parent is the box before.
+        QWidget *parent = m_window.get();
+        for (int i = 0; i < 3; ++i) {
+            TipBox::tell(parent, QStringLiteral("offline"));
+            parent = box();
+        }
+        QCOMPARE(m_window->findChildren<TipBox *>().size(), 1);
+        TipBox::tell(m_window.get(), QStringLiteral("something else"));
+        QCOMPARE(m_window->findChildren<TipBox *>().size(), 2);
+        // A question is never an answer's stand-in.
+        TipBox::ask(m_window.get(), QStringLiteral("really?"), [] {});
+        TipBox::tell(m_window.get(), QStringLiteral("really?"));
+        QCOMPARE(m_window->findChildren<TipBox *>().size(), 4);
+    }
+
     void asks_data()
     {
         const Rows<int, int> row{"key", "calls"};

@@ -65,6 +65,20 @@ private slots:
         QVERIFY(full);
     }
 
+    void floodOfEvents()
+    {
+        const int most = CDetailViewManager::MaximumCards;
+        for (int i = 0; i <= most; ++i)
+            CDetailViewManager::instance()->slot_openLeaderDetail(
+                QStringLiteral("leader%1@corp.example").arg(i));
+        QCOMPARE(cards(), most);
+        // An open one is still raised, and a place that is left is free.
+        const QPointer<CDetailView> first = m_fixture->open(QStringLiteral("leader0@corp.example"));
+        QVERIFY(first);
+        first->close();
+        QVERIFY(m_fixture->open(m_fixture->anna));
+    }
+
     void forgetsClosedCards_data()
     {
         const Rows<int> row{"way"};

@@ -17,6 +17,7 @@
 #include <QStandardPaths>
 
 #include <cstdio>
+#include <vector>
 
 namespace {
 
@@ -129,9 +130,15 @@ bool isMapped(const char *library)
 // its output.
 void runChild()
 {
+    // A sanitizer's build keeps what the test program itself links and does not need.
+    std::vector<const char *> absent;
+    for (const char *library : {"libssl", "libcrypto"}) {
+        if (!isMapped(library))
+            absent.push_back(library);
+    }
     static auto *const host = new Host; // never destroyed, as by a host in a hurry
     host->show();
-    for (const char *library : {"libssl", "libcrypto"}) {
+    for (const char *library : absent) {
         if (isMapped(library))
             std::printf("loaded: %s\n", library);
     }

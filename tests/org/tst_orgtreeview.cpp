@@ -116,6 +116,7 @@ private slots:
         } else if (how == QLatin1String("double")) {
             org.doubleClick(org.middle(failed));
         } else if (how == QLatin1String("again")) {
+            org.select("D1");
             org.tree->expandItem(org.row("D1"));
             QCOMPARE(org.rowText(), QStringLiteral("D1 D2"));
             org.tree->expandItem(org.row("D1"));
@@ -127,6 +128,8 @@ private slots:
         QCOMPARE(org.rowText(), QStringLiteral("D1 ~ D2"));
         org.answer("D1", org.belowD1());
         QCOMPARE(org.rowText(), QStringLiteral("D1 D11 anna bob D2"));
+        // From there the keys go on; the row that was current has gone.
+        QCOMPARE(org.tree->currentIndex(), org.row("D1"));
     }
 
     void refreshKeepsThePlace()
@@ -224,6 +227,22 @@ private slots:
         emit FriendUISignalSender::instance()->signal_updateFriendPresence(
             {{org.jid("anna"), away},
              {org.id("bob") + QStringLiteral("@elsewhere.example"), away}});
+        QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
+        QCOMPARE(org.row("bob").data(OrgRole::Status).toInt(), int(PresenceData::Offline));
+        // What is known from before brings no old presence back.
+        org.tree->slot_upDataTreeView(OrgStructureMgr::instance()->elements());
+        QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
+    }
+
+    // The service tells of a moment, the client of now.
+    void presenceThatTheClientKnows()
+    {
+        OrgFixture org;
+        org.showFilled();
+        org.host.context.contacts.insert(org.jid("anna"), FriendData());
+        for (const char *who : {"anna", "bob"})
+            org.host.context.presences[org.jid(who)].pcShow = PresenceData::Away;
+        org.open("D1", org.belowD1());
         QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
         QCOMPARE(org.row("bob").data(OrgRole::Status).toInt(), int(PresenceData::Offline));
     }

@@ -114,8 +114,7 @@ private:
         const auto at = map.constFind(key);
         if (at == map.constEnd())
             return false;
-        if (out)
-            *out = at.value();
+        *out = at.value(); // a host expects that there is somewhere to write to
         return true;
     }
 };

@@ -15,6 +15,8 @@
 
 #include <QTemporaryDir>
 
+Q_DECLARE_METATYPE(FakeReply)
+
 namespace {
 
 const char LogIn[] = "/ids/login";
@@ -262,8 +264,6 @@ private slots:
         QCOMPARE(recorded.count(), 1);
     }
 };
-
-Q_DECLARE_METATYPE(FakeReply)
 
 FRIENDUI_TEST(TstWebSession)
 #include "tst_websession.moc"
