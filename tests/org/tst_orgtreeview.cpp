@@ -147,6 +147,7 @@ void TstOrgTreeView::failedRowIsRetried()
     QCOMPARE(org.rowText(), QStringLiteral("D1 D11 anna bob D2"));
     // From there the keys go on; the row that was current has gone.
     QCOMPARE(org.tree->currentIndex(), org.row("D1"));
+    QCOMPARE(org.tree->selectionModel()->selectedRows(), QModelIndexList{org.row("D1")});
 }
 
 void TstOrgTreeView::failedDepartmentIsAskedAgainWhenOpened()
