@@ -3,6 +3,8 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
+#include <QScreen>
+
 #include <memory>
 
 class TstCardManager : public QObject
@@ -291,5 +293,3 @@ private:
 
 FRIENDUI_TEST(TstCardManager)
 #include "tst_cardmanager.moc"
-
-#include <QScreen>
