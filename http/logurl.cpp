@@ -40,5 +40,5 @@ QString logUrl(const QUrl &url)
 QString logSecret(const QString &secret)
 {
     // Never all of it, however short.
-    return secret.left(std::min(4, secret.size() / 2)) + QStringLiteral("***");
+    return (secret.size() > 4 ? secret.left(4) : QString()) + QStringLiteral("***");
 }

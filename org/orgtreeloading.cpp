@@ -277,6 +277,8 @@ bool OrgStructureTreeView::departmentFailed(const QString &id)
     addWaiting();
     const bool wasAsked = m_asked.remove(id);
     const bool wasAdding = m_adding.remove(id);
+    if (m_asked.isEmpty() && !isLocating())
+        m_loadTimer.stop();
     if (id == rootId() || !m_model->indexOf(id).isValid())
         return wasAsked;
     if (m_model->childrenState(id) == OrgTreeModel::Children::Loading)

@@ -83,6 +83,17 @@ private slots:
         QCOMPARE(org.rowText(), QStringLiteral("D1 D11 anna bob D2"));
         QCOMPARE(org.asked("D1"), 0);
     }
+<<<<<<< HEAD
+=======
+    QCOMPARE(org.asked("D1"), 2);
+    QCOMPARE(org.rowText(), QStringLiteral("D1 ~ D2"));
+    org.answer("D1", org.belowD1());
+    QCOMPARE(org.rowText(), QStringLiteral("D1 D11 anna bob D2"));
+    // From there the keys go on; the row that was current has gone.
+    QCOMPARE(org.tree->currentIndex(), org.row("D1"));
+    QCOMPARE(org.tree->selectionModel()->selectedRows(), QModelIndexList{org.row("D1")});
+}
+>>>>>>> accept
 
     void emptyDepartment()
     {
