@@ -157,14 +157,15 @@ void BaseDialog::changeEvent(QEvent *event)
 
 bool BaseDialog::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched != m_titleBar)
+    const bool isPress = event->type() == QEvent::MouseButtonPress;
+    if (watched != m_titleBar || (!isPress && event->type() != QEvent::MouseMove))
         return QDialog::eventFilter(watched, event);
     const auto *mouse = static_cast<QMouseEvent *>(event);
-    if (event->type() == QEvent::MouseButtonPress && mouse->button() == Qt::LeftButton) {
+    if (isPress && mouse->button() == Qt::LeftButton) {
         m_grab = mouse->globalPos() - frameGeometry().topLeft();
         return true;
     }
-    if (event->type() == QEvent::MouseMove && mouse->buttons().testFlag(Qt::LeftButton)) {
+    if (!isPress && mouse->buttons().testFlag(Qt::LeftButton)) {
         move(mouse->globalPos() - m_grab);
         return true;
     }

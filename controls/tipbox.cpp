@@ -1,11 +1,26 @@
 #include "controls/tipbox.h"
 
+#include <QApplication>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace {
 TipBox::Answer s_answer = TipBox::ShowBox;
 QString s_lastText;
 int s_count = 0;
+
+// Events that come by the thousand tell the same thing each time: once is enough.
+QMessageBox *boxThatTells(const QString &text)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto tells = [&text](const QWidget *window) {
+        const auto *box = qobject_cast<const TipBox *>(window);
+        return box && box->isVisible() && box->text() == text && box->buttons().size() == 1;
+    };
+    const auto at = std::find_if(windows.begin(), windows.end(), tells);
+    return at == windows.end() ? nullptr : static_cast<QMessageBox *>(*at);
+}
 } // namespace
 
 TipBox::TipBox(QWidget *parent, const QString &text) : QMessageBox(parent)
@@ -32,6 +47,10 @@ void TipBox::tell(QWidget *parent, const QString &text, const QString &button)
 {
     if (answeredByTest(text, {}))
         return;
+    if (QMessageBox *open = boxThatTells(text)) {
+        open->raise();
+        return;
+    }
     auto *box = new TipBox(parent, text);
     box->setIcon(QMessageBox::Information);
     box->addButton(button.isEmpty() ? QObject::tr("sure") : button, QMessageBox::AcceptRole);

@@ -12,7 +12,8 @@ class TipBox : public QMessageBox
     Q_OBJECT
 
 public:
-    // Shows a text; `button` is the button's text, tr("sure") when empty.
+    // Shows a text, unless a box shows it already; `button` is the button's text,
+    // tr("sure") when empty.
     static void tell(QWidget *parent, const QString &text, const QString &button = QString());
 
     // Asks with "sure" and "cancel" and calls `whenSure` for the former, unless

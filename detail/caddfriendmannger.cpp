@@ -113,6 +113,10 @@ void CAddFriendMannger::policyReceived(const QString &userjid, const QString &us
     AddFriend *open = dialog(jid);
     // Unlike a user who asks for it, a host that does is not told what cannot be.
     if (!open && bNeedOpenDilog && isOnline() && !jid.isEmpty() && jid != ctx().ownJid()) {
+        if (m_dialogs.count() >= MaximumOpened) {
+            LOG_ERROR("too many windows for adding contacts are open");
+            return;
+        }
         open = makeDialog(jid);
         open->present();
     }

@@ -13,6 +13,9 @@ class CAddFriendMannger : public QObject
     Q_OBJECT
 
 public:
+    // Of these windows, for the host's events to open; the user may open more.
+    static constexpr int MaximumOpened = 50;
+
     // Made at the first use, when it connects itself to the hub; never destroyed.
     static CAddFriendMannger *instance();
 

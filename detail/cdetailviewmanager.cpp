@@ -66,6 +66,10 @@ CDetailView *CDetailViewManager::createInit(const QString &jid)
         LOG_ERROR("Jid is empty!");
         return nullptr;
     }
+    if (!openDialog(jid) && m_dialogs.count() >= MaximumCards) {
+        LOG_ERROR("too many cards are open");
+        return nullptr;
+    }
     return m_dialogs.findOrMake(jid, [this, jid] {
         auto *dialog = new CDetailView(jid);
         connectDialog(dialog);

@@ -14,13 +14,16 @@ class CDetailViewManager : public QObject
     Q_OBJECT
 
 public:
+    // At a time: the host's events open cards, too, and may come by the thousand.
+    static constexpr int MaximumCards = 50;
+
     static CDetailViewManager *instance();
 
     // Opens or raises the card of a contact, or the own profile for the own jid. Does
     // nothing for an empty jid; tells the user while offline.
     void openDialogByJid(const QString &jid);
     // The card of a jid, made with its connections if there is none, not yet shown;
-    // null for an empty jid.
+    // null for an empty jid, and with too many cards open.
     CDetailView *createInit(const QString &jid);
 
     CDetailView *openDialog(const QString &jid) const; // null: not open

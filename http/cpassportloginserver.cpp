@@ -3,6 +3,7 @@
 #include "common/logging.h"
 #include "http/logurl.h"
 #include "http/managerpool.h"
+#include "http/replylimits.h"
 #include "http/requestheaders.h"
 #include "http/requesttext.h"
 #include "http/serviceaddresses.h"
@@ -80,6 +81,10 @@ void CPassportLoginServer::ManualRefreshAuthID()
     m_exchange->reply = m_exchange->manager->get(RequestHeaders::request(url));
     connect(m_exchange->reply, &QNetworkReply::finished, this,
             &CPassportLoginServer::exchangeEnded);
+    connect(m_exchange->reply, &QNetworkReply::readyRead, this, [this] {
+        if (!ReplyLimits::refusal(m_exchange->reply, 0, MaximumReply).isEmpty())
+            m_exchange->reply->abort();
+    });
     connect(&m_exchange->timer, &QTimer::timeout, m_exchange->reply, &QNetworkReply::abort);
     m_exchange->timer.setSingleShot(true);
     m_exchange->timer.start(ExchangeTimeout);

@@ -16,7 +16,8 @@ class CPassportLoginServer : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int ExchangeTimeout = 10000; // ms
+    static constexpr int ExchangeTimeout = 10000;       // ms
+    static constexpr qint64 MaximumReply = 1024 * 1024; // bytes
 
     explicit CPassportLoginServer(QObject *parent = nullptr);
     ~CPassportLoginServer() override;

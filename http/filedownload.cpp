@@ -55,8 +55,11 @@ struct FileDownload::Private
     // False when the disk takes no more. Writing alone would only fill a buffer.
     bool store(QNetworkReply *reply)
     {
-        if (statusOf(reply) != Arrived)
+        if (statusOf(reply) != Arrived) {
+            // The page that explains a failure may be as long as the file.
+            reply->skip(reply->bytesAvailable());
             return true;
+        }
         const QByteArray bytes = reply->readAll();
         received += bytes.size();
         return file->write(bytes) == bytes.size() && file->flush();

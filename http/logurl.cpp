@@ -39,5 +39,6 @@ QString logUrl(const QUrl &url)
 
 QString logSecret(const QString &secret)
 {
-    return secret.left(4) + QStringLiteral("***");
+    // Never all of it, however short.
+    return (secret.size() > 4 ? secret.left(4) : QString()) + QStringLiteral("***");
 }

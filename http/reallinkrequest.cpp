@@ -51,12 +51,13 @@ void RealLinkRequest::start(const QString &address)
         return;
     }
     QNetworkRequest request = RequestHeaders::request(url);
-    request.setTransferTimeout(Timeout);
     m_manager = ManagerPool::instance().lend();
     m_sent = RequestHeaders::storeLoginCookies(m_manager->cookieJar(), url);
     m_timing = RequestTiming("GET", url, 0);
     m_reply = m_manager->get(request);
     connect(m_reply, &QNetworkReply::finished, this, &RealLinkRequest::replyFinished);
+    // A time-out of the transfer's would begin anew with each byte.
+    QTimer::singleShot(Timeout, m_reply.data(), &QNetworkReply::abort);
     connect(m_reply, &QNetworkReply::readyRead, this, [this] {
         if (!ReplyLimits::refusal(m_reply, 0, MaximumReply).isEmpty())
             m_reply->abort();

@@ -385,15 +385,17 @@ void OrgStructureTreeView::placeFromCache(const QString &id)
     addWaiting();
     const OrgStructureMgr *cache = OrgStructureMgr::instance();
     const OrgElementMap &known = cache->elements();
+    if (!known.contains(id) || m_model->indexOf(id).isValid())
+        return;
     // From the element up to the root; the service may have told of a circle.
     QStringList departments;
+    QSet<QString> seen;
     QString at = known.value(id).strParentId;
-    while (known.contains(at) && !departments.contains(at)) {
+    while (known.contains(at) && !seen.contains(at)) {
+        seen.insert(at);
         departments.prepend(at);
         at = known.value(at).strParentId;
     }
-    if (!known.contains(id) || m_model->indexOf(id).isValid())
-        return;
     OrgElementList list;
     const auto append = [&](const QStringList &ids) {
         for (const QString &child : ids)

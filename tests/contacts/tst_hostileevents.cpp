@@ -1,5 +1,6 @@
 // The pane on screen under a flood of events, half of them well-formed and half
 // spoiled, while a user goes on using it.
+#include "controls/basedialog.h"
 #include "controls/inputbox.h"
 #include "tests/contacts/panefixture.h"
 #include "tests/plugin/samplepayload.h"
@@ -90,6 +91,12 @@ void TstHostileEvents::closeWhatIsOpen(const PaneFixture &fixture)
     const auto boxes = fixture.pane->findChildren<InputBox *>();
     for (InputBox *box : boxes)
         box->reject();
+    // Cards and such, which the events open, too: each takes part in all that follows.
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    for (QWidget *window : windows) {
+        if (qobject_cast<BaseDialog *>(window))
+            window->close();
+    }
 }
 
 void TstHostileEvents::use(const PaneFixture &fixture, QRandomGenerator &random)
