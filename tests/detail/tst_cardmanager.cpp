@@ -3,6 +3,8 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
+#include <QScreen>
+
 #include <memory>
 
 class TstCardManager : public QObject
