@@ -57,6 +57,7 @@ void OrgStructureTreeView::connectSources()
         setPresences({{ctx().ownJid(), ctx().presence(ctx().ownJid())}});
     });
     connect(hub, &Hub::signal_UpdateFrdHead, viewport(), [this] { viewport()->update(); });
+    connect(hub, &Hub::signal_isConnected, viewport(), [this] { viewport()->update(); });
     connect(hub, &Hub::signal_login, this, [this] {
         releaseMenus(); // the rights may be others
         buildMenus();
