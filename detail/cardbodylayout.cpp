@@ -112,15 +112,21 @@ QWidget *CardBody::makeHeader()
     auto *nameLine = new QHBoxLayout;
     nameLine->setSpacing(6);
     for (QWidget *part : {static_cast<QWidget *>(m_name), static_cast<QWidget *>(m_sex),
-                          static_cast<QWidget *>(m_cooperateIcon), static_cast<QWidget *>(m_admin)})
+                          static_cast<QWidget *>(m_cooperateIcon)})
         nameLine->addWidget(part, 0, Qt::AlignVCenter);
     nameLine->addStretch(1);
+    // Where it takes no room from the name.
+    auto *presenceLine = new QHBoxLayout;
+    presenceLine->setSpacing(8);
+    presenceLine->addWidget(m_presenceText, 0, Qt::AlignVCenter);
+    presenceLine->addWidget(m_admin, 0, Qt::AlignVCenter);
+    presenceLine->addStretch(1);
     auto *texts = new QVBoxLayout;
     texts->setSpacing(2);
     texts->addStretch(1);
     texts->addLayout(nameLine);
     texts->addWidget(m_account);
-    texts->addWidget(m_presenceText);
+    texts->addLayout(presenceLine);
     texts->addStretch(1);
 
     auto *layout = new QHBoxLayout(header);

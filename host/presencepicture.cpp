@@ -50,7 +50,8 @@ void paint(QPainter &painter, PresenceData::ePcShowType show)
 QIcon PresencePicture::icon(PresenceData::ePcShowType show)
 {
     QIcon result;
-    for (const qreal ratio : {1.0, 2.0}) {
+    // The largest for tool bars, whose pictures are larger than this size.
+    for (const qreal ratio : {1.0, 2.0, 4.0}) {
         QPixmap pixmap(QSize(Size, Size) * ratio);
         pixmap.setDevicePixelRatio(ratio);
         pixmap.fill(Qt::transparent);

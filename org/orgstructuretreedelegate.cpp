@@ -110,9 +110,12 @@ void OrgStructureTreeDelegate::paint(QPainter *painter, const QStyleOptionViewIt
 void OrgStructureTreeDelegate::paintEmployee(QPainter *painter, const QStyleOptionViewItem &option,
                                              const QModelIndex &index) const
 {
+    // Without a connection nobody's presence is known, as in the friend tree.
     PresenceData presence;
-    presence.pcShow = PresenceData::ePcShowType(index.data(OrgRole::Status).toInt());
-    presence.mobile = index.data(OrgRole::Device).toInt();
+    if (isOnline()) {
+        presence.pcShow = PresenceData::ePcShowType(index.data(OrgRole::Status).toInt());
+        presence.mobile = index.data(OrgRole::Device).toInt();
+    }
     const QString name = index.data(Qt::DisplayRole).toString();
     const bool faded = !presence.isOnline();
 

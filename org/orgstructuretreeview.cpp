@@ -110,9 +110,11 @@ void OrgStructureTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int s
     const QModelIndex current = currentIndex();
     const bool isAll = start == 0 && end == m_model->rowCount(parent) - 1;
     if (isAll && parent.isValid() && current.parent() == parent) {
-        const bool wasSelected = selectionModel()->isSelected(current);
-        selectionModel()->setCurrentIndex(parent, wasSelected ? QItemSelectionModel::ClearAndSelect
-                                                              : QItemSelectionModel::NoUpdate);
+        // A row that loads cannot be selected, though its department was opened from it.
+        const QModelIndexList selected = selectionModel()->selectedRows();
+        const bool isOnly = selected.isEmpty() || selected == QModelIndexList{current};
+        selectionModel()->setCurrentIndex(parent, isOnly ? QItemSelectionModel::ClearAndSelect
+                                                         : QItemSelectionModel::NoUpdate);
     }
     QTreeView::rowsAboutToBeRemoved(parent, start, end);
 }

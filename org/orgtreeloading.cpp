@@ -57,6 +57,7 @@ void OrgStructureTreeView::connectSources()
         setPresences({{ctx().ownJid(), ctx().presence(ctx().ownJid())}});
     });
     connect(hub, &Hub::signal_UpdateFrdHead, viewport(), [this] { viewport()->update(); });
+    connect(hub, &Hub::signal_isConnected, viewport(), [this] { viewport()->update(); });
     connect(hub, &Hub::signal_login, this, [this] {
         releaseMenus(); // the rights may be others
         buildMenus();
@@ -277,6 +278,8 @@ bool OrgStructureTreeView::departmentFailed(const QString &id)
     addWaiting();
     const bool wasAsked = m_asked.remove(id);
     const bool wasAdding = m_adding.remove(id);
+    if (m_asked.isEmpty() && !isLocating())
+        m_loadTimer.stop();
     if (id == rootId() || !m_model->indexOf(id).isValid())
         return wasAsked;
     if (m_model->childrenState(id) == OrgTreeModel::Children::Loading)

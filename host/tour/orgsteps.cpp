@@ -7,7 +7,9 @@
 #include "host/tour/tourstage.h"
 #include "host/webservices.h"
 
+#include <QCoreApplication>
 #include <QDialog>
+#include <QKeyEvent>
 #include <QTableView>
 #include <QTreeView>
 
@@ -22,6 +24,7 @@ constexpr int IdRole = 258;
 constexpr int KindRole = 280;
 constexpr int DepartmentKind = 1;
 constexpr int EmployeeKind = 2;
+constexpr int FailedKind = 4;
 
 constexpr int DeepestLevel = 3;
 
@@ -144,10 +147,97 @@ TourMove formShown()
             }};
 }
 
+TourMove cardFilled()
+{
+    return {"the card has been filled", {}, [](Stage &s) {
+                const QDialog *card = s.openDialog("CDetailView");
+                return card && !isLoading(card);
+            }};
+}
+
+TourMove meChosen()
+{
+    return {"the own user is looked for", [](Stage &s) { s.jid = s.host().core()->ownJid(); },
+            [](Stage &s) { return !s.jid.isEmpty(); }};
+}
+
+TourMove refused()
+{
+    return {"the window says that the person refuses", {}, [](Stage &s) {
+                return s.shownWidget(QStringLiteral("resultPage")) != nullptr;
+            }};
+}
+
+TourMove skinIs(const QString &skin)
+{
+    return {"the skin is another", [skin](Stage &s) { s.window().setSkin(skin); },
+            [skin](Stage &s) {
+                const int lightness = s.window().palette().color(QPalette::Window).lightness();
+                return (skin == QLatin1String("dark")) == (lightness < 80);
+            }};
+}
+
+// One of the topmost departments that nobody has opened before.
+QModelIndex unopenedDepartment(const Stage &s)
+{
+    const QAbstractItemModel *model = s.orgTree() ? s.orgTree()->model() : nullptr;
+    for (int row = 0; model && row < model->rowCount(); ++row) {
+        if (model->rowCount(model->index(row, 0)) == 0)
+            return model->index(row, 0);
+    }
+    return QModelIndex();
+}
+
+// Remembers the department.
+TourMove departmentFailed()
+{
+    return {"a department that is opened without web services fails in its place",
+            [](Stage &s) {
+                s.host().services()->stop();
+                const QModelIndex department = unopenedDepartment(s);
+                if (!department.isValid())
+                    return;
+                s.target = department.data(IdRole).toString();
+                s.orgTree()->expand(department);
+            },
+            [](Stage &s) {
+                const QModelIndex row = orgRow(s, s.target);
+                if (!row.isValid() || row.model()->index(0, 0, row).data(KindRole) != FailedKind)
+                    return false;
+                s.orgTree()->setCurrentIndex(row.model()->index(0, 0, row));
+                return true;
+            }};
+}
+
+TourMove servicesStarted()
+{
+    return {"the web services start", [](Stage &s) { s.host().services()->start(); }, {}};
+}
+
+TourMove retried()
+{
+    return {"Enter on the failed row loads the department",
+            [](Stage &s) {
+                QKeyEvent press(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+                if (s.orgTree())
+                    QCoreApplication::sendEvent(s.orgTree(), &press);
+            },
+            [](Stage &s) { return hasRows(orgRow(s, s.target)); }};
+}
+
 template <class... Moves> std::vector<TourMove> personAnd(const Moves &...moves)
 {
     std::vector<TourMove> all = personShown();
     (all.push_back(moves), ...);
+    return all;
+}
+
+// The same for somebody whom the first move chooses.
+template <class... Moves>
+std::vector<TourMove> chosenPersonAnd(const TourMove &choice, const Moves &...moves)
+{
+    std::vector<TourMove> all = personAnd(moves...);
+    all.insert(all.begin(), choice);
     return all;
 }
 
@@ -177,20 +267,12 @@ std::vector<TourStep> organisationSteps()
                                  return s.host().core()->contact(s.jid, &known) &&
                                         s.shownWidget(QStringLiteral("resultPage")) != nullptr;
                              }};
-    const TourMove cardFilled{"the card has been filled", {}, [](Stage &s) {
-                                  const QDialog *card = s.openDialog("CDetailView");
-                                  return card && !isLoading(card);
-                              }};
     return {
         {"organisation", TourStep::Pane, {servicesReady(), pageOpened()}},
         {"organisation-opened", TourStep::Pane,
-         [&] {
-             std::vector<TourMove> moves = personShown();
-             moves.insert(moves.begin(), strangerFound(SampleCompany::AsksFirst));
-             return moves;
-         }()},
+         chosenPersonAnd(strangerFound(SampleCompany::AsksFirst))},
         {"organisation-card", TourStep::Pane,
-         personAnd(personMenu(), chosen("viewdetail", "CDetailView"), cardFilled)},
+         personAnd(personMenu(), chosen("viewdetail", "CDetailView"), cardFilled())},
         {"organisation-add-form", TourStep::Pane,
          personAnd(personMenu(), chosen("addcon", "AddFriend"), formShown())},
         {"organisation-added", TourStep::Pane,
@@ -219,5 +301,23 @@ std::vector<TourStep> organisationSteps()
            [](Stage &s) {
                return s.window().webMonitor()->table()->selectionModel()->hasSelection();
            }}}},
+    };
+}
+
+std::vector<TourStep> organisationStateSteps()
+{
+    return {
+        {"organisation-own-profile", TourStep::Pane,
+         chosenPersonAnd(meChosen(), personMenu(), chosen("viewdetail", "OwnProfileWindow"))},
+        {"organisation-add-refused", TourStep::Pane,
+         chosenPersonAnd(strangerFound(SampleCompany::RefusesAll), personMenu(),
+                         chosen("addcon", "AddFriend"), refused())},
+        {"organisation-dark", TourStep::Pane,
+         chosenPersonAnd(strangerFound(SampleCompany::AsksFirst), skinIs(QStringLiteral("dark")),
+                         personMenu(), chosen("viewdetail", "CDetailView"), cardFilled())},
+        {"organisation-failed",
+         TourStep::Pane,
+         {skinIs(QStringLiteral("light")), servicesReady(), pageOpened(), departmentFailed()}},
+        {"organisation-retried", TourStep::Pane, {servicesStarted(), servicesReady(), retried()}},
     };
 }

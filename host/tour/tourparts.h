@@ -11,3 +11,6 @@ TourMove strangerFound(SampleCompany::Policy policy);
 // The organisation, a card from there, and adding a colleague as a contact. They
 // leave a new contact behind, and the friend tree in front.
 std::vector<TourStep> organisationSteps();
+
+// Its other states; the web services run again at the end.
+std::vector<TourStep> organisationStateSteps();

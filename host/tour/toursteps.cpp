@@ -374,7 +374,8 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part : {hostSteps(), organisationSteps(), ownProcessSteps()})
+        for (const auto &part :
+             {hostSteps(), organisationSteps(), organisationStateSteps(), ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

@@ -2,13 +2,12 @@
 #include "backend/certificate.h"
 #include "backend/datafolder.h"
 #include "tests/backend/runningbackend.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
-#include <QFile>
 #include <QSslCertificate>
 #include <QSslConfiguration>
 #include <QSslSocket>
-#include <QTest>
 
 Q_DECLARE_METATYPE(CertificateOptions)
 
@@ -52,12 +51,12 @@ private slots:
 
     void bad_data()
     {
-        QTest::addColumn<CertificateOptions>("special");
-        QTest::newRow("expired") << lasting(-30 * Day, -Day);
-        QTest::newRow("not yet") << lasting(Day, 30 * Day);
+        const Rows<CertificateOptions> row{"special"};
+        row("expired", lasting(-30 * Day, -Day));
+        row("not yet", lasting(Day, 30 * Day));
         CertificateOptions elsewhere;
         elsewhere.hosts = QStringList{QStringLiteral("elsewhere.example")};
-        QTest::newRow("another host") << elsewhere;
+        row("another host", elsewhere);
     }
     void bad()
     {
@@ -70,15 +69,14 @@ private slots:
 
     void keptWhileItIsGood_data()
     {
-        QTest::addColumn<QString>("spoiled"); // file; empty: none
-        QTest::addColumn<CertificateOptions>("leaf");
-        QTest::addColumn<bool>("sameAuthority");
-        QTest::addColumn<bool>("sameLeaf");
+        // spoiled: file; empty: none
+        const Rows<QString, CertificateOptions, bool, bool> row{"spoiled", "leaf", "sameAuthority",
+                                                                "sameLeaf"};
         const CertificateOptions good;
-        QTest::newRow("good") << QString() << good << true << true;
-        QTest::newRow("about to expire") << QString() << lasting(-Day, 7 * Day) << true << false;
-        QTest::newRow("key lost") << "server-key.pem" << good << true << false;
-        QTest::newRow("authority lost") << "ca.pem" << good << false << false;
+        row("good", QString(), good, true, true);
+        row("about to expire", QString(), lasting(-Day, 7 * Day), true, false);
+        row("key lost", "server-key.pem", good, true, false);
+        row("authority lost", "ca.pem", good, false, false);
     }
     void keptWhileItIsGood()
     {
@@ -101,14 +99,11 @@ private slots:
                 writeOwnerOnly(folder.path(file.first), isSpoiled ? "x" : file.second, &problem));
         }
         const Certificates::Files provided = Certificates::provide(folder, nullptr, &problem);
-        QFile caFile(provided.authority);
-        QVERIFY(caFile.open(QIODevice::ReadOnly));
-        const QByteArray ca = caFile.readAll();
+        const QByteArray ca = contentOf(provided.authority);
         QTEST(ca == authority.certificate, "sameAuthority");
         QTEST(provided.leaf.certificate == pair.certificate, "sameLeaf");
-        QFile caKey(folder.path(QStringLiteral("ca-key.pem")));
-        QVERIFY(caKey.open(QIODevice::ReadOnly));
-        QVERIFY(Certificates::isUsable({ca, caKey.readAll()}, provided.leaf));
+        const QByteArray key = contentOf(folder.path(QStringLiteral("ca-key.pem")));
+        QVERIFY(Certificates::isUsable({ca, key}, provided.leaf));
     }
 };
 

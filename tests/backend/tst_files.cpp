@@ -5,7 +5,6 @@
 #include <QBuffer>
 #include <QDir>
 #include <QImage>
-#include <QTest>
 
 #include <set>
 #include <thread>
@@ -105,28 +104,18 @@ private slots:
 
     void refusedHeads_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<QString>("type");
-        QTest::addColumn<QString>("md5"); // empty: the right one
+        // md5: empty: the right one
+        const Rows<QByteArray, QString, QString> row{"content", "type", "md5"};
         const QByteArray good = picture("PNG");
-        QTest::newRow("wrong md5") << good << "head" << QString(32, QLatin1Char('0'));
-        QTest::newRow("unknown type") << good << "../head"
-                                      << "";
-        QTest::newRow("no picture")
-            << QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>") << "head"
-            << "";
-        QTest::newRow("cut off") << good.left(good.size() / 2) << "head"
-                                 << "";
-        QTest::newRow("nothing") << QByteArray() << "head"
-                                 << "";
-        QTest::newRow("claims many pixels") << claiming(8000) << "head"
-                                            << "";
-        QTest::newRow("claims a long side") << claiming(2000000000) << "head"
-                                            << "";
-        QTest::newRow("too large") << good + QByteArray(5 * Megabyte, ' ') << "head"
-                                   << "";
-        QTest::newRow("far too large") << good + QByteArray(20 * Megabyte, ' ') << "head"
-                                       << "";
+        row("wrong md5", good, "head", QString(32, QLatin1Char('0')));
+        row("unknown type", good, "../head", "");
+        row("no picture", "<svg xmlns='http://www.w3.org/2000/svg'/>", "head", "");
+        row("cut off", good.left(good.size() / 2), "head", "");
+        row("nothing", QByteArray(), "head", "");
+        row("claims many pixels", claiming(8000), "head", "");
+        row("claims a long side", claiming(2000000000), "head", "");
+        row("too large", good + QByteArray(5 * Megabyte, ' '), "head", "");
+        row("far too large", good + QByteArray(20 * Megabyte, ' '), "head", "");
     }
     void refusedHeads()
     {
@@ -176,16 +165,16 @@ private slots:
 
     void namesThatAreNone_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("empty") << "";
-        QTest::newRow("unknown") << "u000002_999.png";
-        QTest::newRow("without picture") << "u000001.png";
-        QTest::newRow("parent") << "../password";
-        QTest::newRow("encoded parent") << "..%2Fpassword";
-        QTest::newRow("portrait below") << "..%2Fportraits%2Fu000003.png";
-        QTest::newRow("absolute") << "%2Fetc%2Fpasswd";
-        QTest::newRow("end of string") << "u000003.png%00.txt";
-        QTest::newRow("malformed") << "%ff";
+        const Rows<QString> row{"name"};
+        row("empty", "");
+        row("unknown", "u000002_999.png");
+        row("without picture", "u000001.png");
+        row("parent", "../password");
+        row("encoded parent", "..%2Fpassword");
+        row("portrait below", "..%2Fportraits%2Fu000003.png");
+        row("absolute", "%2Fetc%2Fpasswd");
+        row("end of string", "u000003.png%00.txt");
+        row("malformed", "%ff");
     }
     void namesThatAreNone()
     {

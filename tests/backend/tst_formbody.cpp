@@ -2,8 +2,6 @@
 #include "backend/formbody.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 class TstFormBody : public QObject
 {
     Q_OBJECT
@@ -11,21 +9,20 @@ class TstFormBody : public QObject
 private slots:
     void text_data()
     {
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<QString>("value"); // null: malformed
-        QTest::newRow("plain") << QByteArray("a=b&k=v") << "v";
-        QTest::newRow("escapes") << QByteArray("k=%e5%bc%a0%2C%2b%26")
-                                 << QString::fromUtf8("张,+&");
-        QTest::newRow("plus is a blank") << QByteArray("k=a+b") << "a b";
-        QTest::newRow("equals in the value") << QByteArray("k=a=b") << "a=b";
-        QTest::newRow("the first counts") << QByteArray("k=1&k=2") << "1";
-        QTest::newRow("absent") << QByteArray("&&=x&a") << "";
-        QTest::newRow("escape cut off") << QByteArray("k=%e5%b") << QString();
-        QTest::newRow("no hexadecimal digits") << QByteArray("k=%zz") << QString();
-        QTest::newRow("not UTF-8") << QByteArray("k=%ff%fe") << QString();
-        QTest::newRow("UTF-8 cut off") << QByteArray("k=%e5%bc") << QString();
-        QTest::newRow("surrogate in UTF-8") << QByteArray("k=%ed%a0%80") << QString();
-        QTest::newRow("another is malformed") << QByteArray("x=%zz&k=v") << "v";
+        // value: null: malformed
+        const Rows<QByteArray, QString> row{"body", "value"};
+        row("plain", "a=b&k=v", "v");
+        row("escapes", "k=%e5%bc%a0%2C%2b%26", QString::fromUtf8("张,+&"));
+        row("plus is a blank", "k=a+b", "a b");
+        row("equals in the value", "k=a=b", "a=b");
+        row("the first counts", "k=1&k=2", "1");
+        row("absent", "&&=x&a", "");
+        row("escape cut off", "k=%e5%b", QString());
+        row("no hexadecimal digits", "k=%zz", QString());
+        row("not UTF-8", "k=%ff%fe", QString());
+        row("UTF-8 cut off", "k=%e5%bc", QString());
+        row("surrogate in UTF-8", "k=%ed%a0%80", QString());
+        row("another is malformed", "x=%zz&k=v", "v");
     }
     void text()
     {
@@ -40,16 +37,16 @@ private slots:
 
     void numbers_data()
     {
-        QTest::addColumn<QByteArray>("value");
-        QTest::addColumn<bool>("isGood"); // between 1 and 10
-        QTest::newRow("least") << QByteArray("1") << true;
-        QTest::newRow("most") << QByteArray("10") << true;
-        QTest::newRow("below") << QByteArray("0") << false;
-        QTest::newRow("above") << QByteArray("11") << false;
-        QTest::newRow("negative") << QByteArray("-1") << false;
-        QTest::newRow("beyond 64 bits") << QByteArray("18446744073709551617") << false;
-        QTest::newRow("words") << QByteArray("ten") << false;
-        QTest::newRow("empty") << QByteArray() << false;
+        // isGood: between 1 and 10
+        const Rows<QByteArray, bool> row{"value", "isGood"};
+        row("least", "1", true);
+        row("most", "10", true);
+        row("below", "0", false);
+        row("above", "11", false);
+        row("negative", "-1", false);
+        row("beyond 64 bits", "18446744073709551617", false);
+        row("words", "ten", false);
+        row("empty", QByteArray(), false);
     }
     void numbers()
     {

@@ -2,9 +2,6 @@
 #include "tests/backend/runningbackend.h"
 #include "tests/support/testrunner.h"
 
-#include <QElapsedTimer>
-#include <QTest>
-
 #include <thread>
 
 namespace {
@@ -60,15 +57,6 @@ private slots:
         QCOMPARE(m_client->post(Settings, {}).code(), 0);
     }
 
-    void delayed()
-    {
-        QCOMPARE(rule(R"({"path":"*","delayMs":300})"), 200);
-        QElapsedTimer timer;
-        timer.start();
-        QCOMPARE(m_client->post(Settings, {}).code(), 0);
-        QVERIFY(timer.elapsed() >= 300);
-    }
-
     void stoppingWaitsForNoDelay()
     {
         RunningBackEnd other(withLevers());
@@ -103,21 +91,14 @@ private slots:
 
     void badCommands_data()
     {
-        QTest::addColumn<QString>("command");
-        QTest::addColumn<QString>("json");
-        QTest::newRow("no JSON") << "rule"
-                                 << "path=x";
-        QTest::newRow("an array") << "rule"
-                                  << "[]";
-        QTest::newRow("no path") << "rule"
-                                 << R"({"status":500})";
-        QTest::newRow("misspelt") << "rule"
-                                  << R"({"path":"x","statsu":500})";
-        QTest::newRow("wrong kind") << "rule"
-                                    << R"({"path":"x","status":"many"})";
-        QTest::newRow("deep") << "rule" << QString(100000, QLatin1Char('['));
-        QTest::newRow("unknown user") << "user"
-                                      << R"({"uid":"u999999"})";
+        const Rows<QString, QString> row{"command", "json"};
+        row("no JSON", "rule", "path=x");
+        row("an array", "rule", "[]");
+        row("no path", "rule", R"({"status":500})");
+        row("misspelt", "rule", R"({"path":"x","statsu":500})");
+        row("wrong kind", "rule", R"({"path":"x","status":"many"})");
+        row("deep", "rule", QString(100000, QLatin1Char('[')));
+        row("unknown user", "user", R"({"uid":"u999999"})");
     }
     void badCommands()
     {

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QSet>
-#include <QTest>
 
 namespace {
 constexpr char Children[] = "/center/org/searchOrg.do";
@@ -105,15 +104,10 @@ private slots:
 
     void refusals_data()
     {
-        QTest::addColumn<QString>("user");
-        QTest::addColumn<QString>("body");
-        QTest::addColumn<int>("status");
-        QTest::newRow("unknown department") << "u000001"
-                                            << "orgId=D9999" << 204;
-        QTest::newRow("other company") << "x000000"
-                                       << "orgId=C1" << 403;
-        QTest::newRow("personal account") << "x000002"
-                                          << "orgId=C1" << 403;
+        const Rows<QString, QString, int> row{"user", "body", "status"};
+        row("unknown department", "u000001", "orgId=D9999", 204);
+        row("other company", "x000000", "orgId=C1", 403);
+        row("personal account", "x000002", "orgId=C1", 403);
     }
     void refusals()
     {
@@ -155,16 +149,13 @@ private slots:
 
     void locateOthers_data()
     {
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<int>("status");
-        QTest::addColumn<int>("code");
-        QTest::newRow("department") << QByteArray("empId=D0002&type=ORG") << 200 << -1;
-        QTest::newRow("unknown person") << QByteArray("empId=u003000&type=EMP") << 204 << -1;
-        QTest::newRow("not ours") << QByteArray("empId=x000001&type=EMP") << 204 << -1;
-        QTest::newRow("a person as department")
-            << QByteArray("empId=u000001&type=ORG") << 204 << -1;
-        QTest::newRow("unknown type") << QByteArray("empId=D0002&type=X") << 200 << 10001;
-        QTest::newRow("no id") << QByteArray("type=ORG") << 200 << 10001;
+        const Rows<QByteArray, int, int> row{"body", "status", "code"};
+        row("department", "empId=D0002&type=ORG", 200, -1);
+        row("unknown person", "empId=u003000&type=EMP", 204, -1);
+        row("not ours", "empId=x000001&type=EMP", 204, -1);
+        row("a person as department", "empId=u000001&type=ORG", 204, -1);
+        row("unknown type", "empId=D0002&type=X", 200, 10001);
+        row("no id", "type=ORG", 200, 10001);
     }
     void locateOthers()
     {
@@ -176,14 +167,14 @@ private slots:
 
     void searchFinds_data()
     {
-        QTest::addColumn<QString>("piece");
+        const Rows<QString> row{"piece"};
         const SamplePerson person = m_company.person(1234);
-        QTest::newRow("name") << person.name;
-        QTest::newRow("letters") << person.spell.toUpper();
-        QTest::newRow("account") << person.account;
-        QTest::newRow("employee code") << person.employeeCode.toLower();
-        QTest::newRow("mobile") << person.mobile;
-        QTest::newRow("mail") << person.email;
+        row("name", person.name);
+        row("letters", person.spell.toUpper());
+        row("account", person.account);
+        row("employee code", person.employeeCode.toLower());
+        row("mobile", person.mobile);
+        row("mail", person.email);
     }
     void searchFinds()
     {
@@ -220,12 +211,11 @@ private slots:
 
     void searchWithoutHit_data()
     {
-        QTest::addColumn<QString>("piece");
-        QTest::newRow("empty") << "";
-        QTest::newRow("unknown") << "no such person";
-        QTest::newRow("markup") << "<b>%_'\"";
-        QTest::newRow("over two fields")
-            << m_company.person(0).name + "\n" + m_company.person(0).spell;
+        const Rows<QString> row{"piece"};
+        row("empty", "");
+        row("unknown", "no such person");
+        row("markup", "<b>%_'\"");
+        row("over two fields", m_company.person(0).name + "\n" + m_company.person(0).spell);
     }
     void searchWithoutHit()
     {

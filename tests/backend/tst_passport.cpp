@@ -2,9 +2,8 @@
 #include "backend/session.h"
 #include "sample/samplecompany.h"
 #include "tests/backend/runningbackend.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
-
-#include <QTest>
 
 namespace {
 constexpr char Settings[] = "/center/clientsettings/getClientSettings.do";
@@ -23,17 +22,15 @@ class TstPassport : public QObject
 private slots:
     void logIn_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<bool>("rightPassword");
-        QTest::addColumn<int>("code");
+        const Rows<QString, bool, int> row{"name", "rightPassword", "code"};
         const SampleCompany company;
-        QTest::newRow("uid") << "u000000" << true << 0;
-        QTest::newRow("account") << company.person(17).account << true << 0;
-        QTest::newRow("other company") << "x000000" << true << 0;
-        QTest::newRow("wrong password") << "u000000" << false << 10001;
-        QTest::newRow("nobody") << "u999999" << true << 10001;
-        QTest::newRow("digits of others") << "0" << true << 10001;
-        QTest::newRow("no name") << "" << true << 10001;
+        row("uid", "u000000", true, 0);
+        row("account", company.person(17).account, true, 0);
+        row("other company", "x000000", true, 0);
+        row("wrong password", "u000000", false, 10001);
+        row("nobody", "u999999", true, 10001);
+        row("digits of others", "0", true, 10001);
+        row("no name", "", true, 10001);
     }
     void logIn()
     {
@@ -96,12 +93,13 @@ private slots:
 
     void exchangeTarget_data()
     {
-        QTest::addColumn<QByteArray>("service"); // as it stands in the address
-        QTest::newRow("none") << QByteArray();
-        QTest::newRow("another scheme") << QByteArray("javascript:alert(1)");
-        QTest::newRow("no host") << QByteArray("https:///x");
-        QTest::newRow("a second header") << QByteArray("https://a/%0d%0aSet-Cookie:%20x=y");
-        QTest::newRow("malformed") << QByteArray("%zz");
+        // service: as it stands in the address
+        const Rows<QByteArray> row{"service"};
+        row("none", QByteArray());
+        row("another scheme", "javascript:alert(1)");
+        row("no host", "https:///x");
+        row("a second header", "https://a/%0d%0aSet-Cookie:%20x=y");
+        row("malformed", "%zz");
     }
     void exchangeTarget()
     {
@@ -121,11 +119,10 @@ private slots:
 
     void withoutGoodTicket_data()
     {
-        QTest::addColumn<QString>("lever");
-        QTest::addColumn<int>("code"); // of a service that takes an expired ticket
-        QTest::newRow("logged out") << R"({"uid":"u000003","logOut":true})" << 10001;
-        QTest::newRow("both expired")
-            << R"({"uid":"u000003","expire":true,"expireTicket":true})" << 0;
+        // code: of a service that takes an expired ticket
+        const Rows<QString, int> row{"lever", "code"};
+        row("logged out", R"({"uid":"u000003","logOut":true})", 10001);
+        row("both expired", R"({"uid":"u000003","expire":true,"expireTicket":true})", 0);
     }
     void withoutGoodTicket()
     {
@@ -145,23 +142,16 @@ private slots:
 
     void whoCalls_data()
     {
-        QTest::addColumn<QString>("authId"); // "good": the user's own; empty: no cookie
-        QTest::addColumn<QString>("authorization");
-        QTest::addColumn<bool>("known");
-        QTest::newRow("cookie") << "good"
-                                << "" << true;
-        QTest::newRow("made up") << QString(64, QLatin1Char('0')) << "" << false;
-        QTest::newRow("basic") << ""
-                               << "password" << true;
-        QTest::newRow("basic, wrong") << ""
-                                      << "wrong" << false;
-        QTest::newRow("the cookie counts") << "made up"
-                                           << "password" << false;
-        QTest::newRow("nothing") << ""
-                                 << "" << false;
+        // authId: "good": the user's own; empty: no cookie
+        const Rows<QString, QString, bool> row{"authId", "authorization", "known"};
+        row("cookie", "good", "", true);
+        row("made up", QString(64, QLatin1Char('0')), "", false);
+        row("basic", "", "password", true);
+        row("basic, wrong", "", "wrong", false);
+        row("the cookie counts", "made up", "password", false);
+        row("nothing", "", "", false);
         // One kind of ticket is no other kind.
-        QTest::newRow("long ticket") << "IMTGC"
-                                     << "" << false;
+        row("long ticket", "IMTGC", "", false);
     }
     void whoCalls()
     {
@@ -194,9 +184,7 @@ private slots:
         const QByteArray ticket = QByteArray::fromStdString(client.cookies["imAuthId"]);
         QCOMPARE(ticket.size(), 64);
         backEnd->stop();
-        QFile file(backEnd.folder() + QStringLiteral("/backend.sqlite"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray content = file.readAll();
+        const QByteArray content = contentOf(backEnd.folder() + QStringLiteral("/backend.sqlite"));
         QVERIFY(content.contains("u000003"));
         QVERIFY(!content.contains(ticket));
         QVERIFY(!content.contains(QByteArray::fromHex(ticket)));

@@ -1,6 +1,7 @@
 // The program: how it is started, what it says, how it ends; and its data folder.
 #include "backend/database.h"
 #include "tests/backend/runningbackend.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QFileInfo>
@@ -10,7 +11,6 @@
 #include <QNetworkReply>
 #include <QProcess>
 #include <QSslConfiguration>
-#include <QTest>
 
 #include <mutex>
 
@@ -68,9 +68,9 @@ private slots:
 
     void ends_data()
     {
-        QTest::addColumn<bool>("byStdin");
-        QTest::newRow("end of input") << true;
-        QTest::newRow("signal") << false;
+        const Rows<bool> row{"byStdin"};
+        row("end of input", true);
+        row("signal", false);
     }
     void ends()
     {
@@ -106,14 +106,14 @@ private slots:
 
     void wrongCommandLines_data()
     {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::newRow("no folder") << QStringList();
-        QTest::newRow("unknown") << QStringList{"--data", "x", "--what"};
-        QTest::newRow("no value") << QStringList{"--data"};
-        QTest::newRow("no number") << QStringList{"--data", "x", "--people", "many"};
-        QTest::newRow("too many") << QStringList{"--data", "x", "--people", "100001"};
-        QTest::newRow("no such port") << QStringList{"--data", "x", "--port", "65536"};
-        QTest::newRow("certificate") << QStringList{"--data", "x", "--certificate", "good"};
+        const Rows<QStringList> row{"arguments"};
+        row("no folder", QStringList());
+        row("unknown", QStringList{"--data", "x", "--what"});
+        row("no value", QStringList{"--data"});
+        row("no number", QStringList{"--data", "x", "--people", "many"});
+        row("too many", QStringList{"--data", "x", "--people", "100001"});
+        row("no such port", QStringList{"--data", "x", "--port", "65536"});
+        row("certificate", QStringList{"--data", "x", "--certificate", "good"});
     }
     void wrongCommandLines()
     {
@@ -195,9 +195,9 @@ private slots:
 
     void damagedDatabaseIsSetAside_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::newRow("something else") << QByteArray(4096, 'x');
-        QTest::newRow("cut off") << QByteArray("SQLite format 3\0", 16);
+        const Rows<QByteArray> row{"content"};
+        row("something else", QByteArray(4096, 'x'));
+        row("cut off", QByteArray("SQLite format 3\0", 16));
     }
     void damagedDatabaseIsSetAside()
     {
@@ -205,14 +205,9 @@ private slots:
         RunningBackEnd backEnd;
         backEnd->stop();
         const QString name = backEnd.folder() + QStringLiteral("/backend.sqlite");
-        QFile file(name);
-        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(content);
-        file.close();
+        writeFile(name, content);
         backEnd.restart();
-        QFile aside(name + QStringLiteral(".damaged"));
-        QVERIFY(aside.open(QIODevice::ReadOnly));
-        QCOMPARE(aside.readAll(), content);
+        QCOMPARE(contentOf(name + QStringLiteral(".damaged")), content);
         WebClient client(*backEnd);
         client.logIn(*backEnd, QStringLiteral("u000001"));
     }
@@ -238,11 +233,10 @@ private slots:
 
     void oddRequests_data()
     {
-        QTest::addColumn<QString>("target");
-        QTest::addColumn<int>("status");
-        QTest::newRow("unknown") << "/center/no.do" << 404;
-        QTest::newRow("a form's service") << "/center/session/setSetting.do" << 404;
-        QTest::newRow("long") << QLatin1Char('/') + QString(7000, QLatin1Char('a')) << 404;
+        const Rows<QString, int> row{"target", "status"};
+        row("unknown", "/center/no.do", 404);
+        row("a form's service", "/center/session/setSetting.do", 404);
+        row("long", QLatin1Char('/') + QString(7000, QLatin1Char('a')), 404);
     }
     void oddRequests()
     {

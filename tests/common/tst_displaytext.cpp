@@ -3,7 +3,6 @@
 #include "tests/support/fakecontext.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
 #include <QTextBoundaryFinder>
 #include <QTextDocument>
 
@@ -44,48 +43,37 @@ class TstDisplayText : public QObject
 private slots:
     void namesAreMadeSafeToShow_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("shown");
-        QTest::newRow("empty") << ""
-                               << "";
-        QTest::newRow("markup stays text") << "<b>Li</b> & \"Co\""
-                                           << "<b>Li</b> & \"Co\"";
-        QTest::newRow("line ends become one blank") << "a\r\n\t b"
-                                                    << "a  b";
-        QTest::newRow("controls at the ends vanish") << "\n\x07"
-                                                        "a\x1b"
-                                                     << "a";
-        QTest::newRow("only controls") << "\r\n"
-                                       << "";
-        QTest::newRow("separators") << utf8("a\u2028\u2029b") << "a b";
-        QTest::newRow("C1 control") << utf8("a\u0085b") << "a b";
-        QTest::newRow("null") << QStringLiteral("a") + QChar(0) + QLatin1String("b") << "ab";
-        QTest::newRow("override") << utf8("a\u202Efdp.exe\u202C") << "afdp.exe";
-        QTest::newRow("isolates") << utf8("\u2066a\u2069\u2067b\u2068") << "ab";
-        QTest::newRow("Hebrew is isolated") << utf8("שלום") << utf8("\u2068שלום\u2069");
-        QTest::newRow("Arabic amid Latin") << utf8("a سلام") << utf8("\u2068a سلام\u2069");
-        QTest::newRow("high surrogate") << QString(QChar(0xd83d)) << utf8("\uFFFD");
-        QTest::newRow("low before high")
-            << QString(QChar(0xdc00)) + QChar(0xd800) << utf8("\uFFFD\uFFFD");
-        QTest::newRow("emoji") << utf8("😀 👨‍👩‍👧")
-                               << utf8("😀 👨‍👩‍👧");
-        QTest::newRow("few marks")
-            << utf8("e\u0301\u0302\u0303\u0304") << utf8("e\u0301\u0302\u0303\u0304");
-        QTest::newRow("flood of marks") << QLatin1Char('e') + repeated(utf8("\u0301"), 100)
-                                        << utf8("e\u0301\u0301\u0301\u0301");
-        QTest::newRow("flood of joiners")
-            << QLatin1Char('e') + repeated(utf8("\u200D"), 100) + QLatin1Char('f')
-            << utf8("e\u200D\u200D\u200D\u200Df");
-        QTest::newRow("64 letters")
-            << QString(64, QLatin1Char('x')) << QString(64, QLatin1Char('x'));
-        QTest::newRow("65 letters")
-            << QString(65, QLatin1Char('x')) << QString(63, QLatin1Char('x')) + utf8("…");
-        QTest::newRow("64 letters of two units")
-            << repeated(utf8("😀"), 64) << repeated(utf8("😀"), 64);
-        QTest::newRow("65 letters of two units")
-            << repeated(utf8("😀"), 65) << repeated(utf8("😀"), 63) + utf8("…");
-        QTest::newRow("65 letters with marks")
-            << repeated(utf8("e\u0301"), 65) << repeated(utf8("e\u0301"), 63) + utf8("…");
+        const Rows<QString, QString> row{"name", "shown"};
+        row("empty", "", "");
+        row("markup stays text", "<b>Li</b> & \"Co\"", "<b>Li</b> & \"Co\"");
+        row("line ends become one blank", "a\r\n\t b", "a  b");
+        row("controls at the ends vanish",
+            "\n\x07"
+            "a\x1b",
+            "a");
+        row("only controls", "\r\n", "");
+        row("separators", utf8("a\u2028\u2029b"), "a b");
+        row("C1 control", utf8("a\u0085b"), "a b");
+        row("null", QStringLiteral("a") + QChar(0) + QLatin1String("b"), "ab");
+        row("override", utf8("a\u202Efdp.exe\u202C"), "afdp.exe");
+        row("isolates", utf8("\u2066a\u2069\u2067b\u2068"), "ab");
+        row("Hebrew is isolated", utf8("שלום"), utf8("\u2068שלום\u2069"));
+        row("Arabic amid Latin", utf8("a سلام"), utf8("\u2068a سلام\u2069"));
+        row("high surrogate", QString(QChar(0xd83d)), utf8("\uFFFD"));
+        row("low before high", QString(QChar(0xdc00)) + QChar(0xd800), utf8("\uFFFD\uFFFD"));
+        row("emoji", utf8("😀 👨‍👩‍👧"), utf8("😀 👨‍👩‍👧"));
+        row("few marks", utf8("e\u0301\u0302\u0303\u0304"), utf8("e\u0301\u0302\u0303\u0304"));
+        row("flood of marks", QLatin1Char('e') + repeated(utf8("\u0301"), 100),
+            utf8("e\u0301\u0301\u0301\u0301"));
+        row("flood of joiners", QLatin1Char('e') + repeated(utf8("\u200D"), 100) + QLatin1Char('f'),
+            utf8("e\u200D\u200D\u200D\u200Df"));
+        row("64 letters", QString(64, QLatin1Char('x')), QString(64, QLatin1Char('x')));
+        row("65 letters", QString(65, QLatin1Char('x')), QString(63, QLatin1Char('x')) + utf8("…"));
+        row("64 letters of two units", repeated(utf8("😀"), 64), repeated(utf8("😀"), 64));
+        row("65 letters of two units", repeated(utf8("😀"), 65),
+            repeated(utf8("😀"), 63) + utf8("…"));
+        row("65 letters with marks", repeated(utf8("e\u0301"), 65),
+            repeated(utf8("e\u0301"), 63) + utf8("…"));
     }
     void namesAreMadeSafeToShow()
     {
@@ -97,16 +85,16 @@ private slots:
 
     void hugeNamesAreBounded_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("letters") << QString(1000000, QLatin1Char('x'));
-        QTest::newRow("marks") << QString(1000000, QChar(0x301));
-        QTest::newRow("marks on letters") << repeated(utf8("e\u0301\u0301\u0301\u0301"), 200000);
-        QTest::newRow("joined emoji") << repeated(utf8("👩\u200D"), 300000);
-        QTest::newRow("overrides") << QString(1000000, QChar(0x202e));
-        QTest::newRow("line ends") << QString(1000000, QLatin1Char('\n'));
-        QTest::newRow("lone surrogates") << QString(1000000, QChar(0xdc00));
-        QTest::newRow("conjoining letters") << QString(1000000, QChar(0x1100));
-        QTest::newRow("Hebrew") << QString(1000000, QChar(0x5d0));
+        const Rows<QString> row{"name"};
+        row("letters", QString(1000000, QLatin1Char('x')));
+        row("marks", QString(1000000, QChar(0x301)));
+        row("marks on letters", repeated(utf8("e\u0301\u0301\u0301\u0301"), 200000));
+        row("joined emoji", repeated(utf8("👩\u200D"), 300000));
+        row("overrides", QString(1000000, QChar(0x202e)));
+        row("line ends", QString(1000000, QLatin1Char('\n')));
+        row("lone surrogates", QString(1000000, QChar(0xdc00)));
+        row("conjoining letters", QString(1000000, QChar(0x1100)));
+        row("Hebrew", QString(1000000, QChar(0x5d0)));
     }
     void hugeNamesAreBounded()
     {
@@ -120,10 +108,10 @@ private slots:
 
     void plainNamesAreNotCopied_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("Latin") << utf8("Müller-Lüdenscheidt, Dr.");
-        QTest::newRow("Chinese") << utf8("张三（研发）");
-        QTest::newRow("Cyrillic") << utf8("Иван");
+        const Rows<QString> row{"name"};
+        row("Latin", utf8("Müller-Lüdenscheidt, Dr."));
+        row("Chinese", utf8("张三（研发）"));
+        row("Cyrillic", utf8("Иван"));
     }
     void plainNamesAreNotCopied()
     {
@@ -134,13 +122,13 @@ private slots:
 
     void toolTipsShowMarkupAsText_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::newRow("plain") << "Li Lei";
-        QTest::newRow("tag") << "<img src=/etc/passwd>";
-        QTest::newRow("ampersand") << "Li & Co";
-        QTest::newRow("entities") << "&lt;b&gt; &amp;";
-        QTest::newRow("lines") << "<a>\nb";
-        QTest::newRow("end of the frame") << "</qt><b>x</b>";
+        const Rows<QString> row{"text"};
+        row("plain", "Li Lei");
+        row("tag", "<img src=/etc/passwd>");
+        row("ampersand", "Li & Co");
+        row("entities", "&lt;b&gt; &amp;");
+        row("lines", "<a>\nb");
+        row("end of the frame", "</qt><b>x</b>");
     }
     void toolTipsShowMarkupAsText()
     {
@@ -181,27 +169,15 @@ private slots:
 
     void contactIsShownByTheFirstNameThatShows_data()
     {
-        QTest::addColumn<FriendData>("friendData");
-        QTest::addColumn<QString>("nickName"); // of the profile
-        QTest::addColumn<QString>("userName");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("remark") << contact("小李", "n") << "p"
-                                << "u" << utf8("小李");
-        QTest::newRow("blank remark") << contact(" \n", "n") << "p"
-                                      << "u"
-                                      << "p";
-        QTest::newRow("roster's nick name") << contact("", "n") << ""
-                                            << "u"
-                                            << "n";
-        QTest::newRow("user name") << contact("", "") << ""
-                                   << "u"
-                                   << "u";
-        QTest::newRow("jid") << contact("", "") << ""
-                             << ""
-                             << "u1";
-        QTest::newRow("hostile remark") << contact("a\nb", "n") << ""
-                                        << ""
-                                        << "a b";
+        // nickName: of the profile
+        const Rows<FriendData, QString, QString, QString> row{"friendData", "nickName", "userName",
+                                                              "name"};
+        row("remark", contact("小李", "n"), "p", "u", utf8("小李"));
+        row("blank remark", contact(" \n", "n"), "p", "u", "p");
+        row("roster's nick name", contact("", "n"), "", "u", "n");
+        row("user name", contact("", ""), "", "u", "u");
+        row("jid", contact("", ""), "", "", "u1");
+        row("hostile remark", contact("a\nb", "n"), "", "", "a b");
     }
     void contactIsShownByTheFirstNameThatShows()
     {

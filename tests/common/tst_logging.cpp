@@ -1,12 +1,12 @@
 // The log file: its lines, its size, its backups, and disks that fail.
 #include "common/logfilewriter.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 
 #ifdef Q_OS_UNIX
 #include <csignal>
@@ -16,19 +16,6 @@
 
 namespace {
 const QString location = QStringLiteral("tst.cpp:7");
-
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(cannot be read)");
-}
-
-void fill(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
-}
 } // namespace
 
 class TstLogging : public QObject
@@ -78,7 +65,7 @@ private slots:
 
     void continuedFileLosesItsLastByte()
     {
-        fill(m_log, "abc\n");
+        writeFile(m_log, "abc\n");
         LogFileWriter writer(m_log);
         writer.write(2, location, QStringLiteral("next"));
         const QByteArray content = contentOf(m_log);
@@ -99,10 +86,9 @@ private slots:
 
     void rollsOverAtTheMaximumSize_data()
     {
-        QTest::addColumn<int>("bytes");
-        QTest::addColumn<bool>("rolls");
-        QTest::newRow("one byte less") << 1023 << false;
-        QTest::newRow("exactly") << 1024 << true;
+        const Rows<int, bool> row{"bytes", "rolls"};
+        row("one byte less", 1023, false);
+        row("exactly", 1024, true);
     }
     void rollsOverAtTheMaximumSize()
     {
@@ -122,7 +108,7 @@ private slots:
     void rollOverShiftsTheBackups()
     {
         for (int i = 1; i <= 10; ++i)
-            fill(m_log + QStringLiteral(".%1").arg(i), QByteArray::number(i));
+            writeFile(m_log + QStringLiteral(".%1").arg(i), QByteArray::number(i));
         LogFileWriter writer(m_log);
         writer.setMaximumFileSize(1);
         writer.write(2, location, messageForLineOf(2000));
@@ -174,7 +160,7 @@ private slots:
 #ifdef Q_OS_UNIX
     void onlyTheOwnerReadsTheLog()
     {
-        fill(m_log, "old\n");
+        writeFile(m_log, "old\n");
         QVERIFY(::chmod(QFile::encodeName(m_log).constData(), 0644) == 0);
         LogFileWriter writer(m_log);
         writer.setMaximumFileSize(1);

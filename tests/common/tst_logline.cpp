@@ -3,8 +3,6 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <memory>
 #include <thread>
 

@@ -2,16 +2,15 @@
 #include "common/clogthread.h"
 #include "common/logfilewriter.h"
 #include "common/logging.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
-#include <thread>
 
 namespace {
 // A line's message, the frame removed.
@@ -85,29 +84,6 @@ private slots:
         QVERIFY(lines.at(2).contains(QLatin1String("][DEBUG][")));
     }
 
-    void entriesOfTwoThreadsStayWhole()
-    {
-        constexpr int Entries = 1000;
-        const auto work = [](const QString &name) {
-            for (int i = 0; i < Entries; ++i) {
-                CLogManger::instance().log(LogInfo, name,
-                                           name + QLatin1Char(' ') + QString::number(i));
-            }
-        };
-        std::thread first(work, QStringLiteral("first.cpp:1"));
-        std::thread second(work, QStringLiteral("second.cpp:2"));
-        first.join();
-        second.join();
-        QMap<QString, int> next;
-        const QStringList lines = m_log->lines();
-        QCOMPARE(lines.size(), 2 * Entries);
-        for (const QString &line : lines) {
-            const QString name = messageOf(line).section(QLatin1Char(' '), 0, 0);
-            QVERIFY2(line.contains(QLatin1Char('[') + name + QLatin1Char(']')), qPrintable(line));
-            QCOMPARE(messageOf(line).section(QLatin1Char(' '), 1).toInt(), next[name]++);
-        }
-    }
-
     void fullQueueDropsTheOldestAndSaysSo()
     {
         QTemporaryDir folder;
@@ -146,32 +122,24 @@ private slots:
         QVERIFY(thread.isRunning());
         thread.enqueue(2, QStringLiteral("a.cpp:1"), QStringLiteral("last"));
         QVERIFY(thread.wait(10000));
-        QFile log(file);
-        QVERIFY(log.open(QIODevice::ReadOnly));
-        QVERIFY(log.readAll().endsWith("]: last\n"));
+        QVERIFY(contentOf(file).endsWith("]: last\n"));
     }
 
     void foreignTextCannotForgeLines_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("logged");
-        QTest::newRow("plain") << QString::fromUtf8("小李 %1 <b>")
-                               << QString::fromUtf8("小李 %1 <b>");
-        QTest::newRow("line break")
-            << QStringLiteral("a\r\n[ERROR]") << QStringLiteral("a  [ERROR]");
-        QTest::newRow("escape sequence") << QStringLiteral("\x1b[31m") << QStringLiteral(" [31m");
-        QTest::newRow("C1 control") << QString(QChar(0x9b)) << QStringLiteral(" ");
-        QTest::newRow("separators")
-            << QString(QChar(0x2028)) + QChar(0x2029) << QStringLiteral("  ");
-        QTest::newRow("null") << QString(QChar(0)) << QStringLiteral(" ");
-        QTest::newRow("long") << QString(10000, QLatin1Char('x'))
-                              << QString(4096, QLatin1Char('x'));
+        const Rows<QString, QString> row{"text", "logged"};
+        row("plain", QString::fromUtf8("小李 %1 <b>"), QString::fromUtf8("小李 %1 <b>"));
+        row("line break", QStringLiteral("a\r\n[ERROR]"), QStringLiteral("a  [ERROR]"));
+        row("escape sequence", QStringLiteral("\x1b[31m"), QStringLiteral(" [31m"));
+        row("C1 control", QString(QChar(0x9b)), QStringLiteral(" "));
+        row("separators", QString(QChar(0x2028)) + QChar(0x2029), QStringLiteral("  "));
+        row("null", QString(QChar(0)), QStringLiteral(" "));
+        row("long", QString(10000, QLatin1Char('x')), QString(4096, QLatin1Char('x')));
     }
     void foreignTextCannotForgeLines()
     {
         QFETCH(QString, text);
-        QFETCH(QString, logged);
-        QCOMPARE(logText(text), logged);
+        QTEST(logText(text), "logged");
     }
 };
 

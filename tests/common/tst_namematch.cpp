@@ -2,8 +2,6 @@
 #include "common/namematch.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 class TstNameMatch : public QObject
 {
     Q_OBJECT

@@ -1,11 +1,11 @@
 // Where the files lie, and user ids that would lead elsewhere.
 #include "common/clientpaths.h"
 #include "tests/support/fakecontext.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
 #include <QFile>
-#include <QTest>
 
 class TstPaths : public QObject
 {
@@ -14,18 +14,12 @@ class TstPaths : public QObject
 private slots:
     void documentsPathsHaveSingleForwardSlashes_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QString>("normalized");
-        QTest::newRow("backslashes") << "C:\\Users\\u\\Documents"
-                                     << "C:/Users/u/Documents";
-        QTest::newRow("doubled separator") << "C:\\Users\\\\u//Documents"
-                                           << "C:/Users/u/Documents";
-        QTest::newRow("many") << "a/////b\\\\\\/c"
-                              << "a/b/c";
-        QTest::newRow("network path") << "\\\\srv\\x"
-                                      << "/srv/x";
-        QTest::newRow("empty") << ""
-                               << "";
+        const Rows<QString, QString> row{"path", "normalized"};
+        row("backslashes", "C:\\Users\\u\\Documents", "C:/Users/u/Documents");
+        row("doubled separator", "C:\\Users\\\\u//Documents", "C:/Users/u/Documents");
+        row("many", "a/////b\\\\\\/c", "a/b/c");
+        row("network path", "\\\\srv\\x", "/srv/x");
+        row("empty", "", "");
     }
     void documentsPathsHaveSingleForwardSlashes()
     {
@@ -36,20 +30,16 @@ private slots:
 #if defined(Q_OS_UNIX) && !defined(Q_OS_MACOS)
     void documentsFolderIsThatOfTheUser()
     {
-        QFile folders(qEnvironmentVariable("XDG_CONFIG_HOME") + QLatin1String("/user-dirs.dirs"));
-        QVERIFY(folders.open(QIODevice::WriteOnly));
-        folders.write("XDG_DOCUMENTS_DIR=\"$HOME/My//Papers\"\n");
-        folders.close();
+        const QString folders =
+            qEnvironmentVariable("XDG_CONFIG_HOME") + QLatin1String("/user-dirs.dirs");
+        writeFile(folders, "XDG_DOCUMENTS_DIR=\"$HOME/My//Papers\"\n");
         const QString papers = QDir::homePath() + QLatin1String("/My/Papers");
         QCOMPARE(ClientPaths::documentsFolder(), papers);
         QCOMPARE(ClientPaths::versionFile(), papers + QLatin1String("/VeltraIm/Version.ini"));
         QVERIFY(QDir().mkpath(ClientPaths::clientDataFolder()));
-        QFile version(ClientPaths::versionFile());
-        QVERIFY(version.open(QIODevice::WriteOnly));
-        version.write("[ThisVersion]\nthisversion=5.1.2\n");
-        version.close();
+        writeFile(ClientPaths::versionFile(), "[ThisVersion]\nthisversion=5.1.2\n");
         QCOMPARE(ClientPaths::installedVersion(), QStringLiteral("5.1.2"));
-        folders.remove();
+        QFile::remove(folders);
     }
 #endif
 
@@ -72,24 +62,23 @@ private slots:
 
     void userIdsThatLeadElsewhereAreRefused_data()
     {
-        QTest::addColumn<QString>("id");
-        QTest::addColumn<bool>("refused");
-        QTest::newRow("plain") << "u.1-a_b" << false;
-        QTest::newRow("Chinese") << QString::fromUtf8("张三") << false;
-        QTest::newRow("jid") << "u1@corp.example" << false;
-        QTest::newRow("nobody") << "" << true;
-        QTest::newRow("parent") << ".." << true;
-        QTest::newRow("same") << "." << true;
-        QTest::newRow("way up") << "../u2" << true;
-        QTest::newRow("way up, backslash") << "..\\u2" << true;
-        QTest::newRow("below") << "u1/u2" << true;
-        QTest::newRow("absolute") << "/etc" << true;
-        QTest::newRow("drive") << "C:" << true;
-        QTest::newRow("other stream") << "u1:x" << true;
-        QTest::newRow("null") << QStringLiteral("u1") + QChar(0) + QLatin1String("x") << true;
-        QTest::newRow("line break") << "u1\n" << true;
-        QTest::newRow("same as another on Windows") << "u1." << true;
-        QTest::newRow("device on Windows") << "nul" << true;
+        const Rows<QString, bool> row{"id", "refused"};
+        row("plain", "u.1-a_b", false);
+        row("Chinese", QString::fromUtf8("张三"), false);
+        row("jid", "u1@corp.example", false);
+        row("nobody", "", true);
+        row("parent", "..", true);
+        row("same", ".", true);
+        row("way up", "../u2", true);
+        row("way up, backslash", "..\\u2", true);
+        row("below", "u1/u2", true);
+        row("absolute", "/etc", true);
+        row("drive", "C:", true);
+        row("other stream", "u1:x", true);
+        row("null", QStringLiteral("u1") + QChar(0) + QLatin1String("x"), true);
+        row("line break", "u1\n", true);
+        row("same as another on Windows", "u1.", true);
+        row("device on Windows", "nul", true);
     }
     void userIdsThatLeadElsewhereAreRefused()
     {

@@ -1,6 +1,7 @@
 // Settings files as people, other programs and attackers leave them.
 #include "common/initext.h"
 #include "common/settingsfile.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
@@ -10,7 +11,6 @@
 #include <QRect>
 #include <QScopeGuard>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <algorithm>
 #include <memory>
@@ -23,12 +23,6 @@
 namespace {
 const QString key = QStringLiteral("/g/k");
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 bool isObject(const QVariant &value)
 {
     if (value.type() == QVariant::List) {
@@ -37,13 +31,6 @@ bool isObject(const QVariant &value)
     }
     return value.isValid() && value.type() != QVariant::String &&
            value.type() != QVariant::StringList;
-}
-
-void fill(const QString &path, const QByteArray &content)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(content);
 }
 } // namespace
 
@@ -69,50 +56,39 @@ private slots:
 
     void valuesAreReadTolerantly_data()
     {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<QString>("text"); // with the fallback "-"
-        QTest::addColumn<QStringList>("list");
-        QTest::addColumn<bool>("flag");
-        QTest::addColumn<int>("number");
-        QTest::addColumn<double>("real");
+        // text: with the fallback "-"
+        const Rows<QByteArray, QString, QStringList, bool, int, double> row{
+            "line", "text", "list", "flag", "number", "real"};
         const QStringList none;
         const auto one = [](const QString &text) { return QStringList(text); };
-        QTest::newRow("absent") << QByteArray("other=1") << "-" << none << false << 0 << 0.0;
-        QTest::newRow("empty") << QByteArray("k=") << "" << none << false << 0 << 0.0;
-        QTest::newRow("text") << QByteArray("k=张三") << QString::fromUtf8("张三")
-                              << one(QString::fromUtf8("张三")) << true << 0 << 0.0;
-        QTest::newRow("hand-written commas") << QByteArray("k=hello, world") << "hello,world"
-                                             << QStringList{"hello", "world"} << true << 0 << 0.0;
-        QTest::newRow("address with commas") << QByteArray("k=http://h/a,b") << "http://h/a,b"
-                                             << QStringList{"http://h/a", "b"} << true << 0 << 0.0;
-        QTest::newRow("quoted") << QByteArray("k=\"a, b;c\"") << "a, b;c" << one("a, b;c") << true
-                                << 0 << 0.0;
-        QTest::newRow("true") << QByteArray("k=true") << "true" << one("true") << true << 0 << 0.0;
-        QTest::newRow("false") << QByteArray("k=False") << "False" << one("False") << false << 0
-                               << 0.0;
-        QTest::newRow("number") << QByteArray("k=-7") << "-7" << one("-7") << true << -7 << -7.0;
-        QTest::newRow("fraction") << QByteArray("k=1.5") << "1.5" << one("1.5") << true << 0 << 1.5;
-        QTest::newRow("beyond 32 bits") << QByteArray("k=99999999999") << "99999999999"
-                                        << one("99999999999") << true << 0 << 99999999999.0;
-        QTest::newRow("no finite number")
-            << QByteArray("k=inf") << "inf" << one("inf") << true << 0 << 0.0;
-        QTest::newRow("text with @")
-            << QByteArray("k=@@home") << "@home" << one("@home") << true << 0 << 0.0;
-        QTest::newRow("unknown @")
-            << QByteArray("k=@home") << "@home" << one("@home") << true << 0 << 0.0;
-        QTest::newRow("@ in a list")
-            << QByteArray("k=@a, b") << "@a,b" << QStringList{"@a", "b"} << true << 0 << 0.0;
-        QTest::newRow("invalid") << QByteArray("k=@Invalid()") << "-" << none << false << 0 << 0.0;
-        QTest::newRow("bytes") << QByteArray("k=@ByteArray(1)") << "-" << none << false << 0 << 0.0;
-        QTest::newRow("rectangle")
-            << QByteArray("k=@Rect(1 2 3 4)") << "-" << none << false << 0 << 0.0;
-        QTest::newRow("bytes in a list")
-            << QByteArray("k=a, @ByteArray(1)") << "-" << none << false << 0 << 0.0;
+        row("absent", "other=1", "-", none, false, 0, 0.0);
+        row("empty", "k=", "", none, false, 0, 0.0);
+        row("text", "k=张三", QString::fromUtf8("张三"), one(QString::fromUtf8("张三")), true, 0,
+            0.0);
+        row("hand-written commas", "k=hello, world", "hello,world", QStringList{"hello", "world"},
+            true, 0, 0.0);
+        row("address with commas", "k=http://h/a,b", "http://h/a,b", QStringList{"http://h/a", "b"},
+            true, 0, 0.0);
+        row("quoted", "k=\"a, b;c\"", "a, b;c", one("a, b;c"), true, 0, 0.0);
+        row("true", "k=true", "true", one("true"), true, 0, 0.0);
+        row("false", "k=False", "False", one("False"), false, 0, 0.0);
+        row("number", "k=-7", "-7", one("-7"), true, -7, -7.0);
+        row("fraction", "k=1.5", "1.5", one("1.5"), true, 0, 1.5);
+        row("beyond 32 bits", "k=99999999999", "99999999999", one("99999999999"), true, 0,
+            99999999999.0);
+        row("no finite number", "k=inf", "inf", one("inf"), true, 0, 0.0);
+        row("text with @", "k=@@home", "@home", one("@home"), true, 0, 0.0);
+        row("unknown @", "k=@home", "@home", one("@home"), true, 0, 0.0);
+        row("@ in a list", "k=@a, b", "@a,b", QStringList{"@a", "b"}, true, 0, 0.0);
+        row("invalid", "k=@Invalid()", "-", none, false, 0, 0.0);
+        row("bytes", "k=@ByteArray(1)", "-", none, false, 0, 0.0);
+        row("rectangle", "k=@Rect(1 2 3 4)", "-", none, false, 0, 0.0);
+        row("bytes in a list", "k=a, @ByteArray(1)", "-", none, false, 0, 0.0);
     }
     void valuesAreReadTolerantly()
     {
         QFETCH(QByteArray, line);
-        fill(m_file, "[g]\n" + line + '\n');
+        writeFile(m_file, "[g]\n" + line + '\n');
         const SettingsFile file(m_file);
         QTEST(file.text(key, QStringLiteral("-")), "text");
         QTEST(file.text(QStringLiteral("g/k"), QStringLiteral("-")), "text");
@@ -124,17 +100,17 @@ private slots:
 
     void writtenValuesAreReadAgain_data()
     {
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("Chinese") << QVariant(QString::fromUtf8("设置, \"引号\"; =[x]\\"));
-        QTest::newRow("at") << QVariant(QStringLiteral("@home"));
-        QTest::newRow("lines") << QVariant(QStringLiteral("a\nb\r\n\tc\x01"));
-        QTest::newRow("blanks") << QVariant(QStringLiteral("  a  "));
-        QTest::newRow("empty") << QVariant(QStringLiteral(""));
-        QTest::newRow("emoji") << QVariant(QString::fromUtf8("😀"));
-        QTest::newRow("list") << QVariant(QStringList{"a, b", "@c", "", QString::fromUtf8("丁")});
-        QTest::newRow("flag") << QVariant(true);
-        QTest::newRow("number") << QVariant(-14);
-        QTest::newRow("fraction") << QVariant(15.5);
+        const Rows<QVariant> row{"value"};
+        row("Chinese", QVariant(QString::fromUtf8("设置, \"引号\"; =[x]\\")));
+        row("at", QVariant(QStringLiteral("@home")));
+        row("lines", QVariant(QStringLiteral("a\nb\r\n\tc\x01")));
+        row("blanks", QVariant(QStringLiteral("  a  ")));
+        row("empty", QVariant(QStringLiteral("")));
+        row("emoji", QVariant(QString::fromUtf8("😀")));
+        row("list", QVariant(QStringList{"a, b", "@c", "", QString::fromUtf8("丁")}));
+        row("flag", QVariant(true));
+        row("number", QVariant(-14));
+        row("fraction", QVariant(15.5));
     }
     void writtenValuesAreReadAgain()
     {
@@ -157,12 +133,12 @@ private slots:
 
     void onlyPlainValuesAreWritten_data()
     {
-        QTest::addColumn<QVariant>("value");
-        QTest::newRow("rectangle") << QVariant(QRect(1, 2, 3, 4));
-        QTest::newRow("map") << QVariant(QVariantMap{{QStringLiteral("a"), 1}});
-        QTest::newRow("text that reads as an object") << QVariant(QStringLiteral("a, @Variant(x)"));
-        QTest::newRow("with quotes inside") << QVariant(QStringLiteral("a, @Va\"riant(x)"));
-        QTest::newRow("in a list") << QVariant(QStringList{"a", "@DateTime(x)"});
+        const Rows<QVariant> row{"value"};
+        row("rectangle", QVariant(QRect(1, 2, 3, 4)));
+        row("map", QVariant(QVariantMap{{QStringLiteral("a"), 1}}));
+        row("text that reads as an object", QVariant(QStringLiteral("a, @Variant(x)")));
+        row("with quotes inside", QVariant(QStringLiteral("a, @Va\"riant(x)")));
+        row("in a list", QVariant(QStringList{"a", "@DateTime(x)"}));
     }
     void onlyPlainValuesAreWritten()
     {
@@ -176,26 +152,25 @@ private slots:
 
     void filesThatHoldObjectsAreFound_data()
     {
-        QTest::addColumn<QByteArray>("line");
-        QTest::addColumn<bool>("found");
-        QTest::newRow("variant") << QByteArray("k=@Variant(\\0\\0)") << true;
-        QTest::newRow("time") << QByteArray("k=@DateTime(\\0\\0)") << true;
-        QTest::newRow("blanks") << QByteArray("k = \t @Variant(x)") << true;
-        QTest::newRow("quoted") << QByteArray("k=\"@Variant(x)\"") << true;
-        QTest::newRow("partly quoted") << QByteArray("k=\"@Var\"iant(x)") << true;
-        QTest::newRow("in a list") << QByteArray("k=a, @Variant(x)") << true;
-        QTest::newRow("hexadecimal") << QByteArray("k=\\x40Variant(x)") << true;
-        QTest::newRow("long hexadecimal") << QByteArray("k=@\\x10000056\"\"ariant(x)") << true;
-        QTest::newRow("octal") << QByteArray("k=\\100Variant(x)") << true;
-        QTest::newRow("continued line") << QByteArray("k=@Vari\\\nant(x)") << true;
-        QTest::newRow("continued after the sign") << QByteArray("k=\\\r\n@Variant(x)") << true;
-        QTest::newRow("unknown escape") << QByteArray("k=@\\qVariant(x)") << true;
-        QTest::newRow("byte order mark") << QByteArray("k=\xef\xbb\xbf@Variant(x)") << true;
-        QTest::newRow("doubled sign") << QByteArray("k=@@Variant(x)") << false;
-        QTest::newRow("amid a text") << QByteArray("k=mail me@Variant(x)") << false;
-        QTest::newRow("other words") << QByteArray("k=@Varia, @Dave, @Variants(x)") << false;
-        QTest::newRow("bytes") << QByteArray("k=@ByteArray(x)") << false;
-        QTest::newRow("nothing") << QByteArray("") << false;
+        const Rows<QByteArray, bool> row{"line", "found"};
+        row("variant", "k=@Variant(\\0\\0)", true);
+        row("time", "k=@DateTime(\\0\\0)", true);
+        row("blanks", "k = \t @Variant(x)", true);
+        row("quoted", "k=\"@Variant(x)\"", true);
+        row("partly quoted", "k=\"@Var\"iant(x)", true);
+        row("in a list", "k=a, @Variant(x)", true);
+        row("hexadecimal", "k=\\x40Variant(x)", true);
+        row("long hexadecimal", "k=@\\x10000056\"\"ariant(x)", true);
+        row("octal", "k=\\100Variant(x)", true);
+        row("continued line", "k=@Vari\\\nant(x)", true);
+        row("continued after the sign", "k=\\\r\n@Variant(x)", true);
+        row("unknown escape", "k=@\\qVariant(x)", true);
+        row("byte order mark", "k=\xef\xbb\xbf@Variant(x)", true);
+        row("doubled sign", "k=@@Variant(x)", false);
+        row("amid a text", "k=mail me@Variant(x)", false);
+        row("other words", "k=@Varia, @Dave, @Variants(x)", false);
+        row("bytes", "k=@ByteArray(x)", false);
+        row("nothing", "", false);
     }
     void filesThatHoldObjectsAreFound()
     {
@@ -230,7 +205,7 @@ private slots:
             }
             // A file of its own each, since QSettings keeps what it has parsed.
             const QString file = m_file + QString::number(round);
-            fill(file, content);
+            writeFile(file, content);
             QSettings settings(file, QSettings::IniFormat);
             settings.setIniCodec("UTF-8");
             if (isObject(settings.value(key))) {
@@ -246,23 +221,20 @@ private slots:
 
     void badFilesAreNeverReplaced_data()
     {
-        QTest::addColumn<QByteArray>("content");
-        QTest::addColumn<bool>("usable");
-        QTest::newRow("object") << QByteArray("[g]\nk=1\no=@Variant(x)\n") << false;
-        QTest::newRow("binary") << QByteArray("[g]\nk=1\n\0\1\2", 12) << false;
-        QTest::newRow("too large")
-            << "[g]\nk=1\n;" + QByteArray(int(SettingsFile::MaximumSize), 'x') << false;
-        QTest::newRow("line that is no setting")
-            << QByteArray("[g]\nk=1\nno setting\n[h]\n") << true;
-        QTest::newRow("at the beginning") << QByteArray("no setting\n[g]\nk=1\n") << true;
-        QTest::newRow("half a section") << QByteArray("[g]\nk=1\n[h\n") << true;
-        QTest::newRow("open quote") << QByteArray("[g]\nk=1\nm=\"x\n[h]\nn=1\n") << true;
+        const Rows<QByteArray, bool> row{"content", "usable"};
+        row("object", "[g]\nk=1\no=@Variant(x)\n", false);
+        row("binary", QByteArray("[g]\nk=1\n\0\1\2", 12), false);
+        row("too large", "[g]\nk=1\n;" + QByteArray(int(SettingsFile::MaximumSize), 'x'), false);
+        row("line that is no setting", "[g]\nk=1\nno setting\n[h]\n", true);
+        row("at the beginning", "no setting\n[g]\nk=1\n", true);
+        row("half a section", "[g]\nk=1\n[h\n", true);
+        row("open quote", "[g]\nk=1\nm=\"x\n[h]\nn=1\n", true);
     }
     void badFilesAreNeverReplaced()
     {
         QFETCH(QByteArray, content);
         QFETCH(bool, usable);
-        fill(m_file, content);
+        writeFile(m_file, content);
         // QSettings itself finds nothing wrong the second time.
         for (int attempt = 1; attempt <= 2; ++attempt) {
             SettingsFile file(m_file);
@@ -277,7 +249,7 @@ private slots:
         QVERIFY(contentOf(m_file) == content);
 
         // Once repaired, it is a settings file like others.
-        fill(m_file, "[g]\nk=repaired\n");
+        writeFile(m_file, "[g]\nk=repaired\n");
         SettingsFile file(m_file);
         QVERIFY(file.isWritable());
         QCOMPARE(file.text(key), QStringLiteral("repaired"));
@@ -285,8 +257,8 @@ private slots:
 
     void handWrittenFilesCanBeChanged()
     {
-        fill(m_file, "\xef\xbb\xbf; a \"comment\r\n\r\n[g]\r\nk=a\\\r\nb\r\n"
-                     "  m = \"x\ny\"\r\nn=\\\"\n[h]\ni=😀");
+        writeFile(m_file, "\xef\xbb\xbf; a \"comment\r\n\r\n[g]\r\nk=a\\\r\nb\r\n"
+                          "  m = \"x\ny\"\r\nn=\\\"\n[h]\ni=😀");
         {
             SettingsFile file(m_file);
             QCOMPARE(file.text(QStringLiteral("/g/m")), QStringLiteral("x\ny"));
@@ -301,16 +273,16 @@ private slots:
 
     void failedWriteIsReported_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("a folder") << QStringLiteral("folder");
-        QTest::newRow("below a file") << QStringLiteral("file/s.ini");
-        QTest::newRow("below nothing") << QString();
+        const Rows<QString> row{"path"};
+        row("a folder", QStringLiteral("folder"));
+        row("below a file", QStringLiteral("file/s.ini"));
+        row("below nothing", QString());
     }
     void failedWriteIsReported()
     {
         QFETCH(QString, path);
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("folder")));
-        fill(m_folder->filePath(QStringLiteral("file")), "x");
+        writeFile(m_folder->filePath(QStringLiteral("file")), "x");
         SettingsFile file(path.isEmpty() ? path : m_folder->filePath(path));
         file.setValue(key, 1);
         QVERIFY(!file.save());
@@ -324,7 +296,7 @@ private slots:
         const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther |
                             QFile::WriteOther | QFile::ExeOther | QFile::ExeGroup;
         const QString fresh = m_folder->filePath(QStringLiteral("new/folder/s.ini"));
-        fill(m_file, "[g]\nk=1\n");
+        writeFile(m_file, "[g]\nk=1\n");
         QVERIFY(QFile::setPermissions(m_file, QFile::ReadOwner | QFile::WriteOwner | others));
         for (const QString &path : {m_file, fresh}) {
             SettingsFile file(path);
@@ -337,7 +309,7 @@ private slots:
 
     void fileThatCannotBeReadIsNotReplaced()
     {
-        fill(m_file, "[g]\nk=1\n");
+        writeFile(m_file, "[g]\nk=1\n");
         QVERIFY(QFile::setPermissions(m_file, QFile::WriteOwner));
         QVERIFY(::chmod(QFile::encodeName(m_folder->path()).constData(), 0777) == 0);
         // The administrator reads every file.

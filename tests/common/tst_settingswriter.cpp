@@ -2,13 +2,13 @@
 #include "common/clogmanger.h"
 #include "common/cmodifyconfigfile.h"
 #include "common/settingsfile.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTimer>
 
 #include <memory>
@@ -24,11 +24,7 @@ private:
     QString m_file;
     std::unique_ptr<CModifyConfigFile> m_writer;
 
-    QByteArray content() const
-    {
-        QFile file(m_file);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray content() const { return contentOf(m_file); }
     void change(const char *key, const QVariant &value)
     {
         emit m_writer->signal_changeConfigValue(m_file, QString::fromLatin1(key), value,
@@ -100,18 +96,15 @@ private slots:
 
     void failureEndsInTheLog_data()
     {
-        QTest::addColumn<QByteArray>("before");
-        QTest::newRow("unreadable line") << QByteArray("[a]\nb=1\nno setting\n");
-        QTest::newRow("object") << QByteArray("[a]\nb=@Variant(x)\n");
+        const Rows<QByteArray> row{"before"};
+        row("unreadable line", "[a]\nb=1\nno setting\n");
+        row("object", "[a]\nb=@Variant(x)\n");
     }
     void failureEndsInTheLog()
     {
         QFETCH(QByteArray, before);
         QVERIFY(QDir().mkpath(m_folder->filePath(QStringLiteral("u1"))));
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(before);
-        file.close();
+        writeFile(m_file, before);
         change("/a/b", 2);
         change("/a/b", 3);
         QVERIFY(m_writer->finish());

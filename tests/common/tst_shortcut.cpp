@@ -2,6 +2,7 @@
 #include "common/desktopshortcut.h"
 #include "common/displaytext.h"
 #include "common/platform.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
@@ -9,19 +10,11 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
-#include <QTest>
 
 namespace {
 QString desktop()
 {
     return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
-}
-
-void makeFile(const QString &path)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("precious");
 }
 } // namespace
 
@@ -35,24 +28,17 @@ private slots:
 
     void createdAndRemovedOnTheDesktop_data()
     {
-        QTest::addColumn<QString>("jid");
-        QTest::addColumn<QString>("fileName");
-        QTest::newRow("plain") << "u1@corp.example"
-                               << "u1@corp.example.lnk";
-        QTest::newRow("traversal") << "../../x"
-                                   << "___.._x.lnk";
-        QTest::newRow("absolute") << "/etc/passwd"
-                                  << "_etc_passwd.lnk";
-        QTest::newRow("other stream") << "a:b\\c"
-                                      << "a_b_c.lnk";
-        QTest::newRow("hidden") << ".bashrc"
-                                << "_bashrc.lnk";
-        QTest::newRow("Chinese") << QString::fromUtf8("张三@corp")
-                                 << QString::fromUtf8("张三@corp.lnk");
-        QTest::newRow("null and line break")
-            << QStringLiteral("a") + QChar(0) + QLatin1String("\nb") << "a__b.lnk";
-        QTest::newRow("long") << QString(10000, QLatin1Char('x'))
-                              << QString(80, QLatin1Char('x')) + QLatin1String(".lnk");
+        const Rows<QString, QString> row{"jid", "fileName"};
+        row("plain", "u1@corp.example", "u1@corp.example.lnk");
+        row("traversal", "../../x", "___.._x.lnk");
+        row("absolute", "/etc/passwd", "_etc_passwd.lnk");
+        row("other stream", "a:b\\c", "a_b_c.lnk");
+        row("hidden", ".bashrc", "_bashrc.lnk");
+        row("Chinese", QString::fromUtf8("张三@corp"), QString::fromUtf8("张三@corp.lnk"));
+        row("null and line break", QStringLiteral("a") + QChar(0) + QLatin1String("\nb"),
+            "a__b.lnk");
+        row("long", QString(10000, QLatin1Char('x')),
+            QString(80, QLatin1Char('x')) + QLatin1String(".lnk"));
     }
     void createdAndRemovedOnTheDesktop()
     {
@@ -73,7 +59,7 @@ private slots:
     void removeLeavesOtherFilesAlone()
     {
         const QString outside = desktop() + QLatin1String("/../x.lnk");
-        makeFile(outside);
+        writeFile(outside, "precious");
         QVERIFY(!DesktopShortcut::remove(QStringLiteral("../x")));
         QVERIFY(QFile::exists(outside));
         QFile::remove(outside);
@@ -88,7 +74,7 @@ private slots:
     void fileThatIsNoLinkStays()
     {
         const QString file = DesktopShortcut::file(QStringLiteral("u1"));
-        makeFile(file);
+        writeFile(file, "precious");
         QVERIFY(!DesktopShortcut::remove(QStringLiteral("u1")));
         QVERIFY(!DesktopShortcut::create(QStringLiteral("u1")));
         QCOMPARE(QFileInfo(file).size(), qint64(qstrlen("precious")));
@@ -112,23 +98,15 @@ private slots:
 
     void namesOfDevicesAreAvoided_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("name");
-        QTest::newRow("device") << "NUL"
-                                << "_NUL";
-        QTest::newRow("with suffix") << "con.txt"
-                                     << "_con.txt";
-        QTest::newRow("numbered") << "Com1"
-                                  << "_Com1";
-        QTest::newRow("superscript number")
-            << QString::fromUtf8("LPT²") << QString::fromUtf8("_LPT²");
-        QTest::newRow("longer") << "console"
-                                << "console";
-        QTest::newRow("dots at the end") << "a.."
-                                         << "a__";
-        QTest::newRow("nothing left") << ""
-                                      << "_";
-        QTest::newRow("lone surrogate") << QString(QChar(0xd800)) << "_";
+        const Rows<QString, QString> row{"text", "name"};
+        row("device", "NUL", "_NUL");
+        row("with suffix", "con.txt", "_con.txt");
+        row("numbered", "Com1", "_Com1");
+        row("superscript number", QString::fromUtf8("LPT²"), QString::fromUtf8("_LPT²"));
+        row("longer", "console", "console");
+        row("dots at the end", "a..", "a__");
+        row("nothing left", "", "_");
+        row("lone surrogate", QString(QChar(0xd800)), "_");
     }
     void namesOfDevicesAreAvoided()
     {

@@ -3,12 +3,12 @@
 #include "common/settingsfile.h"
 #include "common/settingskeys.h"
 #include "common/usersettings.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -24,15 +24,9 @@ private:
     void fill(const QByteArray &content)
     {
         QVERIFY(QDir().mkpath(ClientPaths::userFolder()));
-        QFile file(ClientPaths::userSettingsFile());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(content);
+        writeFile(ClientPaths::userSettingsFile(), content);
     }
-    QByteArray content() const
-    {
-        QFile file(ClientPaths::userSettingsFile());
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    static QByteArray content() { return contentOf(ClientPaths::userSettingsFile()); }
 
 private slots:
     void initTestCase() { setHostContext(&m_host); }
@@ -117,12 +111,9 @@ private slots:
 
     void badFileYieldsUsableSettingsAndStays_data()
     {
-        QTest::addColumn<QByteArray>("file");
-        QTest::addColumn<QString>("autoLogin");
-        QTest::newRow("object") << QByteArray("[basicSetting]\nautoLogin=1\nx=@Variant(\\0\\x7f)\n")
-                                << QString();
-        QTest::newRow("line that is no setting")
-            << QByteArray("[basicSetting]\nautoLogin=1\nnone\n") << QStringLiteral("1");
+        const Rows<QByteArray, QString> row{"file", "autoLogin"};
+        row("object", "[basicSetting]\nautoLogin=1\nx=@Variant(\\0\\x7f)\n", QString());
+        row("line that is no setting", "[basicSetting]\nautoLogin=1\nnone\n", QStringLiteral("1"));
     }
     void badFileYieldsUsableSettingsAndStays()
     {

@@ -22,3 +22,8 @@ inline PresenceData makePresence(int pcShow, int mobile = PresenceData::NoMobile
     presence.mobile = mobile;
     return presence;
 }
+
+inline QString jidOf(const QString &user)
+{
+    return user + QStringLiteral("@corp.example");
+}

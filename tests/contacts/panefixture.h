@@ -18,11 +18,6 @@
 
 #include <memory>
 
-inline QString jidOf(const QString &user)
-{
-    return user + QStringLiteral("@corp.example");
-}
-
 // Own jid me@corp.example; the groups g1 "Alpha" and g2 "Beta", both open; in g1
 // the user, anna and bob; in g2 dora.
 class PaneFixture

@@ -20,11 +20,6 @@
 
 #include <memory>
 
-inline QString jidOf(const QString &user)
-{
-    return user + QStringLiteral("@corp.example");
-}
-
 // Own jid me@corp.example; the groups g1 "Alpha" and g2 "Beta", the first of them
 // open; in g1 the user, anna (online), bob, carl; in g2 dora.
 class TreeFixture

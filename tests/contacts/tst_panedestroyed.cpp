@@ -11,7 +11,6 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPushButton>
-#include <QTest>
 
 namespace {
 
@@ -207,53 +206,51 @@ class TstPaneDestroyed : public QObject
 
 private slots:
     void betweenTwoEvents_data() { addMoments(moments); }
-    void betweenTwoEvents();
+
+    void betweenTwoEvents()
+    {
+        QFETCH(int, row);
+        PaneFixture fixture;
+        moments[row].bringAbout(fixture);
+        fixture.destroy();
+        PaneFixture::settle();
+        checkAfterwards(fixture);
+    }
+
     void insideARequest_data() { addMoments(requests); }
-    void insideARequest();
-    void amidPostedEvents();
+
+    void insideARequest()
+    {
+        QFETCH(int, row);
+        PaneFixture fixture;
+        fixture.host.onRequest = [&fixture](const FakeHost::Request &) { fixture.destroy(); };
+        requests[row].bringAbout(fixture);
+        QCOMPARE(fixture.host.requests.size(), 1);
+        PaneFixture::settle();
+        checkAfterwards(fixture);
+    }
+
+    void amidPostedEvents()
+    {
+        PaneFixture fixture;
+        QObject *receiver = FriendUIMessageProcess::instance();
+        const auto post = [receiver](qint32 code, const QByteArray &payload) {
+            QCoreApplication::postEvent(
+                receiver,
+                new BaseEvent(code, payload, QString(), QString::fromLatin1(PluginId::FriendUi)));
+        };
+        post(4119, FakeHost::encode(QList<GroupData>{{G1, QStringLiteral("Renamed")}}, true));
+        post(4115, FakeHost::encode(QList<FriendData>{
+                       makeContact(QStringLiteral("eva"), QStringLiteral("eva"))}));
+        fixture.tester.reset();
+        fixture.pane->deleteLater();
+        post(4117, FakeHost::encode(QMap<QString, PresenceData>{{Anna, makePresence(1)}}));
+        post(4120, FakeHost::encode(true, G1, true));
+        post(4898, FakeHost::encode(Anna));
+        PaneFixture::settle();
+        checkAfterwards(fixture);
+    }
 };
-
-void TstPaneDestroyed::betweenTwoEvents()
-{
-    QFETCH(int, row);
-    PaneFixture fixture;
-    moments[row].bringAbout(fixture);
-    fixture.destroy();
-    PaneFixture::settle();
-    checkAfterwards(fixture);
-}
-
-void TstPaneDestroyed::insideARequest()
-{
-    QFETCH(int, row);
-    PaneFixture fixture;
-    fixture.host.onRequest = [&fixture](const FakeHost::Request &) { fixture.destroy(); };
-    requests[row].bringAbout(fixture);
-    QCOMPARE(fixture.host.requests.size(), 1);
-    PaneFixture::settle();
-    checkAfterwards(fixture);
-}
-
-void TstPaneDestroyed::amidPostedEvents()
-{
-    PaneFixture fixture;
-    QObject *receiver = FriendUIMessageProcess::instance();
-    const auto post = [receiver](qint32 code, const QByteArray &payload) {
-        QCoreApplication::postEvent(
-            receiver,
-            new BaseEvent(code, payload, QString(), QString::fromLatin1(PluginId::FriendUi)));
-    };
-    post(4119, FakeHost::encode(QList<GroupData>{{G1, QStringLiteral("Renamed")}}, true));
-    post(4115, FakeHost::encode(
-                   QList<FriendData>{makeContact(QStringLiteral("eva"), QStringLiteral("eva"))}));
-    fixture.tester.reset();
-    fixture.pane->deleteLater();
-    post(4117, FakeHost::encode(QMap<QString, PresenceData>{{Anna, makePresence(1)}}));
-    post(4120, FakeHost::encode(true, G1, true));
-    post(4898, FakeHost::encode(Anna));
-    PaneFixture::settle();
-    checkAfterwards(fixture);
-}
 
 FRIENDUI_TEST(TstPaneDestroyed)
 #include "tst_panedestroyed.moc"

@@ -14,12 +14,68 @@ class TstPaneDetail : public QObject
 
 private slots:
     void init() { m_pane = std::make_unique<PaneFixture>(); }
-    void cleanup();
-    void menuOpensTheCard();
-    void withoutTheRight();
-    void hostOpensCards_data();
-    void hostOpensCards();
-    void cardOutlivesThePane();
+
+    void cleanup()
+    {
+        FakeHost::send(Inbound::LoginChanged, false); // closes the cards
+        PaneFixture::settle();
+        m_pane.reset();
+    }
+
+    void menuOpensTheCard()
+    {
+        QAction *action = viewDetail("anna");
+        QVERIFY(action->isEnabled());
+        action->trigger();
+        const CDetailView *card = cards()->openDialog(jidOf(QStringLiteral("anna")));
+        QVERIFY(card && card->isVisible());
+        viewDetail("me")->trigger();
+        QVERIFY(cards()->ownProfileWindow() && cards()->ownProfileWindow()->isVisible());
+    }
+
+    void withoutTheRight()
+    {
+        m_pane->host.context.deniedRights = {ApplicationContext::Detail};
+        QVERIFY(!viewDetail("anna")->isEnabled());
+        FakeHost::send(Inbound::OpenContactDetail, jidOf(QStringLiteral("anna")));
+        FakeHost::send(Inbound::OpenLeaderDetail, jidOf(QStringLiteral("anna")));
+        QVERIFY(!cards()->openDialog(jidOf(QStringLiteral("anna"))));
+        // The own profile is nobody else's.
+        FakeHost::send(Inbound::OpenOwnDetail);
+        QVERIFY(cards()->ownProfileWindow());
+    }
+
+    void hostOpensCards_data()
+    {
+        const Rows<qint32> row{"code"};
+        row("contact", qint32(Inbound::OpenContactDetail));
+        row("contact, other code", qint32(Inbound::OpenContactDetailAlso));
+        row("leader", qint32(Inbound::OpenLeaderDetail));
+    }
+
+    void hostOpensCards()
+    {
+        QFETCH(qint32, code);
+        FakeHost::send(code, jidOf(QStringLiteral("bob")));
+        QVERIFY(cards()->openDialog(jidOf(QStringLiteral("bob"))));
+        FakeHost::send(code, QString());
+        QVERIFY(!cards()->openDialog(QString()));
+    }
+
+    void cardOutlivesThePane()
+    {
+        viewDetail("anna")->trigger();
+        QCOMPARE(m_pane->host.count(Outbound::RequestProfile), 1);
+        m_pane->destroy();
+        VcardInfo profile;
+        profile.duty = QStringLiteral("engineer");
+        FakeHost::send(Inbound::FullProfileReceived, jidOf(QStringLiteral("anna")), profile);
+        const QPointer<CDetailView> card = cards()->openDialog(jidOf(QStringLiteral("anna")));
+        QVERIFY(card);
+        QTest::keyClick(card.data(), Qt::Key_Escape);
+        PaneFixture::settle();
+        QVERIFY(!card);
+    }
 
 private:
     static CDetailViewManager *cards() { return CDetailViewManager::instance(); }
@@ -34,68 +90,6 @@ private:
 
     std::unique_ptr<PaneFixture> m_pane;
 };
-
-void TstPaneDetail::cleanup()
-{
-    FakeHost::send(Inbound::LoginChanged, false); // closes the cards
-    PaneFixture::settle();
-    m_pane.reset();
-}
-
-void TstPaneDetail::menuOpensTheCard()
-{
-    QAction *action = viewDetail("anna");
-    QVERIFY(action->isEnabled());
-    action->trigger();
-    const CDetailView *card = cards()->openDialog(jidOf(QStringLiteral("anna")));
-    QVERIFY(card && card->isVisible());
-    viewDetail("me")->trigger();
-    QVERIFY(cards()->ownProfileWindow() && cards()->ownProfileWindow()->isVisible());
-}
-
-void TstPaneDetail::withoutTheRight()
-{
-    m_pane->host.context.deniedRights = {ApplicationContext::Detail};
-    QVERIFY(!viewDetail("anna")->isEnabled());
-    FakeHost::send(Inbound::OpenContactDetail, jidOf(QStringLiteral("anna")));
-    FakeHost::send(Inbound::OpenLeaderDetail, jidOf(QStringLiteral("anna")));
-    QVERIFY(!cards()->openDialog(jidOf(QStringLiteral("anna"))));
-    // The own profile is nobody else's.
-    FakeHost::send(Inbound::OpenOwnDetail);
-    QVERIFY(cards()->ownProfileWindow());
-}
-
-void TstPaneDetail::hostOpensCards_data()
-{
-    QTest::addColumn<qint32>("code");
-    QTest::newRow("contact") << qint32(Inbound::OpenContactDetail);
-    QTest::newRow("contact, other code") << qint32(Inbound::OpenContactDetailAlso);
-    QTest::newRow("leader") << qint32(Inbound::OpenLeaderDetail);
-}
-
-void TstPaneDetail::hostOpensCards()
-{
-    QFETCH(qint32, code);
-    FakeHost::send(code, jidOf(QStringLiteral("bob")));
-    QVERIFY(cards()->openDialog(jidOf(QStringLiteral("bob"))));
-    FakeHost::send(code, QString());
-    QVERIFY(!cards()->openDialog(QString()));
-}
-
-void TstPaneDetail::cardOutlivesThePane()
-{
-    viewDetail("anna")->trigger();
-    QCOMPARE(m_pane->host.count(Outbound::RequestProfile), 1);
-    m_pane->destroy();
-    VcardInfo profile;
-    profile.duty = QStringLiteral("engineer");
-    FakeHost::send(Inbound::FullProfileReceived, jidOf(QStringLiteral("anna")), profile);
-    const QPointer<CDetailView> card = cards()->openDialog(jidOf(QStringLiteral("anna")));
-    QVERIFY(card);
-    QTest::keyClick(card.data(), Qt::Key_Escape);
-    PaneFixture::settle();
-    QVERIFY(!card);
-}
 
 FRIENDUI_TEST(TstPaneDetail)
 #include "tst_panedetail.moc"

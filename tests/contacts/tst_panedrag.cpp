@@ -5,7 +5,6 @@
 
 #include <QDrag>
 #include <QGuiApplication>
-#include <QTest>
 #include <QTimer>
 #include <QWindow>
 
@@ -50,83 +49,77 @@ class TstPaneDrag : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void dropMovesTheContact_data();
-    void dropMovesTheContact();
-    void targetGoneBeforeTheDrop();
-    void paneDestroyedDuringTheDrag();
+    void initTestCase()
+    {
+        if (QGuiApplication::platformName() != QLatin1String("minimal"))
+            QSKIP("needs QT_QPA_PLATFORM=minimal");
+    }
+
+    void dropMovesTheContact_data()
+    {
+        const Rows<QString, int> row{"target", "requests"};
+        row("a contact of another group", QStringLiteral("dora"), 1);
+        row("the header of another group", G2, 1);
+        row("a contact of the same group", QStringLiteral("bob"), 0);
+        row("below all rows", QString(), 0);
+    }
+
+    void dropMovesTheContact()
+    {
+        QFETCH(QString, target);
+        QFETCH(int, requests);
+        const PaneFixture fixture;
+        QWindow *window = fixture.pane->windowHandle();
+        QModelIndex index = fixture.model->groupIndex(target);
+        if (!index.isValid())
+            index = fixture.contact(target.toLatin1().constData());
+        const QPoint where =
+            index.isValid() ? inWindow(fixture, index) : QPoint(200, fixture.pane->height() - 5);
+        QVERIFY(dragAnna(fixture, [&] {
+            QTest::mouseMove(window, where);
+            QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, where);
+        }));
+        PaneFixture::settle();
+        QCOMPARE(fixture.host.count(Outbound::MoveContact), requests);
+        if (requests > 0)
+            QCOMPARE(fixture.host.last(Outbound::MoveContact).payload,
+                     FakeHost::encode(Anna, G1, G2, true));
+        QCOMPARE(fixture.model->groupOf(Anna), G1);
+    }
+
+    void targetGoneBeforeTheDrop()
+    {
+        const PaneFixture fixture;
+        QWindow *window = fixture.pane->windowHandle();
+        const QPoint where = inWindow(fixture, fixture.contact("dora"));
+        QVERIFY(dragAnna(fixture, [&] {
+            QTest::mouseMove(window, where);
+            FakeHost::send(Inbound::ContactRemoved, Anna, true);
+            FakeHost::send(Inbound::GroupDeleted, true, G2, true);
+            QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, where);
+        }));
+        PaneFixture::settle();
+        QCOMPARE(fixture.host.count(Outbound::MoveContact), 0);
+    }
+
+    void paneDestroyedDuringTheDrag()
+    {
+        PaneFixture fixture;
+        QWidget elsewhere;
+        elsewhere.show();
+        QVERIFY(dragAnna(fixture, [&] {
+            QTest::mouseMove(fixture.pane->windowHandle(),
+                             inWindow(fixture, fixture.contact("dora")));
+            fixture.destroy();
+            FakeHost::send(Inbound::ContactRemoved, Anna, true);
+            QTest::mouseRelease(elsewhere.windowHandle(), Qt::LeftButton);
+        }));
+        QVERIFY(!fixture.pane);
+        QCOMPARE(fixture.host.requests.size(), 0);
+        fixture.make();
+        QVERIFY(fixture.contact("dora").isValid());
+    }
 };
-
-void TstPaneDrag::initTestCase()
-{
-    if (QGuiApplication::platformName() != QLatin1String("minimal"))
-        QSKIP("needs QT_QPA_PLATFORM=minimal");
-}
-
-void TstPaneDrag::dropMovesTheContact_data()
-{
-    QTest::addColumn<QString>("target");
-    QTest::addColumn<int>("requests");
-    QTest::newRow("a contact of another group") << QStringLiteral("dora") << 1;
-    QTest::newRow("the header of another group") << G2 << 1;
-    QTest::newRow("a contact of the same group") << QStringLiteral("bob") << 0;
-    QTest::newRow("below all rows") << QString() << 0;
-}
-
-void TstPaneDrag::dropMovesTheContact()
-{
-    QFETCH(QString, target);
-    QFETCH(int, requests);
-    const PaneFixture fixture;
-    QWindow *window = fixture.pane->windowHandle();
-    QModelIndex index = fixture.model->groupIndex(target);
-    if (!index.isValid())
-        index = fixture.contact(target.toLatin1().constData());
-    const QPoint where =
-        index.isValid() ? inWindow(fixture, index) : QPoint(200, fixture.pane->height() - 5);
-    QVERIFY(dragAnna(fixture, [&] {
-        QTest::mouseMove(window, where);
-        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, where);
-    }));
-    PaneFixture::settle();
-    QCOMPARE(fixture.host.count(Outbound::MoveContact), requests);
-    if (requests > 0)
-        QCOMPARE(fixture.host.last(Outbound::MoveContact).payload,
-                 FakeHost::encode(Anna, G1, G2, true));
-    QCOMPARE(fixture.model->groupOf(Anna), G1);
-}
-
-void TstPaneDrag::targetGoneBeforeTheDrop()
-{
-    const PaneFixture fixture;
-    QWindow *window = fixture.pane->windowHandle();
-    const QPoint where = inWindow(fixture, fixture.contact("dora"));
-    QVERIFY(dragAnna(fixture, [&] {
-        QTest::mouseMove(window, where);
-        FakeHost::send(Inbound::ContactRemoved, Anna, true);
-        FakeHost::send(Inbound::GroupDeleted, true, G2, true);
-        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, where);
-    }));
-    PaneFixture::settle();
-    QCOMPARE(fixture.host.count(Outbound::MoveContact), 0);
-}
-
-void TstPaneDrag::paneDestroyedDuringTheDrag()
-{
-    PaneFixture fixture;
-    QWidget elsewhere;
-    elsewhere.show();
-    QVERIFY(dragAnna(fixture, [&] {
-        QTest::mouseMove(fixture.pane->windowHandle(), inWindow(fixture, fixture.contact("dora")));
-        fixture.destroy();
-        FakeHost::send(Inbound::ContactRemoved, Anna, true);
-        QTest::mouseRelease(elsewhere.windowHandle(), Qt::LeftButton);
-    }));
-    QVERIFY(!fixture.pane);
-    QCOMPARE(fixture.host.requests.size(), 0);
-    fixture.make();
-    QVERIFY(fixture.contact("dora").isValid());
-}
 
 FRIENDUI_TEST(TstPaneDrag)
 #include "tst_panedrag.moc"

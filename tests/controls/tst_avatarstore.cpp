@@ -1,13 +1,11 @@
 #include "controls/avatarstore.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
 #include <QDataStream>
-#include <QFile>
 #include <QImage>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
@@ -83,25 +81,180 @@ class TstAvatarStore : public QObject
     Q_OBJECT
 
 private slots:
-    void loads_data();
-    void loads();
-    void turnsAsThePictureSays();
-    void cutsToASquare_data();
-    void cutsToASquare();
-    void decodesLater();
-    void remembersFailures();
-    void readsAgain();
-    void staysBounded();
-    void monograms_data();
-    void monograms();
+    void loads_data()
+    {
+        const Rows<QByteArray, QString, bool> row{"bytes", "name", "loads"};
+        const QByteArray png = encoded(halves(64, 64), "PNG");
+        row("png", png, "a.png", true);
+        row("jpeg", encoded(halves(64, 64), "JPEG"), "a.jpg", true);
+        row("bmp", encoded(halves(64, 64), "BMP"), "a.bmp", true);
+        row("gif", animatedGif(), "a.gif", true);
+        row("wrong suffix", png, "b.jpg", true);
+        row("no suffix", png, "noname", true);
+        row("text", "<svg/>", "t.png", false);
+        row("other format", encoded(halves(64, 64), "PPM"), "p.ppm", false);
+        row("other format in disguise", encoded(halves(64, 64), "XPM"), "p.png", false);
+        row("vector",
+            "<svg xmlns='http://www.w3.org/2000/svg' width='64' "
+            "height='64'><rect width='64' height='64'/></svg>",
+            "v.svg", false);
+        row("empty", QByteArray(), "e.png", false);
+        row("header only", png.left(33), "h.png", false);
+        row("noise", QByteArray(5000, '\xa7'), "n.png", false);
+        row("bomb", pngClaiming(30000, 30000), "bomb.png", false);
+        row("long bomb", pngClaiming(8193, 1), "long.png", false);
+        row("area bomb", pngClaiming(8000, 8000), "area.png", false);
+        row("overflowing", pngClaiming(0x7fffffff, 0x7fffffff), "over.png", false);
+        row("file too large", png + QByteArray(9 * 1024 * 1024, '\0'), "l.png", false);
+    }
+
+    void loads()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, name);
+        QFETCH(bool, loads);
+        const QImage image = AvatarStore::load(fileWith(bytes, name), 48);
+        QCOMPARE(!image.isNull(), loads);
+        if (loads)
+            QCOMPARE(image.size(), QSize(48, 48));
+        QVERIFY(AvatarStore::load(m_folder.filePath(QStringLiteral("missing.png")), 48).isNull());
+        QVERIFY(AvatarStore::load(m_folder.path(), 48).isNull());
+    }
+
+    void turnsAsThePictureSays()
+    {
+        const QImage image =
+            AvatarStore::load(fileWith(turnedJpeg(), QStringLiteral("turned.jpg")), 64);
+        QCOMPARE(image.size(), QSize(64, 64));
+        // Turned to the right: what was left is above.
+        QVERIFY(image.pixelColor(32, 8).red() > 200);
+        QVERIFY(image.pixelColor(32, 56).blue() > 200);
+        QVERIFY(image.pixelColor(56, 8).red() > 200);
+    }
+
+    void cutsToASquare_data()
+    {
+        const Rows<QSize> row{"size"};
+        row("wide", QSize(300, 100));
+        row("high", QSize(100, 300));
+        row("a line", QSize(8192, 1));
+        row("a column", QSize(1, 8192));
+        row("a dot", QSize(1, 1));
+    }
+
+    // The middle of the picture, as large as was asked for.
+    void cutsToASquare()
+    {
+        QFETCH(QSize, size);
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::blue);
+        const int side = qMin(size.width(), size.height());
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x)
+                image.setPixelColor((size.width() - side) / 2 + x, (size.height() - side) / 2 + y,
+                                    Qt::red);
+        }
+        const QImage loaded =
+            AvatarStore::load(fileWith(encoded(image, "PNG"), QStringLiteral("cut.png")), 64);
+        QCOMPARE(loaded.size(), QSize(64, 64));
+        for (const QPoint &at : {QPoint(4, 4), QPoint(32, 32), QPoint(59, 59)})
+            QVERIFY2(loaded.pixelColor(at).red() > 230 && loaded.pixelColor(at).blue() < 30,
+                     qPrintable(loaded.pixelColor(at).name()));
+    }
+
+    void decodesLater()
+    {
+        const QString file = fileWith(encoded(halves(64, 64), "PNG"), QStringLiteral("later.png"));
+        QSignalSpy ready(&AvatarStore::instance(), &AvatarStore::pictureReady);
+        QVERIFY(!ask(file).isNull()); // the generated one
+        QVERIFY(!isShown(file));
+        QTRY_COMPARE(ready.count(), 1); // decoded once, though asked twice
+        QCOMPARE(ready.first().first().toString(), file);
+        QVERIFY(isShown(file));
+        QVERIFY(!AvatarStore::instance().isBusy());
+        ask(file, 1.5);
+        QTRY_COMPARE(ready.count(), 2);
+        QCOMPARE(ask(file, 1.5).size(), QSize(48, 48));
+    }
+
+    void remembersFailures()
+    {
+        const QString file = fileWith(pngClaiming(30000, 30000), QStringLiteral("bad.png"));
+        QSignalSpy ready(&AvatarStore::instance(), &AvatarStore::pictureReady);
+        ask(file);
+        QTRY_COMPARE(ready.count(), 1);
+        QVERIFY(!ask(file).isNull());
+        QVERIFY(!AvatarStore::instance().isBusy()); // not tried again
+    }
+
+    void readsAgain()
+    {
+        const QString file = fileWith("no picture", QStringLiteral("again.png"));
+        QSignalSpy ready(&AvatarStore::instance(), &AvatarStore::pictureReady);
+        ask(file);
+        QTRY_COMPARE(ready.count(), 1);
+        fileWith(encoded(halves(64, 64), "PNG"), QStringLiteral("again.png"));
+        QVERIFY(!isShown(file));
+        AvatarStore::instance().refresh(file);
+        QTRY_VERIFY(isShown(file));
+        // Written anew while it is being decoded: the newer picture is shown in the end.
+        fileWith("no picture", QStringLiteral("again.png"));
+        AvatarStore::instance().refresh(file);
+        ready.clear();
+        ask(file);
+        AvatarStore::instance().refresh(file);
+        fileWith(encoded(halves(64, 64), "PNG"), QStringLiteral("again.png"));
+        ask(file);
+        QTRY_COMPARE(ready.count(), 2);
+        QVERIFY(isShown(file));
+    }
+
+    void staysBounded()
+    {
+        // More generated avatars than the cache takes; the first is made anew.
+        const auto generated = [](int i) {
+            return AvatarStore::instance()
+                .avatar(QString(), QStringLiteral("bounded%1").arg(i), QStringLiteral("A"), 128, 2)
+                .cacheKey();
+        };
+        const qint64 first = generated(0);
+        QCOMPARE(generated(0), first);
+        for (int i = 1; i < 80; ++i) // 256 KiB each
+            generated(i);
+        QVERIFY(generated(0) != first);
+    }
+
+    void monograms_data()
+    {
+        const Rows<QString, QString> row{"name", "letters"};
+        row("Chinese, three", QString::fromUtf8("张小伟"), QString::fromUtf8("小伟"));
+        row("Chinese, one", QString::fromUtf8("张"), QString::fromUtf8("张"));
+        row("Latin, two words", "ann smith", "AS");
+        row("Latin, three words", "Ann Mary Smith", "AM");
+        row("Latin, one word", "ann", "A");
+        row("mixed", QString::fromUtf8("Ann 张"), QString::fromUtf8("张"));
+        row("nothing", "", "?");
+        row("blanks", "  \n ", "?");
+        row("signs", "- (", "-");
+        row("signs and a word", "(ann)", "(");
+        row("digits", "007 bond", "0B");
+    }
+
+    void monograms()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, letters);
+        QCOMPARE(AvatarStore::monogram(name), letters);
+        QVERIFY(AvatarStore::monogram(QString(100000, QChar(0xd83d)) + name).size() < 12);
+        QVERIFY(AvatarStore::monogram(QLatin1Char('a') + QString(100000, QChar(0x301))).size() <
+                12);
+    }
 
 private:
     QString fileWith(const QByteArray &bytes, const QString &name) const
     {
-        QFile file(m_folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            QTest::qFail("the file cannot be written", __FILE__, __LINE__);
-        return file.fileName();
+        writeFile(m_folder.filePath(name), bytes);
+        return m_folder.filePath(name);
     }
     static QPixmap ask(const QString &file, qreal ratio = 1)
     {
@@ -117,184 +270,6 @@ private:
 
     QTemporaryDir m_folder;
 };
-
-void TstAvatarStore::loads_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<bool>("loads");
-    const QByteArray png = encoded(halves(64, 64), "PNG");
-    QTest::newRow("png") << png << "a.png" << true;
-    QTest::newRow("jpeg") << encoded(halves(64, 64), "JPEG") << "a.jpg" << true;
-    QTest::newRow("bmp") << encoded(halves(64, 64), "BMP") << "a.bmp" << true;
-    QTest::newRow("gif") << animatedGif() << "a.gif" << true;
-    QTest::newRow("wrong suffix") << png << "b.jpg" << true;
-    QTest::newRow("no suffix") << png << "noname" << true;
-    QTest::newRow("text") << QByteArray("<svg/>") << "t.png" << false;
-    QTest::newRow("other format") << encoded(halves(64, 64), "PPM") << "p.ppm" << false;
-    QTest::newRow("other format in disguise") << encoded(halves(64, 64), "XPM") << "p.png" << false;
-    QTest::newRow("vector") << QByteArray("<svg xmlns='http://www.w3.org/2000/svg' width='64' "
-                                          "height='64'><rect width='64' height='64'/></svg>")
-                            << "v.svg" << false;
-    QTest::newRow("empty") << QByteArray() << "e.png" << false;
-    QTest::newRow("header only") << png.left(33) << "h.png" << false;
-    QTest::newRow("noise") << QByteArray(5000, '\xa7') << "n.png" << false;
-    QTest::newRow("bomb") << pngClaiming(30000, 30000) << "bomb.png" << false;
-    QTest::newRow("long bomb") << pngClaiming(8193, 1) << "long.png" << false;
-    QTest::newRow("area bomb") << pngClaiming(8000, 8000) << "area.png" << false;
-    QTest::newRow("overflowing") << pngClaiming(0x7fffffff, 0x7fffffff) << "over.png" << false;
-    QTest::newRow("file too large") << png + QByteArray(9 * 1024 * 1024, '\0') << "l.png" << false;
-}
-
-void TstAvatarStore::loads()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(QString, name);
-    QFETCH(bool, loads);
-    const QImage image = AvatarStore::load(fileWith(bytes, name), 48);
-    QCOMPARE(!image.isNull(), loads);
-    if (loads)
-        QCOMPARE(image.size(), QSize(48, 48));
-    QVERIFY(AvatarStore::load(m_folder.filePath(QStringLiteral("missing.png")), 48).isNull());
-    QVERIFY(AvatarStore::load(m_folder.path(), 48).isNull());
-}
-
-void TstAvatarStore::turnsAsThePictureSays()
-{
-    const QImage image =
-        AvatarStore::load(fileWith(turnedJpeg(), QStringLiteral("turned.jpg")), 64);
-    QCOMPARE(image.size(), QSize(64, 64));
-    // Turned to the right: what was left is above.
-    QVERIFY(image.pixelColor(32, 8).red() > 200);
-    QVERIFY(image.pixelColor(32, 56).blue() > 200);
-    QVERIFY(image.pixelColor(56, 8).red() > 200);
-}
-
-void TstAvatarStore::cutsToASquare_data()
-{
-    QTest::addColumn<QSize>("size");
-    QTest::newRow("wide") << QSize(300, 100);
-    QTest::newRow("high") << QSize(100, 300);
-    QTest::newRow("a line") << QSize(8192, 1);
-    QTest::newRow("a column") << QSize(1, 8192);
-    QTest::newRow("a dot") << QSize(1, 1);
-}
-
-// The middle of the picture, as large as was asked for.
-void TstAvatarStore::cutsToASquare()
-{
-    QFETCH(QSize, size);
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::blue);
-    const int side = qMin(size.width(), size.height());
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x)
-            image.setPixelColor((size.width() - side) / 2 + x, (size.height() - side) / 2 + y,
-                                Qt::red);
-    }
-    const QImage loaded =
-        AvatarStore::load(fileWith(encoded(image, "PNG"), QStringLiteral("cut.png")), 64);
-    QCOMPARE(loaded.size(), QSize(64, 64));
-    for (const QPoint &at : {QPoint(4, 4), QPoint(32, 32), QPoint(59, 59)})
-        QVERIFY2(loaded.pixelColor(at).red() > 230 && loaded.pixelColor(at).blue() < 30,
-                 qPrintable(loaded.pixelColor(at).name()));
-}
-
-void TstAvatarStore::decodesLater()
-{
-    const QString file = fileWith(encoded(halves(64, 64), "PNG"), QStringLiteral("later.png"));
-    QSignalSpy ready(&AvatarStore::instance(), &AvatarStore::pictureReady);
-    QVERIFY(!ask(file).isNull()); // the generated one
-    QVERIFY(!isShown(file));
-    QTRY_COMPARE(ready.count(), 1); // decoded once, though asked twice
-    QCOMPARE(ready.first().first().toString(), file);
-    QVERIFY(isShown(file));
-    QVERIFY(!AvatarStore::instance().isBusy());
-    ask(file, 1.5);
-    QTRY_COMPARE(ready.count(), 2);
-    QCOMPARE(ask(file, 1.5).size(), QSize(48, 48));
-}
-
-void TstAvatarStore::remembersFailures()
-{
-    const QString file = fileWith(pngClaiming(30000, 30000), QStringLiteral("bad.png"));
-    QSignalSpy ready(&AvatarStore::instance(), &AvatarStore::pictureReady);
-    ask(file);
-    QTRY_COMPARE(ready.count(), 1);
-    QVERIFY(!ask(file).isNull());
-    QVERIFY(!AvatarStore::instance().isBusy()); // not tried again
-}
-
-void TstAvatarStore::readsAgain()
-{
-    const QString file = fileWith("no picture", QStringLiteral("again.png"));
-    QSignalSpy ready(&AvatarStore::instance(), &AvatarStore::pictureReady);
-    ask(file);
-    QTRY_COMPARE(ready.count(), 1);
-    fileWith(encoded(halves(64, 64), "PNG"), QStringLiteral("again.png"));
-    QVERIFY(!isShown(file));
-    AvatarStore::instance().refresh(file);
-    QTRY_VERIFY(isShown(file));
-    // Written anew while it is being decoded: the newer picture is shown in the end.
-    fileWith("no picture", QStringLiteral("again.png"));
-    AvatarStore::instance().refresh(file);
-    ready.clear();
-    ask(file);
-    AvatarStore::instance().refresh(file);
-    fileWith(encoded(halves(64, 64), "PNG"), QStringLiteral("again.png"));
-    ask(file);
-    QTRY_COMPARE(ready.count(), 2);
-    QVERIFY(isShown(file));
-}
-
-void TstAvatarStore::staysBounded()
-{
-    // More generated avatars than the cache takes; the first is made anew.
-    const auto generated = [](int i) {
-        return AvatarStore::instance()
-            .avatar(QString(), QStringLiteral("bounded%1").arg(i), QStringLiteral("A"), 128, 2)
-            .cacheKey();
-    };
-    const qint64 first = generated(0);
-    QCOMPARE(generated(0), first);
-    for (int i = 1; i < 80; ++i) // 256 KiB each
-        generated(i);
-    QVERIFY(generated(0) != first);
-}
-
-void TstAvatarStore::monograms_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("letters");
-    QTest::newRow("Chinese, three") << QString::fromUtf8("张小伟") << QString::fromUtf8("小伟");
-    QTest::newRow("Chinese, one") << QString::fromUtf8("张") << QString::fromUtf8("张");
-    QTest::newRow("Latin, two words") << "ann smith"
-                                      << "AS";
-    QTest::newRow("Latin, three words") << "Ann Mary Smith"
-                                        << "AM";
-    QTest::newRow("Latin, one word") << "ann"
-                                     << "A";
-    QTest::newRow("mixed") << QString::fromUtf8("Ann 张") << QString::fromUtf8("张");
-    QTest::newRow("nothing") << ""
-                             << "?";
-    QTest::newRow("blanks") << "  \n "
-                            << "?";
-    QTest::newRow("signs") << "- ("
-                           << "-";
-    QTest::newRow("signs and a word") << "(ann)"
-                                      << "(";
-    QTest::newRow("digits") << "007 bond"
-                            << "0B";
-}
-
-void TstAvatarStore::monograms()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, letters);
-    QCOMPARE(AvatarStore::monogram(name), letters);
-    QVERIFY(AvatarStore::monogram(QString(100000, QChar(0xd83d)) + name).size() < 12);
-    QVERIFY(AvatarStore::monogram(QLatin1Char('a') + QString(100000, QChar(0x301))).size() < 12);
-}
 
 FRIENDUI_TEST(TstAvatarStore)
 #include "tst_avatarstore.moc"

@@ -1,15 +1,13 @@
 // The watermark's picture, its file name and its style sheet.
-#include "controls/skin.h"
 #include "controls/watermark.h"
 #include "tests/support/fakehost.h"
+#include "tests/support/files.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QImage>
 #include <QTemporaryDir>
-#include <QTest>
 #include <QTransform>
 #include <QWidget>
 
@@ -20,14 +18,6 @@ namespace {
 constexpr int FontHeight = 20;
 constexpr int Ascent = 15;
 
-void setSkin(const char *name, const char *watermarkColour = "")
-{
-    SysUIData record;
-    record.skinName = QString::fromLatin1(name);
-    record.watermarkColor = QString::fromLatin1(watermarkColour);
-    Skin::instance().setRecord(record);
-}
-
 } // namespace
 
 class TstWatermark : public QObject
@@ -35,272 +25,198 @@ class TstWatermark : public QObject
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
-    void tilesCoverTheDesktop_data();
-    void tilesCoverTheDesktop();
-    void pictureHasInkEverywhere();
-    void pictureColour_data();
-    void pictureColour();
-    void fileNames_data();
-    void fileNames();
-    void sheetText_data();
-    void sheetText();
-    void sheetStaysASheet_data();
-    void sheetStaysASheet();
-    void existingFileIsUsed();
-    void nowhereToStoreIt();
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_host = std::make_unique<FakeHost>();
+        m_host->context.user = QStringLiteral("me");
+        m_host->context.baseFolder = m_folder->path();
+        VcardInfo own;
+        own.nickName = QString::fromUtf8("王小明");
+        own.employeeCode = QStringLiteral("10086");
+        m_host->context.profiles.insert(QStringLiteral("me@corp.example"), own);
+        setSkin(QStringLiteral("light"));
+    }
+
+    void cleanup()
+    {
+        setSkin(QStringLiteral("light"));
+        m_host.reset();
+    }
+
+    void tilesCoverTheDesktop_data()
+    {
+        const Rows<QSize, int> row{"desktop", "textWidth"};
+        row("small", QSize(800, 600), 60);
+        row("laptop", QSize(1366, 768), 140);
+        row("long texts", QSize(1920, 1080), 700);
+        row("upright", QSize(1200, 1920), 90);
+        row("5K", QSize(5120, 2880), 90);
+    }
+
+    void tilesCoverTheDesktop()
+    {
+        QFETCH(QSize, desktop);
+        QFETCH(int, textWidth);
+        const Watermark::Tiles tiles =
+            Watermark::tiles(desktop, textWidth, textWidth, FontHeight, Ascent);
+        QVERIFY(tiles.image.width() >= desktop.width());
+        QVERIFY(tiles.image.height() >= desktop.height());
+        // How far a row reaches, by its baseline.
+        QMap<int, QPair<int, int>> reach;
+        for (const Watermark::Cell &cell : tiles.cells) {
+            QCOMPARE(cell.second.y(), cell.first.y());
+            QCOMPARE(cell.second.x() - cell.first.x(), textWidth + 100);
+            auto at = reach.find(cell.first.y());
+            if (at == reach.end())
+                at = reach.insert(cell.first.y(), {cell.first.x(), 0});
+            at->first = qMin(at->first, cell.first.x());
+            at->second = qMax(at->second, cell.first.x() + 2 * textWidth + 200);
+        }
+        // Every point of the desktop, turned back, lies between the ends of a row; the
+        // beginning may leave room of a shifted row.
+        QTransform turn;
+        turn.rotate(-Watermark::AngleDegrees);
+        const QTransform back = turn.inverted();
+        for (int y = 0; y < desktop.height(); y += 20) {
+            for (int x = 0; x < desktop.width(); x += 20) {
+                const QPointF at = back.map(QPointF(x, y));
+                const int baseline = int(at.y()) / (FontHeight + 50) * (FontHeight + 50) + Ascent;
+                const auto row = reach.constFind(baseline);
+                QVERIFY2(row != reach.constEnd(),
+                         qPrintable(QStringLiteral("%1,%2").arg(x).arg(y)));
+                QVERIFY2(at.x() >= row->first - 120 && at.x() <= row->second,
+                         qPrintable(QStringLiteral("%1,%2").arg(x).arg(y)));
+            }
+        }
+    }
+
+    void pictureColour_data()
+    {
+        const Rows<QByteArray, QByteArray, QColor, QString> row{"skin", "told", "seen", "suffix"};
+        row("none", "light", QByteArray(), QColor("#e8e9eb"), "_#e8e9eb.png");
+        row("components", "light", "180,170,160", QColor(180, 170, 160), "_180,170,160.png");
+        row("hexadecimal", "light", "#102030", QColor("#102030"), "_#102030.png");
+        row("no colour", "light", "../x", QColor("#e8e9eb"), "_.._x.png");
+        row("dark", "dark", QByteArray(), QColor("#2a2d33"), "_#2a2d33.png");
+    }
+
+    void pictureColour()
+    {
+        QFETCH(QByteArray, skin);
+        QFETCH(QByteArray, told);
+        QFETCH(QColor, seen);
+        QFETCH(QString, suffix);
+        setSkin(QString::fromLatin1(skin), told.constData());
+        const QString file = watermarkFile();
+        QVERIFY2(file.endsWith(suffix), qPrintable(file));
+        const QImage image = QImage(file).convertToFormat(QImage::Format_ARGB32);
+        QRgb strongest = 0;
+        for (int y = 0; y < 200; ++y) {
+            for (int x = 0; x < 400; ++x) {
+                if (qAlpha(image.pixel(x, y)) > qAlpha(strongest))
+                    strongest = image.pixel(x, y);
+            }
+        }
+        QVERIFY(qAlpha(strongest) > 200);
+        QCOMPARE(QColor(qRed(strongest), qGreen(strongest), qBlue(strongest)), seen);
+    }
+
+    void fileNames_data()
+    {
+        // expected: before "_#e8e9eb.png"
+        const Rows<QString, QString> row{"name", "expected"};
+        row("plain", "Anna Li", "Anna Li");
+        row("Chinese", QString::fromUtf8("王小明"), QString::fromUtf8("王小明"));
+        row("up", "../../../etc/passwd", ".._.._.._etc_passwd");
+        row("absolute", "C:\\Windows\\x", "C__Windows_x");
+        row("forbidden", "a*b?c\"d<e>f|g", "a_b_c_d_e_f_g");
+        row("control", QStringLiteral("a\nb\tc").append(QChar(0)), "a_b_c_");
+        row("sheet", "x);} Q{}", "x);} Q{}");
+        row("long", QString(10000, QLatin1Char('n')), QString(200, QLatin1Char('n')));
+        row("long Chinese", QString(500, QChar(0x738b)), QString(66, QChar(0x738b)));
+    }
+
+    void fileNames()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, expected);
+        QCOMPARE(Watermark::fileName(name, QStringLiteral("#e8e9eb")),
+                 expected + QStringLiteral("_#e8e9eb.png"));
+    }
+
+    void sheetStaysASheet_data()
+    {
+        const Rows<QString, QString> row{"folder", "name"};
+        const char *names[] = {"plain name",
+                               "x);} QWidget#other{background-color:#00ff00} q{a:url(",
+                               "a'b",
+                               "a\"b",
+                               "a\");} QWidget#other{background-color:#00ff00} q{a:url(\"",
+                               "{} () % & ? $ ^ ` < >",
+                               "../../up",
+                               "back\\slash",
+                               "a;b",
+                               "#@,!~+=[]"};
+        for (const char *name : names)
+            row(name, "f", name);
+        row("Chinese", "f", QString::fromUtf8("王（小）明"));
+#ifdef Q_OS_UNIX
+        for (const char *folder : {"it's", "\"quoted\"", "back\\slash", "(round) {curly}", "100 %"})
+            row(folder, folder, "name");
+#endif
+    }
+
+    void sheetStaysASheet()
+    {
+        QFETCH(QString, folder);
+        QFETCH(QString, name);
+        const QString path = m_folder->path() + QLatin1Char('/') + folder;
+        QVERIFY(QDir().mkpath(path));
+        const QString file =
+            path + QLatin1Char('/') + Watermark::fileName(name, QStringLiteral("red"));
+        QImage red(8, 8, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        QVERIFY(red.save(file));
+
+        QWidget page;
+        page.setObjectName(QStringLiteral("orgWidget"));
+        page.setAttribute(Qt::WA_StyledBackground);
+        page.resize(60, 60);
+        QWidget other(&page);
+        other.setObjectName(QStringLiteral("other"));
+        other.setAttribute(Qt::WA_StyledBackground);
+        other.setGeometry(30, 30, 30, 30);
+        page.setStyleSheet(Watermark::sheet(page.objectName(), file));
+        const QImage seen = page.grab().toImage();
+        QCOMPARE(QColor(seen.pixel(10, 10)), QColor(Qt::red));
+        QVERIFY(QColor(seen.pixel(45, 45)) != QColor(0, 255, 0));
+    }
+
+    void existingFileIsUsed()
+    {
+        const QString file = watermarkFile();
+        writeFile(file, "as it is");
+        QCOMPARE(watermarkFile(), file);
+        QCOMPARE(contentOf(file), QByteArray("as it is"));
+    }
+
+    void nowhereToStoreIt()
+    {
+        const QString none = QStringLiteral("QWidget#orgWidget{background-image: url();} ");
+        m_host->context.baseFolder.clear();
+        QCOMPARE(watermarkSheet(QStringLiteral("orgWidget"), true), none);
+        // A file where the folder should be.
+        m_host->context.baseFolder = m_folder->path();
+        QFile inTheWay(m_folder->filePath(QStringLiteral("me")));
+        QVERIFY(inTheWay.open(QIODevice::WriteOnly));
+        QCOMPARE(watermarkSheet(QStringLiteral("orgWidget"), true), none);
+    }
 
 private:
     std::unique_ptr<QTemporaryDir> m_folder;
     std::unique_ptr<FakeHost> m_host;
 };
-
-void TstWatermark::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_host = std::make_unique<FakeHost>();
-    m_host->context.user = QStringLiteral("me");
-    m_host->context.baseFolder = m_folder->path();
-    VcardInfo own;
-    own.nickName = QString::fromUtf8("王小明");
-    own.employeeCode = QStringLiteral("10086");
-    m_host->context.profiles.insert(QStringLiteral("me@corp.example"), own);
-    setSkin("light");
-}
-
-void TstWatermark::cleanup()
-{
-    setSkin("light");
-    m_host.reset();
-}
-
-void TstWatermark::tilesCoverTheDesktop_data()
-{
-    QTest::addColumn<QSize>("desktop");
-    QTest::addColumn<int>("textWidth");
-    QTest::newRow("small") << QSize(800, 600) << 60;
-    QTest::newRow("laptop") << QSize(1366, 768) << 140;
-    QTest::newRow("long texts") << QSize(1920, 1080) << 700;
-    QTest::newRow("upright") << QSize(1200, 1920) << 90;
-    QTest::newRow("5K") << QSize(5120, 2880) << 90;
-}
-
-void TstWatermark::tilesCoverTheDesktop()
-{
-    QFETCH(QSize, desktop);
-    QFETCH(int, textWidth);
-    const Watermark::Tiles tiles =
-        Watermark::tiles(desktop, textWidth, textWidth, FontHeight, Ascent);
-    QVERIFY(tiles.image.width() >= desktop.width());
-    QVERIFY(tiles.image.height() >= desktop.height());
-    // How far a row reaches, by its baseline.
-    QMap<int, QPair<int, int>> reach;
-    for (const Watermark::Cell &cell : tiles.cells) {
-        QCOMPARE(cell.second.y(), cell.first.y());
-        QCOMPARE(cell.second.x() - cell.first.x(), textWidth + 100);
-        auto at = reach.find(cell.first.y());
-        if (at == reach.end())
-            at = reach.insert(cell.first.y(), {cell.first.x(), 0});
-        at->first = qMin(at->first, cell.first.x());
-        at->second = qMax(at->second, cell.first.x() + 2 * textWidth + 200);
-    }
-    // Every point of the desktop, turned back, lies between the ends of a row; the
-    // beginning may leave room of a shifted row.
-    QTransform turn;
-    turn.rotate(-Watermark::AngleDegrees);
-    const QTransform back = turn.inverted();
-    for (int y = 0; y < desktop.height(); y += 20) {
-        for (int x = 0; x < desktop.width(); x += 20) {
-            const QPointF at = back.map(QPointF(x, y));
-            const int baseline = int(at.y()) / (FontHeight + 50) * (FontHeight + 50) + Ascent;
-            const auto row = reach.constFind(baseline);
-            QVERIFY2(row != reach.constEnd(), qPrintable(QStringLiteral("%1,%2").arg(x).arg(y)));
-            QVERIFY2(at.x() >= row->first - 120 && at.x() <= row->second,
-                     qPrintable(QStringLiteral("%1,%2").arg(x).arg(y)));
-        }
-    }
-}
-
-void TstWatermark::pictureHasInkEverywhere()
-{
-    const QString file = watermarkFile();
-    QCOMPARE(QFileInfo(file).path(), m_folder->path() + QStringLiteral("/me/waterMark"));
-    const QImage image = QImage(file).convertToFormat(QImage::Format_ARGB32);
-    QVERIFY(!image.isNull());
-    const QSize window(360, 200);
-    int inked = 0;
-    for (int y = 0; y + window.height() <= image.height(); y += window.height()) {
-        for (int x = 0; x + window.width() <= image.width(); x += window.width()) {
-            int ink = 0;
-            for (int i = 0; i < window.width() * window.height(); ++i)
-                ink += qAlpha(image.pixel(x + i % window.width(), y + i / window.width())) > 128;
-            QVERIFY2(ink > 50, qPrintable(QStringLiteral("nothing at %1,%2").arg(x).arg(y)));
-            inked += ink;
-        }
-    }
-    // It is a pattern behind the text of rows, not a ground.
-    QVERIFY(inked < image.width() * image.height() / 20);
-}
-
-void TstWatermark::pictureColour_data()
-{
-    QTest::addColumn<QByteArray>("skin");
-    QTest::addColumn<QByteArray>("told");
-    QTest::addColumn<QColor>("seen");
-    QTest::addColumn<QString>("suffix");
-    QTest::newRow("none") << QByteArray("light") << QByteArray() << QColor("#e8e9eb")
-                          << "_#e8e9eb.png";
-    QTest::newRow("components") << QByteArray("light") << QByteArray("180,170,160")
-                                << QColor(180, 170, 160) << "_180,170,160.png";
-    QTest::newRow("hexadecimal") << QByteArray("light") << QByteArray("#102030")
-                                 << QColor("#102030") << "_#102030.png";
-    QTest::newRow("no colour") << QByteArray("light") << QByteArray("../x") << QColor("#e8e9eb")
-                               << "_.._x.png";
-    QTest::newRow("dark") << QByteArray("dark") << QByteArray() << QColor("#2a2d33")
-                          << "_#2a2d33.png";
-}
-
-void TstWatermark::pictureColour()
-{
-    QFETCH(QByteArray, skin);
-    QFETCH(QByteArray, told);
-    QFETCH(QColor, seen);
-    QFETCH(QString, suffix);
-    setSkin(skin.constData(), told.constData());
-    const QString file = watermarkFile();
-    QVERIFY2(file.endsWith(suffix), qPrintable(file));
-    const QImage image = QImage(file).convertToFormat(QImage::Format_ARGB32);
-    QRgb strongest = 0;
-    for (int y = 0; y < 200; ++y) {
-        for (int x = 0; x < 400; ++x) {
-            if (qAlpha(image.pixel(x, y)) > qAlpha(strongest))
-                strongest = image.pixel(x, y);
-        }
-    }
-    QVERIFY(qAlpha(strongest) > 200);
-    QCOMPARE(QColor(qRed(strongest), qGreen(strongest), qBlue(strongest)), seen);
-}
-
-void TstWatermark::fileNames_data()
-{
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("expected"); // before "_#e8e9eb.png"
-    QTest::newRow("plain") << "Anna Li"
-                           << "Anna Li";
-    QTest::newRow("Chinese") << QString::fromUtf8("王小明") << QString::fromUtf8("王小明");
-    QTest::newRow("up") << "../../../etc/passwd"
-                        << ".._.._.._etc_passwd";
-    QTest::newRow("absolute") << "C:\\Windows\\x"
-                              << "C__Windows_x";
-    QTest::newRow("forbidden") << "a*b?c\"d<e>f|g"
-                               << "a_b_c_d_e_f_g";
-    QTest::newRow("control") << QStringLiteral("a\nb\tc").append(QChar(0)) << "a_b_c_";
-    QTest::newRow("sheet") << "x);} Q{}"
-                           << "x);} Q{}";
-    QTest::newRow("long") << QString(10000, QLatin1Char('n')) << QString(200, QLatin1Char('n'));
-    QTest::newRow("long Chinese") << QString(500, QChar(0x738b)) << QString(66, QChar(0x738b));
-}
-
-void TstWatermark::fileNames()
-{
-    QFETCH(QString, name);
-    QFETCH(QString, expected);
-    QCOMPARE(Watermark::fileName(name, QStringLiteral("#e8e9eb")),
-             expected + QStringLiteral("_#e8e9eb.png"));
-}
-
-void TstWatermark::sheetText_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("off") << ""
-                         << "QWidget#orgWidget{background-image: url();} ";
-    QTest::newRow("plain") << "/d/u/waterMark/A B_#e8e9eb.png"
-                           << "QWidget#orgWidget{background-image: "
-                              "url(/d/u/waterMark/A B_#e8e9eb.png);} ";
-    QTest::newRow("bracket") << "/d/A)_1,2,3.png"
-                             << "QWidget#orgWidget{background-image: url(\"/d/A)_1,2,3.png\");} ";
-}
-
-void TstWatermark::sheetText()
-{
-    QFETCH(QString, file);
-    QFETCH(QString, expected);
-    QCOMPARE(Watermark::sheet(QStringLiteral("orgWidget"), file), expected);
-}
-
-void TstWatermark::sheetStaysASheet_data()
-{
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<QString>("name");
-    const char *names[] = {"plain name",
-                           "x);} QWidget#other{background-color:#00ff00} q{a:url(",
-                           "a'b",
-                           "a\"b",
-                           "a\");} QWidget#other{background-color:#00ff00} q{a:url(\"",
-                           "{} () % & ? $ ^ ` < >",
-                           "../../up",
-                           "back\\slash",
-                           "a;b",
-                           "#@,!~+=[]"};
-    for (const char *name : names)
-        QTest::newRow(name) << "f" << name;
-    QTest::newRow("Chinese") << "f" << QString::fromUtf8("王（小）明");
-#ifdef Q_OS_UNIX
-    for (const char *folder : {"it's", "\"quoted\"", "back\\slash", "(round) {curly}", "100 %"})
-        QTest::newRow(folder) << folder << "name";
-#endif
-}
-
-void TstWatermark::sheetStaysASheet()
-{
-    QFETCH(QString, folder);
-    QFETCH(QString, name);
-    const QString path = m_folder->path() + QLatin1Char('/') + folder;
-    QVERIFY(QDir().mkpath(path));
-    const QString file = path + QLatin1Char('/') + Watermark::fileName(name, QStringLiteral("red"));
-    QImage red(8, 8, QImage::Format_RGB32);
-    red.fill(Qt::red);
-    QVERIFY(red.save(file));
-
-    QWidget page;
-    page.setObjectName(QStringLiteral("orgWidget"));
-    page.setAttribute(Qt::WA_StyledBackground);
-    page.resize(60, 60);
-    QWidget other(&page);
-    other.setObjectName(QStringLiteral("other"));
-    other.setAttribute(Qt::WA_StyledBackground);
-    other.setGeometry(30, 30, 30, 30);
-    page.setStyleSheet(Watermark::sheet(page.objectName(), file));
-    const QImage seen = page.grab().toImage();
-    QCOMPARE(QColor(seen.pixel(10, 10)), QColor(Qt::red));
-    QVERIFY(QColor(seen.pixel(45, 45)) != QColor(0, 255, 0));
-}
-
-void TstWatermark::existingFileIsUsed()
-{
-    const QString file = watermarkFile();
-    QFile marked(file);
-    QVERIFY(marked.open(QIODevice::WriteOnly));
-    marked.write("as it is");
-    marked.close();
-    QCOMPARE(watermarkFile(), file);
-    QVERIFY(marked.open(QIODevice::ReadOnly));
-    QCOMPARE(marked.readAll(), QByteArray("as it is"));
-}
-
-void TstWatermark::nowhereToStoreIt()
-{
-    const QString none = QStringLiteral("QWidget#orgWidget{background-image: url();} ");
-    m_host->context.baseFolder.clear();
-    QCOMPARE(watermarkSheet(QStringLiteral("orgWidget"), true), none);
-    // A file where the folder should be.
-    m_host->context.baseFolder = m_folder->path();
-    QFile inTheWay(m_folder->filePath(QStringLiteral("me")));
-    QVERIFY(inTheWay.open(QIODevice::WriteOnly));
-    QCOMPARE(watermarkSheet(QStringLiteral("orgWidget"), true), none);
-}
 
 FRIENDUI_TEST(TstWatermark)
 #include "tst_watermark.moc"

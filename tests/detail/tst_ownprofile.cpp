@@ -11,9 +11,50 @@ class TstOwnProfile : public QObject
 private slots:
     void init() { m_fixture = std::make_unique<CardFixture>(); }
     void cleanup() { m_fixture.reset(); }
-    void showsAndFollowsTheProfile();
-    void asksForAnUnknownProfile();
-    void editsOnlyWhereThereIsAnEditor();
+
+    void showsAndFollowsTheProfile()
+    {
+        VcardInfo profile = m_fixture->profileOf(m_own);
+        m_fixture->host.context.profiles.insert(m_own, profile);
+        const OwnProfileWindow *window = open();
+        QCOMPARE(CardFixture::text(window, "name"), profile.nickName);
+        QCOMPARE(CardFixture::text(window, "lblAccount"), QStringLiteral("me"));
+        QCOMPARE(CardFixture::text(window, "qianming"), profile.sign);
+        QCOMPARE(CardFixture::text(window, "Department"), profile.orgName);
+        QVERIFY(!CardFixture::part(window, "Remark")->isVisible());
+        QCOMPARE(m_fixture->host.count(Outbound::RequestProfile), 0);
+        profile.sign = QStringLiteral("<i>new</i>");
+        m_fixture->host.context.profiles.insert(m_own, profile);
+        FakeHost::send(Inbound::OwnProfileStored);
+        QCOMPARE(CardFixture::text(window, "qianming"), profile.sign);
+    }
+
+    void asksForAnUnknownProfile()
+    {
+        const OwnProfileWindow *window = open();
+        QCOMPARE(CardFixture::text(window, "name"), QStringLiteral("me"));
+        QCOMPARE(m_fixture->host.count(Outbound::RequestProfile), 1);
+        m_fixture->host.context.profiles.insert(m_own, m_fixture->profileOf(m_own));
+        m_fixture->answer(m_fixture->stranger);
+        QCOMPARE(CardFixture::text(window, "Email"), QStringLiteral("---"));
+        m_fixture->answer(m_own);
+        QCOMPARE(CardFixture::text(window, "Email"), QStringLiteral("anna@mail.example"));
+    }
+
+    void editsOnlyWhereThereIsAnEditor()
+    {
+        QVERIFY(!CardFixture::button(open(), "btnEditPicture")->isVisible());
+        CDetailViewManager::instance()->ownProfileWindow()->close();
+        CardFixture::settle();
+        OwnProfileWindow window;
+        int asked = 0;
+        connect(&window, &OwnProfileWindow::signal_editPicture, this, [&asked] { ++asked; });
+        window.setAttribute(Qt::WA_DeleteOnClose, false);
+        window.setJid(m_own);
+        window.present();
+        QTest::mouseClick(CardFixture::button(&window, "btnEditPicture"), Qt::LeftButton);
+        QCOMPARE(asked, 1);
+    }
 
 private:
     OwnProfileWindow *open()
@@ -25,50 +66,6 @@ private:
     const QString m_own = QStringLiteral("me@corp.example");
     std::unique_ptr<CardFixture> m_fixture;
 };
-
-void TstOwnProfile::showsAndFollowsTheProfile()
-{
-    VcardInfo profile = m_fixture->profileOf(m_own);
-    m_fixture->host.context.profiles.insert(m_own, profile);
-    const OwnProfileWindow *window = open();
-    QCOMPARE(CardFixture::text(window, "name"), profile.nickName);
-    QCOMPARE(CardFixture::text(window, "lblAccount"), QStringLiteral("me"));
-    QCOMPARE(CardFixture::text(window, "qianming"), profile.sign);
-    QCOMPARE(CardFixture::text(window, "Department"), profile.orgName);
-    QVERIFY(!CardFixture::part(window, "Remark")->isVisible());
-    QCOMPARE(m_fixture->host.count(Outbound::RequestProfile), 0);
-    profile.sign = QStringLiteral("<i>new</i>");
-    m_fixture->host.context.profiles.insert(m_own, profile);
-    FakeHost::send(Inbound::OwnProfileStored);
-    QCOMPARE(CardFixture::text(window, "qianming"), profile.sign);
-}
-
-void TstOwnProfile::asksForAnUnknownProfile()
-{
-    const OwnProfileWindow *window = open();
-    QCOMPARE(CardFixture::text(window, "name"), QStringLiteral("me"));
-    QCOMPARE(m_fixture->host.count(Outbound::RequestProfile), 1);
-    m_fixture->host.context.profiles.insert(m_own, m_fixture->profileOf(m_own));
-    m_fixture->answer(m_fixture->stranger);
-    QCOMPARE(CardFixture::text(window, "Email"), QStringLiteral("---"));
-    m_fixture->answer(m_own);
-    QCOMPARE(CardFixture::text(window, "Email"), QStringLiteral("anna@mail.example"));
-}
-
-void TstOwnProfile::editsOnlyWhereThereIsAnEditor()
-{
-    QVERIFY(!CardFixture::button(open(), "btnEditPicture")->isVisible());
-    CDetailViewManager::instance()->ownProfileWindow()->close();
-    CardFixture::settle();
-    OwnProfileWindow window;
-    int asked = 0;
-    connect(&window, &OwnProfileWindow::signal_editPicture, this, [&asked] { ++asked; });
-    window.setAttribute(Qt::WA_DeleteOnClose, false);
-    window.setJid(m_own);
-    window.present();
-    QTest::mouseClick(CardFixture::button(&window, "btnEditPicture"), Qt::LeftButton);
-    QCOMPARE(asked, 1);
-}
 
 FRIENDUI_TEST(TstOwnProfile)
 #include "tst_ownprofile.moc"

@@ -13,9 +13,7 @@
 
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
@@ -164,12 +162,10 @@ private slots:
 
     void onlyTheRightCertificateAndPasswordDo_data()
     {
-        QTest::addColumn<bool>("rightAuthority");
-        QTest::addColumn<bool>("rightPassword");
-        QTest::addColumn<int>("state");
-        QTest::newRow("both") << true << true << int(WebServices::Ready);
-        QTest::newRow("another authority") << false << true << int(WebServices::Unreachable);
-        QTest::newRow("another password") << true << false << int(WebServices::Failed);
+        const Rows<bool, bool, int> row{"rightAuthority", "rightPassword", "state"};
+        row("both", true, true, int(WebServices::Ready));
+        row("another authority", false, true, int(WebServices::Unreachable));
+        row("another password", true, false, int(WebServices::Failed));
     }
     void onlyTheRightCertificateAndPasswordDo()
     {

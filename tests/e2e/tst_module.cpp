@@ -15,7 +15,6 @@
 #include <QPointer>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTest>
 
 #include <cstdio>
 #include <vector>
@@ -156,200 +155,188 @@ class TstModule : public QObject
     Q_OBJECT
 
 private slots:
-    void initTestCase();
-    void metadata();
-    void exportsOnlyThePluginEntry();
-    void linksNoTls();
-    void constantAnswers();
-    void mainWidget();
-    void requestsComeFromThePlugin();
-    void eventsReachThePane();
-    void queryIsAnswered();
-    void endsQuietly();
-    void refusesOtherLibraries_data();
-    void refusesOtherLibraries();
-};
-
-void TstModule::initTestCase()
-{
-    if (!qEnvironmentVariableIsSet(ChildVariable))
-        return;
-    runChild();
-    QSKIP("the child has done its part");
-}
-
-void TstModule::metadata()
-{
-    const QPluginLoader loader(Module);
-    const QJsonObject data = loader.metaData();
-    QVERIFY(!loader.isLoaded());
-    QCOMPARE(data.value(QStringLiteral("className")).toString(), QStringLiteral("FriendUIPlugin"));
-    const QString iid = data.value(QStringLiteral("IID")).toString();
-    QCOMPARE(iid, QString::fromLatin1(qobject_interface_iid<PluginInterface *>()));
-    QVERIFY(iid.endsWith(QLatin1String("/1.0")));
-    QCOMPARE(data.value(QStringLiteral("debug")).toBool(true), bool(FRIENDUI_DEBUG_MODULE));
-    QVERIFY(data.value(QStringLiteral("MetaData")).toObject().isEmpty());
-    QCOMPARE(data.value(QStringLiteral("version")).toInt() >> 8, QT_VERSION >> 8);
-}
-
-void TstModule::exportsOnlyThePluginEntry()
-{
-    const QString nm = QStandardPaths::findExecutable(QStringLiteral("nm"));
-    if (nm.isEmpty())
-        QSKIP("there is no nm");
-    QStringList names;
-    const QStringList lines = outputLines(
-        nm, {QStringLiteral("-D"), QStringLiteral("-P"), QStringLiteral("--defined-only"), Module});
-    for (const QString &line : lines)
-        names.append(line.section(QLatin1Char(' '), 0, 0));
-    names.sort();
-    QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"),
-                                 QStringLiteral("qt_plugin_query_metadata")}));
-}
-
-void TstModule::linksNoTls()
-{
-    const QString objdump = QStandardPaths::findExecutable(QStringLiteral("objdump"));
-    if (objdump.isEmpty())
-        QSKIP("there is no objdump");
-    const QStringList needed =
-        outputLines(objdump, {QStringLiteral("-p"), Module}).filter(QStringLiteral("NEEDED"));
-    QVERIFY(!needed.filter(QStringLiteral("libQt5Widgets")).isEmpty());
-    for (const char *library : {"libssl", "libcrypto", "libQt5WebEngine"})
-        QCOMPARE(needed.filter(QLatin1String(library)), QStringList());
-}
-
-void TstModule::constantAnswers()
-{
-    const Host host;
-    QVERIFY(host.plugin);
-    QCOMPARE(host.plugin->getPluginName(), QStringLiteral("FriendUIPlugin"));
-    QCOMPARE(host.plugin->getPluginId(), PluginIdText);
-    for (const quintptr word : {quintptr(0), quintptr(1), ~quintptr(0)}) {
-        QVERIFY(host.plugin->acceptsRequest(word, word, word));
-        QVERIFY(host.plugin->acceptsNotice(word, word, word));
-        QVERIFY(host.plugin->exportedItems(word, word).isEmpty());
+    void initTestCase()
+    {
+        if (!qEnvironmentVariableIsSet(ChildVariable))
+            return;
+        runChild();
+        QSKIP("the child has done its part");
     }
-    QVERIFY(host.plugin->getEventReceiver());
-    QCOMPARE(host.plugin->getEventReceiver(), host.plugin->getEventReceiver());
-}
 
-void TstModule::mainWidget()
-{
-    Host host;
-    QVERIFY(host.plugin);
-    QWidget window;
-    host.pane = host.plugin->getMainWidget(&window);
-    QVERIFY(host.pane);
-    QVERIFY(!host.pane->parent());
-    QCOMPARE(host.pane->metaObject()->className(), "FriendWidget");
-    QCOMPARE(host.plugin->getMainWidget(nullptr), host.pane.data());
-    // Whoever embeds it owns it; a new one takes its place.
-    host.pane->setParent(&window);
-    QCOMPARE(host.plugin->getMainWidget(nullptr), host.pane.data());
-    QCOMPARE(host.pane->parent(), &window);
-    delete host.pane;
-    host.pane = host.plugin->getMainWidget(nullptr);
-    QVERIFY(host.pane);
-}
+    void metadata()
+    {
+        const QPluginLoader loader(Module);
+        const QJsonObject data = loader.metaData();
+        QVERIFY(!loader.isLoaded());
+        QCOMPARE(data.value(QStringLiteral("className")).toString(),
+                 QStringLiteral("FriendUIPlugin"));
+        const QString iid = data.value(QStringLiteral("IID")).toString();
+        QCOMPARE(iid, QString::fromLatin1(qobject_interface_iid<PluginInterface *>()));
+        QVERIFY(iid.endsWith(QLatin1String("/1.0")));
+        QCOMPARE(data.value(QStringLiteral("debug")).toBool(true), bool(FRIENDUI_DEBUG_MODULE));
+        QVERIFY(data.value(QStringLiteral("MetaData")).toObject().isEmpty());
+        QCOMPARE(data.value(QStringLiteral("version")).toInt() >> 8, QT_VERSION >> 8);
+    }
 
-void TstModule::requestsComeFromThePlugin()
-{
-    Host host;
-    QVERIFY(host.plugin);
-    host.show();
-    host.send(Inbound::GroupListFailed, {});
-    QCOMPARE(host.receiver.requests.size(), 1);
-    const Receiver::Request request = host.receiver.requests.first();
-    QCOMPARE(request.code, qint32(Outbound::RefreshGroups));
-    QCOMPARE(request.sender, host.plugin->getPluginId());
-    QCOMPARE(request.receiver, QString::fromLatin1(PluginId::Roster));
-    QCOMPARE(request.payload, encode(true));
-}
+    void exportsOnlyThePluginEntry()
+    {
+        const QString nm = QStandardPaths::findExecutable(QStringLiteral("nm"));
+        if (nm.isEmpty())
+            QSKIP("there is no nm");
+        QStringList names;
+        const QStringList lines = outputLines(nm, {QStringLiteral("-D"), QStringLiteral("-P"),
+                                                   QStringLiteral("--defined-only"), Module});
+        for (const QString &line : lines)
+            names.append(line.section(QLatin1Char(' '), 0, 0));
+        names.sort();
+        QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"),
+                                     QStringLiteral("qt_plugin_query_metadata")}));
+    }
 
-void TstModule::eventsReachThePane()
-{
-    Host host;
-    QVERIFY(host.plugin);
-    host.show();
-    FriendData anna;
-    anna.jid = QStringLiteral("anna@corp.example");
-    anna.nickName = QStringLiteral("Anna");
-    anna.groupId = QStringLiteral("g1");
-    host.send(Inbound::GroupList,
-              encode(QList<GroupData>{{QStringLiteral("g1"), QStringLiteral("Alpha")}}, true));
-    host.send(Inbound::ContactList, encode(QList<FriendData>{anna}));
-    const QAbstractItemModel *model = host.tree()->model();
-    const QModelIndex group = model->index(0, 0);
-    QCOMPARE(group.data(Qt::UserRole + 1).toString(), QStringLiteral("Alpha"));
-    QCOMPARE(model->rowCount(group), 1);
-    const QModelIndex row = model->index(0, 0, group);
-    QCOMPARE(row.data(Qt::UserRole + 1).toString(), QStringLiteral("Anna"));
-    QCOMPARE(row.data(Qt::UserRole + 4).toInt(), 0);
-    PresenceData away;
-    away.pcShow = PresenceData::Away;
-    host.send(Inbound::PresenceChanged, encode(QMap<QString, PresenceData>{{anna.jid, away}}));
-    QCOMPARE(model->index(0, 0, group).data(Qt::UserRole + 4).toInt(), 2);
+    void linksNoTls()
+    {
+        const QString objdump = QStandardPaths::findExecutable(QStringLiteral("objdump"));
+        if (objdump.isEmpty())
+            QSKIP("there is no objdump");
+        const QStringList needed =
+            outputLines(objdump, {QStringLiteral("-p"), Module}).filter(QStringLiteral("NEEDED"));
+        QVERIFY(!needed.filter(QStringLiteral("libQt5Widgets")).isEmpty());
+        for (const char *library : {"libssl", "libcrypto", "libQt5WebEngine"})
+            QCOMPARE(needed.filter(QLatin1String(library)), QStringList());
+    }
 
-    // The user opens a chat.
-    host.tree()->setCurrentIndex(model->index(0, 0, group));
-    QTest::keyClick(host.tree(), Qt::Key_Return);
-    QCOMPARE(host.receiver.requests.size(), 1);
-    QCOMPARE(host.receiver.requests.first().code, qint32(Outbound::OpenChat));
-    QCOMPARE(host.receiver.requests.first().payload, encode(anna.jid, qint32(0)));
+    void constantAnswers()
+    {
+        const Host host;
+        QVERIFY(host.plugin);
+        QCOMPARE(host.plugin->getPluginName(), QStringLiteral("FriendUIPlugin"));
+        QCOMPARE(host.plugin->getPluginId(), PluginIdText);
+        for (const quintptr word : {quintptr(0), quintptr(1), ~quintptr(0)}) {
+            QVERIFY(host.plugin->acceptsRequest(word, word, word));
+            QVERIFY(host.plugin->acceptsNotice(word, word, word));
+            QVERIFY(host.plugin->exportedItems(word, word).isEmpty());
+        }
+        QVERIFY(host.plugin->getEventReceiver());
+        QCOMPARE(host.plugin->getEventReceiver(), host.plugin->getEventReceiver());
+    }
 
-    // An event for another plug-in is left alone.
-    BaseEvent other(Inbound::ContactRemoved, encode(anna.jid, true), QString(),
-                    QString::fromLatin1(PluginId::Chat));
-    QCoreApplication::sendEvent(host.plugin->getEventReceiver(), &other);
-    QVERIFY(!other.isAccepted());
-    QCOMPARE(model->rowCount(group), 1);
-}
+    void mainWidget()
+    {
+        Host host;
+        QVERIFY(host.plugin);
+        QWidget window;
+        host.pane = host.plugin->getMainWidget(&window);
+        QVERIFY(host.pane);
+        QVERIFY(!host.pane->parent());
+        QCOMPARE(host.pane->metaObject()->className(), "FriendWidget");
+        QCOMPARE(host.plugin->getMainWidget(nullptr), host.pane.data());
+        // Whoever embeds it owns it; a new one takes its place.
+        host.pane->setParent(&window);
+        QCOMPARE(host.plugin->getMainWidget(nullptr), host.pane.data());
+        QCOMPARE(host.pane->parent(), &window);
+        delete host.pane;
+        host.pane = host.plugin->getMainWidget(nullptr);
+        QVERIFY(host.pane);
+    }
 
-void TstModule::queryIsAnswered()
-{
-    const Host host;
-    QVERIFY(host.plugin);
-    const BaseEvent stranger =
-        host.send(Inbound::MayAddContact, encode(QStringLiteral("x@corp.example")));
-    QCOMPARE(stranger.payload, encode(true));
-    const BaseEvent own =
-        host.send(Inbound::MayAddContact, encode(QStringLiteral("me@corp.example")));
-    QCOMPARE(own.payload, encode(false));
-}
+    void requestsComeFromThePlugin()
+    {
+        Host host;
+        QVERIFY(host.plugin);
+        host.show();
+        host.send(Inbound::GroupListFailed, {});
+        QCOMPARE(host.receiver.requests.size(), 1);
+        const Receiver::Request request = host.receiver.requests.first();
+        QCOMPARE(request.code, qint32(Outbound::RefreshGroups));
+        QCOMPARE(request.sender, host.plugin->getPluginId());
+        QCOMPARE(request.receiver, QString::fromLatin1(PluginId::Roster));
+        QCOMPARE(request.payload, encode(true));
+    }
 
-void TstModule::endsQuietly()
-{
-    QProcess child;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QLatin1String(ChildVariable), QStringLiteral("1"));
-    child.setProcessEnvironment(environment);
-    child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("TstModule")});
-    QVERIFY(child.waitForFinished(60000));
-    const QByteArray output = child.readAllStandardOutput();
-    QVERIFY2(child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0,
-             child.readAllStandardError().constData());
-    QVERIFY2(output.contains("ended: 0"), output.constData());
-    QVERIFY2(!output.contains("loaded:"), output.constData());
-}
+    void eventsReachThePane()
+    {
+        Host host;
+        QVERIFY(host.plugin);
+        host.show();
+        FriendData anna;
+        anna.jid = QStringLiteral("anna@corp.example");
+        anna.nickName = QStringLiteral("Anna");
+        anna.groupId = QStringLiteral("g1");
+        host.send(Inbound::GroupList,
+                  encode(QList<GroupData>{{QStringLiteral("g1"), QStringLiteral("Alpha")}}, true));
+        host.send(Inbound::ContactList, encode(QList<FriendData>{anna}));
+        const QAbstractItemModel *model = host.tree()->model();
+        const QModelIndex group = model->index(0, 0);
+        QCOMPARE(group.data(Qt::UserRole + 1).toString(), QStringLiteral("Alpha"));
+        QCOMPARE(model->rowCount(group), 1);
+        const QModelIndex row = model->index(0, 0, group);
+        QCOMPARE(row.data(Qt::UserRole + 1).toString(), QStringLiteral("Anna"));
+        QCOMPARE(row.data(Qt::UserRole + 4).toInt(), 0);
+        PresenceData away;
+        away.pcShow = PresenceData::Away;
+        host.send(Inbound::PresenceChanged, encode(QMap<QString, PresenceData>{{anna.jid, away}}));
+        QCOMPARE(model->index(0, 0, group).data(Qt::UserRole + 4).toInt(), 2);
 
-void TstModule::refusesOtherLibraries_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::newRow("no plug-in") << QStringLiteral(FRIENDUI_UNRELATED);
-    QTest::newRow("no library") << QStringLiteral(__FILE__);
-    QTest::newRow("nothing") << QStringLiteral("/nonexistent/libFriendUI.so");
-}
+        // The user opens a chat.
+        host.tree()->setCurrentIndex(model->index(0, 0, group));
+        QTest::keyClick(host.tree(), Qt::Key_Return);
+        QCOMPARE(host.receiver.requests.size(), 1);
+        QCOMPARE(host.receiver.requests.first().code, qint32(Outbound::OpenChat));
+        QCOMPARE(host.receiver.requests.first().payload, encode(anna.jid, qint32(0)));
 
-void TstModule::refusesOtherLibraries()
-{
-    QFETCH(QString, file);
-    QPluginLoader loader(file);
-    QVERIFY(loader.metaData().value(QStringLiteral("IID")).isUndefined());
-    QVERIFY(!loader.instance());
-    QVERIFY(!loader.isLoaded());
-    QVERIFY(!loader.errorString().isEmpty());
-}
+        // An event for another plug-in is left alone.
+        BaseEvent other(Inbound::ContactRemoved, encode(anna.jid, true), QString(),
+                        QString::fromLatin1(PluginId::Chat));
+        QCoreApplication::sendEvent(host.plugin->getEventReceiver(), &other);
+        QVERIFY(!other.isAccepted());
+        QCOMPARE(model->rowCount(group), 1);
+    }
+
+    void queryIsAnswered()
+    {
+        const Host host;
+        QVERIFY(host.plugin);
+        const BaseEvent stranger =
+            host.send(Inbound::MayAddContact, encode(QStringLiteral("x@corp.example")));
+        QCOMPARE(stranger.payload, encode(true));
+        const BaseEvent own =
+            host.send(Inbound::MayAddContact, encode(QStringLiteral("me@corp.example")));
+        QCOMPARE(own.payload, encode(false));
+    }
+
+    void endsQuietly()
+    {
+        QProcess child;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert(QLatin1String(ChildVariable), QStringLiteral("1"));
+        child.setProcessEnvironment(environment);
+        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("TstModule")});
+        QVERIFY(child.waitForFinished(60000));
+        const QByteArray output = child.readAllStandardOutput();
+        QVERIFY2(child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0,
+                 child.readAllStandardError().constData());
+        QVERIFY2(output.contains("ended: 0"), output.constData());
+        QVERIFY2(!output.contains("loaded:"), output.constData());
+    }
+
+    void refusesOtherLibraries_data()
+    {
+        const Rows<QString> row{"file"};
+        row("no plug-in", QStringLiteral(FRIENDUI_UNRELATED));
+        row("no library", QStringLiteral(__FILE__));
+        row("nothing", QStringLiteral("/nonexistent/libFriendUI.so"));
+    }
+
+    void refusesOtherLibraries()
+    {
+        QFETCH(QString, file);
+        QPluginLoader loader(file);
+        QVERIFY(loader.metaData().value(QStringLiteral("IID")).isUndefined());
+        QVERIFY(!loader.instance());
+        QVERIFY(!loader.isLoaded());
+        QVERIFY(!loader.errorString().isEmpty());
+    }
+};
 
 FRIENDUI_TEST(TstModule)
 #include "tst_module.moc"

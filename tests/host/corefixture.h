@@ -37,6 +37,7 @@ protected:
         m_core.reset();
         EmbeddedCore::Options options;
         options.folder = m_folder->path();
+        options.sampleFriends = m_sampleFriends;
         m_core = std::make_unique<EmbeddedCore>(options);
         m_core->setAnswerDelay(0);
         m_core->setConfirmationDelay(0);
@@ -86,4 +87,5 @@ protected:
     QScopedPointer<QTemporaryDir> m_folder;
     std::unique_ptr<EmbeddedCore> m_core;
     FriendData m_record;
+    bool m_sampleFriends = true;
 };

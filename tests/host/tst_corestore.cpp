@@ -1,12 +1,12 @@
 // The embedded core's file: permissions, damage, versions, transactions.
 #include "host/core/corestore.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSqlError>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 // Every table and index with its columns, in a fixed order.
@@ -20,13 +20,6 @@ QStringList shapeOf(CoreStore *store)
             shape.append(query.value(0).toString());
     }
     return shape;
-}
-
-void writeFile(const QString &name, const QByteArray &bytes)
-{
-    QFile file(name);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
 }
 } // namespace
 
@@ -87,11 +80,11 @@ private slots:
 
     void damagedFilesAreKeptUnderANameThatIsTold_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::newRow("no database at all") << "text";
-        QTest::newRow("cut in the middle") << "cut";
-        QTest::newRow("page overwritten") << "page";
-        QTest::newRow("another program's tables") << "foreign";
+        const Rows<QString> row{"how"};
+        row("no database at all", "text");
+        row("cut in the middle", "cut");
+        row("page overwritten", "page");
+        row("another program's tables", "foreign");
     }
     void damagedFilesAreKeptUnderANameThatIsTold()
     {
@@ -106,10 +99,7 @@ private slots:
                 return true;
             }));
         }
-        QFile file(m_file);
-        QVERIFY(file.open(QIODevice::ReadWrite));
-        QByteArray bytes = file.readAll();
-        file.close();
+        QByteArray bytes = contentOf(m_file);
         QVERIFY(bytes.size() > 100000);
         if (how == QLatin1String("text"))
             bytes = QByteArray("not a database, only a text of some length\n").repeated(200);
@@ -128,8 +118,7 @@ private slots:
                 QSqlQuery(other).exec(QStringLiteral("CREATE TABLE theirs(a)"));
             }
             QSqlDatabase::removeDatabase(QStringLiteral("other"));
-            QVERIFY(file.open(QIODevice::ReadOnly));
-            bytes = file.readAll();
+            bytes = contentOf(m_file);
         }
 
         CoreStore store(m_file);
@@ -139,9 +128,7 @@ private slots:
         const QStringList kept = folder.entryList({QStringLiteral("core.db.damaged-*")});
         QVERIFY(!kept.isEmpty());
         QVERIFY2(store.notice().contains(kept.first()), qPrintable(store.notice()));
-        QFile keptFile(folder.filePath(kept.first()));
-        QVERIFY(keptFile.open(QIODevice::ReadOnly));
-        QCOMPARE(keptFile.readAll(), bytes);
+        QCOMPARE(contentOf(folder.filePath(kept.first())), bytes);
     }
 
     void filesThatCannotServeAreRefusedUntouched()

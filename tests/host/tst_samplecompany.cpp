@@ -4,7 +4,6 @@
 
 #include <QHash>
 #include <QSet>
-#include <QTest>
 
 namespace {
 QString fingerprint(const SamplePerson &p)
@@ -60,13 +59,12 @@ private slots:
 
     void everybodyHasOneDepartmentAndAWayUp_data()
     {
-        QTest::addColumn<int>("people");
-        QTest::addColumn<int>("levels");
-        QTest::newRow("alone") << 1 << 2;
-        QTest::newRow("two") << 2 << 2;
-        QTest::newRow("fewer than departments") << 30 << 2;
-        QTest::newRow("default") << 300 << 3;
-        QTest::newRow("large") << 20000 << 3;
+        const Rows<int, int> row{"people", "levels"};
+        row("alone", 1, 2);
+        row("two", 2, 2);
+        row("fewer than departments", 30, 2);
+        row("default", 300, 3);
+        row("large", 20000, 3);
     }
     void everybodyHasOneDepartmentAndAWayUp()
     {
@@ -108,41 +106,31 @@ private slots:
     {
         const SampleCompany company(10000);
         QHash<QString, int> names;
-        int chinese = 0, rightToLeft = 0, withMarks = 0, longest = 0, left = 0, signs = 0;
+        int chinese = 0, rightToLeft = 0, withMarks = 0;
         for (int i = 0; i < company.people(); ++i) {
             const SamplePerson person = company.person(i);
             QVERIFY(!person.name.isEmpty() && !person.spell.isEmpty());
             ++names[person.name];
-            const ushort first = person.name.at(0).unicode();
-            chinese += first >= 0x4e00 && first <= 0x9fff ? 1 : 0;
+            chinese += person.name.at(0).script() == QChar::Script_Han ? 1 : 0;
             rightToLeft += person.name.isRightToLeft() ? 1 : 0;
             withMarks += person.name.contains(QLatin1Char('\'')) ? 1 : 0;
-            longest = qMax(longest, person.name.size());
-            left += person.onJob ? 0 : 1;
-            signs += person.sign.isEmpty() ? 0 : 1;
             for (const QChar c : person.account)
                 QVERIFY2(c.unicode() < 128, qPrintable(person.account));
         }
-        QVERIFY(chinese > 6700 && chinese < 7300);
-        QVERIFY(rightToLeft > 20 && withMarks > 20 && longest > 60);
-        QVERIFY(left > 100 && left < 300);
-        QVERIFY(signs > 3000 && signs < 4000);
+        QVERIFY(chinese > 6700 && chinese < 7300 && rightToLeft > 20 && withMarks > 20);
         QVERIFY(*std::max_element(names.cbegin(), names.cend()) > 5);
         QVERIFY(names.size() > 3000);
     }
 
     void friendsAreDifferentPeopleInAllGroups_data()
     {
-        QTest::addColumn<int>("people");
-        QTest::addColumn<int>("fewest");
-        QTest::addColumn<int>("most");
-        QTest::addColumn<int>("groups");
-        QTest::newRow("alone") << 1 << 1 << 1 << 8;
-        QTest::newRow("small") << 40 << 40 << 40 << 8;
-        QTest::newRow("default") << 300 << 60 << 120 << 8;
-        QTest::newRow("just selected") << 2000 << 60 << 130 << 8;
-        QTest::newRow("just everybody") << 2001 << 2001 << 2001 << 8;
-        QTest::newRow("load test") << 100000 << 100000 << 100000 << 200;
+        const Rows<int, int, int, int> row{"people", "fewest", "most", "groups"};
+        row("alone", 1, 1, 1, 8);
+        row("small", 40, 40, 40, 8);
+        row("default", 300, 60, 120, 8);
+        row("just selected", 2000, 60, 130, 8);
+        row("just everybody", 2001, 2001, 2001, 8);
+        row("load test", 100000, 100000, 100000, 200);
     }
     void friendsAreDifferentPeopleInAllGroups()
     {

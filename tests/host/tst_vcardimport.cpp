@@ -1,26 +1,19 @@
 // Importing vCard files into the friend tree, once and again.
-#include "host/core/embeddedcore.h"
 #include "host/core/vcardimport.h"
+#include "tests/host/corefixture.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
-#include <QSignalSpy>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <memory>
-
-class TstVCardImport : public QObject
+class TstVCardImport : public CoreFixture
 {
     Q_OBJECT
 
-private slots:
-    void init()
-    {
-        m_folder.reset(new QTemporaryDir);
-        start();
-    }
+public:
+    TstVCardImport() { m_sampleFriends = false; }
 
+private slots:
     void theFileFillsTheTree()
     {
         QCOMPARE(m_core->contacts().size(), 1); // the own user; no sample friends
@@ -121,30 +114,16 @@ private slots:
         QCOMPARE(summary.problems.size(), 1);
         QVERIFY(summary.text().contains(none));
 
-        QFile text(m_folder->filePath(QStringLiteral("plain.vcf")));
-        QVERIFY(text.open(QIODevice::WriteOnly));
-        text.write("nothing of the kind\n");
-        text.close();
-        summary = importVCardFile(text.fileName(), m_core.get());
+        const QString text = m_folder->filePath(QStringLiteral("plain.vcf"));
+        writeFile(text, "nothing of the kind\n");
+        summary = importVCardFile(text, m_core.get());
         QVERIFY(!summary.ok);
         QCOMPARE(summary.problems.size(), 1);
-        QVERIFY(summary.text().contains(text.fileName()));
+        QVERIFY(summary.text().contains(text));
         QCOMPARE(m_core->contacts().size(), 1);
     }
 
 private:
-    void start()
-    {
-        m_core.reset();
-        EmbeddedCore::Options options;
-        options.folder = m_folder->path();
-        options.sampleFriends = false;
-        m_core = std::make_unique<EmbeddedCore>(options);
-        m_core->setAnswerDelay(0);
-        QString problem;
-        QVERIFY2(m_core->open(&problem), qPrintable(problem));
-    }
-
     VCardImportSummary importText(QByteArray text)
     {
         QBuffer buffer(&text);
@@ -161,22 +140,12 @@ private:
         return {};
     }
 
-    FriendData record(const QString &jid) const
-    {
-        FriendData found;
-        m_core->contact(jid, &found);
-        return found;
-    }
-
     QString newGroup(const QString &name)
     {
         QSignalSpy created(m_core.get(), &EmbeddedCore::groupCreated);
         m_core->createGroup(name, true);
         return created.wait() ? created.first().at(0).toString() : QString();
     }
-
-    QScopedPointer<QTemporaryDir> m_folder;
-    std::unique_ptr<EmbeddedCore> m_core;
 };
 
 FRIENDUI_TEST(TstVCardImport)

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QBuffer>
-#include <QTest>
 #include <QTextCodec>
 
 namespace {
@@ -56,77 +55,75 @@ class TstVCardReader : public QObject
 private slots:
     void addressBooks_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("expected");
+        const Rows<QByteArray, QString> row{"bytes", "expected"};
 
-        QTest::newRow("3.0, web mail")
-            << card("FN:王小明\r\nN:王;小明;;;\r\n"
-                    "EMAIL;TYPE=INTERNET;TYPE=WORK:xm@corp.example\r\n"
-                    "TEL;TYPE=CELL:+86 120 0000 1111\r\nTEL;TYPE=WORKFAX:1\r\n"
-                    "ORG:示例公司;研发部\r\nTITLE:工程师\r\n"
-                    "CATEGORIES:myContacts,项目组\r\n")
-            << QString::fromUtf8("王小明|+86 120 0000 1111/m,1|xm@corp.example|示例公司|研发部|"
-                                 "工程师|myContacts,项目组|");
-        QTest::newRow("3.0, desktop with groups and labels")
-            << card("PRODID:-//Example//Address Book 1//EN\r\nN:O'Brien;Aoife;;Dr.;\r\n"
-                    "FN:Dr. Aoife O'Brien\r\n"
-                    "item1.EMAIL;type=INTERNET;type=pref:aoife@corp.example\r\n"
-                    "item1.X-ABLabel:_$!<Work>!$_\r\n"
-                    "TEL;type=CELL;type=VOICE;type=pref:(120) 000-2222\r\n"
-                    "TEL;type=HOME;type=FAX:5\r\n"
-                    "PHOTO;ENCODING=b;TYPE=JPEG:/9j/4AAQSkZJRgABAQ\r\n"
-                    " AAAQABAAD/2wBD\r\n"
-                    "UID:5A1C-77\r\n")
-            << QStringLiteral("Dr. Aoife O'Brien|(120) 000-2222/m,5/h/f|aoife@corp.example||||"
-                              "|5A1C-77");
-        QTest::newRow("4.0, uris and quoted types")
-            << card("FN;PREF=1:Zoë Müller\r\nFN;LANGUAGE=en:Zoe Mueller\r\n"
-                    "UID:urn:uuid:03a0e51f-d1aa-4385-8a53-e29025acd8af\r\n"
-                    "TEL;VALUE=uri;TYPE=\"voice,cell\":tel:+49-120-3333\r\n"
-                    "TEL;VALUE=uri;PREF=1;TYPE=work;X-A=\"a:b;c\":tel:+49-120-4444;ext=12\r\n"
-                    "EMAIL;TYPE=work:zoe@corp.example\r\n"
-                    "ORG:Example\\, Inc.;R\\;D;Lab\r\nROLE:Research\r\nGENDER:F\r\n"
-                    "CATEGORIES:Work,R\\,D\r\n",
-                    "4.0")
-            << QString::fromUtf8("Zoë Müller|+49-120-3333/m,+49-120-4444;ext=12/w|"
-                                 "zoe@corp.example|Example, Inc.|R;D / Lab||Work,R,D|"
-                                 "03a0e51f-d1aa-4385-8a53-e29025acd8af");
-        QTest::newRow("2.1, phone, quoted-printable over several lines")
-            << card("N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=E5=BC=A0;=E4=BC=\r\n=9F;;;\r\n"
-                    "TEL;CELL;PREF:12000005555\r\nTEL;WORK:8001\r\n"
-                    "ORG;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:A=3BB=2CC\r\n"
-                    "PHOTO;ENCODING=BASE64;JPEG:/9j/4AAQSkZJRgABAQ\r\nAAAQABAAD2wBD\r\n\r\n",
-                    "2.1")
-            << QString::fromUtf8("张伟|12000005555/m,8001/w||A;B,C||||");
-        QTest::newRow("2.1, desktop, national character set")
-            << card("N;CHARSET=gb2312:" + encoded("GB18030", "李;娜") + "\r\n" +
-                        "TITLE;CHARSET=gb2312;ENCODING=QUOTED-PRINTABLE:=BE=AD=C0=ED\r\n",
-                    "2.1")
-            << QString::fromUtf8("李娜|||||经理||");
-        QTest::newRow("folded inside a character")
-            << card(QByteArray("FN:") + "\xe6\xac" + "\r\n \xa7" +
-                    "\xe9\x98\xb3\r\n\t\xe9\x94\x8b\r\n")
-            << QString::fromUtf8("欧阳锋|||||||");
-        QTest::newRow("Chinese name from its parts")
-            << card("N:诸葛;亮;;;\r\n") << QString::fromUtf8("诸葛亮|||||||");
-        QTest::newRow("Latin name from its parts")
-            << card("N:Smith;Anna;Maria;;\r\n") << QStringLiteral("Anna Maria Smith|||||||");
-        QTest::newRow("company only") << card("FN:\r\nN:;;;;\r\nORG:Example Ltd.\r\n")
-                                      << QStringLiteral("Example Ltd.|||Example Ltd.||||");
-        QTest::newRow("markup, newlines and odd escapes")
-            << card("FN:<b>a\\nb\\,c\\;d\\\\e\\x</b>\r\n")
-            << QStringLiteral("<b>a b,c;d\\e\\x</b>|||||||");
-        QTest::newRow("lower case, blanks, LF only, old Mac ends")
-            << QByteArray("begin:vcard\nversion:3.0\nfn: Ann \r tel;type=cell:1\rtel;type=cell:2\n"
-                          "end:vcard\n")
-            << QStringLiteral("Ann tel;type=cell:1|2/m||||||");
-        QTest::newRow("a card within a card")
-            << card("N:Boss;Big\r\nAGENT:\r\nBEGIN:VCARD\r\nN:Agent;Small\r\nTEL:9\r\nEND:VCARD\r\n"
-                    "TEL:1\r\n",
-                    "2.1")
-            << QStringLiteral("Big Boss|1||||||");
-        QTest::newRow("ends with a backslash and an unclosed quote")
-            << card("FN;X=\"oops:Ann\\\r\n") << QStringLiteral("Ann\\|||||||");
+        row("3.0, web mail",
+            card("FN:王小明\r\nN:王;小明;;;\r\n"
+                 "EMAIL;TYPE=INTERNET;TYPE=WORK:xm@corp.example\r\n"
+                 "TEL;TYPE=CELL:+86 120 0000 1111\r\nTEL;TYPE=WORKFAX:1\r\n"
+                 "ORG:示例公司;研发部\r\nTITLE:工程师\r\n"
+                 "CATEGORIES:myContacts,项目组\r\n"),
+            QString::fromUtf8("王小明|+86 120 0000 1111/m,1|xm@corp.example|示例公司|研发部|"
+                              "工程师|myContacts,项目组|"));
+        row("3.0, desktop with groups and labels",
+            card("PRODID:-//Example//Address Book 1//EN\r\nN:O'Brien;Aoife;;Dr.;\r\n"
+                 "FN:Dr. Aoife O'Brien\r\n"
+                 "item1.EMAIL;type=INTERNET;type=pref:aoife@corp.example\r\n"
+                 "item1.X-ABLabel:_$!<Work>!$_\r\n"
+                 "TEL;type=CELL;type=VOICE;type=pref:(120) 000-2222\r\n"
+                 "TEL;type=HOME;type=FAX:5\r\n"
+                 "PHOTO;ENCODING=b;TYPE=JPEG:/9j/4AAQSkZJRgABAQ\r\n"
+                 " AAAQABAAD/2wBD\r\n"
+                 "UID:5A1C-77\r\n"),
+            QStringLiteral("Dr. Aoife O'Brien|(120) 000-2222/m,5/h/f|aoife@corp.example||||"
+                           "|5A1C-77"));
+        row("4.0, uris and quoted types",
+            card("FN;PREF=1:Zoë Müller\r\nFN;LANGUAGE=en:Zoe Mueller\r\n"
+                 "UID:urn:uuid:03a0e51f-d1aa-4385-8a53-e29025acd8af\r\n"
+                 "TEL;VALUE=uri;TYPE=\"voice,cell\":tel:+49-120-3333\r\n"
+                 "TEL;VALUE=uri;PREF=1;TYPE=work;X-A=\"a:b;c\":tel:+49-120-4444;ext=12\r\n"
+                 "EMAIL;TYPE=work:zoe@corp.example\r\n"
+                 "ORG:Example\\, Inc.;R\\;D;Lab\r\nROLE:Research\r\nGENDER:F\r\n"
+                 "CATEGORIES:Work,R\\,D\r\n",
+                 "4.0"),
+            QString::fromUtf8("Zoë Müller|+49-120-3333/m,+49-120-4444;ext=12/w|"
+                              "zoe@corp.example|Example, Inc.|R;D / Lab||Work,R,D|"
+                              "03a0e51f-d1aa-4385-8a53-e29025acd8af"));
+        row("2.1, phone, quoted-printable over several lines",
+            card("N;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:=E5=BC=A0;=E4=BC=\r\n=9F;;;\r\n"
+                 "TEL;CELL;PREF:12000005555\r\nTEL;WORK:8001\r\n"
+                 "ORG;CHARSET=UTF-8;ENCODING=QUOTED-PRINTABLE:A=3BB=2CC\r\n"
+                 "PHOTO;ENCODING=BASE64;JPEG:/9j/4AAQSkZJRgABAQ\r\nAAAQABAAD2wBD\r\n\r\n",
+                 "2.1"),
+            QString::fromUtf8("张伟|12000005555/m,8001/w||A;B,C||||"));
+        row("2.1, desktop, national character set",
+            card("N;CHARSET=gb2312:" + encoded("GB18030", "李;娜") + "\r\n" +
+                     "TITLE;CHARSET=gb2312;ENCODING=QUOTED-PRINTABLE:=BE=AD=C0=ED\r\n",
+                 "2.1"),
+            QString::fromUtf8("李娜|||||经理||"));
+        row("folded inside a character",
+            card(QByteArray("FN:") + "\xe6\xac" + "\r\n \xa7" +
+                 "\xe9\x98\xb3\r\n\t\xe9\x94\x8b\r\n"),
+            QString::fromUtf8("欧阳锋|||||||"));
+        row("Chinese name from its parts", card("N:诸葛;亮;;;\r\n"),
+            QString::fromUtf8("诸葛亮|||||||"));
+        row("Latin name from its parts", card("N:Smith;Anna;Maria;;\r\n"),
+            QStringLiteral("Anna Maria Smith|||||||"));
+        row("company only", card("FN:\r\nN:;;;;\r\nORG:Example Ltd.\r\n"),
+            QStringLiteral("Example Ltd.|||Example Ltd.||||"));
+        row("markup, newlines and odd escapes", card("FN:<b>a\\nb\\,c\\;d\\\\e\\x</b>\r\n"),
+            QStringLiteral("<b>a b,c;d\\e\\x</b>|||||||"));
+        row("lower case, blanks, LF only, old Mac ends",
+            "begin:vcard\nversion:3.0\nfn: Ann \r tel;type=cell:1\rtel;type=cell:2\n"
+            "end:vcard\n",
+            QStringLiteral("Ann tel;type=cell:1|2/m||||||"));
+        row("a card within a card",
+            card("N:Boss;Big\r\nAGENT:\r\nBEGIN:VCARD\r\nN:Agent;Small\r\nTEL:9\r\nEND:VCARD\r\n"
+                 "TEL:1\r\n",
+                 "2.1"),
+            QStringLiteral("Big Boss|1||||||"));
+        row("ends with a backslash and an unclosed quote", card("FN;X=\"oops:Ann\\\r\n"),
+            QStringLiteral("Ann\\|||||||"));
     }
     void addressBooks()
     {
@@ -140,30 +137,27 @@ private slots:
 
     void encodings_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("name");
+        const Rows<QByteArray, QString> row{"bytes", "name"};
         const QByteArray chinese = card("FN:陈晓明\r\nORG:示例科技有限公司\r\n");
         const QByteArray western = card("FN:François Müller-Größe\r\nNOTE:déjà vu\r\n");
         const QString chineseName = QString::fromUtf8("陈晓明");
         const QString westernName = QString::fromUtf8("François Müller-Größe");
-        QTest::newRow("UTF-8 with mark") << "\xef\xbb\xbf" + chinese << chineseName;
-        QTest::newRow("UTF-16 little endian with mark")
-            << QByteArray("\xff\xfe", 2) + encoded("UTF-16LE", chinese) << chineseName;
-        QTest::newRow("UTF-16 big endian with mark")
-            << QByteArray("\xfe\xff", 2) + encoded("UTF-16BE", chinese) << chineseName;
-        QTest::newRow("UTF-16 little endian, no mark")
-            << encoded("UTF-16LE", chinese) << chineseName;
-        QTest::newRow("UTF-16 big endian, no mark") << encoded("UTF-16BE", western) << westernName;
-        QTest::newRow("GB18030, not announced") << encoded("GB18030", chinese) << chineseName;
-        QTest::newRow("GB18030 beyond GB2312")
-            << encoded("GB18030", card("FN:陈镕明\r\n")) << QString::fromUtf8("陈镕明");
-        QTest::newRow("Windows-1252, not announced")
-            << encoded("windows-1252", western) << westernName;
-        QTest::newRow("GB18030, announced as UTF-8")
-            << encoded("GB18030", card("FN;CHARSET=UTF-8:陈晓明\r\n")) << chineseName;
-        QTest::newRow("a decision made before")
-            << encoded("windows-1252", card("NOTE:déjà vu\r\nFN:Weiß-öß\r\n"))
-            << QString::fromUtf8("Weiß-öß");
+        row("UTF-8 with mark", "\xef\xbb\xbf" + chinese, chineseName);
+        row("UTF-16 little endian with mark",
+            QByteArray("\xff\xfe", 2) + encoded("UTF-16LE", chinese), chineseName);
+        row("UTF-16 big endian with mark", QByteArray("\xfe\xff", 2) + encoded("UTF-16BE", chinese),
+            chineseName);
+        row("UTF-16 little endian, no mark", encoded("UTF-16LE", chinese), chineseName);
+        row("UTF-16 big endian, no mark", encoded("UTF-16BE", western), westernName);
+        row("GB18030, not announced", encoded("GB18030", chinese), chineseName);
+        row("GB18030 beyond GB2312", encoded("GB18030", card("FN:陈镕明\r\n")),
+            QString::fromUtf8("陈镕明"));
+        row("Windows-1252, not announced", encoded("windows-1252", western), westernName);
+        row("GB18030, announced as UTF-8", encoded("GB18030", card("FN;CHARSET=UTF-8:陈晓明\r\n")),
+            chineseName);
+        row("a decision made before",
+            encoded("windows-1252", card("NOTE:déjà vu\r\nFN:Weiß-öß\r\n")),
+            QString::fromUtf8("Weiß-öß"));
     }
     void encodings()
     {
@@ -177,26 +171,19 @@ private slots:
 
     void brokenCardsAreToldWithTheirLine_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("cards");
-        QTest::addColumn<int>("skipped");
-        QTest::addColumn<QList<int>>("lines");
+        const Rows<QByteArray, int, int, QList<int>> row{"bytes", "cards", "skipped", "lines"};
         const QByteArray good = card("FN:Good\r\n"); // four lines
-        QTest::newRow("no name") << good + card("TITLE:x\r\n") + good << 2 << 1 << QList<int>{5};
-        QTest::newRow("no end") << "BEGIN:VCARD\r\nFN:Lost\r\n" + good << 1 << 1 << QList<int>{1};
-        QTest::newRow("cut off") << good + "BEGIN:VCARD\r\nFN:Los" << 1 << 1 << QList<int>{5};
-        QTest::newRow("no property")
-            << card("FN:Good\r\nthis is none\r\nTEL:1\r\n") << 1 << 0 << QList<int>{4};
-        QTest::newRow("folded lines are counted")
-            << card("NOTE:a\r\n b\r\n c\r\n=== \r\nFN:x\r\n") << 1 << 0 << QList<int>{6};
-        QTest::newRow("text between the cards")
-            << good + "hello\r\nworld\r\n\r\n" + good << 2 << 0 << QList<int>{5};
-        QTest::newRow("an end too many")
-            << good + "END:VCARD\r\n" + good << 2 << 0 << QList<int>{5};
-        QTest::newRow("unknown character set")
-            << card("FN;CHARSET=x-klingon:Good\r\n") << 1 << 0 << QList<int>{3};
-        QTest::newRow("binary in the middle")
-            << card("FN:Good\r\n" + QByteArray("\x00\x01\xff\xfe\n", 5)) << 1 << 0 << QList<int>{4};
+        row("no name", good + card("TITLE:x\r\n") + good, 2, 1, QList<int>{5});
+        row("no end", "BEGIN:VCARD\r\nFN:Lost\r\n" + good, 1, 1, QList<int>{1});
+        row("cut off", good + "BEGIN:VCARD\r\nFN:Los", 1, 1, QList<int>{5});
+        row("no property", card("FN:Good\r\nthis is none\r\nTEL:1\r\n"), 1, 0, QList<int>{4});
+        row("folded lines are counted", card("NOTE:a\r\n b\r\n c\r\n=== \r\nFN:x\r\n"), 1, 0,
+            QList<int>{6});
+        row("text between the cards", good + "hello\r\nworld\r\n\r\n" + good, 2, 0, QList<int>{5});
+        row("an end too many", good + "END:VCARD\r\n" + good, 2, 0, QList<int>{5});
+        row("unknown character set", card("FN;CHARSET=x-klingon:Good\r\n"), 1, 0, QList<int>{3});
+        row("binary in the middle", card("FN:Good\r\n" + QByteArray("\x00\x01\xff\xfe\n", 5)), 1, 0,
+            QList<int>{4});
     }
     void brokenCardsAreToldWithTheirLine()
     {
@@ -217,12 +204,12 @@ private slots:
 
     void filesThatAreNoVCards_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("empty") << QByteArray();
-        QTest::newRow("text") << QByteArray("name,phone\nAnn,1\n");
-        QTest::newRow("picture") << QByteArray("\x89PNG\r\n\x1a\n\x00\x00\x00", 11);
-        QTest::newRow("zeroes") << QByteArray(5000000, '\0');
-        QTest::newRow("one endless line") << QByteArray(20000000, 'x');
+        const Rows<QByteArray> row{"bytes"};
+        row("empty", QByteArray());
+        row("text", "name,phone\nAnn,1\n");
+        row("picture", QByteArray("\x89PNG\r\n\x1a\n\x00\x00\x00", 11));
+        row("zeroes", QByteArray(5000000, '\0'));
+        row("one endless line", QByteArray(20000000, 'x'));
     }
     void filesThatAreNoVCards()
     {
@@ -266,17 +253,17 @@ private slots:
     // A quadratic reader would need minutes for each of these.
     void largeFilesTakeTimeInProportion_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("cards");
-        QTest::newRow("many cards") << card("FN:n\r\nTEL:1\r\n").repeated(30000) << 30000;
-        QTest::newRow("a picture of many lines")
-            << card("FN:n\r\nPHOTO;ENCODING=b:\r\n" + QByteArray(" AAAAAAAA\r\n").repeated(1000000))
-            << 1;
-        QTest::newRow("folds without a colon")
-            << card("FN:n\r\nX\r\n" + QByteArray(" x\r\n").repeated(2000000)) << 1;
-        QTest::newRow("soft line ends") << card("FN:n\r\nNOTE;ENCODING=QUOTED-PRINTABLE:=\r\n" +
-                                                QByteArray("a=\r\n").repeated(2000000) + "b\r\n")
-                                        << 1;
+        const Rows<QByteArray, int> row{"bytes", "cards"};
+        row("many cards", card("FN:n\r\nTEL:1\r\n").repeated(30000), 30000);
+        row("a picture of many lines",
+            card("FN:n\r\nPHOTO;ENCODING=b:\r\n" + QByteArray(" AAAAAAAA\r\n").repeated(1000000)),
+            1);
+        row("folds without a colon", card("FN:n\r\nX\r\n" + QByteArray(" x\r\n").repeated(2000000)),
+            1);
+        row("soft line ends",
+            card("FN:n\r\nNOTE;ENCODING=QUOTED-PRINTABLE:=\r\n" +
+                 QByteArray("a=\r\n").repeated(2000000) + "b\r\n"),
+            1);
     }
     void largeFilesTakeTimeInProportion()
     {

@@ -4,7 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QSet>
-#include <QTest>
 
 class TstEventCatalogue : public QObject
 {

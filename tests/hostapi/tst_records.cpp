@@ -2,8 +2,6 @@
 #include "hostapi/hostrecords.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 template <class Record> QByteArray streamed(const Record &record)
 {
@@ -89,10 +87,10 @@ private slots:
 
     void hugeContainerCountYieldsAnEmptyContainer_data()
     {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("largest") << QByteArray::fromHex("7ffffff0");
-        QTest::newRow("one more than there is") << QByteArray::fromHex("0000000a") + "123456789";
-        QTest::newRow("count cut off") << QByteArray::fromHex("0000");
+        const Rows<QByteArray> row{"bytes"};
+        row("largest", QByteArray::fromHex("7ffffff0"));
+        row("one more than there is", QByteArray::fromHex("0000000a") + "123456789");
+        row("count cut off", QByteArray::fromHex("0000"));
     }
     void hugeContainerCountYieldsAnEmptyContainer()
     {

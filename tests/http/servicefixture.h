@@ -2,11 +2,13 @@
 // address file.
 #pragma once
 
+#include "http/fileservices.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
+#include "tests/support/files.h"
 
 #include <QDir>
-#include <QFile>
+#include <QSignalSpy>
 #include <QTemporaryDir>
 
 struct ServiceFixture
@@ -31,23 +33,20 @@ struct ServiceFixture
     // The whole service address file.
     void write(const QByteArray &ini) const
     {
-        QFile file(folder.filePath(QStringLiteral("allurl.ini")));
-        file.remove();
-        if (!file.open(QIODevice::WriteOnly) || file.write(ini) != ini.size())
-            qFatal("the service address file cannot be written");
+        writeFile(folder.filePath(QStringLiteral("allurl.ini")), ini);
     }
 
     QString makeFile(const QString &name, const QByteArray &bytes) const
     {
-        QFile file(folder.filePath(name));
-        if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-            qFatal("a file of the test cannot be written");
-        return file.fileName();
+        writeFile(folder.filePath(name), bytes);
+        return folder.filePath(name);
     }
 };
 
-inline QByteArray contentOf(const QString &path)
+// What a transfer ends with; waits for it.
+inline HttpResponseData resultOf(QSignalSpy &finished)
 {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    if (finished.isEmpty())
+        finished.wait();
+    return finished.value(0).value(0).value<HttpResponseData>();
 }

@@ -7,6 +7,7 @@
 #include "http/requestheaders.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
+#include "tests/support/files.h"
 #include "tests/support/testcertificates.h"
 
 #include <QFile>
@@ -33,10 +34,8 @@ struct WebHost
     // Writes the service address file: the centre, and further lines of it.
     void addresses(const QUrl &center, const QByteArray &lines = QByteArray())
     {
-        QFile file(folder.filePath(QStringLiteral("allurl.ini")));
-        if (!file.open(QIODevice::WriteOnly))
-            QTest::qFail("the address file cannot be written", __FILE__, __LINE__);
-        file.write("[Hosts]\ncenter=" + center.toEncoded() + "\n" + lines);
+        writeFile(folder.filePath(QStringLiteral("allurl.ini")),
+                  "[Hosts]\ncenter=" + center.toEncoded() + "\n" + lines);
     }
 };
 

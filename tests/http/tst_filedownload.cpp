@@ -4,9 +4,6 @@
 #include "tests/http/servicefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-#include <QTest>
-
 #ifdef Q_OS_UNIX
 #include <csignal>
 #include <sys/resource.h>
@@ -16,13 +13,6 @@ Q_DECLARE_METATYPE(FakeReply)
 
 namespace {
 constexpr char DownloadPath[] = "/center/im/downloadFile.do";
-
-HttpResponseData resultOf(QSignalSpy &finished)
-{
-    if (finished.isEmpty())
-        finished.wait();
-    return finished.value(0).value(0).value<HttpResponseData>();
-}
 
 QByteArray file()
 {
@@ -61,18 +51,16 @@ private slots:
     // What was there stays, and nothing is left beside it.
     void failuresLeaveTheOldFile_data()
     {
-        QTest::addColumn<FakeReply>("reply");
-        QTest::addColumn<int>("code");
-        QTest::newRow("unknown") << FakeReply::of(404, "<html>") << int(FileDownload::NotThere);
-        QTest::newRow("refused") << FakeReply::of(403, "<html>") << -1;
-        QTest::newRow("cut off") << FakeReply::of(200, file()).dropped(200000) << -1;
-        QTest::newRow("no file") << FakeReply::of(204) << -1;
-        QTest::newRow("log-in is over")
-            << FakeReply::json(R"({"code":10001})").header("passport.login.flag", "true") << -1;
-        QTest::newRow("unknown behind a redirect")
-            << FakeReply::redirect(302, "/gone") << int(FileDownload::NotThere);
-        QTest::newRow("to another scheme")
-            << FakeReply::redirect(302, "file:///etc/hostname") << -1;
+        const Rows<FakeReply, int> row{"reply", "code"};
+        row("unknown", FakeReply::of(404, "<html>"), int(FileDownload::NotThere));
+        row("refused", FakeReply::of(403, "<html>"), -1);
+        row("cut off", FakeReply::of(200, file()).dropped(200000), -1);
+        row("no file", FakeReply::of(204), -1);
+        row("log-in is over",
+            FakeReply::json(R"({"code":10001})").header("passport.login.flag", "true"), -1);
+        row("unknown behind a redirect", FakeReply::redirect(302, "/gone"),
+            int(FileDownload::NotThere));
+        row("to another scheme", FakeReply::redirect(302, "file:///etc/hostname"), -1);
     }
 
     void failuresLeaveTheOldFile()
@@ -110,17 +98,17 @@ private slots:
 
     void unsafeNames_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::newRow("empty") << "";
-        QTest::newRow("parent") << "..";
-        QTest::newRow("path") << "../../etc/passwd";
-        QTest::newRow("other separator") << "..\\x.png";
-        QTest::newRow("absolute") << "/etc/passwd";
-        QTest::newRow("drive") << "C:x.png";
-        QTest::newRow("NUL") << QString(QStringLiteral("a") + QChar(0) + QStringLiteral(".png"));
-        QTest::newRow("line end") << "a\r\n.png";
-        QTest::newRow("device") << "nul.png";
-        QTest::newRow("too long") << QString(256, QLatin1Char('a'));
+        const Rows<QString> row{"name"};
+        row("empty", "");
+        row("parent", "..");
+        row("path", "../../etc/passwd");
+        row("other separator", "..\\x.png");
+        row("absolute", "/etc/passwd");
+        row("drive", "C:x.png");
+        row("NUL", QString(QStringLiteral("a") + QChar(0) + QStringLiteral(".png")));
+        row("line end", "a\r\n.png");
+        row("device", "nul.png");
+        row("too long", QString(256, QLatin1Char('a')));
     }
 
     void unsafeNames()

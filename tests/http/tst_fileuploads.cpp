@@ -4,8 +4,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCryptographicHash>
-#include <QSignalSpy>
-#include <QTest>
 
 Q_DECLARE_METATYPE(FakeReply)
 
@@ -19,6 +17,7 @@ constexpr char RenewPath[] = "/center/im/updateUploadMultipartAuth.do";
 
 constexpr char Stored[] = R"({"SNRetCode":"0","SNRetMsg":"","result":{"fileName":"u1_3.png"}})";
 constexpr char Refused[] = R"({"SNRetCode":"1","SNRetMsg":"no picture","errorCode":"E01"})";
+constexpr char Begun[] = R"({"SNRetCode":"0","result":{"objectId":"o1"}})";
 constexpr char PartStored[] = R"({"SNRetCode":"0","result":{"partNumber":1}})";
 
 QByteArray md5(const QByteArray &bytes)
@@ -33,13 +32,6 @@ QByteArray partOf(const QByteArray &form, const QByteArray &name)
     const int begin = form.indexOf("\r\n\r\n", head) + 4;
     const int end = form.indexOf("\r\n--", begin);
     return head < 0 ? QByteArray() : form.mid(begin, end - begin);
-}
-
-HttpResponseData resultOf(QSignalSpy &finished)
-{
-    if (finished.isEmpty())
-        finished.wait();
-    return finished.value(0).value(0).value<HttpResponseData>();
 }
 
 // Some bytes that a form must not change, in three parts of which the last is short.
@@ -85,18 +77,17 @@ private slots:
 
     void failedUploads_data()
     {
-        QTest::addColumn<FakeReply>("reply");
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QString>("message"); // part of it
-        QTest::newRow("refused") << FakeReply::json(Refused) << 1 << "no picture";
-        QTest::newRow("no name") << FakeReply::json(R"({"SNRetCode":"0"})") << -1 << "name";
-        QTest::newRow("name with a path")
-            << FakeReply::json(R"({"SNRetCode":"0","result":{"fileName":"../../x.png"}})") << -1
-            << "name";
-        QTest::newRow("other envelope") << FakeReply::json(R"({"code":10001})") << 10001 << "";
-        QTest::newRow("status 500") << FakeReply::of(500, Stored) << -1 << "";
-        QTest::newRow("no JSON") << FakeReply::of(200, "<html>") << -1 << "";
-        QTest::newRow("cut off") << FakeReply::json(Stored).dropped(100) << -1 << "";
+        // message: part of it
+        const Rows<FakeReply, int, QString> row{"reply", "code", "message"};
+        row("refused", FakeReply::json(Refused), 1, "no picture");
+        row("no name", FakeReply::json(R"({"SNRetCode":"0"})"), -1, "name");
+        row("name with a path",
+            FakeReply::json(R"({"SNRetCode":"0","result":{"fileName":"../../x.png"}})"), -1,
+            "name");
+        row("other envelope", FakeReply::json(R"({"code":10001})"), 10001, "");
+        row("status 500", FakeReply::of(500, Stored), -1, "");
+        row("no JSON", FakeReply::of(200, "<html>"), -1, "");
+        row("cut off", FakeReply::json(Stored).dropped(100), -1, "");
     }
 
     void failedUploads()
@@ -118,12 +109,11 @@ private slots:
 
     void notEvenSent_data()
     {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<bool>("hasAddress");
-        QTest::newRow("missing file") << "missing.png" << true;
-        QTest::newRow("folder") << "." << true;
-        QTest::newRow("too large") << "large.bin" << true;
-        QTest::newRow("no address") << "small.bin" << false;
+        const Rows<QString, bool> row{"file", "hasAddress"};
+        row("missing file", "missing.png", true);
+        row("folder", ".", true);
+        row("too large", "large.bin", true);
+        row("no address", "small.bin", false);
     }
 
     void notEvenSent()
@@ -148,9 +138,10 @@ private slots:
 
     void cancelledInTheMiddle_data()
     {
-        QTest::addColumn<int>("sent"); // requests when it is cancelled
-        QTest::newRow("while the file is read") << 0;
-        QTest::newRow("while the answer is awaited") << 1;
+        // sent: requests when it is cancelled
+        const Rows<int> row{"sent"};
+        row("while the file is read", 0);
+        row("while the answer is awaited", 1);
     }
 
     void cancelledInTheMiddle()
@@ -219,29 +210,25 @@ private slots:
 
     void failedPartIsSentAgain_data()
     {
-        QTest::addColumn<QVector<FakeReply>>("replies"); // to the parts
-        QTest::addColumn<bool>("ok");
-        QTest::addColumn<int>("sendings");
+        // replies: to the parts
+        const Rows<QVector<FakeReply>, bool, int> row{"replies", "ok", "sendings"};
         const FakeReply good = FakeReply::json(PartStored);
         const FakeReply bad = FakeReply::json(Refused);
         const FakeReply forbidden = FakeReply::of(403);
         using Replies = QVector<FakeReply>;
-        QTest::newRow("second sending") << Replies{FakeReply::of(503), good} << true << 2;
-        QTest::newRow("last sending") << Replies{bad, bad, bad, good} << true << 4;
-        QTest::newRow("given up") << Replies{bad, bad, bad, bad, good} << false << 4;
-        QTest::newRow("each part has its own")
-            << Replies{bad, bad, good, bad, bad, good} << true << 6;
-        QTest::newRow("authority renewed") << Replies{forbidden, good} << true << 2;
+        row("second sending", Replies{FakeReply::of(503), good}, true, 2);
+        row("last sending", Replies{bad, bad, bad, good}, true, 4);
+        row("given up", Replies{bad, bad, bad, bad, good}, false, 4);
+        row("each part has its own", Replies{bad, bad, good, bad, bad, good}, true, 6);
+        row("authority renewed", Replies{forbidden, good}, true, 2);
     }
 
     void failedPartIsSentAgain()
     {
         QFETCH(QVector<FakeReply>, replies);
         QFETCH(bool, ok);
-        QFETCH(int, sendings);
         ServiceFixture fixture;
-        fixture.server.reply(ObjectPath,
-                             FakeReply::json(R"({"SNRetCode":"0","result":{"objectId":"o1"}})"));
+        fixture.server.reply(ObjectPath, FakeReply::json(Begun));
         fixture.server.reply(PartPath, replies);
         fixture.server.reply(RenewPath,
                              FakeReply::json(R"({"SNRetCode":"0","result":{"token":"t9"}})"));
@@ -255,7 +242,7 @@ private slots:
         const HttpResponseData result = resultOf(finished);
         QCOMPARE(result.ok, ok);
         QCOMPARE(result.code, ok ? 0 : 1);
-        QCOMPARE(fixture.server.count(PartPath), sendings);
+        QTEST(fixture.server.count(PartPath), "sendings");
         QCOMPARE(fixture.server.count(CompletePath), ok ? 1 : 0);
         QTRY_COMPARE(fixture.server.count(AbortPath), ok ? 0 : 1);
         const bool renewed = fixture.server.count(RenewPath) > 0;
@@ -267,17 +254,16 @@ private slots:
     // Whichever way it ends, the back end is told to forget what it has.
     void partsAreForgotten_data()
     {
-        QTest::addColumn<bool>("isDeleted");
-        QTest::newRow("cancelled") << false;
-        QTest::newRow("deleted") << true;
+        const Rows<bool> row{"isDeleted"};
+        row("cancelled", false);
+        row("deleted", true);
     }
 
     void partsAreForgotten()
     {
         QFETCH(bool, isDeleted);
         ServiceFixture fixture;
-        fixture.server.reply(ObjectPath,
-                             FakeReply::json(R"({"SNRetCode":"0","result":{"objectId":"o1"}})"));
+        fixture.server.reply(ObjectPath, FakeReply::json(Begun));
         fixture.server.reply(PartPath, FakeReply::json(PartStored).onRelease());
         fixture.server.reply(AbortPath, FakeReply::json(R"({"SNRetCode":"0"})"));
         auto upload = std::make_unique<MultipartUpload>();

@@ -2,8 +2,6 @@
 #include "http/jsonreader.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 Json::Value parsed(const QByteArray &text)
 {
@@ -21,39 +19,34 @@ class TstJsonReader : public QObject
 private slots:
     void kinds_data()
     {
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<qint64>("integer");
-        QTest::addColumn<int>("flag"); // -1: the fallback
+        // flag: -1: the fallback
+        const Rows<QByteArray, QString, qint64, int> row{"json", "text", "integer", "flag"};
 
         const QString no = QStringLiteral("none");
-        QTest::newRow("missing") << QByteArray(R"({})") << no << qint64(-7) << -1;
-        QTest::newRow("null") << QByteArray(R"({"k":null})") << no << qint64(-7) << -1;
-        QTest::newRow("number") << QByteArray(R"({"k":3})") << "3" << qint64(3) << -1;
-        QTest::newRow("number in text") << QByteArray(R"({"k":"3"})") << "3" << qint64(3) << -1;
-        QTest::newRow("blanks") << QByteArray(R"({"k":" 10002 "})") << " 10002 " << qint64(10002)
-                                << -1;
-        QTest::newRow("word") << QByteArray(R"({"k":"three"})") << "three" << qint64(-7) << -1;
-        QTest::newRow("empty text") << QByteArray(R"({"k":""})") << "" << qint64(-7) << -1;
-        QTest::newRow("true") << QByteArray(R"({"k":true})") << "true" << qint64(1) << 1;
-        QTest::newRow("true in text") << QByteArray(R"({"k":"True"})") << "True" << qint64(-7) << 1;
-        QTest::newRow("one") << QByteArray(R"({"k":1})") << "1" << qint64(1) << 1;
-        QTest::newRow("zero in text") << QByteArray(R"({"k":"0"})") << "0" << qint64(0) << 0;
-        QTest::newRow("false") << QByteArray(R"({"k":false})") << "false" << qint64(0) << 0;
-        QTest::newRow("whole real") << QByteArray(R"({"k":3.0})") << "3" << qint64(3) << -1;
-        QTest::newRow("fraction") << QByteArray(R"({"k":2.5})") << "2.5" << qint64(-7) << -1;
-        QTest::newRow("beyond a double") << QByteArray(R"({"k":9007199254740993})")
-                                         << "9007199254740993" << qint64(9007199254740993) << -1;
-        QTest::newRow("beyond 63 bits") << QByteArray(R"({"k":18446744073709551615})")
-                                        << "18446744073709551615" << qint64(-7) << -1;
-        QTest::newRow("huge real") << QByteArray(R"({"k":1e300})") << "1e+300" << qint64(-7) << -1;
-        QTest::newRow("array") << QByteArray(R"({"k":[1]})") << no << qint64(-7) << -1;
-        QTest::newRow("object") << QByteArray(R"({"k":{"k":1}})") << no << qint64(-7) << -1;
-        QTest::newRow("Chinese") << QByteArray("{\"k\":\"李雷\"}") << QString::fromUtf8("李雷")
-                                 << qint64(-7) << -1;
-        QTest::newRow("NUL inside")
-            << QByteArray(R"({"k":"a\u0000b"})") << "ab" << qint64(-7) << -1;
-        QTest::newRow("last of two") << QByteArray(R"({"k":1,"k":2})") << "2" << qint64(2) << -1;
+        row("missing", R"({})", no, qint64(-7), -1);
+        row("null", R"({"k":null})", no, qint64(-7), -1);
+        row("number", R"({"k":3})", "3", qint64(3), -1);
+        row("number in text", R"({"k":"3"})", "3", qint64(3), -1);
+        row("blanks", R"({"k":" 10002 "})", " 10002 ", qint64(10002), -1);
+        row("word", R"({"k":"three"})", "three", qint64(-7), -1);
+        row("empty text", R"({"k":""})", "", qint64(-7), -1);
+        row("true", R"({"k":true})", "true", qint64(1), 1);
+        row("true in text", R"({"k":"True"})", "True", qint64(-7), 1);
+        row("one", R"({"k":1})", "1", qint64(1), 1);
+        row("zero in text", R"({"k":"0"})", "0", qint64(0), 0);
+        row("false", R"({"k":false})", "false", qint64(0), 0);
+        row("whole real", R"({"k":3.0})", "3", qint64(3), -1);
+        row("fraction", R"({"k":2.5})", "2.5", qint64(-7), -1);
+        row("beyond a double", R"({"k":9007199254740993})", "9007199254740993",
+            qint64(9007199254740993), -1);
+        row("beyond 63 bits", R"({"k":18446744073709551615})", "18446744073709551615", qint64(-7),
+            -1);
+        row("huge real", R"({"k":1e300})", "1e+300", qint64(-7), -1);
+        row("array", R"({"k":[1]})", no, qint64(-7), -1);
+        row("object", R"({"k":{"k":1}})", no, qint64(-7), -1);
+        row("Chinese", "{\"k\":\"李雷\"}", QString::fromUtf8("李雷"), qint64(-7), -1);
+        row("NUL inside", R"({"k":"a\u0000b"})", "ab", qint64(-7), -1);
+        row("last of two", R"({"k":1,"k":2})", "2", qint64(2), -1);
     }
 
     void kinds()
@@ -71,17 +64,16 @@ private slots:
 
     void refused_data()
     {
-        QTest::addColumn<QByteArray>("json");
-        QTest::newRow("nothing") << QByteArray();
-        QTest::newRow("page") << QByteArray("<html></html>");
-        QTest::newRow("number") << QByteArray("5");
-        QTest::newRow("array") << QByteArray("[]");
-        QTest::newRow("text") << QByteArray("\"x\"");
-        QTest::newRow("behind the object") << QByteArray("{} junk");
-        QTest::newRow("cut off") << QByteArray(R"({"org":[{"orgId":"1")");
-        QTest::newRow("a hundred thousand arrays")
-            << QByteArray("{\"a\":") + QByteArray(100000, '[');
-        QTest::newRow("a hundred thousand objects") << QByteArray("{\"a\":").repeated(100000);
+        const Rows<QByteArray> row{"json"};
+        row("nothing", QByteArray());
+        row("page", "<html></html>");
+        row("number", "5");
+        row("array", "[]");
+        row("text", "\"x\"");
+        row("behind the object", "{} junk");
+        row("cut off", R"({"org":[{"orgId":"1")");
+        row("a hundred thousand arrays", QByteArray("{\"a\":") + QByteArray(100000, '['));
+        row("a hundred thousand objects", QByteArray("{\"a\":").repeated(100000));
     }
 
     void refused()

@@ -3,9 +3,6 @@
 #include "tests/http/servicefixture.h"
 #include "tests/support/testrunner.h"
 
-#include <QSignalSpy>
-#include <QTest>
-
 namespace {
 QString name(int i)
 {
@@ -71,9 +68,9 @@ private slots:
 
     void unknownIsNotAskedForAgain_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::newRow("unknown") << 404;
-        QTest::newRow("service is down") << 503;
+        const Rows<int> row{"status"};
+        row("unknown", 404);
+        row("service is down", 503);
     }
 
     void unknownIsNotAskedForAgain()
@@ -127,7 +124,7 @@ private slots:
         fixture.server.replyElsewhere(picture);
         QSignalSpy ready(&files, &PictureFiles::ready);
         fixture.server.release();
-        QTRY_COMPARE(ready.size(), all - surplus);
+        QTRY_COMPARE_WITH_TIMEOUT(ready.size(), all - surplus, 60000); // hundreds of files
         for (int i = 0; i < surplus; ++i)
             QVERIFY(!QFile::exists(fixture.host.baseFolder + QStringLiteral("/u1/headImage/") +
                                    name(PictureFiles::AtATime + i)));
@@ -135,9 +132,9 @@ private slots:
 
     void nothingGoesOnForAnotherUser_data()
     {
-        QTest::addColumn<QString>("next");
-        QTest::newRow("another") << "u2";
-        QTest::newRow("nobody") << "";
+        const Rows<QString> row{"next"};
+        row("another", "u2");
+        row("nobody", "");
     }
 
     void nothingGoesOnForAnotherUser()

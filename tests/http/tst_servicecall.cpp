@@ -2,14 +2,11 @@
 #include "http/chttpsession.h"
 #include "http/cpassportloginserver.h"
 #include "http/httpmgr.h"
-#include "http/orgrequest.h"
 #include "http/servicecall.h"
 #include "tests/http/servicefixture.h"
+#include "tests/org/fakeorgrequest.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
-
-#include <QSignalSpy>
-#include <QTest>
 
 Q_DECLARE_METATYPE(FakeReply)
 
@@ -21,32 +18,6 @@ class CountingPassport : public CPassportLoginServer
 public:
     int overdue = 0;
     void UserOverdue() override { ++overdue; }
-};
-
-// Answers with its own arguments.
-class EchoRequest : public OrgRequest
-{
-public:
-    using OrgRequest::OrgRequest;
-    void searchOrg(const QString &orgId, const QString &companyCode) override
-    {
-        OrgElement element;
-        element.strId = orgId;
-        emit signal_searchOrgElements({element}, companyCode);
-        emit searchOrgFail(orgId, 403);
-        emit signal_searchOrgDone(orgId);
-    }
-    void locateOrg(const QString &id, bool) override
-    {
-        emit signal_locateOrgElements({}, id);
-        emit signal_locateOrgFail(id);
-        emit signal_noLocate();
-    }
-    void fuzzySearchOrg(const QString &text, bool, int pageNo, int) override
-    {
-        emit signal_searchFinished({}, pageNo, {}, text);
-        emit signal_fuzzySearchFail(text);
-    }
 };
 
 const QByteArray Link = "/ids/login";
@@ -85,12 +56,11 @@ private slots:
 
     void failuresAreToldOnceAndLater_data()
     {
-        QTest::addColumn<QByteArray>("ini");
-        QTest::addColumn<int>("status");
-        QTest::newRow("no address") << QByteArray("[vote]\ncreateVote=\n") << 0;
-        QTest::newRow("refused address") << QByteArray("[vote]\ncreateVote=file:///x\n") << 0;
-        QTest::newRow("status 500") << QByteArray() << 500;
-        QTest::newRow("nothing listens") << QByteArray() << -1;
+        const Rows<QByteArray, int> row{"ini", "status"};
+        row("no address", "[vote]\ncreateVote=\n", 0);
+        row("refused address", "[vote]\ncreateVote=file:///x\n", 0);
+        row("status 500", QByteArray(), 500);
+        row("nothing listens", QByteArray(), -1);
     }
 
     void failuresAreToldOnceAndLater()
@@ -163,31 +133,19 @@ private slots:
         }
     }
 
-    void organisationAnswersAreForwarded()
+    void peopleFoundAreForwarded()
     {
+        QStringList asks;
+        FakeOrgRequest *request = nullptr;
         HttpMgr *manager = HttpMgr::instance();
-        manager->setOrgRequestFactory([](QObject *parent) { return new EchoRequest(parent); });
-        QSignalSpy elements(manager, &HttpMgr::signal_searchOrgElements);
-        QSignalSpy fail(manager, &HttpMgr::searchOrgFail);
-        QSignalSpy done(manager, &HttpMgr::signal_searchOrgDone);
-        QSignalSpy located(manager, &HttpMgr::signal_locateOrgElements);
-        QSignalSpy notLocated(manager, &HttpMgr::signal_locateOrgFail);
-        QSignalSpy nowhere(manager, &HttpMgr::signal_noLocate);
+        manager->setOrgRequestFactory(
+            [&](QObject *parent) { return request = new FakeOrgRequest(&asks, parent); });
         QSignalSpy found(manager, &HttpMgr::signal_searchFinished);
-        QSignalSpy notFound(manager, &HttpMgr::signal_fuzzySearchFail);
-        manager->searchOrg(QStringLiteral("d1"), QStringLiteral("C1"));
-        manager->locateOrg(QStringLiteral("u7"), false);
         manager->fuzzySearchOrg(QStringLiteral("li"), true, 3, 20);
-        QCOMPARE(elements.value(0).value(0).value<OrgElementList>().value(0).strId,
-                 QStringLiteral("d1"));
-        QCOMPARE(elements.value(0).value(1).toString(), QStringLiteral("C1"));
-        QCOMPARE(fail.value(0), (QVariantList{QStringLiteral("d1"), 403}));
-        QCOMPARE(done.value(0), QVariantList{QStringLiteral("d1")});
-        QCOMPARE(located.value(0).value(1).toString(), QStringLiteral("u7"));
-        QCOMPARE(notLocated.value(0), QVariantList{QStringLiteral("u7")});
-        QCOMPARE(nowhere.size(), 1);
+        QVERIFY(request);
+        emit request->signal_searchFinished({}, 3, {}, QStringLiteral("li"));
+        delete request;
         QCOMPARE(found.value(0).value(1).toInt(), 3);
-        QCOMPARE(notFound.value(0), QVariantList{QStringLiteral("li")});
     }
 
     void withoutFactoryRequestsFailLater()

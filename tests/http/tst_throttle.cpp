@@ -1,8 +1,6 @@
 #include "http/requestthrottle.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <deque>
 
 using Lane = RequestThrottle::Lane;
@@ -60,136 +58,61 @@ class TstThrottle : public QObject
     Q_OBJECT
 
 private slots:
-    void limits_data();
-    void limits();
-    void lanesAreIndependent();
-    void longestWaitFirst();
-    void leavingWhileWaiting();
-    void severalPlacesAtOnce();
-    void turnThatEndsAtOnce();
-    void fullWaitingList();
-    void strangersLeave();
-};
-
-void TstThrottle::limits_data()
-{
-    QTest::addColumn<int>("lane");
-    QTest::addColumn<int>("limit");
-    QTest::newRow("pictures") << int(Lane::Pictures) << 5;
-    QTest::newRow("others") << int(Lane::Others) << 20;
-}
-
-void TstThrottle::limits()
-{
-    QFETCH(int, lane);
-    QFETCH(int, limit);
-    Fixture fixture;
-    for (int i = 0; i < limit; ++i)
-        fixture.add(Lane(lane), Admission::Active);
-    fixture.add(Lane(lane), Admission::Waiting);
-    fixture.throttle.startNext();
-    QVERIFY(fixture.order.isEmpty());
-    QCOMPARE(fixture.throttle.active(Lane(lane)), limit);
-    QCOMPARE(fixture.throttle.waiting(Lane(lane)), 1);
-}
-
-void TstThrottle::lanesAreIndependent()
-{
-    Fixture fixture;
-    fixture.fill(Lane::Others);
-    fixture.add(Lane::Others, Admission::Waiting);
-    const QVector<Numbered *> pictures = fixture.fill(Lane::Pictures);
-    Numbered *picture = fixture.add(Lane::Pictures, Admission::Waiting);
-
-    fixture.throttle.leave(pictures.first());
-    fixture.throttle.startNext();
-    QCOMPARE(fixture.order, QVector<int>{picture->number});
-}
-
-void TstThrottle::longestWaitFirst()
-{
-    Fixture fixture;
-    const QVector<Numbered *> running = fixture.fill(Lane::Others);
-    QVector<int> waiting;
-    for (int i = 0; i < 3; ++i)
-        waiting.append(fixture.add(Lane::Others, Admission::Waiting)->number);
-    for (int i = 0; i < 3; ++i) {
-        fixture.throttle.leave(running.at(i));
-        fixture.throttle.startNext();
+    void longestWaitFirst()
+    {
+        Fixture fixture;
+        const QVector<Numbered *> running = fixture.fill(Lane::Others);
+        QVector<int> waiting;
+        for (int i = 0; i < 3; ++i)
+            waiting.append(fixture.add(Lane::Others, Admission::Waiting)->number);
+        for (int i = 0; i < 3; ++i) {
+            fixture.throttle.leave(running.at(i));
+            fixture.throttle.startNext();
+        }
+        QCOMPARE(fixture.order, waiting);
     }
-    QCOMPARE(fixture.order, waiting);
-}
 
-void TstThrottle::leavingWhileWaiting()
-{
-    Fixture fixture;
-    const QVector<Numbered *> running = fixture.fill(Lane::Pictures);
-    Numbered *gone = fixture.add(Lane::Pictures, Admission::Waiting);
-    Numbered *next = fixture.add(Lane::Pictures, Admission::Waiting);
-    fixture.throttle.leave(gone);
-    fixture.throttle.leave(running.first());
-    fixture.throttle.startNext();
-    QCOMPARE(fixture.order, QVector<int>{next->number});
-    QCOMPARE(fixture.throttle.waiting(Lane::Pictures), 0);
-}
+    // Several may end before anybody looks: no place stays free while someone waits,
+    // and who comes new does not get in front.
+    void severalPlacesAtOnce()
+    {
+        Fixture fixture;
+        const QVector<Numbered *> running = fixture.fill(Lane::Others);
+        const int first = fixture.add(Lane::Others, Admission::Waiting)->number;
+        const int second = fixture.add(Lane::Others, Admission::Waiting)->number;
+        for (int i = 0; i < 3; ++i)
+            fixture.throttle.leave(running.at(i));
+        const int newcomer = fixture.add(Lane::Others, Admission::Waiting)->number;
+        fixture.throttle.startNext();
+        QCOMPARE(fixture.order, (QVector<int>{first, second, newcomer}));
+        QCOMPARE(fixture.throttle.active(Lane::Others), RequestThrottle::MaximumOthers);
+    }
 
-// Several may end before anybody looks: no place stays free while someone waits,
-// and who comes new does not get in front.
-void TstThrottle::severalPlacesAtOnce()
-{
-    Fixture fixture;
-    const QVector<Numbered *> running = fixture.fill(Lane::Others);
-    const int first = fixture.add(Lane::Others, Admission::Waiting)->number;
-    const int second = fixture.add(Lane::Others, Admission::Waiting)->number;
-    for (int i = 0; i < 3; ++i)
-        fixture.throttle.leave(running.at(i));
-    const int newcomer = fixture.add(Lane::Others, Admission::Waiting)->number;
-    fixture.throttle.startNext();
-    QCOMPARE(fixture.order, (QVector<int>{first, second, newcomer}));
-    QCOMPARE(fixture.throttle.active(Lane::Others), RequestThrottle::MaximumOthers);
-}
+    // A request that fails when it is sent must not hold up those behind it.
+    void turnThatEndsAtOnce()
+    {
+        Fixture fixture;
+        const QVector<Numbered *> running = fixture.fill(Lane::Pictures);
+        for (int i = 0; i < 3; ++i)
+            fixture.add(Lane::Pictures, Admission::Waiting)->leavesAtOnce = &fixture.throttle;
+        fixture.throttle.leave(running.first());
+        fixture.throttle.startNext();
+        QCOMPARE(fixture.order.size(), 3);
+        QCOMPARE(fixture.throttle.active(Lane::Pictures), RequestThrottle::MaximumPictures - 1);
+    }
 
-// A request that fails when it is sent must not hold up those behind it.
-void TstThrottle::turnThatEndsAtOnce()
-{
-    Fixture fixture;
-    const QVector<Numbered *> running = fixture.fill(Lane::Pictures);
-    for (int i = 0; i < 3; ++i)
-        fixture.add(Lane::Pictures, Admission::Waiting)->leavesAtOnce = &fixture.throttle;
-    fixture.throttle.leave(running.first());
-    fixture.throttle.startNext();
-    QCOMPARE(fixture.order.size(), 3);
-    QCOMPARE(fixture.throttle.active(Lane::Pictures), RequestThrottle::MaximumPictures - 1);
-}
-
-void TstThrottle::fullWaitingList()
-{
-    Fixture fixture;
-    const QVector<Numbered *> running = fixture.fill(Lane::Pictures);
-    for (int i = 0; i < RequestThrottle::MaximumWaiting; ++i)
-        fixture.add(Lane::Pictures, Admission::Waiting);
-    Numbered *refused = fixture.add(Lane::Pictures, Admission::Refused);
-    QCOMPARE(fixture.throttle.waiting(Lane::Pictures), RequestThrottle::MaximumWaiting);
-
-    // The refused one is in no list: the place goes to one who waits.
-    fixture.throttle.leave(refused);
-    fixture.throttle.leave(running.first());
-    fixture.throttle.startNext();
-    QCOMPARE(fixture.order, QVector<int>{RequestThrottle::MaximumPictures});
-    fixture.add(Lane::Pictures, Admission::Waiting);
-}
-
-void TstThrottle::strangersLeave()
-{
-    Fixture fixture;
-    const QVector<Numbered *> running = fixture.fill(Lane::Others);
-    QVector<int> order;
-    const Numbered stranger(0, &order);
-    fixture.throttle.leave(&stranger);
-    fixture.throttle.leave(running.first());
-    fixture.throttle.leave(running.first()); // ended and then deleted
-    QCOMPARE(fixture.throttle.active(Lane::Others), RequestThrottle::MaximumOthers - 1);
-}
+    void strangersLeave()
+    {
+        Fixture fixture;
+        const QVector<Numbered *> running = fixture.fill(Lane::Others);
+        QVector<int> order;
+        const Numbered stranger(0, &order);
+        fixture.throttle.leave(&stranger);
+        fixture.throttle.leave(running.first());
+        fixture.throttle.leave(running.first()); // ended and then deleted
+        QCOMPARE(fixture.throttle.active(Lane::Others), RequestThrottle::MaximumOthers - 1);
+    }
+};
 
 FRIENDUI_TEST(TstThrottle)
 #include "tst_throttle.moc"

@@ -1,5 +1,4 @@
-// An organisation request that is answered when a test says so, and elements to
-// answer with.
+// An organisation request that is answered when a test says so.
 #pragma once
 
 #include "http/orgrequest.h"
@@ -34,21 +33,3 @@ private:
 
     QStringList *m_log;
 };
-
-inline OrgElement makeDepartment(const QString &id, const QString &name, const QString &parent)
-{
-    OrgElement element;
-    element.strId = id;
-    element.strName = name;
-    element.strParentId = parent;
-    return element;
-}
-
-inline OrgElement makeEmployee(const QString &uid, const QString &department,
-                               const QString &duty = QString())
-{
-    OrgElement element = makeDepartment(uid, uid, department);
-    element.bIsEmp = true;
-    element.strDuty = duty;
-    return element;
-}

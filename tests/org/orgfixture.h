@@ -9,6 +9,7 @@
 #include "org/orgtreemodel.h"
 #include "org/orgwidget.h"
 #include "tests/org/fakeorgrequest.h"
+#include "tests/org/orgmaker.h"
 #include "tests/support/fakehost.h"
 #include "tests/support/recordingactions.h"
 
@@ -77,6 +78,18 @@ public:
         show();
         answer("C", topmost());
     }
+    // Opens a department that is answered with these.
+    void open(const char *name, const OrgElementList &elements)
+    {
+        tree->expandItem(row(name));
+        answer(name, elements);
+    }
+    // With the rows below D1, and these.
+    void showOpen(const OrgElementList &more = {})
+    {
+        showFilled();
+        open("D1", belowD1() + more);
+    }
     static void settle()
     {
         QCoreApplication::sendPostedEvents();
@@ -85,14 +98,13 @@ public:
 
     OrgElementList topmost() const
     {
-        return {makeDepartment(id("D1"), QStringLiteral("Alpha"), id("C")),
-                makeDepartment(id("D2"), QStringLiteral("Beta"), id("C"))};
+        return {makeDepartment(id("D1"), id("C"), QStringLiteral("Alpha")),
+                makeDepartment(id("D2"), id("C"), QStringLiteral("Beta"))};
     }
     OrgElementList belowD1() const
     {
-        return {makeDepartment(id("D11"), QStringLiteral("Gamma"), id("D1")),
-                makeEmployee(id("anna"), id("D1"), QStringLiteral("Engineer")),
-                makeEmployee(id("bob"), id("D1"))};
+        return {makeDepartment(id("D11"), id("D1"), QStringLiteral("Gamma")),
+                makeEmployee(id("anna"), id("D1")), makeEmployee(id("bob"), id("D1"))};
     }
     OrgElementList belowD11() const
     {

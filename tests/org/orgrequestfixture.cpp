@@ -1,6 +1,5 @@
 #include "tests/org/orgrequestfixture.h"
-
-#include <QFile>
+#include "tests/support/files.h"
 
 void OrgRequestFixture::setUp()
 {
@@ -27,11 +26,10 @@ void OrgRequestFixture::tearDown()
 
 void OrgRequestFixture::writeAddresses(const QString &address)
 {
-    QFile file(folder->filePath(QStringLiteral("allurl.ini")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[searchOrg]\n");
+    QByteArray lines = "[searchOrg]\n";
     for (const char *key : {"searchorgurl", "locateorgurl", "fuzzysearchorgurl"})
-        file.write(key + QByteArray("=") + address.toUtf8() + "\n");
+        lines += key + QByteArray("=") + address.toUtf8() + "\n";
+    writeFile(folder->filePath(QStringLiteral("allurl.ini")), lines);
 }
 
 HttpOrgFun *OrgRequestFixture::start(Kind kind)

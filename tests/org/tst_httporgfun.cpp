@@ -4,8 +4,6 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QElapsedTimer>
-
 class TstHttpOrgFun : public OrgRequestFixture
 {
     Q_OBJECT
@@ -14,291 +12,223 @@ private slots:
     void init() { setUp(); }
     void cleanup() { tearDown(); }
 
-    void sends_data();
-    void sends();
-    void statusTable_data();
-    void statusTable();
-    void oneCounterForAll();
-    void loginIsRefreshedBeforeTheRetry();
-    void noRefreshComes();
-    void timesOut();
-    void lateReplyAfterATimeout();
-    void doubleReply();
-    void brokenInTheMiddle();
-    void refusedReplies_data();
-    void refusedReplies();
-    void noAddress_data();
-    void noAddress();
-    void malformed_data();
-    void malformed();
-    void emptyDepartment();
-};
-
-void TstHttpOrgFun::sends_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QByteArray>("body");
-    QTest::newRow("children") << int(Children) << QByteArray("orgId=d%261%20%2B%2F");
-    QTest::newRow("locate") << int(Locate) << QByteArray("empId=u1&type=EMP");
-    QTest::newRow("search") << int(Search)
-                            << QByteArray("searchText=li%2Ca&containOrg=true&pageNo=1&pageSize=20");
-}
-
-void TstHttpOrgFun::sends()
-{
-    QFETCH(const int, kind);
-    server->reply("/org.do", FakeReply::json("{}"));
-    const QPointer<HttpOrgFun> request = start(Kind(kind));
-    QTRY_VERIFY(!request);
-    const FakeRequest sent = server->last();
-    QCOMPARE(sent.method, QByteArray("POST"));
-    QTEST(sent.body, "body");
-    QCOMPARE(sent.header("User-Agent"), QByteArray("PcClient"));
-    QCOMPARE(sent.header("Content-Type"), QByteArray("application/x-www-form-urlencoded"));
-    QCOMPARE(sent.header("Accept-Encoding"), QByteArray("identity"));
-    QCOMPARE(sent.cookie("imAuthId"), QByteArray("old"));
-}
-
-// What each status leads to: how often it is sent, and which signals come: success,
-// failure, not there, done.
-void TstHttpOrgFun::statusTable_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<int>("sends");
-    QTest::addColumn<QVector<int>>("signalsSeen");
-    QTest::addColumn<int>("refreshes");
-    QTest::addColumn<int>("overdue");
-    struct Row
+    void sends_data()
     {
-        int status, sends;
-        QVector<int> seen;
-        int refreshes, overdue;
-    };
-    const QVector<int> failed{0, 1, 0, 0}, notThere{0, 0, 1, 0}, silent{0, 0, 0, 0};
-    const auto add = [](Kind kind, const char *name, const QVector<Row> &rows) {
-        for (const Row &row : rows) {
-            QTest::newRow(
-                qPrintable(QStringLiteral("%1 %2").arg(QLatin1String(name)).arg(row.status)))
-                << int(kind) << row.status << row.sends << row.seen << row.refreshes << row.overdue;
+        const Rows<int, QByteArray> row{"kind", "body"};
+        row("children", int(Children), "orgId=d%261%20%2B%2F");
+        row("locate", int(Locate), "empId=u1&type=EMP");
+        row("search", int(Search), "searchText=li%2Ca&containOrg=true&pageNo=1&pageSize=20");
+    }
+
+    void sends()
+    {
+        QFETCH(const int, kind);
+        server->reply("/org.do", FakeReply::json("{}"));
+        const QPointer<HttpOrgFun> request = start(Kind(kind));
+        QTRY_VERIFY(!request);
+        const FakeRequest sent = server->last();
+        QCOMPARE(sent.method, QByteArray("POST"));
+        QTEST(sent.body, "body");
+        QCOMPARE(sent.header("User-Agent"), QByteArray("PcClient"));
+        QCOMPARE(sent.header("Content-Type"), QByteArray("application/x-www-form-urlencoded"));
+        QCOMPARE(sent.header("Accept-Encoding"), QByteArray("identity"));
+        QCOMPARE(sent.cookie("imAuthId"), QByteArray("old"));
+    }
+
+    // What each status leads to: how often it is sent, and which signals come: success,
+    // failure, not there, done.
+    void statusTable_data()
+    {
+        const Rows<int, int, int, QVector<int>, int, int> row{
+            "kind", "status", "sends", "signalsSeen", "refreshes", "overdue"};
+        const QVector<int> failed{0, 1, 0, 0}, notThere{0, 0, 1, 0}, silent{0, 0, 0, 0};
+        for (const Kind kind : {Children, Locate, Search}) {
+            const auto add = [&](int status, int sends, const QVector<int> &seen, int refreshes = 0,
+                                 int overdue = 0) {
+                const char *const names[] = {"children", "locate", "search"};
+                row(qPrintable(QStringLiteral("%1 %2").arg(names[kind]).arg(status)), kind, status,
+                    sends, seen, refreshes, overdue);
+            };
+            add(200, 1, {1, 0, 0, kind == Children ? 1 : 0});
+            add(204, kind == Locate ? 1 : 4, kind == Locate ? notThere : failed);
+            for (const int status : {401, 403})
+                add(status, kind == Search ? 4 : 1, kind == Locate ? notThere : failed);
+            add(302, 4, failed, 4);
+            add(480, 1, silent, 0, 1);
+            for (const int status : {301, 404, 500})
+                add(status, 4, failed);
         }
-    };
-    add(Children, "children",
-        {{200, 1, {1, 0, 0, 1}, 0, 0},
-         {204, 4, failed, 0, 0},
-         {401, 1, failed, 0, 0},
-         {403, 1, failed, 0, 0},
-         {302, 4, failed, 4, 0},
-         {480, 1, silent, 0, 1},
-         {301, 4, failed, 0, 0},
-         {404, 4, failed, 0, 0},
-         {500, 4, failed, 0, 0}});
-    add(Locate, "locate",
-        {{200, 1, {1, 0, 0, 0}, 0, 0},
-         {204, 1, notThere, 0, 0},
-         {401, 1, notThere, 0, 0},
-         {403, 1, notThere, 0, 0},
-         {302, 4, failed, 4, 0},
-         {480, 1, silent, 0, 1},
-         {301, 4, failed, 0, 0},
-         {404, 4, failed, 0, 0},
-         {500, 4, failed, 0, 0}});
-    add(Search, "search",
-        {{200, 1, {1, 0, 0, 0}, 0, 0},
-         {204, 4, failed, 0, 0},
-         {401, 4, failed, 0, 0},
-         {403, 4, failed, 0, 0},
-         {302, 4, failed, 4, 0},
-         {480, 1, silent, 0, 1},
-         {301, 4, failed, 0, 0},
-         {404, 4, failed, 0, 0},
-         {500, 4, failed, 0, 0}});
-}
+    }
 
-void TstHttpOrgFun::statusTable()
-{
-    QFETCH(const int, kind);
-    QFETCH(const int, status);
-    server->reply("/org.do", status == 302 || status == 301
-                                 ? FakeReply::redirect(status, "/elsewhere.do")
-                                 : FakeReply::of(status, status == 204 ? "" : "{}"));
-    const QPointer<HttpOrgFun> request = start(Kind(kind));
-    QTRY_VERIFY(!request);
-    QTEST(server->count("/org.do"), "sends");
-    QCOMPARE(server->count("/elsewhere.do"), 0);
-    QTEST(signalCounts(), "signalsSeen");
-    QTEST(passport->refreshes, "refreshes");
-    QTEST(passport->overdue, "overdue");
-    if (kind == Children && m_spies.at(1)->count() == 1)
-        QCOMPARE(m_spies.at(1)->first().at(1).toInt(), status);
-}
+    void statusTable()
+    {
+        QFETCH(const int, kind);
+        QFETCH(const int, status);
+        server->reply("/org.do", status == 302 || status == 301
+                                     ? FakeReply::redirect(status, "/elsewhere.do")
+                                     : FakeReply::of(status, status == 204 ? "" : "{}"));
+        const QPointer<HttpOrgFun> request = start(Kind(kind));
+        QTRY_VERIFY(!request);
+        QTEST(server->count("/org.do"), "sends");
+        QCOMPARE(server->count("/elsewhere.do"), 0);
+        QTEST(signalCounts(), "signalsSeen");
+        QTEST(passport->refreshes, "refreshes");
+        QTEST(passport->overdue, "overdue");
+        if (kind == Children && m_spies.at(1)->count() == 1)
+            QCOMPARE(m_spies.at(1)->first().at(1).toInt(), status);
+        if (kind == Children && m_spies.at(3)->count() == 1)
+            QCOMPARE(m_spies.at(3)->first().at(0).toString(), QStringLiteral("d&1 +/"));
+    }
 
-void TstHttpOrgFun::oneCounterForAll()
-{
-    server->reply("/org.do", {FakeReply::of(500), FakeReply::redirect(302, "/"), FakeReply::of(204),
-                              FakeReply::of(404), FakeReply::json("{}")});
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_VERIFY(!request);
-    QCOMPARE(server->count("/org.do"), 4);
-    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
-}
+    void oneCounterForAll()
+    {
+        server->reply("/org.do", {FakeReply::of(500), FakeReply::redirect(302, "/"),
+                                  FakeReply::of(204), FakeReply::of(404), FakeReply::json("{}")});
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_VERIFY(!request);
+        QCOMPARE(server->count("/org.do"), 4);
+        QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+    }
 
-void TstHttpOrgFun::loginIsRefreshedBeforeTheRetry()
-{
-    passport->answers = false;
-    server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_COMPARE(passport->refreshes, 1);
-    QCOMPARE(server->count("/org.do"), 1);
-    passport->finish();
-    QTRY_VERIFY(!request);
-    QCOMPARE(server->count("/org.do"), 2);
-    QCOMPARE(server->last().cookie("imAuthId"), QByteArray("fresh"));
-    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
-}
+    void loginIsRefreshedBeforeTheRetry()
+    {
+        passport->answers = false;
+        server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_COMPARE(passport->refreshes, 1);
+        QCOMPARE(server->count("/org.do"), 1);
+        passport->finish();
+        QTRY_VERIFY(!request);
+        QCOMPARE(server->count("/org.do"), 2);
+        QCOMPARE(server->last().cookie("imAuthId"), QByteArray("fresh"));
+        QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+    }
 
-void TstHttpOrgFun::noRefreshComes()
-{
-    passport->answers = false;
-    server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_COMPARE(passport->refreshes, 1);
-    request->slot_timeout();
-    QTRY_VERIFY(!request);
-    QCOMPARE(server->count("/org.do"), 2);
-    // Nobody to ask: again at once.
-    host->context.passportServer = nullptr;
-    server->forget();
-    server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
-    const QPointer<HttpOrgFun> other = start(Children);
-    QTRY_VERIFY(!other);
-    QCOMPARE(server->count("/org.do"), 2);
-}
-
-void TstHttpOrgFun::timesOut()
-{
-    LogCapture log(host->context);
-    server->reply("/org.do", FakeReply::json("{}").onRelease());
-    const QPointer<HttpOrgFun> request = start(Children);
-    for (int attempt = 1; attempt <= 4; ++attempt) {
-        QTRY_COMPARE(server->count("/org.do"), attempt);
-        QVERIFY(request);
-        QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0}));
+    void noRefreshComes()
+    {
+        passport->answers = false;
+        server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_COMPARE(passport->refreshes, 1);
         request->slot_timeout();
+        QTRY_VERIFY(!request);
+        QCOMPARE(server->count("/org.do"), 2);
+        // Nobody to ask: again at once.
+        host->context.passportServer = nullptr;
+        server->forget();
+        server->reply("/org.do", {FakeReply::redirect(302, "/"), FakeReply::json("{}")});
+        const QPointer<HttpOrgFun> other = start(Children);
+        QTRY_VERIFY(!other);
+        QCOMPARE(server->count("/org.do"), 2);
     }
-    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
-    QTRY_VERIFY(!request);
-    QCOMPARE(log.linesWith("time out").size(), 4);
-    const MonitorRecord record = CMonitorLogger::instance().records().last();
-    QCOMPARE(record.StatusCode, 103);
-    QCOMPARE(record.ErrorInfo, QString::fromUtf8("Http请求超时!"));
-    server->release();
-}
 
-void TstHttpOrgFun::lateReplyAfterATimeout()
-{
-    server->reply("/org.do", {FakeReply::json(R"({"org":[{"orgId":"late"}]})").onRelease(),
-                              FakeReply::json(R"({"org":[{"orgId":"second"}]})").onRelease()});
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_COMPARE(server->count("/org.do"), 1);
-    request->slot_timeout();
-    QTRY_COMPARE(server->count("/org.do"), 2);
-    server->release();
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
-    const auto elements = m_spies.at(0)->first().at(0).value<OrgElementList>();
-    QCOMPARE(elements.first().strId, QStringLiteral("second"));
-}
-
-void TstHttpOrgFun::doubleReply()
-{
-    const QByteArray reply = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}";
-    server->reply("/org.do", FakeReply::verbatim(reply + reply));
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
-}
-
-void TstHttpOrgFun::brokenInTheMiddle()
-{
-    server->reply("/org.do", FakeReply::json(employees(100)).dropped(500));
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
-}
-
-void TstHttpOrgFun::refusedReplies_data()
-{
-    QTest::addColumn<QByteArray>("head");
-    QTest::newRow("too long, as it says") << QByteArray("Content-Length: 67108864\r\n");
-    QTest::newRow("packed") << QByteArray("Content-Encoding: gzip\r\nContent-Length: 2\r\n");
-}
-
-void TstHttpOrgFun::refusedReplies()
-{
-    QFETCH(const QByteArray, head);
-    server->reply("/org.do", FakeReply::verbatim("HTTP/1.1 200 OK\r\n" + head + "\r\n{}"));
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_VERIFY(!request);
-    QCOMPARE(server->count("/org.do"), 1);
-    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
-}
-
-void TstHttpOrgFun::noAddress_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::newRow("children") << int(Children);
-    QTest::newRow("locate") << int(Locate);
-    QTest::newRow("search") << int(Search);
-}
-
-void TstHttpOrgFun::noAddress()
-{
-    QFETCH(const int, kind);
-    writeAddresses(QString());
-    const QPointer<HttpOrgFun> request = start(Kind(kind));
-    QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0})); // not inside the call
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
-}
-
-void TstHttpOrgFun::malformed_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QByteArray>("body");
-    const QByteArray large = employees(5000);
-    for (const Kind kind : {Children, Locate, Search}) {
-        QTest::newRow(qPrintable(QStringLiteral("small %1").arg(kind)))
-            << int(kind) << QByteArray("[1]");
-        QTest::newRow(qPrintable(QStringLiteral("large %1").arg(kind)))
-            << int(kind) << large.left(large.size() - 10);
+    void timesOut()
+    {
+        LogCapture log(host->context);
+        server->reply("/org.do", FakeReply::json("{}").onRelease());
+        const QPointer<HttpOrgFun> request = start(Children);
+        for (int attempt = 1; attempt <= 4; ++attempt) {
+            QTRY_COMPARE(server->count("/org.do"), attempt);
+            QVERIFY(request);
+            QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0}));
+            request->slot_timeout();
+        }
+        QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+        QTRY_VERIFY(!request);
+        QCOMPARE(log.linesWith("time out").size(), 4);
+        const MonitorRecord record = CMonitorLogger::instance().records().last();
+        QCOMPARE(record.StatusCode, 103);
+        QCOMPARE(record.ErrorInfo, QString::fromUtf8("Http请求超时!"));
+        server->release();
     }
-}
 
-void TstHttpOrgFun::malformed()
-{
-    QFETCH(const int, kind);
-    QFETCH(const QByteArray, body);
-    LogCapture log(host->context);
-    server->reply("/org.do", FakeReply::json(body));
-    const QPointer<HttpOrgFun> request = start(Kind(kind));
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0}));
-    QCOMPARE(server->count("/org.do"), 1);
-    const QStringList lines = log.linesWith("was error,json format error. result=");
-    QCOMPARE(lines.size(), 1);
-    QVERIFY(lines.first().contains(QString::fromUtf8(body.left(20))));
-    QVERIFY(lines.first().size() < 66 * 1024);
-}
+    void lateReplyAfterATimeout()
+    {
+        server->reply("/org.do", {FakeReply::json(R"({"org":[{"orgId":"late"}]})").onRelease(),
+                                  FakeReply::json(R"({"org":[{"orgId":"second"}]})").onRelease()});
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_COMPARE(server->count("/org.do"), 1);
+        request->slot_timeout();
+        QTRY_COMPARE(server->count("/org.do"), 2);
+        server->release();
+        QTRY_VERIFY(!request);
+        QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+        const auto elements = m_spies.at(0)->first().at(0).value<OrgElementList>();
+        QCOMPARE(elements.first().strId, QStringLiteral("second"));
+    }
 
-void TstHttpOrgFun::emptyDepartment()
-{
-    server->reply("/org.do", FakeReply::json(R"({"org":[],"emp":[]})"));
-    const QPointer<HttpOrgFun> request = start(Children);
-    QTRY_VERIFY(!request);
-    QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
-    QCOMPARE(m_spies.at(3)->first().at(0).toString(), QStringLiteral("d&1 +/"));
-}
+    void doubleReply()
+    {
+        const QByteArray reply = "HTTP/1.1 200 OK\r\nContent-Length: 2\r\n\r\n{}";
+        server->reply("/org.do", FakeReply::verbatim(reply + reply));
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_VERIFY(!request);
+        QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
+    }
+
+    void brokenInTheMiddle()
+    {
+        server->reply("/org.do", FakeReply::json(employees(100)).dropped(500));
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_VERIFY(!request);
+        QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+    }
+
+    void refusedReplies_data()
+    {
+        const Rows<QByteArray> row{"head"};
+        row("too long, as it says", "Content-Length: 67108864\r\n");
+        row("packed", "Content-Encoding: gzip\r\nContent-Length: 2\r\n");
+    }
+
+    void refusedReplies()
+    {
+        QFETCH(const QByteArray, head);
+        server->reply("/org.do", FakeReply::verbatim("HTTP/1.1 200 OK\r\n" + head + "\r\n{}"));
+        const QPointer<HttpOrgFun> request = start(Children);
+        QTRY_VERIFY(!request);
+        QCOMPARE(server->count("/org.do"), 1);
+        QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+    }
+
+    void noAddress()
+    {
+        writeAddresses(QString());
+        for (const Kind kind : {Children, Locate, Search}) {
+            const QPointer<HttpOrgFun> request = start(kind);
+            QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0})); // not inside the call
+            QTRY_VERIFY(!request);
+            QCOMPARE(signalCounts(), (QVector<int>{0, 1, 0, 0}));
+        }
+    }
+
+    void malformed_data()
+    {
+        const Rows<int, QByteArray> row{"kind", "body"};
+        const QByteArray large = employees(5000);
+        for (const Kind kind : {Children, Locate, Search}) {
+            row(qPrintable(QStringLiteral("small %1").arg(kind)), int(kind), "[1]");
+            row(qPrintable(QStringLiteral("large %1").arg(kind)), int(kind),
+                large.left(large.size() - 10));
+        }
+    }
+
+    void malformed()
+    {
+        QFETCH(const int, kind);
+        QFETCH(const QByteArray, body);
+        LogCapture log(host->context);
+        server->reply("/org.do", FakeReply::json(body));
+        const QPointer<HttpOrgFun> request = start(Kind(kind));
+        QTRY_VERIFY(!request);
+        QCOMPARE(signalCounts(), (QVector<int>{0, 0, 0, 0}));
+        QCOMPARE(server->count("/org.do"), 1);
+        const QStringList lines = log.linesWith("was error,json format error. result=");
+        QCOMPARE(lines.size(), 1);
+        QVERIFY(lines.first().contains(QString::fromUtf8(body.left(20))));
+        QVERIFY(lines.first().size() < 66 * 1024);
+    }
+};
 
 FRIENDUI_TEST(TstHttpOrgFun)
 #include "tst_httporgfun.moc"

@@ -1,17 +1,10 @@
-// Properties of what the organisation looks like. With FRIENDUI_ARTEFACTS set to a
-// folder the pictures are left there to look at.
-#include "controls/skin.h"
+// Properties of what the organisation looks like.
 #include "org/orgstructuretreedelegate.h"
 #include "tests/org/orgfixture.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
-#include <QDir>
 #include <QLabel>
-#include <QPainter>
-#include <QTest>
-#include <QTranslator>
-
-#include <cmath>
 
 namespace {
 
@@ -21,37 +14,14 @@ QImage picture(QWidget *widget, qreal ratio, const QString &name)
     image.setDevicePixelRatio(ratio);
     image.fill(Skin::instance().colors().background);
     widget->render(&image);
-    const QString folder = qEnvironmentVariable("FRIENDUI_ARTEFACTS");
-    if (!folder.isEmpty() && QDir().mkpath(folder))
-        image.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+    keepPicture(image, name);
     return image;
 }
 
-void setSkin(const QString &name)
+OrgElement named(OrgElement element, const char *name, int status = 0, int device = 0,
+                 const char *duty = "Tester")
 {
-    SysUIData record;
-    record.skinName = name;
-    Skin::instance().setRecord(record);
-}
-
-double luminance(const QColor &color)
-{
-    const auto linear = [](double c) {
-        return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-           0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double x = luminance(a) + 0.05;
-    const double y = luminance(b) + 0.05;
-    return x > y ? x / y : y / x;
-}
-
-OrgElement named(OrgElement element, const char *name, int status = 0, int device = 0)
-{
+    element.strDuty = QString::fromUtf8(duty);
     element.strName = QString::fromUtf8(name);
     element.nStatus = status;
     element.nDevice = device;
@@ -66,160 +36,125 @@ class TstOrgLook : public QObject
 
 private slots:
     void cleanup() { setSkin(QStringLiteral("light")); }
-    void watermarkLiesBehindTheRows_data();
-    void watermarkLiesBehindTheRows();
-    void pages_data();
-    void pages();
-    void deepRowsStayInView();
-    void whileAPlaceIsLookedFor();
+
+    void watermarkLiesBehindTheRows_data()
+    {
+        QTest::addColumn<QString>("skin");
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<qreal>("ratio");
+        for (const char *skin : {"light", "dark"}) {
+            for (const char *language : {"zh_CN", "en"}) {
+                for (const qreal ratio : {1.0, 2.0})
+                    QTest::addRow("%s %s %gx", skin, language, ratio)
+                        << QString::fromLatin1(skin) << QString::fromLatin1(language) << ratio;
+            }
+        }
+    }
+
+    void watermarkLiesBehindTheRows()
+    {
+        QFETCH(QString, skin);
+        QFETCH(QString, language);
+        QFETCH(qreal, ratio);
+        const Language installed(language);
+        setSkin(skin);
+        OrgFixture org;
+        VcardInfo own;
+        own.nickName = QString::fromUtf8("王小明");
+        own.employeeCode = QStringLiteral("10086");
+        org.host.context.profiles.insert(org.jid("me"), own);
+        org.show();
+        org.page->resize(320, 620);
+        org.answer("C", {named(makeDepartment(org.id("D1"), org.id("C")), "研发中心"),
+                         named(makeDepartment(org.id("D2"), org.id("C")),
+                               "Sales, Marketing and a Name that Goes On for Ever & Ever")});
+        org.open("D1",
+                 {named(makeDepartment(org.id("D11"), org.id("D1")), "平台部"),
+                  named(makeDepartment(org.id("D12"), org.id("D1")), "Quality"),
+                  named(makeEmployee(org.id("anna"), org.id("D1")), "李明朗", 1, 0, "高级工程师"),
+                  named(makeEmployee(org.id("bob"), org.id("D1")), "Bob Stone", 4, 0, ""),
+                  named(makeEmployee(org.id("carl"), org.id("D1")),
+                        "A very long name that does not fit into this row", 0, 1,
+                        "Principal architect of everything that there is to be built")});
+        org.tree->expandItem(org.row("D12"));
+        org.fail("D12");
+        org.open("D11", {named(makeEmployee(org.id("me"), org.id("D11")), "王小明", 2),
+                         named(makeEmployee(org.id("eve"), org.id("D11")), "Eve", 0)});
+        org.tree->expandItem(org.row("D2"));
+        org.select("anna");
+        const QString name =
+            QStringLiteral("org-%1-%2-%3x").arg(skin, language, QString::number(ratio));
+        const QImage image = picture(org.page.get(), ratio, name);
+
+        // Below the last row there is nothing but ground and watermark.
+        const QModelIndex last = org.tree->indexBelow(org.row("D2"));
+        const int below = int((org.tree->visualRect(last).bottom() + 2) * ratio);
+        const QColor ground = Skin::instance().colors().background;
+        int inked = 0;
+        double strongest = 1;
+        for (int y = below; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor seen(image.pixel(x, y));
+                inked += seen != ground;
+                strongest = qMax(strongest, ::contrast(seen, ground));
+            }
+        }
+        QVERIFY2(inked > 100, qPrintable(QString::number(inked)));
+        QVERIFY2(strongest > 1.05 && strongest < 1.4, qPrintable(QString::number(strongest)));
+
+        // Where a stroke of it passes below a text, that stays readable.
+        const QColor mark = skin == QLatin1String("dark") ? QColor("#2a2d33") : QColor("#e8e9eb");
+        QVERIFY(::contrast(Skin::instance().colors().text, mark) >= 4.5);
+        QVERIFY(::contrast(Skin::instance().colors().secondary, mark) >= 4.5);
+    }
+
+    void pages_data()
+    {
+        QTest::addColumn<QString>("what");
+        QTest::addColumn<QString>("skin");
+        for (const char *what : {"loading", "failed", "empty", "noEnterprise", "noPermission"}) {
+            for (const char *skin : {"light", "dark"})
+                QTest::addRow("%s %s", what, skin)
+                    << QString::fromLatin1(what) << QString::fromLatin1(skin);
+        }
+    }
+
+    void pages()
+    {
+        QFETCH(QString, what);
+        QFETCH(QString, skin);
+        const Language chinese(QStringLiteral("zh_CN"));
+        setSkin(skin);
+        OrgFixture org;
+        if (what == QLatin1String("noEnterprise"))
+            org.host.context.company.clear();
+        if (what == QLatin1String("noPermission"))
+            org.host.context.deniedRights.insert(ApplicationContext::Org);
+        org.show();
+        if (what == QLatin1String("failed"))
+            org.fail("C");
+        if (what == QLatin1String("empty"))
+            org.answer("C", {});
+        picture(org.page.get(), 2, QStringLiteral("org-page-") + what + QLatin1Char('-') + skin);
+        // Every text has the room it needs.
+        QWidget *page = org.page->findChild<QStackedWidget *>()->currentWidget();
+        for (const QLabel *label : page->findChildren<QLabel *>()) {
+            QVERIFY(page->rect().contains(label->geometry()));
+            QVERIFY(label->height() >= label->heightForWidth(label->width()));
+        }
+    }
+
+    void deepRowsStayInView()
+    {
+        const QRect row(0, 0, 200, 44);
+        for (int depth : {0, 1, 8, 60}) {
+            const QRect caret = OrgStructureTreeDelegate::caretArea(row, depth, Qt::LeftToRight);
+            QVERIFY(row.contains(caret));
+            const QRect mirrored = OrgStructureTreeDelegate::caretArea(row, depth, Qt::RightToLeft);
+            QCOMPARE(row.right() - mirrored.right(), caret.left() - row.left());
+        }
+    }
 };
-
-void TstOrgLook::watermarkLiesBehindTheRows_data()
-{
-    QTest::addColumn<QString>("skin");
-    QTest::addColumn<QString>("language");
-    QTest::addColumn<qreal>("ratio");
-    for (const char *skin : {"light", "dark"}) {
-        for (const char *language : {"zh_CN", "en"}) {
-            for (const qreal ratio : {1.0, 2.0})
-                QTest::addRow("%s %s %gx", skin, language, ratio)
-                    << QString::fromLatin1(skin) << QString::fromLatin1(language) << ratio;
-        }
-    }
-}
-
-void TstOrgLook::watermarkLiesBehindTheRows()
-{
-    QFETCH(QString, skin);
-    QFETCH(QString, language);
-    QFETCH(qreal, ratio);
-    QTranslator translator;
-    if (translator.load(QStringLiteral("friendui_") + language,
-                        qEnvironmentVariable("FRIENDUI_BIN") + QStringLiteral("/translations")))
-        QApplication::installTranslator(&translator);
-    setSkin(skin);
-    OrgFixture org;
-    VcardInfo own;
-    own.nickName = QString::fromUtf8("王小明");
-    own.employeeCode = QStringLiteral("10086");
-    org.host.context.profiles.insert(org.jid("me"), own);
-    org.show();
-    org.page->resize(320, 620);
-    org.answer("C", {named(makeDepartment(org.id("D1"), QString(), org.id("C")), "研发中心"),
-                     named(makeDepartment(org.id("D2"), QString(), org.id("C")),
-                           "Sales, Marketing and a Name that Goes On for Ever & Ever")});
-    org.tree->expandItem(org.row("D1"));
-    org.answer("D1",
-               {named(makeDepartment(org.id("D11"), QString(), org.id("D1")), "平台部"),
-                named(makeDepartment(org.id("D12"), QString(), org.id("D1")), "Quality"),
-                named(makeEmployee(org.id("anna"), org.id("D1"), QString::fromUtf8("高级工程师")),
-                      "李明朗", 1),
-                named(makeEmployee(org.id("bob"), org.id("D1")), "Bob Stone", 4),
-                named(makeEmployee(org.id("carl"), org.id("D1"),
-                                   QStringLiteral("Principal architect of everything that there "
-                                                  "is to be built")),
-                      "A very long name that does not fit into this row", 0, 1)});
-    org.tree->expandItem(org.row("D12"));
-    org.fail("D12");
-    org.tree->expandItem(org.row("D11"));
-    org.answer("D11", {named(makeEmployee(org.id("me"), org.id("D11"), QStringLiteral("Tester")),
-                             "王小明", 2),
-                       named(makeEmployee(org.id("eve"), org.id("D11")), "Eve", 0)});
-    org.tree->expandItem(org.row("D2"));
-    org.select("anna");
-    const QString name =
-        QStringLiteral("org-%1-%2-%3x").arg(skin, language, QString::number(ratio));
-    const QImage image = picture(org.page.get(), ratio, name);
-
-    // Below the last row there is nothing but ground and watermark.
-    const QModelIndex last = org.tree->indexBelow(org.row("D2"));
-    const int below = int((org.tree->visualRect(last).bottom() + 2) * ratio);
-    const QColor ground = Skin::instance().colors().background;
-    int inked = 0;
-    double strongest = 1;
-    for (int y = below; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor seen(image.pixel(x, y));
-            inked += seen != ground;
-            strongest = qMax(strongest, ::contrast(seen, ground));
-        }
-    }
-    QVERIFY2(inked > 100, qPrintable(QString::number(inked)));
-    QVERIFY2(strongest > 1.05 && strongest < 1.4, qPrintable(QString::number(strongest)));
-    QApplication::removeTranslator(&translator);
-
-    // Where a stroke of it passes below a text, that stays readable.
-    const QColor mark = skin == QLatin1String("dark") ? QColor("#2a2d33") : QColor("#e8e9eb");
-    QVERIFY(::contrast(Skin::instance().colors().text, mark) >= 4.5);
-    QVERIFY(::contrast(Skin::instance().colors().secondary, mark) >= 4.5);
-}
-
-void TstOrgLook::pages_data()
-{
-    QTest::addColumn<QString>("what");
-    QTest::addColumn<QString>("skin");
-    for (const char *what : {"loading", "failed", "empty", "noEnterprise", "noPermission"}) {
-        for (const char *skin : {"light", "dark"})
-            QTest::addRow("%s %s", what, skin)
-                << QString::fromLatin1(what) << QString::fromLatin1(skin);
-    }
-}
-
-void TstOrgLook::pages()
-{
-    QFETCH(QString, what);
-    QFETCH(QString, skin);
-    QTranslator translator;
-    if (translator.load(QStringLiteral("friendui_zh_CN"),
-                        qEnvironmentVariable("FRIENDUI_BIN") + QStringLiteral("/translations")))
-        QApplication::installTranslator(&translator);
-    setSkin(skin);
-    OrgFixture org;
-    if (what == QLatin1String("noEnterprise"))
-        org.host.context.company.clear();
-    if (what == QLatin1String("noPermission"))
-        org.host.context.deniedRights.insert(ApplicationContext::Org);
-    org.show();
-    if (what == QLatin1String("failed"))
-        org.fail("C");
-    if (what == QLatin1String("empty"))
-        org.answer("C", {});
-    picture(org.page.get(), 2, QStringLiteral("org-page-") + what + QLatin1Char('-') + skin);
-    // Every text has the room it needs.
-    QWidget *page = org.page->findChild<QStackedWidget *>()->currentWidget();
-    for (const QLabel *label : page->findChildren<QLabel *>()) {
-        QVERIFY(page->rect().contains(label->geometry()));
-        QVERIFY(label->height() >= label->heightForWidth(label->width()));
-    }
-    QApplication::removeTranslator(&translator);
-}
-
-void TstOrgLook::deepRowsStayInView()
-{
-    const QRect row(0, 0, 200, 44);
-    for (int depth : {0, 1, 8, 60}) {
-        const QRect caret = OrgStructureTreeDelegate::caretArea(row, depth, Qt::LeftToRight);
-        QVERIFY(row.contains(caret));
-        const QRect mirrored = OrgStructureTreeDelegate::caretArea(row, depth, Qt::RightToLeft);
-        QCOMPARE(row.right() - mirrored.right(), caret.left() - row.left());
-    }
-}
-
-void TstOrgLook::whileAPlaceIsLookedFor()
-{
-    OrgFixture org;
-    org.showFilled();
-    org.tree->expandItem(org.row("D1"));
-    org.answer("D1", org.many("D1", 60));
-    org.page->slot_orgPosition(org.id("carl"));
-    picture(org.page.get(), 2, QStringLiteral("org-locating"));
-    const auto *label = org.page->findChild<QLabel *>(QStringLiteral("orgLocatingLabel"));
-    QVERIFY(::contrast(label->palette().color(QPalette::Window),
-                       label->palette().color(QPalette::WindowText)) >= 4.5);
-    // Below a style sheet, too, the bar is the narrow one of all lists.
-    QVERIFY(org.tree->verticalScrollBar()->isVisible());
-    QCOMPARE(org.tree->verticalScrollBar()->width(), 10);
-}
 
 FRIENDUI_TEST(TstOrgLook)
 #include "tst_orglook.moc"

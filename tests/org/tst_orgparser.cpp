@@ -4,8 +4,6 @@
 #include "org/orgpresence.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 namespace {
 
 QStringList ids(const OrgElementList &elements)
@@ -108,13 +106,11 @@ void TstOrgParser::hostileReplies()
 
 void TstOrgParser::deepReplies_data()
 {
-    QTest::addColumn<QByteArray>("open");
-    QTest::addColumn<int>("levels");
-    QTest::addColumn<bool>("ok");
+    const Rows<QByteArray, int, bool> row{"open", "levels", "ok"};
     const QByteArray children = R"({"orgId":"d","children":{"org":[)";
-    QTest::newRow("20 levels") << children << 20 << true;
-    QTest::newRow("100,000 levels") << children << 100000 << false;
-    QTest::newRow("100,000 arrays") << QByteArray("[") << 100000 << false;
+    row("20 levels", children, 20, true);
+    row("100,000 levels", children, 100000, false);
+    row("100,000 arrays", "[", 100000, false);
 }
 
 void TstOrgParser::deepReplies()

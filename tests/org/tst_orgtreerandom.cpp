@@ -6,7 +6,6 @@
 
 #include <QAbstractItemModelTester>
 #include <QRandomGenerator>
-#include <QTest>
 
 namespace {
 
@@ -59,71 +58,67 @@ class TstOrgTreeRandom : public QObject
     Q_OBJECT
 
 private slots:
-    void showsWhatHasAWayUp_data();
-    void showsWhatHasAWayUp();
-};
+    void showsWhatHasAWayUp_data()
+    {
+        // chained: towards one long chain
+        const Rows<int, int, int, bool> row{"departments", "employees", "batches", "chained"};
+        row("a few, circles everywhere", 6, 4, 600, false);
+        row("many", 60, 200, 120, false);
+        row("deeper than allowed", 90, 20, 200, true);
+    }
 
-void TstOrgTreeRandom::showsWhatHasAWayUp_data()
-{
-    QTest::addColumn<int>("departments");
-    QTest::addColumn<int>("employees");
-    QTest::addColumn<int>("batches");
-    QTest::addColumn<bool>("chained"); // towards one long chain
-    QTest::newRow("a few, circles everywhere") << 6 << 4 << 600 << false;
-    QTest::newRow("many") << 60 << 200 << 120 << false;
-    QTest::newRow("deeper than allowed") << 90 << 20 << 200 << true;
-}
-
-void TstOrgTreeRandom::showsWhatHasAWayUp()
-{
-    QFETCH(const int, departments);
-    QFETCH(const int, employees);
-    QFETCH(const int, batches);
-    QFETCH(const bool, chained);
-    OrgTreeModel model;
-    model.setRootId(root);
-    const QAbstractItemModelTester tester(&model,
-                                          QAbstractItemModelTester::FailureReportingMode::QtTest);
-    QRandomGenerator random(7);
-    const auto departmentId = [](int i) { return i < 0 ? root : QStringLiteral("d%1").arg(i); };
-    Latest latest;
-    QList<QPersistentModelIndex> held;
-    QStringList heldIds;
-    for (int batch = 0; batch < batches; ++batch) {
-        OrgElementList list;
-        const int size = 1 + random.bounded(random.bounded(4) ? 5 : 40);
-        for (int i = 0; i < size; ++i) {
-            const bool isEmployee = random.bounded(departments + employees) >= departments;
-            const int number = random.bounded(isEmployee ? employees : departments);
-            const int above = chained && random.bounded(8) && !isEmployee
-                                  ? number - 1
-                                  : random.bounded(-1, departments);
-            OrgElement element =
-                isEmployee ? makeEmployee(QStringLiteral("u%1").arg(number), departmentId(above))
-                           : makeDepartment(departmentId(number), departmentId(above));
-            if (random.bounded(40) == 0)
-                element.bIsEmp = !element.bIsEmp; // the same id as the other kind
-            if (element.strId == element.strParentId)
-                continue;
-            list.append(element);
-            latest.insert(element.strId, element);
-        }
-        const auto state = OrgTreeModel::Children(random.bounded(4));
-        model.setChildrenState(departmentId(random.bounded(departments)), state);
-        model.addElements(list);
-        QMap<QString, QString> rows;
-        collect(model, {}, root, &rows);
-        QCOMPARE(rows, expectedRows(latest));
-        for (int i = 0; i < held.size(); ++i)
-            QVERIFY(!held.at(i).isValid() ||
-                    held.at(i).data(OrgRole::Id).toString() == heldIds.at(i));
-        if (!rows.isEmpty()) {
-            const QString id = rows.keys().at(random.bounded(rows.size()));
-            held.append(model.indexOf(id));
-            heldIds.append(id);
+    void showsWhatHasAWayUp()
+    {
+        QFETCH(const int, departments);
+        QFETCH(const int, employees);
+        QFETCH(const int, batches);
+        QFETCH(const bool, chained);
+        OrgTreeModel model;
+        model.setRootId(root);
+        const QAbstractItemModelTester tester(
+            &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QRandomGenerator random(7);
+        const auto departmentId = [](int i) { return i < 0 ? root : QStringLiteral("d%1").arg(i); };
+        Latest latest;
+        QList<QPersistentModelIndex> held;
+        QStringList heldIds;
+        for (int batch = 0; batch < batches; ++batch) {
+            OrgElementList list;
+            const int size = 1 + random.bounded(random.bounded(4) ? 5 : 40);
+            for (int i = 0; i < size; ++i) {
+                const bool isEmployee = random.bounded(departments + employees) >= departments;
+                const int number = random.bounded(isEmployee ? employees : departments);
+                const int above = chained && random.bounded(8) && !isEmployee
+                                      ? number - 1
+                                      : random.bounded(-1, departments);
+                OrgElement element =
+                    isEmployee
+                        ? makeEmployee(QStringLiteral("u%1").arg(number), departmentId(above))
+                        : makeDepartment(departmentId(number), departmentId(above));
+                if (random.bounded(40) == 0)
+                    element.bIsEmp = !element.bIsEmp; // the same id as the other kind
+                if (element.strId == element.strParentId)
+                    continue;
+                list.append(element);
+                latest.insert(element.strId, element);
+            }
+            const auto state = OrgTreeModel::Children(random.bounded(4));
+            model.setChildrenState(departmentId(random.bounded(departments)), state);
+            model.addElements(list);
+            QMap<QString, QString> rows;
+            collect(model, {}, root, &rows);
+            QCOMPARE(rows, expectedRows(latest));
+            for (int i = 0; i < held.size(); ++i)
+                QVERIFY(!held.at(i).isValid() ||
+                        held.at(i).data(OrgRole::Id).toString() == heldIds.at(i));
+            if (!rows.isEmpty()) {
+                const QString id = rows.keys().at(random.bounded(rows.size()));
+                held.append(model.indexOf(id));
+                heldIds.append(id);
+            }
         }
     }
-}
+};
 
 FRIENDUI_TEST(TstOrgTreeRandom)
 #include "tst_orgtreerandom.moc"

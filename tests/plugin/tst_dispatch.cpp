@@ -8,9 +8,6 @@
 #include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 
-#include <QCoreApplication>
-#include <QTest>
-
 namespace {
 
 using Hub = FriendUISignalSender;
@@ -18,68 +15,44 @@ using Hub = FriendUISignalSender;
 // The contract: numbers and names as host developers use them.
 const QMap<qint32, QByteArray> &signalOfCode()
 {
-    static const QMap<qint32, QByteArray> map = {
-        {4102, "signal_clearFriend"},
-        {4105, "signal_FriendVcardInfo"},
-        {4106, "signal_FriendFullVcardInfo"},
-        {4107, "signal_UpdateFrdHead"},
-        {4109, "signal_SearchFriendRecv"},
-        {4111, "signal_requestAddFriend"},
-        {4114, "signal_addFriend"},
-        {4115, "signal_addAllFriend"},
-        {4117, "signal_updateFriendPresence"},
-        {4118, "signal_addGroup"},
-        {4119, "signal_addAllGroup"},
-        {4120, "signal_delGroup"},
-        {4121, "signal_moveitem"},
-        {4122, "signal_myProfileRecv"},
-        {4128, "signal_delFriendFail"},
-        {4129, "signal_addsucess"},
-        {4133, "signal_configreceived"},
-        {4134, "signal_changeGroupName"},
-        {4135, "signal_isConnected"},
-        {4149, "signal_roomSubjectChanged"},
-        {4150, "signal_mucChatHeadChanged"},
-        {4160, "signal_EmployeeInfo"},
-        {4165, "signal_addFriendFail"},
-        {4166, "signal_BatchAddFriendFial"},
-        {4169, "signal_notifyUpdateServiceNum"},
-        {4253, "signal_removedRoom"},
-        {4281, "signal_GetVcardFail"},
-        {4355, "signal_doalloffline"},
-        {4398, "signal_latestFriend"},
-        {4403, "signal_delStranger"},
-        {4430, "signal_updateRoomMembers"},
-        {4431, "signal_addMuc"},
-        {4452, "signal_deleteMucRoon"},
-        {4453, "signal_setForbiddenIcon"},
-        {4460, "signal_roomIsNull"},
-        {4497, "signal_myStatusChanged"},
-        {4500, "signal_getGroupFail"},
-        {4524, "signal_SkinChange"},
-        {4541, "siganl_mucClassifyChanged"},
-        {4562, "siganl_recvMissingCall"},
-        {4564, "siganl_delMissingCall"},
-        {4593, "signal_showAllRoom"},
-        {4594, "signal_openLeaderDetail"},
-        {4596, "signal_localMucAdded"},
-        {4606, "signal_updateLatestContact"},
-        {4624, "signal_notifySubServiceNum"},
-        {4625, "signal_notifyCancelSubServiceNum"},
-        {4629, "signal_notifyDownloadServiceIconResult"},
-        {4630, "signal_notifyAddServiceNum"},
-        {4635, "signal_notifyGetMyAPPFail"},
-        {4637, "signal_GetVcardSuccessNoChange"},
-        {4674, "signal_position_orgstruct"},
-        {4711, "signal_notifyCooperate"},
-        {4748, "signal_notifyFriendRemarkName"},
-        {4802, "signal_notifyRemoveChannel"},
-        {4803, "signal_notifyAddChannel"},
-        {4843, "signal_refresh_virtualTeam"},
-        {4845, "signal_addMembersToVirtualTeam"},
-        {4892, "signal_refreshOrganization"},
-        {4899, "signal_notifyUpdateChannelHead"},
-    };
+    static const QMap<qint32, QByteArray> map = [] {
+        const QByteArrayList words =
+            QByteArray(
+                "4102 signal_clearFriend 4105 signal_FriendVcardInfo 4106 "
+                "signal_FriendFullVcardInfo "
+                "4107 signal_UpdateFrdHead 4109 signal_SearchFriendRecv 4111 "
+                "signal_requestAddFriend "
+                "4114 signal_addFriend 4115 signal_addAllFriend 4117 signal_updateFriendPresence "
+                "4118 signal_addGroup 4119 signal_addAllGroup 4120 signal_delGroup 4121 "
+                "signal_moveitem "
+                "4122 signal_myProfileRecv 4128 signal_delFriendFail 4129 signal_addsucess "
+                "4133 signal_configreceived 4134 signal_changeGroupName 4135 signal_isConnected "
+                "4149 signal_roomSubjectChanged 4150 signal_mucChatHeadChanged 4160 "
+                "signal_EmployeeInfo "
+                "4165 signal_addFriendFail 4166 signal_BatchAddFriendFial "
+                "4169 signal_notifyUpdateServiceNum 4253 signal_removedRoom 4281 "
+                "signal_GetVcardFail "
+                "4355 signal_doalloffline 4398 signal_latestFriend 4403 signal_delStranger "
+                "4430 signal_updateRoomMembers 4431 signal_addMuc 4452 signal_deleteMucRoon "
+                "4453 signal_setForbiddenIcon 4460 signal_roomIsNull 4497 signal_myStatusChanged "
+                "4500 signal_getGroupFail 4524 signal_SkinChange 4541 siganl_mucClassifyChanged "
+                "4562 siganl_recvMissingCall 4564 siganl_delMissingCall 4593 signal_showAllRoom "
+                "4594 signal_openLeaderDetail 4596 signal_localMucAdded 4606 "
+                "signal_updateLatestContact "
+                "4624 signal_notifySubServiceNum 4625 signal_notifyCancelSubServiceNum "
+                "4629 signal_notifyDownloadServiceIconResult 4630 signal_notifyAddServiceNum "
+                "4635 signal_notifyGetMyAPPFail 4637 signal_GetVcardSuccessNoChange "
+                "4674 signal_position_orgstruct 4711 signal_notifyCooperate "
+                "4748 signal_notifyFriendRemarkName 4802 signal_notifyRemoveChannel "
+                "4803 signal_notifyAddChannel 4843 signal_refresh_virtualTeam "
+                "4845 signal_addMembersToVirtualTeam 4892 signal_refreshOrganization "
+                "4899 signal_notifyUpdateChannelHead")
+                .split(' ');
+        QMap<qint32, QByteArray> codes;
+        for (int i = 0; i + 1 < words.size(); i += 2)
+            codes.insert(words.at(i).toInt(), words.at(i + 1));
+        return codes;
+    }();
     return map;
 }
 
@@ -94,9 +67,9 @@ class TstDispatch : public QObject
 private slots:
     void everyCodeReachesItsSignal_data()
     {
-        QTest::addColumn<int>("code");
+        const Rows<int> row{"code"};
         for (auto at = signalOfCode().begin(); at != signalOfCode().end(); ++at)
-            QTest::newRow(at.value().constData()) << at.key();
+            row(at.value().constData(), at.key());
     }
     void everyCodeReachesItsSignal()
     {
@@ -114,19 +87,14 @@ private slots:
 
     void flagsChooseTheSignal_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("payload");
-        QTest::addColumn<QByteArray>("signal");
-        QTest::addColumn<QByteArray>("arguments");
+        const Rows<int, QByteArray, QByteArray, QByteArray> row{"code", "payload", "signal",
+                                                                "arguments"};
         const QByteArray jid = FakeHost::encode(Jid);
-        QTest::newRow("roster contact removed")
-            << 4101 << FakeHost::encode(Jid, true) << QByteArray("signal_delFriend") << jid;
-        QTest::newRow("external contact removed")
-            << 4101 << FakeHost::encode(Jid, false) << QByteArray("signal_delOutsideFriend") << jid;
-        QTest::newRow("logged in")
-            << 4209 << FakeHost::encode(true) << QByteArray("signal_login") << QByteArray();
-        QTest::newRow("logged out")
-            << 4209 << FakeHost::encode(false) << QByteArray("signal_logout") << QByteArray();
+        row("roster contact removed", 4101, FakeHost::encode(Jid, true), "signal_delFriend", jid);
+        row("external contact removed", 4101, FakeHost::encode(Jid, false),
+            "signal_delOutsideFriend", jid);
+        row("logged in", 4209, FakeHost::encode(true), "signal_login", QByteArray());
+        row("logged out", 4209, FakeHost::encode(false), "signal_logout", QByteArray());
     }
     void flagsChooseTheSignal()
     {
@@ -141,16 +109,12 @@ private slots:
 
     void onlyEventsForThisPluginAreTaken_data()
     {
-        QTest::addColumn<QString>("receiver");
-        QTest::addColumn<bool>("taken");
-        QTest::newRow("addressed")
-            << QStringLiteral("{77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E}") << true;
-        QTest::newRow("broadcast") << QString() << true;
-        QTest::newRow("another plug-in") << QString::fromLatin1(PluginId::Chat) << false;
-        QTest::newRow("without braces")
-            << QStringLiteral("77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E") << false;
-        QTest::newRow("lower case")
-            << QStringLiteral("{77cce3f9-79f5-c5e8-17e7-f6b7389aaa6e}") << false;
+        const Rows<QString, bool> row{"receiver", "taken"};
+        row("addressed", QStringLiteral("{77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E}"), true);
+        row("broadcast", QString(), true);
+        row("another plug-in", QString::fromLatin1(PluginId::Chat), false);
+        row("without braces", QStringLiteral("77CCE3F9-79F5-C5E8-17E7-F6B7389AAA6E"), false);
+        row("lower case", QStringLiteral("{77cce3f9-79f5-c5e8-17e7-f6b7389aaa6e}"), false);
     }
     void onlyEventsForThisPluginAreTaken()
     {
@@ -161,16 +125,6 @@ private slots:
             FakeHost::sendRaw(Inbound::ContactAdded, FakeHost::encode(Jid), receiver);
         QCOMPARE(event.isAccepted(), taken);
         QCOMPARE(spy.emissions.size(), taken ? 1 : 0);
-    }
-
-    void eventsOfOtherTypesAreLeftAlone()
-    {
-        HubSpy spy;
-        QEvent other(QEvent::Type(1001));
-        other.ignore();
-        QCoreApplication::sendEvent(FriendUIMessageProcess::instance(), &other);
-        QVERIFY(!other.isAccepted());
-        QVERIFY(spy.emissions.isEmpty());
     }
 
     void codesWithoutAnActionDoNothing()

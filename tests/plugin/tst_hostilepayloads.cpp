@@ -8,8 +8,6 @@
 #include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <memory>
 
 namespace {
@@ -57,36 +55,27 @@ private slots:
 
     void missingArgumentsAreDefaults_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::addColumn<QByteArray>("payload");
-        QTest::addColumn<QByteArray>("arguments");
+        const Rows<int, QByteArray, QByteArray> row{"code", "payload", "arguments"};
         const QString jid = QStringLiteral("j");
-        QTest::newRow("flag missing")
-            << 4128 << FakeHost::encode(jid) << FakeHost::encode(jid, false);
-        QTest::newRow("all missing")
-            << 4121 << QByteArray()
-            << FakeHost::encode(false, QString(), QString(), QString(), false);
-        QTest::newRow("text cut") << 4134
-                                  << FakeHost::encode(jid, QStringLiteral("name")).chopped(1)
-                                  << FakeHost::encode(jid, QString(), false, false);
-        QTest::newRow("list cut") << 4845 << FakeHost::encode(jid, QStringList{jid, jid}).chopped(1)
-                                  << FakeHost::encode(jid, QStringList(), 0);
+        row("flag missing", 4128, FakeHost::encode(jid), FakeHost::encode(jid, false));
+        row("all missing", 4121, QByteArray(),
+            FakeHost::encode(false, QString(), QString(), QString(), false));
+        row("text cut", 4134, FakeHost::encode(jid, QStringLiteral("name")).chopped(1),
+            FakeHost::encode(jid, QString(), false, false));
+        row("list cut", 4845, FakeHost::encode(jid, QStringList{jid, jid}).chopped(1),
+            FakeHost::encode(jid, QStringList(), 0));
         // The bytes behind a broken count must not be taken for the flag.
-        QTest::newRow("huge list")
-            << 4119 << QByteArray::fromHex("7ffffff0") + QByteArray::fromHex("01010101")
-            << FakeHost::encode(QList<GroupData>(), false);
-        QTest::newRow("huge map") << 4711 << QByteArray::fromHex("7ffffff001")
-                                  << FakeHost::encode(QMap<QString, bool>());
-        QTest::newRow("huge text")
-            << 4114 << QByteArray::fromHex("7ffffff0") << FakeHost::encode(QString());
-        QTest::newRow("huge inner list")
-            << 4803
-            << FakeHost::encode(jid, jid, jid, jid) + QByteArray::fromHex("7ffffff0") +
-                   QByteArray(40, '\1')
-            << FakeHost::encode(jid, jid, jid, jid, QStringList(), qint64(0), qint64(0), qint32(0),
-                                qint32(0), qint32(0), false, false, false);
-        QTest::newRow("too long") << 4114 << FakeHost::encode(jid, jid, jid)
-                                  << FakeHost::encode(jid);
+        row("huge list", 4119, QByteArray::fromHex("7ffffff0") + QByteArray::fromHex("01010101"),
+            FakeHost::encode(QList<GroupData>(), false));
+        row("huge map", 4711, QByteArray::fromHex("7ffffff001"),
+            FakeHost::encode(QMap<QString, bool>()));
+        row("huge text", 4114, QByteArray::fromHex("7ffffff0"), FakeHost::encode(QString()));
+        row("huge inner list", 4803,
+            FakeHost::encode(jid, jid, jid, jid) + QByteArray::fromHex("7ffffff0") +
+                QByteArray(40, '\1'),
+            FakeHost::encode(jid, jid, jid, jid, QStringList(), qint64(0), qint64(0), qint32(0),
+                             qint32(0), qint32(0), false, false, false));
+        row("too long", 4114, FakeHost::encode(jid, jid, jid), FakeHost::encode(jid));
     }
     void missingArgumentsAreDefaults()
     {

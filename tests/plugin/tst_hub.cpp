@@ -4,8 +4,6 @@
 
 #include <QDataStream>
 #include <QMetaMethod>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 using Hub = FriendUISignalSender;
@@ -58,17 +56,12 @@ private slots:
                                               QStringLiteral("1 groups")}));
     }
 
-    void signalsWithShorterForms_data()
-    {
-        QTest::addColumn<QByteArray>("signature");
-        QTest::newRow("request") << QByteArray("signal_requestAddFriend(QString,QString)");
-        QTest::newRow("move") << QByteArray("signal_moveitem(bool,QString,QString,QString)");
-        QTest::newRow("hide") << QByteArray("signal_hidealloff(bool)");
-    }
     void signalsWithShorterForms()
     {
-        QFETCH(QByteArray, signature);
-        QVERIFY(Hub::staticMetaObject.indexOfSignal(signature) >= 0);
+        for (const char *signature :
+             {"signal_requestAddFriend(QString,QString)",
+              "signal_moveitem(bool,QString,QString,QString)", "signal_hidealloff(bool)"})
+            QVERIFY2(Hub::staticMetaObject.indexOfSignal(signature) >= 0, signature);
     }
 
     void everySignalArgumentCanTravel()
@@ -85,35 +78,16 @@ private slots:
 
     void namedTypesAreRegistered_data()
     {
-        QTest::addColumn<QByteArray>("name");
-        for (const char *name : {"FriendData",
-                                 "QList<FriendData>",
-                                 "DBFriendData",
-                                 "ChatSummaryData",
-                                 "CSChannelData",
-                                 "DBApplicationData",
-                                 "DBServiceData",
-                                 "SessionData",
-                                 "SessionSettingData",
-                                 "LocalFileData",
-                                 "DingMsgData",
-                                 "FavoriteData",
-                                 "CstSrvQukRplyData",
-                                 "AgentData",
-                                 "QList<AgentData>",
-                                 "HttpResponseData",
-                                 "VcardInfo",
-                                 "GroupData",
-                                 "QList<GroupData>",
-                                 "CRosterInfoData",
-                                 "PresenceData::ePcShowType",
-                                 "MucData",
-                                 "MucTopicInfoData",
-                                 "MucMemberData",
-                                 "QList<MucMemberData>",
-                                 "QList<CServiceNumData>",
-                                 "MessageData"})
-            QTest::newRow(name) << QByteArray(name);
+        const Rows<QByteArray> row{"name"};
+        const QByteArray names =
+            "FriendData;QList<FriendData>;DBFriendData;ChatSummaryData;CSChannelData;"
+            "DBApplicationData;DBServiceData;SessionData;SessionSettingData;LocalFileData;"
+            "DingMsgData;FavoriteData;CstSrvQukRplyData;AgentData;QList<AgentData>;"
+            "HttpResponseData;VcardInfo;GroupData;QList<GroupData>;CRosterInfoData;"
+            "PresenceData::ePcShowType;MucData;MucTopicInfoData;MucMemberData;"
+            "QList<MucMemberData>;QList<CServiceNumData>;MessageData";
+        for (const QByteArray &name : names.split(';'))
+            row(name.constData(), name);
     }
     void namedTypesAreRegistered()
     {

@@ -6,8 +6,6 @@
 #include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 
-#include <QTest>
-
 #include <memory>
 
 namespace {
@@ -135,12 +133,11 @@ private slots:
 
     void queryIsAnsweredInThePayload_data()
     {
-        QTest::addColumn<QString>("jid");
-        QTest::addColumn<bool>("answer");
-        QTest::newRow("stranger") << Jid << true;
-        QTest::newRow("contact") << QStringLiteral("friend@corp.example") << false;
-        QTest::newRow("own jid") << QStringLiteral("u1@corp.example") << false;
-        QTest::newRow("empty") << QString() << false;
+        const Rows<QString, bool> row{"jid", "answer"};
+        row("stranger", Jid, true);
+        row("contact", QStringLiteral("friend@corp.example"), false);
+        row("own jid", QStringLiteral("u1@corp.example"), false);
+        row("empty", QString(), false);
     }
     void queryIsAnsweredInThePayload()
     {
@@ -166,14 +163,14 @@ private slots:
 
     void listedTeamsAreLoadedAgain_data()
     {
-        QTest::addColumn<QString>("data");
-        QTest::newRow("no data") << QString();
-        QTest::newRow("update") << QStringLiteral(R"({"type":"update","vtId":"9"})");
-        QTest::newRow("no type") << QStringLiteral("{}");
-        QTest::newRow("type of the wrong kind") << QStringLiteral(R"({"type":["audit"]})");
-        QTest::newRow("an array") << QStringLiteral(R"(["audit"])");
-        QTest::newRow("no JSON") << QStringLiteral("<audit>");
-        QTest::newRow("deep") << QString(100000, QLatin1Char('['));
+        const Rows<QString> row{"data"};
+        row("no data", QString());
+        row("update", QStringLiteral(R"({"type":"update","vtId":"9"})"));
+        row("no type", QStringLiteral("{}"));
+        row("type of the wrong kind", QStringLiteral(R"({"type":["audit"]})"));
+        row("an array", QStringLiteral(R"(["audit"])"));
+        row("no JSON", QStringLiteral("<audit>"));
+        row("deep", QString(100000, QLatin1Char('[')));
     }
     void listedTeamsAreLoadedAgain()
     {

@@ -6,7 +6,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
-#include <QTest>
 
 namespace {
 
@@ -118,10 +117,10 @@ class TstRequests : public QObject
 private slots:
     void requestsHaveCodeReceiverAndPayload_data()
     {
-        QTest::addColumn<int>("row");
+        const Rows<int> row{"row"};
         const QVector<RequestRow> rows = rosterRows() + otherRows();
         for (int i = 0; i < rows.size(); ++i)
-            QTest::newRow(rows.at(i).name) << i;
+            row(rows.at(i).name, i);
     }
     void requestsHaveCodeReceiverAndPayload()
     {
@@ -151,10 +150,10 @@ private slots:
 
     void unknownCodesAreRefused_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::newRow("no code") << 0;
-        QTest::newRow("inbound only") << int(Inbound::ContactAdded);
-        QTest::newRow("negative") << -1;
+        const Rows<int> row{"code"};
+        row("no code", 0);
+        row("inbound only", int(Inbound::ContactAdded));
+        row("negative", -1);
     }
     void unknownCodesAreRefused()
     {

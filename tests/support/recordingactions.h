@@ -9,6 +9,8 @@
 // While it lives it is paneActions().
 class RecordingActions : public PaneActions
 {
+    using Text = const QString &;
+
 public:
     RecordingActions() { setPaneActions(this); }
 
@@ -19,10 +21,10 @@ public:
     {
         record("hideOfflineInitialised", {text(hide)});
     }
-    void locateContact(const QString &jid) override { record("locateContact", {jid}); }
-    void raisePage(const QString &id) override { record("raisePage", {id}); }
+    void locateContact(Text jid) override { record("locateContact", {jid}); }
+    void raisePage(Text id) override { record("raisePage", {id}); }
     bool canOpenContactDetail() const override { return detailOpens; }
-    bool openContactDetail(const QString &jid) override
+    bool openContactDetail(Text jid) override
     {
         record("openContactDetail", {jid});
         return detailOpens;
@@ -32,26 +34,25 @@ public:
         record("openOwnDetail", {});
         return detailOpens;
     }
-    void showContactCard(const QString &jid, int x, int y, int width, bool preferLeft) override
+    void showContactCard(Text jid, int x, int y, int width, bool preferLeft) override
     {
         record("showContactCard", {jid, text(x), text(y), text(width), text(preferLeft)});
     }
-    void hideContactCard(const QString &jid) override { record("hideContactCard", {jid}); }
-    void addContact(const QString &jid) override { record("addContact", {jid}); }
-    void externalContactAnswer(const QString &jid, bool success, int code, int action) override
+    void hideContactCard(Text jid) override { record("hideContactCard", {jid}); }
+    void addContact(Text jid) override { record("addContact", {jid}); }
+    void externalContactAnswer(Text jid, bool success, int code, int action) override
     {
         record("externalContactAnswer", {jid, text(success), text(code), text(action)});
     }
-    void locateInOrganisation(const QString &uid, bool isOrganisation) override
+    void locateInOrganisation(Text uid, bool isOrganisation) override
     {
         record("locateInOrganisation", {uid, text(isOrganisation)});
     }
-    void virtualTeamEvent(const QString &type, const QString &teamId,
-                          const QString &member) override
+    void virtualTeamEvent(Text type, Text teamId, Text member) override
     {
         record("virtualTeamEvent", {type, teamId, member});
     }
-    void openServiceNumber(const QString &code) override { record("openServiceNumber", {code}); }
+    void openServiceNumber(Text code) override { record("openServiceNumber", {code}); }
     void openServiceNumberSearch() override { record("openServiceNumberSearch", {}); }
     void reloadChannels() override { record("reloadChannels", {}); }
 

@@ -1,9 +1,14 @@
 // One test executable holds several test classes. A class announces itself with
 // FRIENDUI_TEST(Class) in its .cpp; the executable's arguments are the name of
-// the class to run (all, without one) and Qt Test's own.
+// the class to run (all, without one) and Qt Test's own. With it come the headers
+// that every test needs.
 #pragma once
 
+#include "tests/support/rows.h"
+
 #include <QObject>
+#include <QSignalSpy>
+#include <QTest>
 
 #include <functional>
 

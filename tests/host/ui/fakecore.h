@@ -7,6 +7,8 @@
 
 class FakeCore : public MessagingCore
 {
+    using Text = const QString &;
+
 public:
     QStringList calls; // "createGroup(Team, true)"
     QList<FriendData> people;
@@ -21,7 +23,7 @@ public:
 
     QList<GroupData> groups(bool) const override { return {}; }
     QList<FriendData> contacts() const override { return people; }
-    bool contact(const QString &jid, FriendData *out) const override
+    bool contact(Text jid, FriendData *out) const override
     {
         for (const FriendData &person : people) {
             if (person.jid == jid) {
@@ -31,7 +33,7 @@ public:
         }
         return false;
     }
-    PresenceData presence(const QString &jid) const override { return reachable.value(jid); }
+    PresenceData presence(Text jid) const override { return reachable.value(jid); }
     QMap<QString, PresenceData> allPresence() const override { return reachable; }
     bool cooperates(const QString &, bool *) const override { return false; }
     bool profile(const QString &, VcardInfo *) const override { return false; }
@@ -39,7 +41,7 @@ public:
     bool room(const QString &, MucData *) const override { return false; }
     QList<MucMemberData> roomMembers(const QString &) const override { return {}; }
     int roomRole(const QString &) const override { return 0; }
-    QList<MessageData> messages(const QString &jid, int limit) const override
+    QList<MessageData> messages(Text jid, int limit) const override
     {
         return history.value(jid).mid(qMax(0, history.value(jid).size() - limit));
     }
@@ -55,67 +57,50 @@ public:
     }
     void requestGroups(bool inner) override { note("requestGroups", inner); }
     void requestContacts() override { note("requestContacts"); }
-    void createGroup(const QString &name, bool inner) override { note("createGroup", name, inner); }
-    void renameGroup(const QString &groupId, const QString &name, bool inner) override
+    void createGroup(Text name, bool inner) override { note("createGroup", name, inner); }
+    void renameGroup(Text group, Text name, bool inner) override
     {
-        note("renameGroup", groupId, name, inner);
+        note("renameGroup", group, name, inner);
     }
-    void deleteGroup(const QString &groupId, bool inner) override
-    {
-        note("deleteGroup", groupId, inner);
-    }
-    void moveContact(const QString &jid, const QString &from, const QString &to,
-                     bool inner) override
+    void deleteGroup(Text group, bool inner) override { note("deleteGroup", group, inner); }
+    void moveContact(Text jid, Text from, Text to, bool inner) override
     {
         note("moveContact", jid, from, to, inner);
     }
-    void removeContact(const QString &jid, bool inner) override
+    void removeContact(Text jid, bool inner) override { note("removeContact", jid, inner); }
+    void setRemark(Text jid, Text remark) override { note("setRemark", jid, remark); }
+    void requestPolicy(Text jid) override { note("requestPolicy", jid); }
+    void addContact(Text jid, Text validation, Text group, Text remark) override
     {
-        note("removeContact", jid, inner);
+        note("addContact", jid, validation, group, remark);
     }
-    void setRemark(const QString &jid, const QString &remark) override
+    void addContacts(const QStringList &uids, Text group) override
     {
-        note("setRemark", jid, remark);
+        note("addContacts", uids.join(QLatin1Char('+')), group);
     }
-    void requestPolicy(const QString &jid) override { note("requestPolicy", jid); }
-    void addContact(const QString &jid, const QString &validation, const QString &groupId,
-                    const QString &remark) override
-    {
-        note("addContact", jid, validation, groupId, remark);
-    }
-    void addContacts(const QStringList &uids, const QString &groupId) override
-    {
-        note("addContacts", uids.join(QLatin1Char('+')), groupId);
-    }
-    void requestProfile(const QString &jid, bool full) override
-    {
-        note("requestProfile", jid, full);
-    }
+    void requestProfile(Text jid, bool full) override { note("requestProfile", jid, full); }
     void storeOwnProfile(const VcardInfo &profile) override
     {
         note("storeOwnProfile", profile.leaderName);
     }
-    void createRoom(const QStringList &jids, const QString &subject) override
+    void createRoom(const QStringList &jids, Text subject) override
     {
         note("createRoom", jids.join(QLatin1Char('+')), subject);
     }
-    void renameRoom(const QString &roomJid, const QString &subject) override
+    void renameRoom(Text room, Text subject) override { note("renameRoom", room, subject); }
+    void quitRoom(Text room) override { note("quitRoom", room); }
+    void dismissRoom(Text room) override { note("dismissRoom", room); }
+    void classifyRoom(Text room, MucData::MucClassify classify) override
     {
-        note("renameRoom", roomJid, subject);
+        note("classifyRoom", room, QString::number(classify));
     }
-    void quitRoom(const QString &roomJid) override { note("quitRoom", roomJid); }
-    void dismissRoom(const QString &roomJid) override { note("dismissRoom", roomJid); }
-    void classifyRoom(const QString &roomJid, MucData::MucClassify classify) override
-    {
-        note("classifyRoom", roomJid, QString::number(classify));
-    }
-    void sendMessage(const QString &jid, MessageData::Kind kind, const QString &body) override
+    void sendMessage(Text jid, MessageData::Kind kind, Text body) override
     {
         note("sendMessage", jid, QString::number(kind), body);
     }
 
 private:
-    static QString text(const QString &value) { return value; }
+    static QString text(Text value) { return value; }
     static QString text(bool value) { return QString::fromLatin1(value ? "true" : "false"); }
     template <class... Args> void note(const char *function, const Args &...args)
     {

@@ -26,7 +26,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QTimer>
 
 namespace {
@@ -94,12 +93,10 @@ class TstAddingContacts : public CoreFixture
 private slots:
     void aColleagueBecomesARow_data()
     {
-        QTest::addColumn<int>("policy");
-        QTest::addColumn<bool>("refuses");
-        QTest::addColumn<QString>("outcome");
-        QTest::newRow("accepts all") << int(SampleCompany::AcceptsAll) << false << "addsuccess";
-        QTest::newRow("asks, accepts") << int(SampleCompany::AsksFirst) << false << "addsuccess";
-        QTest::newRow("asks, refuses") << int(SampleCompany::AsksFirst) << true << "addfailreadd";
+        const Rows<int, bool, QString> row{"policy", "refuses", "outcome"};
+        row("accepts all", int(SampleCompany::AcceptsAll), false, "addsuccess");
+        row("asks, accepts", int(SampleCompany::AsksFirst), false, "addsuccess");
+        row("asks, refuses", int(SampleCompany::AsksFirst), true, "addfailreadd");
     }
 
     void aColleagueBecomesARow()
@@ -145,9 +142,9 @@ private slots:
 
     void aCoreThatIsSilentOrFails_data()
     {
-        QTest::addColumn<bool>("silent");
-        QTest::newRow("silent") << true;
-        QTest::newRow("fails") << false;
+        const Rows<bool> row{"silent"};
+        row("silent", true);
+        row("fails", false);
     }
 
     void aCoreThatIsSilentOrFails()
@@ -170,23 +167,6 @@ private slots:
         set(EmbeddedCore::RequestPolicy, false);
         button(dialog, "resultButton")->click();
         QTRY_VERIFY(button(dialog, "okButton")->isVisible());
-    }
-
-    void aBatchTellsWhomItCouldNotAdd()
-    {
-        const QString good = stranger(SampleCompany::AcceptsAll);
-        const QString bad = stranger(SampleCompany::RefusesAll);
-        Session session(m_core.get(), m_folder->path());
-        const int boxes = TipBox::count();
-        const auto uid = [](const QString &jid) { return jid.section(QLatin1Char('@'), 0, 0); };
-        FriendUIEventProcess::addContacts({uid(good), uid(bad), QStringLiteral("nobody")},
-                                          QString());
-        QTRY_COMPARE(TipBox::count(), boxes + 1);
-        VcardInfo profile;
-        QVERIFY(m_core->profile(bad, &profile));
-        QCOMPARE(TipBox::lastText(),
-                 QStringLiteral("conatct (2): %1, nobody\naddfail").arg(profile.nickName));
-        QVERIFY(session.isListed(good) && !session.isListed(bad));
     }
 };
 

@@ -4,27 +4,14 @@
 #include "host/serviceaddressfile.h"
 
 #include "common/settingsfile.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QDir>
 #include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
-
-bool write(const QString &file, const QByteArray &content)
-{
-    QFile target(file);
-    return target.open(QIODevice::WriteOnly) && target.write(content) == content.size();
-}
-
-QByteArray read(const QString &file)
-{
-    QFile source(file);
-    return source.open(QIODevice::ReadOnly) ? source.readAll() : QByteArray();
-}
 
 // The line of the program; CA and PW stand for files that are there.
 QByteArray line(const char *address, const char *caFile, const char *passwordFile)
@@ -43,11 +30,14 @@ struct Bench
         options.program = QStringLiteral(FRIENDUI_FAKE_BACKEND);
         options.dataFolder = folder.path();
         options.readyTimeout = timeout;
-        write(folder.filePath(QStringLiteral("mode")), mode);
-        write(folder.filePath(QStringLiteral("ca.pem")), "a certificate");
-        write(folder.filePath(QStringLiteral("password")), "s3cret\n");
+        writeFile(folder.filePath(QStringLiteral("mode")), mode);
+        writeFile(folder.filePath(QStringLiteral("ca.pem")), "a certificate");
+        writeFile(folder.filePath(QStringLiteral("password")), "s3cret\n");
     }
-    QByteArray left(const char *name) const { return read(folder.filePath(QLatin1String(name))); }
+    QByteArray left(const char *name) const
+    {
+        return contentOf(folder.filePath(QLatin1String(name)));
+    }
 };
 
 } // namespace
@@ -83,15 +73,12 @@ private slots:
 
     void aProgramThatDoesNotServe_data()
     {
-        QTest::addColumn<QByteArray>("mode");
-        QTest::addColumn<int>("timeout");
-        QTest::addColumn<QString>("told");
-        QTest::newRow("writes something else") << QByteArray("garbage") << 30000 << "address";
-        QTest::newRow("writes without end") << QByteArray("flood") << 30000 << "address";
-        QTest::newRow("offers no encryption") << QByteArray("plain") << 30000 << "encryption";
-        QTest::newRow("never answers") << QByteArray("silent") << 200 << "0.2 s";
-        QTest::newRow("finds its port in use")
-            << QByteArray("refuses") << 30000 << "code 4. the port 443 is in use";
+        const Rows<QByteArray, int, QString> row{"mode", "timeout", "told"};
+        row("writes something else", "garbage", 30000, "address");
+        row("writes without end", "flood", 30000, "address");
+        row("offers no encryption", "plain", 30000, "encryption");
+        row("never answers", "silent", 200, "0.2 s");
+        row("finds its port in use", "refuses", 30000, "code 4. the port 443 is in use");
     }
     void aProgramThatDoesNotServe()
     {
@@ -130,11 +117,9 @@ private slots:
 
     void aCrashIsMendedOnce_data()
     {
-        QTest::addColumn<QByteArray>("mode");
-        QTest::addColumn<int>("served");
-        QTest::addColumn<int>("failures");
-        QTest::newRow("that does not happen again") << QByteArray("crashesonce") << 2 << 0;
-        QTest::newRow("that happens again") << QByteArray("crashes") << 2 << 1;
+        const Rows<QByteArray, int, int> row{"mode", "served", "failures"};
+        row("that does not happen again", "crashesonce", 2, 0);
+        row("that happens again", "crashes", 2, 1);
     }
     void aCrashIsMendedOnce()
     {
@@ -171,15 +156,14 @@ private slots:
 
     void theAddressLine_data()
     {
-        QTest::addColumn<QByteArray>("told");
-        QTest::addColumn<bool>("usable");
-        QTest::newRow("as promised") << line("https://127.0.0.1:1", "CA", "PW") << true;
-        QTest::newRow("no certificate") << line("https://127.0.0.1:1", "no", "PW") << false;
-        QTest::newRow("no password") << line("https://127.0.0.1:1", "CA", "no") << false;
-        QTest::newRow("no host") << line("https://", "CA", "PW") << false;
-        QTest::newRow("a number") << QByteArray("{\"address\":7}") << false;
-        QTest::newRow("a list") << QByteArray("[]") << false;
-        QTest::newRow("nothing") << QByteArray() << false;
+        const Rows<QByteArray, bool> row{"told", "usable"};
+        row("as promised", line("https://127.0.0.1:1", "CA", "PW"), true);
+        row("no certificate", line("https://127.0.0.1:1", "no", "PW"), false);
+        row("no password", line("https://127.0.0.1:1", "CA", "no"), false);
+        row("no host", line("https://", "CA", "PW"), false);
+        row("a number", "{\"address\":7}", false);
+        row("a list", "[]", false);
+        row("nothing", QByteArray(), false);
     }
     void theAddressLine()
     {
@@ -197,14 +181,12 @@ private slots:
 
     void addressesAreWrittenAndTakenBack_data()
     {
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<QString>("base");
-        QTest::newRow("plain") << "data"
-                               << "https://127.0.0.1:40123";
-        QTest::newRow("a folder with signs")
-            << QString::fromUtf8("数据; a,b [c] %41 'd'") << "https://127.0.0.1:40123";
-        QTest::newRow("an address with signs")
-            << "data" << QString::fromUtf8("https://im.corp.example:8443/a,b;c%2Fd=e/网");
+        const Rows<QString, QString> row{"folder", "base"};
+        row("plain", "data", "https://127.0.0.1:40123");
+        row("a folder with signs", QString::fromUtf8("数据; a,b [c] %41 'd'"),
+            "https://127.0.0.1:40123");
+        row("an address with signs", "data",
+            QString::fromUtf8("https://im.corp.example:8443/a,b;c%2Fd=e/网"));
     }
     void addressesAreWrittenAndTakenBack()
     {
@@ -213,7 +195,7 @@ private slots:
         const QTemporaryDir root;
         const QString file = ServiceAddressFile::in(root.filePath(folder));
         QVERIFY(QDir().mkpath(root.filePath(folder)));
-        QVERIFY(write(file, "[mine]\nkey=https://own.example/x\n"));
+        writeFile(file, "[mine]\nkey=https://own.example/x\n");
         QString problem;
         QVERIFY2(ServiceAddressFile::write(file, base, &problem), qPrintable(problem));
         const SettingsFile written(file);
@@ -225,7 +207,7 @@ private slots:
                  QStringLiteral("https://own.example/x"));
 
         ServiceAddressFile::clear(file);
-        const QByteArray left = read(file);
+        const QByteArray left = contentOf(file);
         QVERIFY2(!left.contains("center") && left.contains("own.example"), left.constData());
     }
 

@@ -7,7 +7,6 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 CommandLineResult parse(const QStringList &arguments)
@@ -29,16 +28,6 @@ class TstCommandLine : public QObject
     Q_OBJECT
 
 private slots:
-    void defaults()
-    {
-        const CommandLineResult result = parse({});
-        QCOMPARE(result.action, CommandLineResult::Run);
-        QCOMPARE(result.options.people, 300);
-        QVERIFY(result.options.simulation);
-        QVERIFY(!result.options.offline);
-        QVERIFY(result.options.skin.isEmpty());
-    }
-
     void everyOptionIsTaken()
     {
         const CommandLineResult result =
@@ -79,47 +68,31 @@ private slots:
 
     void mistakesAreNamed_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<QString>("named");
-        QTest::newRow("no number") << "--people many"
-                                   << "\"many\"";
-        QTest::newRow("nobody") << "--people 0"
-                                << "1 to 100000";
-        QTest::newRow("too many") << "--people 100001"
-                                  << "1 to 100000";
-        QTest::newRow("missing file") << "--import /nowhere/x.vcf"
-                                      << "/nowhere/x.vcf";
-        QTest::newRow("folder as file") << "--import /"
-                                        << "\"/\"";
-        QTest::newRow("language") << "--lang fr"
-                                  << "zh_CN, en";
-        QTest::newRow("skin") << "--skin pink"
-                              << "light, dark";
-        QTest::newRow("operation") << "--fail Explode"
-                                   << "CreateGroup";
+        const Rows<QString, QString> row{"arguments", "named"};
+        row("no number", "--people many", "\"many\"");
+        row("nobody", "--people 0", "1 to 100000");
+        row("too many", "--people 100001", "1 to 100000");
+        row("missing file", "--import /nowhere/x.vcf", "/nowhere/x.vcf");
+        row("folder as file", "--import /", "\"/\"");
+        row("language", "--lang fr", "zh_CN, en");
+        row("skin", "--skin pink", "light, dark");
+        row("operation", "--fail Explode", "CreateGroup");
         const QString file =
             QLatin1String(" --password-file ") + QCoreApplication::applicationFilePath();
-        QTest::newRow("no encryption") << "--backend http://x" + file << "https://";
-        QTest::newRow("password in the address") << "--backend https://a:b@x" + file << "https://";
-        QTest::newRow("no password") << "--backend https://x"
-                                     << "needs --password-file";
-        QTest::newRow("missing authority")
-            << "--backend https://x --ca /nowhere/ca.pem" + file << "/nowhere/ca.pem";
-        QTest::newRow("authority of nothing")
-            << "--ca " + QCoreApplication::applicationFilePath() << "need --backend";
-        QTest::newRow("two back ends") << "--no-backend --backend https://x" + file << "Only one";
-        QTest::newRow("lever of nothing") << "--no-backend --backend-control-port 1"
-                                          << "Only one";
-        QTest::newRow("port") << "--backend-control-port 65536"
-                              << "0 to 65535";
-        QTest::newRow("unknown option") << "--bogus"
-                                        << "bogus";
-        QTest::newRow("positional") << "people.vcf"
-                                    << "people.vcf";
-        QTest::newRow("missing value") << "--people"
-                                       << "people";
-        QTest::newRow("steps without a tour") << "--tour-steps start"
-                                              << "--tour";
+        row("no encryption", "--backend http://x" + file, "https://");
+        row("password in the address", "--backend https://a:b@x" + file, "https://");
+        row("no password", "--backend https://x", "needs --password-file");
+        row("missing authority", "--backend https://x --ca /nowhere/ca.pem" + file,
+            "/nowhere/ca.pem");
+        row("authority of nothing", "--ca " + QCoreApplication::applicationFilePath(),
+            "need --backend");
+        row("two back ends", "--no-backend --backend https://x" + file, "Only one");
+        row("lever of nothing", "--no-backend --backend-control-port 1", "Only one");
+        row("port", "--backend-control-port 65536", "0 to 65535");
+        row("unknown option", "--bogus", "bogus");
+        row("positional", "people.vcf", "people.vcf");
+        row("missing value", "--people", "people");
+        row("steps without a tour", "--tour-steps start", "--tour");
     }
     void mistakesAreNamed()
     {
@@ -132,21 +105,11 @@ private slots:
 
     void theToolkitGetsOnlyItsOwn_data()
     {
-        QTest::addColumn<QString>("arguments");
-        QTest::addColumn<QString>("own");
-        QTest::addColumn<QString>("toolkit");
-        QTest::newRow("its --plugin stays away") << "h --plugin p.so"
-                                                 << "h --plugin p.so"
-                                                 << "h";
-        QTest::newRow("with a value") << "h -platform vnc --offline"
-                                      << "h --offline"
-                                      << "h -platform vnc";
-        QTest::newRow("two dashes") << "h --platform=offscreen -v"
-                                    << "h -v"
-                                    << "h --platform=offscreen";
-        QTest::newRow("without a value") << "h -reverse --people 5"
-                                         << "h --people 5"
-                                         << "h -reverse";
+        const Rows<QString, QString, QString> row{"arguments", "own", "toolkit"};
+        row("its --plugin stays away", "h --plugin p.so", "h --plugin p.so", "h");
+        row("with a value", "h -platform vnc --offline", "h --offline", "h -platform vnc");
+        row("two dashes", "h --platform=offscreen -v", "h -v", "h --platform=offscreen");
+        row("without a value", "h -reverse --people 5", "h --people 5", "h -reverse");
     }
     void theToolkitGetsOnlyItsOwn()
     {

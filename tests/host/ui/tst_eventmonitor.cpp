@@ -14,9 +14,7 @@
 #include <QJsonObject>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QSignalSpy>
 #include <QTableView>
-#include <QTest>
 
 namespace {
 
@@ -68,12 +66,11 @@ private slots:
 
     void theOldestRowsGo_data()
     {
-        QTest::addColumn<int>("before");
-        QTest::addColumn<int>("batch");
-        QTest::newRow("one more than fits") << 10 << 1;
-        QTest::newRow("a batch as large as the ring") << 10 << 10;
-        QTest::newRow("a batch larger than the ring") << 3 << 25;
-        QTest::newRow("exactly full") << 4 << 6;
+        const Rows<int, int> row{"before", "batch"};
+        row("one more than fits", 10, 1);
+        row("a batch as large as the ring", 10, 10);
+        row("a batch larger than the ring", 3, 25);
+        row("exactly full", 4, 6);
     }
     void theOldestRowsGo()
     {
@@ -113,31 +110,18 @@ private slots:
 
     void theFilterKeepsWhatFits_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("codes");
-        QTest::addColumn<int>("direction");
-        QTest::addColumn<int>("rows");
+        const Rows<QString, QString, int, int> row{"text", "codes", "direction", "rows"};
         const int both = EventFilter::Both;
-        QTest::newRow("all") << ""
-                             << "" << both << 3;
-        QTest::newRow("word of the payload") << "alpha"
-                                             << "" << both << 2;
-        QTest::newRow("words of two columns") << "ALPHA groupcreated"
-                                              << "" << both << 1;
-        QTest::newRow("no such word") << "alpha gamma"
-                                      << "" << both << 0;
-        QTest::newRow("code") << ""
-                              << "4118" << both << 2;
-        QTest::newRow("range") << ""
-                               << "4300-4399" << both << 1;
-        QTest::newRow("codes") << ""
-                               << "1, 4118 4360" << both << 3;
-        QTest::newRow("no code") << ""
-                                 << "abc" << both << 3;
-        QTest::newRow("direction") << ""
-                                   << "" << int(EventFilter::FromPlugin) << 1;
-        QTest::newRow("together") << "beta"
-                                  << "4118" << int(EventFilter::ToPlugin) << 1;
+        row("all", "", "", both, 3);
+        row("word of the payload", "alpha", "", both, 2);
+        row("words of two columns", "ALPHA groupcreated", "", both, 1);
+        row("no such word", "alpha gamma", "", both, 0);
+        row("code", "", "4118", both, 2);
+        row("range", "", "4300-4399", both, 1);
+        row("codes", "", "1, 4118 4360", both, 3);
+        row("no code", "", "abc", both, 3);
+        row("direction", "", "", int(EventFilter::FromPlugin), 1);
+        row("together", "beta", "4118", int(EventFilter::ToPlugin), 1);
     }
     void theFilterKeepsWhatFits()
     {

@@ -12,8 +12,6 @@
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
-#include <QSignalSpy>
-#include <QTest>
 
 namespace {
 
@@ -112,10 +110,7 @@ private slots:
             QTest::newRow(qPrintable(call)) << int(code) << payload << call;
         };
         const QString text = QString::fromUtf8("项目 \"x\"");
-        row(Outbound::RefreshGroups, QStringLiteral("requestGroups(false)"), false);
         row(Outbound::CreateGroup, QStringLiteral("createGroup(%1, true)").arg(text), text, true);
-        row(Outbound::DeleteGroup, QStringLiteral("deleteGroup(g1, true)"), QStringLiteral("g1"),
-            true);
         row(Outbound::MoveContact, QStringLiteral("moveContact(j, g1, g2, true)"),
             QStringLiteral("j"), QStringLiteral("g1"), QStringLiteral("g2"), true);
         row(Outbound::AddContact, QStringLiteral("addContact(j, hello, g1, remark)"),
@@ -123,13 +118,7 @@ private slots:
             QStringLiteral("remark"), qint32(2));
         row(Outbound::AddContacts, QStringLiteral("addContacts(a+b, g1)"),
             QStringList{QStringLiteral("a"), QStringLiteral("b")}, QStringLiteral("g1"));
-        row(Outbound::ClassifyRoom, QStringLiteral("classifyRoom(r, 2)"), QStringLiteral("r"),
-            qint32(2));
         row(Outbound::OpenChat, QStringLiteral("openChat(j, 1)"), QStringLiteral("j"), qint32(1));
-        row(Outbound::PinConversation, QStringLiteral("pinConversation(j, 1)"), QStringLiteral("j"),
-            true);
-        row(Outbound::WriteMail, QStringLiteral("writeMail(a, b)"),
-            QStringList{QStringLiteral("a"), QStringLiteral("b")});
         row(Outbound::PickTeamMembers, QStringLiteral("pickTeamMembers(t, 3, a)"),
             QStringLiteral("t"), qint32(3), QStringList{QStringLiteral("a")});
     }
@@ -220,21 +209,13 @@ private slots:
         QTRY_COMPARE(bench.core.calls.size(), 1);
     }
 
-    void otherEventsAreIgnored()
-    {
-        Bench bench;
-        QEvent other(QEvent::Type(QEvent::User + 7));
-        QCoreApplication::sendEvent(&bench.bus, &other);
-        QVERIFY(bench.recorded.isEmpty());
-    }
-
     void theQuestionIsAnsweredInsideTheEvent_data()
     {
-        QTest::addColumn<int>("answer"); // -1: none
-        QTest::addColumn<bool>("allowed");
-        QTest::newRow("yes") << 1 << true;
-        QTest::newRow("no") << 0 << false;
-        QTest::newRow("silence") << -1 << false;
+        // answer: -1: none
+        const Rows<int, bool> row{"answer", "allowed"};
+        row("yes", 1, true);
+        row("no", 0, false);
+        row("silence", -1, false);
     }
     void theQuestionIsAnsweredInsideTheEvent()
     {

@@ -19,6 +19,7 @@
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
 #include "tests/host/ui/fakecore.h"
+#include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
 #include <QAction>
@@ -28,12 +29,10 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QSqlQuery>
 #include <QStatusBar>
 #include <QTabWidget>
 #include <QTemporaryDir>
-#include <QTest>
 
 namespace {
 
@@ -168,35 +167,28 @@ private slots:
 
     void requestsBeyondTheHostOpenANote_data()
     {
-        QTest::addColumn<int>("code");
-        QTest::newRow("mail") << int(Outbound::WriteMail);
-        QTest::newRow("file") << int(Outbound::SendFile);
-        QTest::newRow("picture") << int(Outbound::ShowPicture);
-        QTest::newRow("topic") << int(Outbound::OpenTopicPage);
-        QTest::newRow("room") << int(Outbound::ManageRoom);
+        const Rows<int> row{"code"};
+        row("mail", int(Outbound::WriteMail));
+        row("file", int(Outbound::SendFile));
+        row("picture", int(Outbound::ShowPicture));
+        row("topic", int(Outbound::OpenTopicPage));
+        row("room", int(Outbound::ManageRoom));
     }
     void requestsBeyondTheHostOpenANote()
     {
         QFETCH(int, code);
         Bench bench;
         HostWindows &windows = *bench.window.windows();
-        switch (code) {
-        case Outbound::WriteMail:
+        if (code == Outbound::WriteMail)
             windows.writeMail({u1(), u2()});
-            break;
-        case Outbound::SendFile:
+        else if (code == Outbound::SendFile)
             windows.sendFile({u1()}, 0);
-            break;
-        case Outbound::ShowPicture:
+        else if (code == Outbound::ShowPicture)
             windows.showPicture(u1(), QStringLiteral("/x.png"));
-            break;
-        case Outbound::OpenTopicPage:
+        else if (code == Outbound::OpenTopicPage)
             windows.openTopicPage(QString::fromLatin1(PluginId::Topics), u1());
-            break;
-        case Outbound::ManageRoom:
+        else
             windows.manageRoom(u1());
-            break;
-        }
         auto *note = bench.find<QDialog>("requestNote");
         QVERIFY(note && note->isVisible());
         QVERIFY(note->findChild<QPlainTextEdit *>()->toPlainText().contains(
@@ -280,11 +272,9 @@ private slots:
         QTest::mouseClick(bench.find<QWidget>("paneRetry"), Qt::LeftButton);
         QCOMPARE(retry.count(), 1);
 
-        QFile foreign(bench.folder.filePath(QStringLiteral("libForeign.so")));
-        QVERIFY(foreign.open(QIODevice::WriteOnly));
-        foreign.write("not a library");
-        foreign.close();
-        QVERIFY(!loadPlugin(foreign.fileName(), &bench.context, &bench.bus).plugin);
+        const QString foreign = bench.folder.filePath(QStringLiteral("libForeign.so"));
+        writeFile(foreign, "not a library");
+        QVERIFY(!loadPlugin(foreign, &bench.context, &bench.bus).plugin);
     }
 
     void aModuleIsLoadedAndConnected()
@@ -335,9 +325,7 @@ private slots:
             context.logThread()->enqueue(3, QStringLiteral("t.cpp:1"), QString::number(i));
         context.shutDown();
         QVERIFY(context.logThread()->isFinished());
-        QFile file(context.logFile());
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const QByteArray text = file.readAll();
+        const QByteArray text = contentOf(context.logFile());
         QVERIFY(text.contains("]: 249\n"));
         QVERIFY(text.trimmed().endsWith("the log ends with the host"));
         context.shutDown(); // a second time does nothing

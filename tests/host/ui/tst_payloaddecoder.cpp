@@ -11,7 +11,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRandomGenerator>
-#include <QTest>
 
 namespace {
 
@@ -111,13 +110,12 @@ private slots:
 
     void cutPayloadsSaySo_data()
     {
-        QTest::addColumn<QByteArray>("payload");
-        QTest::addColumn<int>("status");
+        const Rows<QByteArray, int> row{"payload", "status"};
         const QByteArray whole = streamed(QStringLiteral("g1"), QStringLiteral("Team"), true, true);
-        QTest::newRow("a flag is missing") << whole.chopped(1) << int(DecodedPayload::Truncated);
-        QTest::newRow("inside a text") << whole.left(9) << int(DecodedPayload::Truncated);
-        QTest::newRow("empty") << QByteArray() << int(DecodedPayload::Truncated);
-        QTest::newRow("too long") << whole + "xyz" << int(DecodedPayload::TrailingBytes);
+        row("a flag is missing", whole.chopped(1), int(DecodedPayload::Truncated));
+        row("inside a text", whole.left(9), int(DecodedPayload::Truncated));
+        row("empty", QByteArray(), int(DecodedPayload::Truncated));
+        row("too long", whole + "xyz", int(DecodedPayload::TrailingBytes));
     }
     void cutPayloadsSaySo()
     {
@@ -185,18 +183,6 @@ private slots:
             PayloadDecoder::Brief);
         QVERIFY(huge.summary().size() < 400);
         QVERIFY(huge.summary().endsWith(QLatin1String("success=true, inner=true")));
-    }
-
-    void hexShowsOffsetBytesAndCharacters()
-    {
-        const QString dump =
-            PayloadDecoder::hexDump(QByteArray("ABC\x01", 4) + QByteArray(30, 'z'), 20);
-        const QStringList lines = dump.split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-        QCOMPARE(lines.size(), 3);
-        QVERIFY(lines.at(0).startsWith(QLatin1String("000000  41 42 43 01 7a")));
-        QVERIFY(lines.at(0).endsWith(QLatin1String("ABC.zzzzzzzzzzzz")));
-        QVERIFY(lines.at(1).startsWith(QLatin1String("000010")));
-        QVERIFY(lines.at(2).contains(QLatin1String("14 more bytes")));
     }
 };
 

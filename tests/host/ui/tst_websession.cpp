@@ -9,13 +9,11 @@
 #include "tests/host/ui/fakecore.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
-#include <QFile>
-#include <QSignalSpy>
 #include <QTemporaryDir>
-#include <QTest>
 
 Q_DECLARE_METATYPE(FakeReply)
 
@@ -79,15 +77,9 @@ struct Services
     ~Services() { context.shutDown(); }
     void write(const char *name, const char *content) const
     {
-        QFile file(folder.filePath(QLatin1String(name)));
-        if (file.open(QIODevice::WriteOnly))
-            file.write(content);
+        writeFile(folder.filePath(QLatin1String(name)), content);
     }
-    QByteArray addresses() const
-    {
-        QFile file(ServiceAddressFile::in(folder.path()));
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
+    QByteArray addresses() const { return contentOf(ServiceAddressFile::in(folder.path())); }
 };
 
 } // namespace
@@ -139,13 +131,12 @@ private slots:
 
     void whatIsNoAnswerIsTriedAgain_data()
     {
-        QTest::addColumn<FakeReply>("first");
-        QTest::newRow("an error") << FakeReply::of(503);
-        QTest::newRow("no service") << FakeReply::of(404);
-        QTest::newRow("no JSON") << FakeReply::of(200, "<html>");
-        QTest::newRow("no tickets") << FakeReply::json(R"({"code":0})");
-        QTest::newRow("a dropped connection")
-            << FakeReply::of(200, QByteArray(5000, ' ')).dropped(3000);
+        const Rows<FakeReply> row{"first"};
+        row("an error", FakeReply::of(503));
+        row("no service", FakeReply::of(404));
+        row("no JSON", FakeReply::of(200, "<html>"));
+        row("no tickets", FakeReply::json(R"({"code":0})"));
+        row("a dropped connection", FakeReply::of(200, QByteArray(5000, ' ')).dropped(3000));
     }
     void whatIsNoAnswerIsTriedAgain()
     {
