@@ -13,7 +13,6 @@
 #include "http/requestthrottle.h"
 #include "http/serviceaddresses.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHttpMultiPart>
 #include <QMetaMethod>
@@ -21,12 +20,6 @@
 #include <algorithm>
 
 namespace {
-
-RequestThrottle &throttle()
-{
-    static RequestThrottle process;
-    return process;
-}
 
 bool isWeb(const QUrl &url)
 {
@@ -276,7 +269,7 @@ void CHttpSession::Private::begin(const char *logPrefix, const QNetworkRequest &
     }
     const auto lane =
         kind == PictureKind ? RequestThrottle::Lane::Pictures : RequestThrottle::Lane::Others;
-    switch (throttle().admit(this, lane)) {
+    switch (RequestThrottle::instance().admit(this, lane)) {
     case RequestThrottle::Admission::Active:
         send();
         break;
@@ -407,8 +400,8 @@ void CHttpSession::Private::stopReply()
 void CHttpSession::Private::release()
 {
     lease.giveBack();
-    throttle().leave(this);
-    throttle().startNext();
+    RequestThrottle::instance().leave(this);
+    RequestThrottle::instance().startNext();
 }
 
 // Ends the request without a reply of the server's.
@@ -446,10 +439,7 @@ void CHttpSession::Private::leaveQuietly()
     state = Ended;
     stopReply();
     lease.giveBack();
-    throttle().leave(this);
-    // Not at once: whoever deletes one session may be about to delete those that
-    // wait behind it, too.
-    if (held && throttled && qApp)
-        QMetaObject::invokeMethod(
-            qApp, [] { throttle().startNext(); }, Qt::QueuedConnection);
+    RequestThrottle::instance().leave(this);
+    if (held && throttled)
+        RequestThrottle::startNextLater();
 }

@@ -1,5 +1,7 @@
 #include "http/requestthrottle.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 namespace {
@@ -14,6 +16,19 @@ template <class List, class Value> bool removeOne(List &list, const Value *value
 }
 
 } // namespace
+
+RequestThrottle &RequestThrottle::instance()
+{
+    static RequestThrottle process;
+    return process;
+}
+
+void RequestThrottle::startNextLater()
+{
+    if (qApp)
+        QMetaObject::invokeMethod(
+            qApp, [] { instance().startNext(); }, Qt::QueuedConnection);
+}
 
 RequestThrottle::Admission RequestThrottle::admit(Entry *entry, Lane lane)
 {

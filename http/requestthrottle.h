@@ -1,6 +1,6 @@
 // Who may send and who has to wait. Pictures have a lane of their own, so that a
 // thousand of them delay nothing else. Knows no network: an entry is whatever can
-// be told that its turn has come.
+// be told that its turn has come. GUI thread only.
 #pragma once
 
 #include <deque>
@@ -34,6 +34,9 @@ public:
         Refused  // too many wait already
     };
 
+    // The one of this process.
+    static RequestThrottle &instance();
+
     // An entry stays until leave(); it must not be admitted twice.
     Admission admit(Entry *entry, Lane lane);
     // Active or waiting; anything else is ignored. Nobody's turn comes before
@@ -41,6 +44,9 @@ public:
     void leave(const Entry *entry);
     // Gives the free places of both lanes to those who wait longest.
     void startNext();
+    // The same from the event loop, for one who may be about to take those away that
+    // wait behind it.
+    static void startNextLater();
 
     int active(Lane lane) const;
     int waiting(Lane lane) const;

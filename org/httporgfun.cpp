@@ -8,6 +8,7 @@
 #include "http/managerpool.h"
 #include "http/replylimits.h"
 #include "http/requestheaders.h"
+#include "http/requestthrottle.h"
 #include "http/serviceaddresses.h"
 #include "org/organswer.h"
 
@@ -32,7 +33,7 @@ QString textForLog(const QByteArray &reply)
 
 } // namespace
 
-struct HttpOrgFun::Private
+struct HttpOrgFun::Private : RequestThrottle::Entry
 {
     explicit Private(HttpOrgFun *request) : q(request) {}
 
@@ -54,6 +55,9 @@ struct HttpOrgFun::Private
     size_t nextSlice = 0;
 
     void start(OrgRequestKind what, const char *key, const RequestHeaders::Fields &fields);
+    void begin();
+    void turnCame() override { begin(); }
+    void leaveLine();
     void send();
     void dropReply();
     void limit();
@@ -79,6 +83,7 @@ HttpOrgFun::~HttpOrgFun()
     if (d->manager)
         d->manager->disconnect(this);
     d->dropReply();
+    d->leaveLine();
 }
 
 void HttpOrgFun::searchOrg(const QString &orgId, const QString &companyCode)
@@ -119,6 +124,32 @@ void HttpOrgFun::Private::start(OrgRequestKind what, const char *key,
         QTimer::singleShot(0, q, [this] { fail(0); });
         return;
     }
+    // A tree that is refreshed asks for all of its open departments at once.
+    if (kind != OrgRequestKind::Children) {
+        begin();
+        return;
+    }
+    switch (RequestThrottle::instance().admit(this, RequestThrottle::Lane::Others)) {
+    case RequestThrottle::Admission::Active:
+        begin();
+        break;
+    case RequestThrottle::Admission::Waiting:
+        break;
+    case RequestThrottle::Admission::Refused:
+        LOG_ERROR("too many organisation requests are waiting");
+        QTimer::singleShot(0, q, [this] { fail(0); });
+        break;
+    }
+}
+
+void HttpOrgFun::Private::leaveLine()
+{
+    RequestThrottle::instance().leave(this);
+    RequestThrottle::startNextLater();
+}
+
+void HttpOrgFun::Private::begin()
+{
     manager = ManagerPool::instance().lend();
     const QNetworkAccessManager *sender = manager.operator->();
     switch (kind) {
@@ -246,6 +277,7 @@ void HttpOrgFun::Private::act(OrgReplyAction action, int status, const QByteArra
 {
     switch (action) {
     case OrgReplyAction::Parse:
+        leaveLine();
         if (content.size() <= ParseAsideAbove) {
             OrgAnswer answer = OrgAnswer::read(kind, content, 0);
             handOver(&answer, content);

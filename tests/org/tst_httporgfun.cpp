@@ -1,5 +1,6 @@
 // The request object against a server that answers as told.
 #include "http/cmonitorlogger.h"
+#include "http/requestthrottle.h"
 #include "tests/org/orgrequestfixture.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
@@ -155,6 +156,30 @@ private slots:
         QCOMPARE(signalCounts(), (QVector<int>{1, 0, 0, 1}));
         const auto elements = m_spies.at(0)->first().at(0).value<OrgElementList>();
         QCOMPARE(elements.first().strId, QStringLiteral("second"));
+    }
+
+    void manyDepartmentsTakeTurns()
+    {
+        server->reply("/org.do", FakeReply::json("{}").onRelease());
+        QVector<QPointer<HttpOrgFun>> requests;
+        for (int i = 0; i < 30; ++i) {
+            requests.append(new HttpOrgFun(this));
+            requests.last()->searchOrg(QString::number(i), QStringLiteral("C1"));
+        }
+        QTRY_COMPARE(server->count("/org.do"), RequestThrottle::MaximumOthers);
+        delete requests.at(25).data(); // while it waits
+        const QPointer<HttpOrgFun> person = start(Locate);
+        QTRY_COMPARE(server->count("/org.do"), RequestThrottle::MaximumOthers + 1);
+        while (server->count("/org.do") < 30) {
+            const int seen = server->count("/org.do");
+            server->release();
+            QTRY_VERIFY(server->count("/org.do") > seen);
+        }
+        server->release();
+        for (const auto &request : qAsConst(requests))
+            QTRY_VERIFY(!request);
+        QTRY_VERIFY(!person);
+        QCOMPARE(server->count("/org.do"), 30); // without the deleted one, with the person
     }
 
     void doubleReply()
