@@ -293,5 +293,3 @@ private:
 
 FRIENDUI_TEST(TstCardManager)
 #include "tst_cardmanager.moc"
-
-#include <QScreen>
