@@ -54,9 +54,10 @@ private slots:
         window->setWindowOpacity(1);
         window->grab(); // asks for the picture
         QTRY_VERIFY(!AvatarStore::instance().isBusy());
-        keepPicture(window->grab().toImage(), QStringLiteral("card-%1-%2-%3x")
-                         .arg(QString::fromLatin1(state), QString::fromLatin1(skin))
-                         .arg(window->devicePixelRatioF()));
+        keepPicture(window->grab().toImage(),
+                    QStringLiteral("card-%1-%2-%3x")
+                        .arg(QString::fromLatin1(state), QString::fromLatin1(skin))
+                        .arg(window->devicePixelRatioF()));
         verifyLayout(window);
     }
 

@@ -7,8 +7,8 @@
 #include "http/requestheaders.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
-#include "tests/support/testcertificates.h"
 #include "tests/support/files.h"
+#include "tests/support/testcertificates.h"
 
 #include <QFile>
 #include <QTemporaryDir>
