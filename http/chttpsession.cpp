@@ -16,6 +16,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHttpMultiPart>
+#include <QMetaMethod>
 
 #include <algorithm>
 
@@ -342,8 +343,14 @@ void CHttpSession::Private::send()
     connect(reply, &QNetworkReply::finished, q, &CHttpSession::replyFinished);
     connect(reply, &QNetworkReply::sslErrors, q, &CHttpSession::slot_sslErrors);
     connect(reply, &QNetworkReply::readyRead, q, [this] { arrived(); });
-    connect(reply, &QNetworkReply::uploadProgress, q, &CHttpSession::signal_uploadProgress);
-    connect(reply, &QNetworkReply::downloadProgress, q, &CHttpSession::signal_downloadProgress);
+    // Passing these on costs each request; few look at them.
+    static const QMetaMethod upload = QMetaMethod::fromSignal(&CHttpSession::signal_uploadProgress);
+    if (q->isSignalConnected(upload))
+        connect(reply, &QNetworkReply::uploadProgress, q, &CHttpSession::signal_uploadProgress);
+    static const QMetaMethod download =
+        QMetaMethod::fromSignal(&CHttpSession::signal_downloadProgress);
+    if (q->isSignalConnected(download))
+        connect(reply, &QNetworkReply::downloadProgress, q, &CHttpSession::signal_downloadProgress);
     const qint64 left = qint64(timeout) * DeadlineFactor - age.elapsed();
     timer.start(int(std::max(qint64(0), std::min(qint64(timeout), left))));
 }

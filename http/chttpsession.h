@@ -77,7 +77,7 @@ signals:
     // event loop. A request that ran out of time, was cancelled or never sent has
     // a reply with that error and no status.
     void signal_finished(QNetworkReply *reply);
-    // Bytes; total is -1 while it is unknown.
+    // Bytes; total is -1 while it is unknown. For those who connect before sending.
     void signal_uploadProgress(qint64 sent, qint64 total);
     void signal_downloadProgress(qint64 received, qint64 total);
     // The reply's headers or more of its body are there, for who stores it while
