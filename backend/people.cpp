@@ -33,7 +33,7 @@ People::People(int people, quint64 seed, int departmentSize)
 
 bool People::hasPicture(const QString &uid)
 {
-    return uid.right(6).toInt() % 3 == 0;
+    return !SampleCompany::pictureOf(uid).isEmpty();
 }
 
 User People::made(const SamplePerson &person) const
@@ -59,8 +59,7 @@ User People::made(const SamplePerson &person) const
 
 void People::applyChanges(User *user) const
 {
-    if (hasPicture(user->uid))
-        user->photoName = user->uid + QStringLiteral(".png");
+    user->photoName = SampleCompany::pictureOf(user->uid);
     const std::shared_lock<std::shared_mutex> lock(m_mutex);
     user->photoName = m_photos.value(user->uid, user->photoName);
     const auto found = m_changes.constFind(user->uid);

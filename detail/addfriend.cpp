@@ -7,7 +7,9 @@
 #include "controls/tipbox.h"
 #include "detail/addfriendpages.h"
 #include "detail/addfriendresult.h"
+#include "detail/personpicture.h"
 #include "detail/validationtext.h"
+#include "http/fileservices.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
@@ -59,10 +61,7 @@ AddFriend::AddFriend(const QString &jid, QWidget *parent)
     connectHub();
 
     ctx().vcard(m_jid, &m_profile);
-    QString head = ctx().headPath(m_jid);
-    if (head.isEmpty() && !m_profile.photoName.isEmpty())
-        head = ctx().headPath(m_profile.photoName);
-    m_header->setPicture(head);
+    m_header->setPicture(personPicture(m_jid, m_profile));
     showPerson();
     refreshGroups();
     slot_ValidationChanged();
@@ -109,6 +108,11 @@ void AddFriend::connectHub()
                 if (inner)
                     groupAnswered({id, name}, success);
             });
+    connect(&PictureFiles::instance(), &PictureFiles::ready, this,
+            [this](const QString &name, const QString &file) {
+                if (name == pictureName(m_profile))
+                    m_header->setPicture(file);
+            });
     connect(hub, &Hub::signal_addAllGroup, this, &AddFriend::refreshGroups);
     connect(hub, &Hub::signal_delGroup, this, &AddFriend::refreshGroups);
     connect(hub, &Hub::signal_changeGroupName, this, &AddFriend::refreshGroups);
@@ -122,7 +126,7 @@ void AddFriend::slot_updatedialog(const QString &jid, const VcardInfo &info)
         return;
     LOG_SCOPE("AddFriend::slot_updatedialog(const QString& jid, const VcardInfo& info)");
     m_profile = info;
-    const QString head = ctx().headPath(info.photoName);
+    const QString head = personPicture(m_jid, info);
     if (!head.isEmpty())
         m_header->setPicture(head);
     showPerson();

@@ -13,6 +13,7 @@
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
 #include "detail/nameedit.h"
+#include "detail/personpicture.h"
 
 #include <QEvent>
 #include <QLabel>
@@ -37,13 +38,6 @@ void explain(QPushButton *button, const QString &meaning, bool connected)
     button->setAccessibleName(meaning);
     button->setToolTip(connected ? meaning : QObject::tr("notexecuteoperation"));
 }
-
-QString pictureOf(const QString &jid, const VcardInfo &profile)
-{
-    const QString file = ctx().headPath(jid);
-    return file.isEmpty() && !profile.photoName.isEmpty() ? ctx().headPath(profile.photoName)
-                                                          : file;
-}
 } // namespace
 
 void CardBody::setJid(const QString &jid)
@@ -62,7 +56,7 @@ void CardBody::setJid(const QString &jid)
     ctx().vcard(jid, &known);
     setInfo(known, true);
     m_signatureStack->setCurrentWidget(m_signaturePage);
-    m_head->setPicture(pictureOf(jid, known));
+    m_head->setPicture(personPicture(jid, known));
     m_rows->setRemark(m_contact.remark);
     updateButtons();
 }
@@ -114,7 +108,7 @@ void CardBody::takeProfile(const QString &jid, const VcardInfo &profile)
     stopWaiting();
     m_signatureStack->setCurrentWidget(m_signaturePage);
     setInfo(profile, true);
-    m_head->setPicture(pictureOf(jid, profile));
+    m_head->setPicture(personPicture(jid, profile));
 }
 
 void CardBody::takeUnchanged(const QString &userName)

@@ -8,6 +8,8 @@
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
 #include "detail/nameedit.h"
+#include "detail/personpicture.h"
+#include "http/fileservices.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -55,6 +57,11 @@ CardBody::CardBody(QWidget *parent) : QWidget(parent)
     m_patience.setSingleShot(true);
     m_patience.setInterval(DefaultReplyTimeLimit);
     connect(&m_patience, &QTimer::timeout, this, &CardBody::showFailure);
+    connect(&PictureFiles::instance(), &PictureFiles::ready, this,
+            [this](const QString &name, const QString &file) {
+                if (name == pictureName(m_profile))
+                    takePicture(m_jid, file);
+            });
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(Margin, 16, Margin, Margin);

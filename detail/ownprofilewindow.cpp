@@ -11,6 +11,8 @@
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
 #include "detail/nameedit.h"
+#include "detail/personpicture.h"
+#include "http/fileservices.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduisignalsender.h"
 
@@ -45,6 +47,12 @@ OwnProfileWindow::OwnProfileWindow(QWidget *parent) : BaseDialog(parent)
     connect(hub, &FriendUISignalSender::signal_myProfileRecv, this, &OwnProfileWindow::fill);
     connect(hub, &FriendUISignalSender::signal_myStatusChanged, this, &OwnProfileWindow::fill);
     connect(hub, &FriendUISignalSender::signal_isConnected, this, &OwnProfileWindow::fill);
+    connect(&PictureFiles::instance(), &PictureFiles::ready, this,
+            [this](const QString &name, const QString &) {
+                VcardInfo profile;
+                if (ctx().vcard(m_jid, &profile) && name == pictureName(profile))
+                    fill();
+            });
     connect(hub, &FriendUISignalSender::signal_UpdateFrdHead, this,
             [this](const QString &jid, const QString &file) {
                 if (jid != m_jid)
@@ -134,7 +142,7 @@ void OwnProfileWindow::fill()
     const QString name = contactDisplayName(own, profile);
     m_name->setName(name);
     m_head->setPerson(m_jid, name);
-    m_head->setPicture(ctx().headPath(m_jid));
+    m_head->setPicture(personPicture(m_jid, profile));
     const PresenceData presence = ctx().presence(m_jid);
     m_head->setPresence(presence);
     m_presence->setText(isOnline() ? presenceText(presence) : presenceText(PresenceData()));

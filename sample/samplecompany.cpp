@@ -79,6 +79,11 @@ QString SampleCompany::companyName()
     return QString::fromUtf8("示例科技集团");
 }
 
+QString SampleCompany::pictureOf(const QString &uid)
+{
+    return uid.right(6).toInt() % 3 == 0 ? uid + QStringLiteral(".png") : QString();
+}
+
 QString SampleCompany::uid(int index)
 {
     return QLatin1Char('u') + padded(index, 6);

@@ -84,6 +84,8 @@ public:
     static QString companyName();
 
     static QString uid(int index);
+    // The name of the person's picture at the file service; empty: there is none.
+    static QString pictureOf(const QString &uid);
     int indexOf(const QString &uid) const; // -1: not one of the people
     SamplePerson person(int index) const;  // an index out of range: nobody
     Policy policy(int index) const;        // how this person takes contact requests

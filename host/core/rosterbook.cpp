@@ -164,6 +164,7 @@ VcardInfo RosterBook::profileOf(const SamplePerson &person) const
     VcardInfo profile;
     profile.jid = person.uid + QLatin1Char('@') + SampleCompany::domain();
     profile.userName = person.account;
+    profile.photoName = SampleCompany::pictureOf(person.uid);
     profile.nickName = person.name;
     profile.sign = person.sign;
     profile.sex = person.sex;

@@ -1,4 +1,5 @@
 // What a card shows, from the request to the answer and after.
+#include "http/fileservices.h"
 #include "tests/detail/cardfixture.h"
 #include "tests/support/testrunner.h"
 
@@ -255,7 +256,7 @@ private slots:
                 (set(field), ...);
             },
             VcardInfo::fieldsOf(profile));
-        FakeHost::send(Inbound::FullProfileReceived, m_fixture->anna, profile);
+        FakeHost::send(Inbound::ProfileReceived, m_fixture->anna, profile);
         FakeHost::send(Inbound::RemarkChanged, m_fixture->anna, text);
         card->grab();
         QCOMPARE(card->size(), size);
@@ -293,7 +294,7 @@ private slots:
         // Longer than what is shown of it.
         profile.email = QString(90, QLatin1Char('m')) + QStringLiteral("@mail.example");
         profile.orgName = QString::fromUtf8("研发 一部");
-        FakeHost::send(Inbound::FullProfileReceived, m_fixture->anna, profile);
+        FakeHost::send(Inbound::ProfileReceived, m_fixture->anna, profile);
         card->activateWindow();
         QTRY_VERIFY(card->isActiveWindow());
         QApplication::clipboard()->clear();
@@ -366,6 +367,20 @@ private slots:
         QTest::mouseClick(head, Qt::LeftButton);
         QCOMPARE(std::get<1>(m_fixture->host.arguments<QString, QString>(Outbound::ShowPicture)),
                  file);
+    }
+
+    // The service's name is no path: of "../anna.png" only the base name counts.
+    void pictureOfTheService()
+    {
+        CDetailView *card = filledCard();
+        VcardInfo profile = m_fixture->profileOf(m_fixture->anna);
+        profile.photoName = QStringLiteral("../anna.png");
+        FakeHost::send(Inbound::ProfileReceived, m_fixture->anna, profile);
+        const QString file = m_fixture->folder.filePath(QStringLiteral("anna.png"));
+        emit PictureFiles::instance().ready(QStringLiteral("bob.png"), file);
+        QVERIFY(card->body()->picture().isEmpty());
+        emit PictureFiles::instance().ready(QStringLiteral("anna.png"), file);
+        QCOMPARE(card->body()->picture(), file);
     }
 
     void watermark()

@@ -235,6 +235,24 @@ private slots:
         QCOMPARE(org.row("anna").data(OrgRole::Status).toInt(), int(PresenceData::Away));
     }
 
+    // As in the friend tree.
+    void withoutConnectionNobodyIsThere()
+    {
+        OrgFixture org;
+        org.showOpen();
+        const auto look = [&org] {
+            return org.tree->viewport()->grab(org.tree->visualRect(org.row("anna"))).toImage();
+        };
+        const QImage offline = look();
+        PresenceData available;
+        available.pcShow = PresenceData::Available;
+        emit FriendUISignalSender::instance()->signal_updateFriendPresence(
+            {{org.jid("anna"), available}});
+        QVERIFY(look() != offline);
+        org.host.context.settings.setConnected(false);
+        QCOMPARE(look(), offline);
+    }
+
     // The service tells of a moment, the client of now.
     void presenceThatTheClientKnows()
     {
