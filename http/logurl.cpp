@@ -30,11 +30,11 @@ QString maskedQuery(const QString &query)
 
 QString logUrl(const QUrl &url)
 {
+    if (!url.hasQuery())
+        return logText(url.toString(QUrl::RemoveUserInfo));
     QUrl shown = url;
-    shown.setUserInfo(QString());
-    if (shown.hasQuery())
-        shown.setQuery(maskedQuery(shown.query(QUrl::FullyEncoded)));
-    return logText(shown.toString());
+    shown.setQuery(maskedQuery(url.query(QUrl::FullyEncoded)));
+    return logText(shown.toString(QUrl::RemoveUserInfo));
 }
 
 QString logSecret(const QString &secret)

@@ -5,6 +5,7 @@
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QElapsedTimer>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>
