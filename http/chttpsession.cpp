@@ -333,6 +333,7 @@ void CHttpSession::Private::send()
         timing = RequestTiming("POST", url, body.size());
         reply = manager()->post(hop, body);
     }
+    ReplyLimits::guard(reply);
     connect(reply, &QNetworkReply::finished, q, &CHttpSession::replyFinished);
     connect(reply, &QNetworkReply::sslErrors, q, &CHttpSession::slot_sslErrors);
     connect(reply, &QNetworkReply::readyRead, q, [this] { arrived(); });

@@ -79,6 +79,7 @@ void CPassportLoginServer::ManualRefreshAuthID()
     RequestHeaders::storeLoginCookies(m_exchange->manager->cookieJar(), url,
                                       {QString(), m_ticket, m_rememberMe});
     m_exchange->reply = m_exchange->manager->get(RequestHeaders::request(url));
+    ReplyLimits::guard(m_exchange->reply);
     connect(m_exchange->reply, &QNetworkReply::finished, this,
             &CPassportLoginServer::exchangeEnded);
     connect(m_exchange->reply, &QNetworkReply::readyRead, this, [this] {

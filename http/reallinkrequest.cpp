@@ -55,6 +55,7 @@ void RealLinkRequest::start(const QString &address)
     m_sent = RequestHeaders::storeLoginCookies(m_manager->cookieJar(), url);
     m_timing = RequestTiming("GET", url, 0);
     m_reply = m_manager->get(request);
+    ReplyLimits::guard(m_reply);
     connect(m_reply, &QNetworkReply::finished, this, &RealLinkRequest::replyFinished);
     // A time-out of the transfer's would begin anew with each byte.
     QTimer::singleShot(Timeout, m_reply.data(), &QNetworkReply::abort);

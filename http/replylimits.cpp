@@ -1,11 +1,18 @@
 #include "http/replylimits.h"
 
+#include "http/headerguard.h"
+
 namespace ReplyLimits {
+
+void guard(QNetworkReply *reply)
+{
+    HeaderGuard::watch(reply, MaximumHeaders);
+}
 
 QString headerRefusal(const QNetworkReply *reply, qint64 maximumBody)
 {
     const QList<QNetworkReply::RawHeaderPair> &headers = reply->rawHeaderPairs();
-    if (headers.size() > MaximumHeaders)
+    if (headers.size() > MaximumHeaders || HeaderGuard::hasCut(reply))
         return QStringLiteral("too many headers");
     qint64 bytes = 0;
     for (const QNetworkReply::RawHeaderPair &header : headers) {

@@ -5,7 +5,6 @@
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QElapsedTimer>
-#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>

@@ -171,6 +171,7 @@ void HttpOrgFun::Private::send()
     timing = RequestTiming("POST", url, body.size());
     sent = RequestHeaders::storeLoginCookies(manager->cookieJar(), url);
     reply = manager->post(RequestHeaders::formRequest(url), body);
+    ReplyLimits::guard(reply);
     connect(reply, &QNetworkReply::readyRead, q, [this] { limit(); });
     connect(reply, &QNetworkReply::metaDataChanged, q, [this] { limit(); });
     timer.start(Timeout);

@@ -1,5 +1,6 @@
 // Servers that mean no good, or have a bad day: each request ends, once, as a
 // failure, and the next one is served.
+#include "http/headerguard.h"
 #include "tests/http/sessionfixture.h"
 #include "tests/support/testrunner.h"
 
@@ -77,6 +78,13 @@ void TstSessionHostile::replies_data()
         refused);
     row("packed, twice", FakeReply::of(200, "x").header("content-encoding", "gzip, gzip"), refused);
     row("5,000 headers", FakeReply::verbatim(manyHeaders(5000)), refused);
+    if (HeaderGuard::isAvailable()) {
+        row("200,000 headers", FakeReply::verbatim(manyHeaders(200000)), refused);
+        row("200,000 of one name",
+            FakeReply::verbatim("HTTP/1.1 200 OK\r\n" + QByteArray("X: y\r\n").repeated(200000) +
+                                "Content-Length: 2\r\n\r\n{}"),
+            refused);
+    }
     row("one header of 1 MB", FakeReply::of(200).header("X-Long", QByteArray(int(MiB), 'x')),
         refused);
     row("no HTTP", FakeReply::verbatim("220 mail.example ESMTP\r\n\r\n"));
