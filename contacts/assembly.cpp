@@ -6,6 +6,7 @@
 #include "contacts/friendwidget.h"
 #include "detail/caddfriendmannger.h"
 #include "detail/cdetailviewmanager.h"
+#include "http/fileservices.h"
 #include "org/orgwidget.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduimessageprocess.h"
@@ -126,6 +127,11 @@ void assemblePane()
         FriendUISignalSender::instance(), &FriendUISignalSender::signal_openLeaderDetail,
         [](const QString &jid) { actions->openContactDetail(jid); });
     Q_UNUSED(leader)
+    // Pictures that are still being fetched are the business of who has logged out.
+    static const QMetaObject::Connection logout =
+        QObject::connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_logout,
+                         [] { PictureFiles::instance().stop(); });
+    Q_UNUSED(logout)
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

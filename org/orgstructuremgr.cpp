@@ -56,37 +56,6 @@ bool OrgStructureMgr::queryChildren(const QString &orgId)
     return true;
 }
 
-OrgElementList OrgStructureMgr::employeesBelow(const QString &orgId) const
-{
-    OrgElementList employees;
-    QSet<QString> seen;
-    QStringList departments{orgId};
-    const auto visit = [&](const QString &id) {
-        if (seen.contains(id))
-            return;
-        seen.insert(id);
-        const auto at = m_elements.constFind(id);
-        if (at == m_elements.constEnd())
-            return;
-        if (at->bIsEmp)
-            employees.append(*at);
-        else
-            departments.append(id);
-    };
-    visit(orgId);
-    for (int i = 0; i < departments.size(); ++i) {
-        const QString department = departments.at(i);
-        if (department == m_companyCode) {
-            for (const QString &id : m_rootList)
-                visit(id);
-        }
-        const QStringList children = childrenOf(department);
-        for (const QString &id : children)
-            visit(id);
-    }
-    return employees;
-}
-
 void OrgStructureMgr::setPresence(const QString &uid, int status, int device)
 {
     const auto known = m_elements.find(uid);

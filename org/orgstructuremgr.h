@@ -31,8 +31,6 @@ public:
     const QStringList &rootList() const { return m_rootList; }
     QStringList childrenOf(const QString &orgId) const { return m_childrenOf.value(orgId); }
     bool isLoaded(const QString &orgId) const { return m_loaded.value(orgId); }
-    // All employees at or below a department, as far as loaded, each once.
-    OrgElementList employeesBelow(const QString &orgId) const;
 
     // News of somebody who may be in the cache; the values of PresenceData.
     void setPresence(const QString &uid, int status, int device);

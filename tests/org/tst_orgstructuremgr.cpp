@@ -110,22 +110,6 @@ private slots:
         QVERIFY(!cache->queryChildren(id("u1")));
     }
 
-    void employeesBelowEachOnce()
-    {
-        cache->slot_recvOrgStructureElements(
-            {makeDepartment(id("a"), id("C")), makeDepartment(id("b"), id("a")),
-             makeDepartment(id("a"), id("b")), // in a circle
-             makeEmployee(id("u1"), id("a")), makeEmployee(id("u2"), id("b")),
-             makeEmployee(id("u1"), id("b"))},
-            id("C"));
-        QStringList ids;
-        for (const OrgElement &element : cache->employeesBelow(id("a")))
-            ids.append(element.strId);
-        ids.sort();
-        QCOMPARE(ids, (QStringList{id("u1"), id("u2")}));
-        QVERIFY(cache->employeesBelow(id("unknown")).isEmpty());
-    }
-
     // A copy that somebody keeps would make every later answer cost the whole cache.
     void emissionsShareTheMap()
     {
