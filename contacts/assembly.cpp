@@ -34,6 +34,8 @@ public:
         if (!widget->friendTree()->locate(jid))
             LOG_DEBUG("there is no row of " << logText(jid));
     }
+    void locateGroup(const QString &groupId) override { missing("group", groupId); }
+    void locateRoom(const QString &roomJid) override { missing("group chats", roomJid); }
     void raisePage(const QString &id) override
     {
         FriendWidget *widget = pane();
@@ -102,6 +104,10 @@ public:
     {
         raisePage(QStringLiteral("customer"));
         missing("customer-service channels", QString());
+    }
+    void locateChannel(const QString &channelId) override
+    {
+        missing("customer-service channels", channelId);
     }
 
 private:

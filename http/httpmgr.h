@@ -30,6 +30,12 @@ public:
     // hands out to a user who is logged in.
     void getThirdPartyRealLink(const char *key);
 
+    // Whether messages of a room are received without notification; stored locally too
+    // when the service agrees.
+    void setSessionMsgConfig(const QString &roomJid, bool notHint);
+    // What the service knows of all conversations takes the place of what is stored.
+    void loadClientSettings();
+
 signals:
     void signal_searchOrgElements(const OrgElementList &elements, const QString &strCompanyCode);
     void searchOrgFail(QString strSearchOrgElementId, int nStatusCode);
@@ -42,6 +48,10 @@ signals:
     void signal_fuzzySearchFail(QString strSearchText);
     // http or https only; an empty address when it failed.
     void signal_getThirdPartyRealLinkFinish(bool bSuccess, QString strUrl);
+    // key: "isNotHint".
+    void signal_setSessionMsgConfigDone(bool ok, const QString &roomJid, const QString &key,
+                                        const bool &notHint);
+    void signal_clientSettingsLoaded(bool ok);
 
 private:
     HttpMgr();

@@ -19,6 +19,10 @@ public:
     virtual void hideOfflineInitialised(bool hide) = 0;
     // Raises the friend tree, selects the contact's row and scrolls to it.
     virtual void locateContact(const QString &jid) = 0;
+    // The same for a group of contacts, by its id.
+    virtual void locateGroup(const QString &groupId) = 0;
+    // Raises the page of group chats, on the side where the room is, and selects it.
+    virtual void locateRoom(const QString &roomJid) = 0;
     // Raises a page by the id of its entry, such as "friends".
     virtual void raisePage(const QString &id) = 0;
 
@@ -57,6 +61,8 @@ public:
     virtual void openServiceNumberSearch() = 0;
     // Shows the customer-service page and loads its channels again.
     virtual void reloadChannels() = 0;
+    // Shows the page and selects the channel.
+    virtual void locateChannel(const QString &channelId) = 0;
 };
 
 // The actions of this process; null until the pane's assembly sets them. Not

@@ -21,15 +21,15 @@ LAYERS = {
     "sample": set(),
     "backend": {"sample"},
     "controls": {"plugin", "common", "hostapi", "Resources"},
-    "contacts": CONTROLS,
+    "messages": {"http", "common", "hostapi"},
+    "contacts": CONTROLS | {"messages"},
     "detail": CONTROLS,
     "org": CONTROLS,
     "virtualteam": CONTROLS,
     "servicenum": CONTROLS,
-    "messages": CONTROLS,
     "ExternalFriend": CONTROLS | {"contacts"},
 }
-FEATURES = {"contacts", "detail", "org", "virtualteam", "servicenum", "messages", "ExternalFriend"}
+FEATURES = {"contacts", "detail", "org", "virtualteam", "servicenum", "ExternalFriend"}
 # The pane, which assembles the features, and the module's entry stand above their folders.
 ABOVE = {name: CONTROLS | FEATURES for name in
          ("contacts/assembly", "contacts/friendwidget", "plugin/friendui_plugin")}

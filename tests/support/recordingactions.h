@@ -22,6 +22,8 @@ public:
         record("hideOfflineInitialised", {text(hide)});
     }
     void locateContact(Text jid) override { record("locateContact", {jid}); }
+    void locateGroup(Text groupId) override { record("locateGroup", {groupId}); }
+    void locateRoom(Text roomJid) override { record("locateRoom", {roomJid}); }
     void raisePage(Text id) override { record("raisePage", {id}); }
     bool canOpenContactDetail() const override { return detailOpens; }
     bool openContactDetail(Text jid) override
@@ -55,6 +57,7 @@ public:
     void openServiceNumber(Text code) override { record("openServiceNumber", {code}); }
     void openServiceNumberSearch() override { record("openServiceNumberSearch", {}); }
     void reloadChannels() override { record("reloadChannels", {}); }
+    void locateChannel(Text channelId) override { record("locateChannel", {channelId}); }
 
 private:
     static QString text(bool value)

@@ -1,0 +1,96 @@
+// Finds people, rooms and the like among everything that is known locally, while
+// somebody types. Grows as entries come; nothing is ever built anew.
+//
+// Typed words are found in any order, each at the beginning of a word or syllable:
+// in name, remark, account, employee code or mail; Chinese also by pinyin, in full,
+// by initials or mixed; phone digits, from four on, anywhere and in any formatting.
+// Case, width and diacritics do not count.
+#pragma once
+
+#include <QHash>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+struct SearchEntry
+{
+    enum Kind : quint8
+    {
+        Person,
+        Room,
+        Group, // of contacts
+        Department,
+        Team,
+        ServiceNumber,
+        Channel
+    };
+
+    Kind kind = Person;
+    QString id; // a person's and a room's jid, else the id of its kind
+    QString name;
+    QString remark;
+    QString account;
+    QString employeeCode;
+    QString mail;
+    QString phones;  // any number, separated by ";"
+    QString placeId; // of a person or department: the department it belongs to
+    bool isContact = false;
+    bool hasLeft = false; // the company
+};
+
+struct SearchHit
+{
+    enum Rank : quint8
+    {
+        Exact,
+        Prefix,
+        Initials,
+        Inside
+    };
+    enum Field : quint8
+    {
+        Name,
+        Remark,
+        Account,
+        EmployeeCode,
+        Mail,
+        Phones
+    };
+
+    int entry = -1; // for SearchIndex::at()
+    Rank rank = Inside;
+    Field field = Name; // where the best of the words was found
+};
+
+class SearchIndex
+{
+public:
+    SearchIndex();
+    ~SearchIndex();
+    SearchIndex(const SearchIndex &) = delete;
+    SearchIndex &operator=(const SearchIndex &) = delete;
+
+    // Adds, or replaces the entry of that kind and id.
+    void put(const SearchEntry &entry);
+    void putAll(const QVector<SearchEntry> &entries);
+    bool remove(SearchEntry::Kind kind, const QString &id);
+    void clear();
+    int size() const; // entries that can be found
+
+    // Null for one that is not there.
+    const SearchEntry *find(SearchEntry::Kind kind, const QString &id) const;
+    // Good until the next change.
+    const SearchEntry &at(int entry) const;
+
+    // Whose conversations are the latest, the newest first: they come first among
+    // equals.
+    void setRecent(const QStringList &ids);
+
+    // The best `limit` hits, in order; none for a blank text. Of a text longer than 64
+    // characters the first 64 count.
+    QVector<SearchHit> search(const QString &typed, int limit) const;
+
+private:
+    struct Private;
+    Private *d;
+};

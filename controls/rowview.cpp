@@ -1,0 +1,195 @@
+#include "controls/rowview.h"
+
+#include "controls/avatarstore.h"
+#include "controls/scrollanchor.h"
+#include "controls/skin.h"
+#include "controls/slimscrollbar.h"
+#include "controls/typefinder.h"
+
+#include <QAccessible>
+#include <QContextMenuEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMenu>
+#include <QScrollBar>
+
+#include <utility>
+
+namespace {
+// A pointer that rests over the list this long no longer holds up the order.
+constexpr int PointerAtRestMs = 30000;
+constexpr int ScrollStep = 22; // pixels
+} // namespace
+
+RowView::RowView(QAbstractItemModel *model, int nameRole, QWidget *parent)
+    : QTreeView(parent),
+      m_anchor(new ScrollAnchor(this, model)),
+      m_finder(new TypeFinder(this, nameRole))
+{
+    setModel(model);
+    setHeaderHidden(true);
+    // The header is never seen, but would look up its section for every change.
+    disconnect(model, &QAbstractItemModel::dataChanged, header(), nullptr);
+    header()->setStretchLastSection(true);
+    setUniformRowHeights(true);
+    setIndentation(0);
+    setRootIsDecorated(false);
+    setExpandsOnDoubleClick(false);
+    setEditTriggers(NoEditTriggers);
+    setVerticalScrollMode(ScrollPerPixel);
+    useSlimScrollBar(this);
+    verticalScrollBar()->setSingleStep(ScrollStep);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setFrameShape(NoFrame);
+    setMouseTracking(true);
+    followSkin(this);
+
+    m_pointerAtRest.setSingleShot(true);
+    m_pointerAtRest.setInterval(PointerAtRestMs);
+    connect(&m_pointerAtRest, &QTimer::timeout, this, &RowView::updateHold);
+    connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
+        reveal(index);
+        // Clear of the typed text, which stands over the last rows.
+        if (visualRect(index).bottom() > viewport()->height() - 2 * visualRect(index).height())
+            scrollTo(index, PositionAtCenter);
+    });
+    connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
+            QOverload<>::of(&QWidget::update));
+}
+
+void RowView::reveal(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent())
+        setExpanded(above, true);
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
+}
+
+void RowView::doItemsLayout()
+{
+    QTreeView::doItemsLayout();
+    m_anchor->restore();
+}
+
+void RowView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                          const QVector<int> &roles)
+{
+    // Who listens to a screen reader hears of each change.
+    if (QAccessible::isActive())
+        QTreeView::dataChanged(topLeft, bottomRight, roles);
+    // The base class would search the row on screen, which takes time in
+    // proportion to the rows for each change. One repaint a frame is cheaper.
+    viewport()->update();
+}
+
+void RowView::keyboardSearch(const QString &search)
+{
+    m_finder->type(search);
+}
+
+void RowView::keyPressEvent(QKeyEvent *event)
+{
+    if (m_finder->handleKey(event))
+        return;
+    if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
+        currentIndex().isValid()) {
+        emit activatedRow(currentIndex());
+        return;
+    }
+    QTreeView::keyPressEvent(event);
+}
+
+void RowView::mousePressEvent(QMouseEvent *event)
+{
+    m_finder->clear();
+    if (!indexAt(event->pos()).isValid())
+        clearSelection();
+    QTreeView::mousePressEvent(event);
+}
+
+void RowView::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const QModelIndex index = indexAt(event->pos());
+    if (event->button() == Qt::LeftButton && index.isValid())
+        emit activatedRow(index);
+    else
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+void RowView::resizeEvent(QResizeEvent *event)
+{
+    QTreeView::resizeEvent(event);
+    m_finder->place();
+}
+
+void RowView::scrollContentsBy(int dx, int dy)
+{
+    QTreeView::scrollContentsBy(dx, dy);
+    m_finder->place();
+}
+
+// The base class turns input methods off for rows that are not editable; typing to
+// find needs them.
+void RowView::focusInEvent(QFocusEvent *event)
+{
+    QTreeView::focusInEvent(event);
+    setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+void RowView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QTreeView::currentChanged(current, previous);
+    setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+void RowView::focusOutEvent(QFocusEvent *event)
+{
+    QTreeView::focusOutEvent(event);
+    m_finder->clear();
+}
+
+bool RowView::viewportEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Enter:
+    case QEvent::MouseMove:
+    case QEvent::HoverMove:
+        m_pointerAtRest.start();
+        updateHold();
+        break;
+    case QEvent::Leave:
+        m_pointerAtRest.stop();
+        updateHold();
+        break;
+    default:
+        break;
+    }
+    return QTreeView::viewportEvent(event);
+}
+
+QPoint RowView::menuPosition(const QContextMenuEvent &event) const
+{
+    const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
+    return byKey && currentIndex().isValid() ? visualRect(currentIndex()).center() : event.pos();
+}
+
+void RowView::popUp(QMenu *menu, const QPoint &viewportPosition)
+{
+    disconnect(m_menuHides);
+    m_menuHides = connect(menu, &QMenu::aboutToHide, this, [this] {
+        m_menuOpen = false;
+        updateHold();
+    });
+    m_menuOpen = true;
+    updateHold();
+    menu->popup(viewport()->mapToGlobal(viewportPosition));
+}
+
+void RowView::updateHold()
+{
+    const bool held = m_pointerAtRest.isActive() || m_menuOpen || isHolding();
+    if (held != std::exchange(m_held, held))
+        emit orderHeld(held);
+}
