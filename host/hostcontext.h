@@ -31,6 +31,8 @@ public:
     void shutDown();
 
     QString logFile() const { return m_logFile; }
+    // For the user, when the settings of conversations were damaged; else empty.
+    QString notice() const;
     CServerSettings &settings() { return m_settings; }
     void setSkin(const SysUIData &skin) { m_skin = skin; }
     void setSessionTop(const QString &jid, bool top);
@@ -76,6 +78,7 @@ public:
     // The data folder: the addresses of one host's back end are of no use to another.
     QString applicationFolder() const override { return m_dataFolder; }
     QString caFile() const override { return m_caFile; }
+    QString documentsFolder() const override { return m_dataFolder + QLatin1String("/documents"); }
     void webRequestFinished(const WebRequestRecord &record) override;
 
 private:
