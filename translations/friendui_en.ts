@@ -152,6 +152,10 @@
         <translation>Contacts</translation>
     </message>
     <message>
+        <source>confirmClearLatest</source>
+        <translation>Remove all conversations from the list? Messages are kept.</translation>
+    </message>
+    <message>
         <source>confirmDeleteContact</source>
         <translation>Delete the contact "%1"?</translation>
     </message>
@@ -412,6 +416,10 @@
         <translation>No recent conversations</translation>
     </message>
     <message>
+        <source>latestNotStored</source>
+        <translation>The list of recent contacts could not be saved on this computer. Changes may be lost when the program ends.</translation>
+    </message>
+    <message>
         <source>leader</source>
         <translation>Reports to</translation>
     </message>
@@ -428,6 +436,10 @@
         <translation>Local groups</translation>
     </message>
     <message>
+        <source>locateEntry</source>
+        <translation>Locate</translation>
+    </message>
+    <message>
         <source>locateSelf</source>
         <translation>Locate myself</translation>
     </message>
@@ -438,6 +450,10 @@
     <message>
         <source>location</source>
         <translation>Location</translation>
+    </message>
+    <message>
+        <source>mayNotWrite</source>
+        <translation>you may not write here</translation>
     </message>
     <message>
         <source>messageFile</source>
@@ -682,6 +698,10 @@
     <message>
         <source>personalNumber</source>
         <translation>Personal number</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>pinned</translation>
     </message>
     <message>
         <source>position</source>
@@ -950,6 +970,10 @@
     <message>
         <source>typeToFind</source>
         <translation>Type a name to find it</translation>
+    </message>
+    <message>
+        <source>unreadMessages</source>
+        <translation>%1 unread</translation>
     </message>
     <message>
         <source>uploadFail</source>

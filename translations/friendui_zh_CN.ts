@@ -152,6 +152,10 @@
         <translation>联系人</translation>
     </message>
     <message>
+        <source>confirmClearLatest</source>
+        <translation>确定清空最近联系人列表吗？聊天记录会保留。</translation>
+    </message>
+    <message>
         <source>confirmDeleteContact</source>
         <translation>确定删除联系人“%1”吗？</translation>
     </message>
@@ -412,6 +416,10 @@
         <translation>还没有最近的会话</translation>
     </message>
     <message>
+        <source>latestNotStored</source>
+        <translation>最近联系人列表无法保存到本机，程序退出后改动可能丢失。</translation>
+    </message>
+    <message>
         <source>leader</source>
         <translation>负责人</translation>
     </message>
@@ -428,6 +436,10 @@
         <translation>本地讨论组</translation>
     </message>
     <message>
+        <source>locateEntry</source>
+        <translation>定位</translation>
+    </message>
+    <message>
         <source>locateSelf</source>
         <translation>定位到自己</translation>
     </message>
@@ -438,6 +450,10 @@
     <message>
         <source>location</source>
         <translation>位置</translation>
+    </message>
+    <message>
+        <source>mayNotWrite</source>
+        <translation>已被禁言</translation>
     </message>
     <message>
         <source>messageFile</source>
@@ -682,6 +698,10 @@
     <message>
         <source>personalNumber</source>
         <translation>个人号</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>已置顶</translation>
     </message>
     <message>
         <source>position</source>
@@ -950,6 +970,10 @@
     <message>
         <source>typeToFind</source>
         <translation>输入姓名或拼音查找</translation>
+    </message>
+    <message>
+        <source>unreadMessages</source>
+        <translation>%1 条未读</translation>
     </message>
     <message>
         <source>uploadFail</source>
