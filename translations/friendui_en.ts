@@ -492,6 +492,10 @@
         <translation>Notifications</translation>
     </message>
     <message>
+        <source>messageSettingFailed</source>
+        <translation>The notifications could not be set. Please try again.</translation>
+    </message>
+    <message>
         <source>messageUnknown</source>
         <translation>[Message of an unknown kind]</translation>
     </message>
@@ -810,6 +814,10 @@
     <message>
         <source>retry</source>
         <translation>Try again</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>you cannot write here</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>

@@ -492,6 +492,10 @@
         <translation>消息设置</translation>
     </message>
     <message>
+        <source>messageSettingFailed</source>
+        <translation>消息设置未能保存，请重试。</translation>
+    </message>
+    <message>
         <source>messageUnknown</source>
         <translation>[暂不支持的消息]</translation>
     </message>
@@ -810,6 +814,10 @@
     <message>
         <source>retry</source>
         <translation>重试</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>禁言中</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
