@@ -128,6 +128,22 @@
         <translation>Change remark</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>Closed</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1 unread</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>Please check the account or mobile number.</translation>
     </message>

@@ -128,6 +128,22 @@
         <translation>修改备注名</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>休息中</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>营业中</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1条未读</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>请检查账号或手机号是否正确。</translation>
     </message>
