@@ -440,8 +440,52 @@
         <translation>Location</translation>
     </message>
     <message>
+        <source>messageFile</source>
+        <translation>[File]</translation>
+    </message>
+    <message>
+        <source>messageLink</source>
+        <translation>[Link]</translation>
+    </message>
+    <message>
+        <source>messageLocation</source>
+        <translation>[Location]</translation>
+    </message>
+    <message>
+        <source>messageMerged</source>
+        <translation>[Chat history]</translation>
+    </message>
+    <message>
+        <source>messagePicture</source>
+        <translation>[Picture]</translation>
+    </message>
+    <message>
+        <source>messageRecalled</source>
+        <translation>A message was taken back</translation>
+    </message>
+    <message>
+        <source>messageRecalledBy</source>
+        <translation>%1 took back a message</translation>
+    </message>
+    <message>
+        <source>messageService</source>
+        <translation>[Service message]</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>messageUnknown</source>
+        <translation>[Message of an unknown kind]</translation>
+    </message>
+    <message>
+        <source>messageVoice</source>
+        <translation>[Voice]</translation>
+    </message>
+    <message>
+        <source>messageWorkGroup</source>
+        <translation>[Customer service]</translation>
     </message>
     <message>
         <source>minimize</source>

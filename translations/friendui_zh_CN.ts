@@ -440,8 +440,52 @@
         <translation>位置</translation>
     </message>
     <message>
+        <source>messageFile</source>
+        <translation>[文件]</translation>
+    </message>
+    <message>
+        <source>messageLink</source>
+        <translation>[链接]</translation>
+    </message>
+    <message>
+        <source>messageLocation</source>
+        <translation>[位置]</translation>
+    </message>
+    <message>
+        <source>messageMerged</source>
+        <translation>[聊天记录]</translation>
+    </message>
+    <message>
+        <source>messagePicture</source>
+        <translation>[图片]</translation>
+    </message>
+    <message>
+        <source>messageRecalled</source>
+        <translation>消息已撤回</translation>
+    </message>
+    <message>
+        <source>messageRecalledBy</source>
+        <translation>%1撤回了一条消息</translation>
+    </message>
+    <message>
+        <source>messageService</source>
+        <translation>[服务消息]</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>消息设置</translation>
+    </message>
+    <message>
+        <source>messageUnknown</source>
+        <translation>[暂不支持的消息]</translation>
+    </message>
+    <message>
+        <source>messageVoice</source>
+        <translation>[语音]</translation>
+    </message>
+    <message>
+        <source>messageWorkGroup</source>
+        <translation>[客服]</translation>
     </message>
     <message>
         <source>minimize</source>
