@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>已丢弃较早的 %1 个</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>筛选：任意列中的词</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -1181,24 +1208,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个事件中的 %1 个</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>已暂停</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>所有插件</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 字节</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1215,18 +1230,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>来自插件</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>暂停</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1821,24 +1824,8 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 / %2 个请求</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
 </context>
 </TS>
