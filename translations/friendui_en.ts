@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>%1 older ones dropped</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>paused</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>Filter: words in any column</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -126,6 +153,22 @@
     <message>
         <source>changeRemarkName</source>
         <translation>Change remark</translation>
+    </message>
+    <message>
+        <source>channelClosed</source>
+        <translation>Closed</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1 unread</translation>
     </message>
     <message>
         <source>checkAccount</source>
@@ -492,6 +535,10 @@
         <translation>Notifications</translation>
     </message>
     <message>
+        <source>messageSettingFailed</source>
+        <translation>The notifications could not be set. Please try again.</translation>
+    </message>
+    <message>
         <source>messageUnknown</source>
         <translation>[Message of an unknown kind]</translation>
     </message>
@@ -810,6 +857,10 @@
     <message>
         <source>retry</source>
         <translation>Try again</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>you cannot write here</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
@@ -1157,24 +1208,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 of %2 events</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>%1 older ones dropped</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>paused</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>every plug-in</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 bytes</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>Filter: words in any column</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1191,18 +1230,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>From the plug-in</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1797,24 +1824,8 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 of %2 requests</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>%1 older ones dropped</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>Filter: words in any column</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>已丢弃较早的 %1 个</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>筛选：任意列中的词</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -126,6 +153,22 @@
     <message>
         <source>changeRemarkName</source>
         <translation>修改备注名</translation>
+    </message>
+    <message>
+        <source>channelClosed</source>
+        <translation>休息中</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>营业中</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1条未读</translation>
     </message>
     <message>
         <source>checkAccount</source>
@@ -492,6 +535,10 @@
         <translation>消息设置</translation>
     </message>
     <message>
+        <source>messageSettingFailed</source>
+        <translation>消息设置未能保存，请重试。</translation>
+    </message>
+    <message>
         <source>messageUnknown</source>
         <translation>[暂不支持的消息]</translation>
     </message>
@@ -810,6 +857,10 @@
     <message>
         <source>retry</source>
         <translation>重试</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>禁言中</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
@@ -1157,24 +1208,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个事件中的 %1 个</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>已暂停</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>所有插件</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 字节</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1191,18 +1230,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>来自插件</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>暂停</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1797,24 +1824,8 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 / %2 个请求</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
 </context>
 </TS>
