@@ -173,7 +173,8 @@ QImage AvatarStore::load(const QString &file, int pixels)
 
 QString AvatarStore::monogram(const QString &name)
 {
-    const QString text = name.left(64).simplified();
+    // A display text may be isolated from what is read in the other direction.
+    const QString text = name.left(64).remove(QChar(0x2068)).remove(QChar(0x2069)).simplified();
     if (text.isEmpty())
         return QStringLiteral("?");
     if (isChinese(text.at(text.size() - 1)))
