@@ -2,6 +2,8 @@
 
 #include "common/context.h"
 #include "common/logging.h"
+#include "contacts/friendtreemodel.h"
+#include "contacts/friendtreeview.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
 #include "detail/caddfriendmannger.h"
@@ -34,7 +36,19 @@ public:
         if (!widget->friendTree()->locate(jid))
             LOG_DEBUG("there is no row of " << logText(jid));
     }
-    void locateGroup(const QString &groupId) override { missing("group", groupId); }
+    void locateGroup(const QString &groupId) override
+    {
+        FriendWidget *widget = pane();
+        if (!widget)
+            return;
+        widget->raisePage(QStringLiteral("friends"));
+        FriendTreeWidget *tree = widget->friendTree();
+        const QModelIndex group = tree->model()->groupIndex(groupId);
+        if (group.isValid())
+            tree->view()->reveal(group);
+        else
+            LOG_DEBUG("there is no group " << logText(groupId));
+    }
     void locateRoom(const QString &roomJid) override { missing("group chats", roomJid); }
     void raisePage(const QString &id) override
     {

@@ -1,14 +1,20 @@
-// The contacts pane: the entry column and the page of the current entry. Here
-// the features meet; each of them reaches the others only through PaneActions.
+// The contacts pane: the entry column, the search box, and the page of the current
+// entry or what was found. Here the features meet; each of them reaches the others
+// only through PaneActions.
 #pragma once
 
 #include <QHash>
+#include <QPointer>
 #include <QWidget>
 
 class FriendListView;
 class FriendTreeWidget;
 class OrgWidget;
 class QStackedWidget;
+class SearchBox;
+class SearchPage;
+class SearchSources;
+struct SearchEntry;
 
 class FriendWidget : public QWidget
 {
@@ -21,8 +27,8 @@ public:
     // Made when it is first needed; null for a user who has no such entry.
     OrgWidget *orgPage();
 
-    // Shows the page of an entry, by the entry's id. False when the user has no
-    // such entry.
+    // Shows the page of an entry, by the entry's id, and ends a search. False when the
+    // user has no such entry.
     bool raisePage(const QString &id);
     QString currentPage() const;
 
@@ -33,11 +39,25 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
+    void layOut();
+    void connectSearch();
+    SearchPage *searchPage(); // made when something is first searched for
+    void search();
+    void endSearch();
+    void leaveSearchFor(const SearchEntry &entry, bool inOrganisation);
+    void focusList(); // of the current page
+
     FriendListView *m_entries;
+    SearchBox *m_searchBox;
+    QStackedWidget *m_body; // the pages, or what was found
     QStackedWidget *m_pages;
     FriendTreeWidget *m_friendTree;
+    SearchSources *m_sources;
+    SearchPage *m_searchPage = nullptr;
+    QPointer<QWidget> m_focusBefore; // where the focus was before the search
     OrgWidget *m_orgPage = nullptr;
     QHash<QString, QWidget *> m_pageById;
 };

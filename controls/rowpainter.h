@@ -40,6 +40,11 @@ public:
     // `second` may be empty; texts are cut with an ellipsis.
     void texts(const QString &first, const QString &second, bool faded);
 
+    // For what only one list paints: the avatar's place, and the part of the row that
+    // nothing was painted on yet, the latter not mirrored for right-to-left.
+    QRect avatarArea() const { return m_avatar; }
+    QRect rest() const { return m_left; }
+
     static void drawPresence(QPainter *painter, const QRectF &area, const PresenceData &presence);
 
 private:
