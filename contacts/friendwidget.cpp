@@ -3,6 +3,9 @@
 #include "common/logging.h"
 #include "contacts/friendlistview.h"
 #include "contacts/friendtreewidget.h"
+#include "contacts/latest/latestcontactstable.h"
+#include "contacts/latest/mylatestfriendwidget.h"
+#include "contacts/rooms/mucwidget.h"
 #include "contacts/search/searchbox.h"
 #include "contacts/search/searchcommands.h"
 #include "contacts/search/searchpage.h"
@@ -12,6 +15,7 @@
 #include "org/orgwidget.h"
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
+#include "servicenum/ccustomerserverpage.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -24,6 +28,7 @@
 namespace {
 // Until then the pane's first picture has been painted.
 constexpr int SourcesDelay = 1000; // ms
+constexpr int RecentConversations = 100;
 
 QString friendsPage()
 {
@@ -33,6 +38,31 @@ QString friendsPage()
 QString organisationPage()
 {
     return QStringLiteral("organizationTree");
+}
+
+QString roomsPage()
+{
+    return QStringLiteral("groupChat");
+}
+
+QString channelsPage()
+{
+    return QStringLiteral("customer");
+}
+
+QString latestPage()
+{
+    return QStringLiteral("latestContact");
+}
+
+// Whose conversations are the latest, the newest first.
+QStringList recentIds()
+{
+    QStringList ids;
+    const QVector<DBFriendData> records = LatestContactsTable::page(RecentConversations, 0);
+    for (const DBFriendData &record : records)
+        ids.append(record.jid);
+    return ids;
 }
 } // namespace
 
@@ -51,14 +81,7 @@ FriendWidget::FriendWidget(QWidget *parent)
     followSkin(this);
     layOut();
 
-    for (int row = 0; row < m_entries->model()->rowCount(); ++row) {
-        const QString id = m_entries->model()->index(row, 0).data(EntryRole::Id).toString();
-        QWidget *page = id == friendsPage() ? m_friendTree : new QWidget(m_pages);
-        if (page != m_friendTree)
-            page->setObjectName(id);
-        m_pages->addWidget(page);
-        m_pageById.insert(id, page);
-    }
+    makePages();
     connect(m_entries, &FriendListView::signal_clickItem, this, &FriendWidget::slot_clickItem);
     connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_position_orgstruct,
             this, [](const QString &id, bool isOrganisation) {
@@ -122,6 +145,8 @@ SearchPage *FriendWidget::searchPage()
 void FriendWidget::search()
 {
     if (!m_searchBox->text().simplified().isEmpty()) {
+        if (m_body->currentWidget() == m_pages)
+            m_sources->index().setRecent(recentIds());
         searchPage()->search();
         m_body->setCurrentWidget(m_searchPage);
     } else if (m_searchPage) {
@@ -169,16 +194,52 @@ void FriendWidget::showEvent(QShowEvent *event)
 
 // --- Pages ---------------------------------------------------------------------
 
+void FriendWidget::makePages()
+{
+    for (int row = 0; row < m_entries->model()->rowCount(); ++row) {
+        const QString id = m_entries->model()->index(row, 0).data(EntryRole::Id).toString();
+        QWidget *page = makePage(id);
+        m_pages->addWidget(page);
+        m_pageById.insert(id, page);
+    }
+}
+
+// Messages and rooms come at any time: their pages are there from the beginning.
+QWidget *FriendWidget::makePage(const QString &id)
+{
+    if (id == friendsPage())
+        return m_friendTree;
+    if (id == latestPage())
+        return new MyLatestFriendWidget(m_pages);
+    if (id == roomsPage()) {
+        m_rooms = new MucWidget(m_pages);
+        return m_rooms;
+    }
+    auto *page = new QWidget(m_pages);
+    page->setObjectName(id);
+    return page;
+}
+
+template <class Page> Page *FriendWidget::pageInPlace(const QString &id, Page *&page)
+{
+    QWidget *place = m_pageById.value(id);
+    if (page || !place)
+        return page;
+    page = new Page(m_pages);
+    m_pages->insertWidget(m_pages->indexOf(place), page);
+    m_pageById.insert(id, page);
+    delete place;
+    return page;
+}
+
 OrgWidget *FriendWidget::orgPage()
 {
-    QWidget *place = m_pageById.value(organisationPage());
-    if (m_orgPage || !place)
-        return m_orgPage;
-    m_orgPage = new OrgWidget(m_pages);
-    m_pages->insertWidget(m_pages->indexOf(place), m_orgPage);
-    m_pageById.insert(organisationPage(), m_orgPage);
-    delete place;
-    return m_orgPage;
+    return pageInPlace(organisationPage(), m_orgPage);
+}
+
+CCustomerServerPage *FriendWidget::channels()
+{
+    return pageInPlace(channelsPage(), m_channels);
 }
 
 bool FriendWidget::raisePage(const QString &id)
@@ -199,6 +260,8 @@ void FriendWidget::slot_clickItem(int, QString strJid)
     LOG_SCOPE("FriendWidget::slot_clickItem(int nType, QString strJid)");
     if (strJid == organisationPage())
         orgPage();
+    else if (strJid == channelsPage())
+        channels();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

@@ -7,8 +7,10 @@
 #include <QPointer>
 #include <QWidget>
 
+class CCustomerServerPage;
 class FriendListView;
 class FriendTreeWidget;
+class MucWidget;
 class OrgWidget;
 class QStackedWidget;
 class SearchBox;
@@ -24,8 +26,10 @@ public:
     explicit FriendWidget(QWidget *parent = nullptr);
 
     FriendTreeWidget *friendTree() const { return m_friendTree; }
-    // Made when it is first needed; null for a user who has no such entry.
+    MucWidget *rooms() const { return m_rooms; } // null for a user who has no such entry
+    // Made when they are first needed; null for a user who has no such entry.
     OrgWidget *orgPage();
+    CCustomerServerPage *channels();
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -43,6 +47,9 @@ protected:
 
 private:
     void layOut();
+    void makePages();
+    QWidget *makePage(const QString &id);
+    template <class Page> Page *pageInPlace(const QString &id, Page *&page);
     void connectSearch();
     SearchPage *searchPage(); // made when something is first searched for
     void search();
@@ -58,6 +65,8 @@ private:
     SearchSources *m_sources;
     SearchPage *m_searchPage = nullptr;
     QPointer<QWidget> m_focusBefore; // where the focus was before the search
+    MucWidget *m_rooms = nullptr;
     OrgWidget *m_orgPage = nullptr;
+    CCustomerServerPage *m_channels = nullptr;
     QHash<QString, QWidget *> m_pageById;
 };

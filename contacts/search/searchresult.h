@@ -1,7 +1,7 @@
 // A row of the search's results, and what of it is shown.
 #pragma once
 
-#include "contacts/search/searchindex.h"
+#include "contacts/search/searchindexrecords.h"
 #include "hostapi/rosterrecords.h"
 #include "http/orgrecords.h"
 

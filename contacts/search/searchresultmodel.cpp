@@ -2,13 +2,12 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "contacts/search/searchindex.h"
 #include "controls/presencetext.h"
 #include "http/fileservices.h"
 
 #include <QFileInfo>
 #include <QSet>
-
-#include <numeric>
 
 namespace {
 
@@ -29,6 +28,22 @@ void add(const MarkedText &part, MarkedText *line)
     for (const SearchMark &mark : part.marks)
         line->marks.append({line->text.size() + mark.first, mark.second});
     line->text += part.text;
+}
+
+// Of several numbers the one that has the mark.
+MarkedText oneNumber(const MarkedText &phones)
+{
+    if (phones.marks.isEmpty())
+        return {};
+    const SearchMark mark = phones.marks.first();
+    const int begin = phones.text.lastIndexOf(QLatin1Char(';'), mark.first) + 1;
+    const int end = phones.text.indexOf(QLatin1Char(';'), mark.first);
+    const QString number = phones.text.mid(begin, end < 0 ? -1 : end - begin);
+    // What had to be changed to be shown has its signs elsewhere.
+    const QString shown = displayText(number);
+    if (shown != number)
+        return {shown, {{0, shown.size()}}};
+    return {number, {{mark.first - begin, mark.second}}};
 }
 
 QString shownName(const SearchEntry &entry)
@@ -58,7 +73,7 @@ QString pictureOf(const QString &jid, const QString &photoName)
 } // namespace
 
 SearchResultModel::SearchResultModel(const SearchIndex *index, QObject *parent)
-    : QAbstractListModel(parent), m_index(index), m_highlight(QString())
+    : QAbstractListModel(parent), m_index(index), m_query(QString())
 {
 }
 
@@ -93,7 +108,7 @@ QVector<SearchResult> SearchResultModel::taken(const QVector<SearchResult> &resu
 void SearchResultModel::setResults(const QString &typed, const QVector<SearchResult> &results)
 {
     beginResetModel();
-    m_highlight = SearchHighlight(typed);
+    m_query = SearchQuery(typed);
     m_results.clear();
     m_rows.clear();
     m_namesakes.clear();
@@ -218,14 +233,12 @@ SearchResultModel::Shown SearchResultModel::work(const SearchResult &result) con
 {
     const SearchEntry &entry = result.entry;
     Shown shown;
-    std::vector<int> missing(size_t(m_highlight.wordCount()));
-    std::iota(missing.begin(), missing.end(), 0);
-    shown.name = name(entry, &missing);
+    shown.name = marked(shownName(entry), SearchHit::Name);
     if (entry.kind != SearchEntry::Person)
         add({kindText(entry.kind), {}}, &shown.second);
     else if (entry.hasLeft)
         add({QObject::tr("hasLeft"), {}}, &shown.second);
-    addMatch(entry, &missing, &shown.second);
+    addMatch(entry, shown.name.text, &shown.second);
     if (m_namesakes.value(shown.name.text) > 1)
         addIdentity(entry, &shown.second);
     switch (entry.kind) {
@@ -250,30 +263,43 @@ SearchResultModel::Shown SearchResultModel::work(const SearchResult &result) con
     return shown;
 }
 
-MarkedText SearchResultModel::name(const SearchEntry &entry, std::vector<int> *missing) const
+MarkedText SearchResultModel::marked(const QString &text, SearchHit::Field field) const
 {
-    const QString text = shownName(entry);
-    return {text, m_highlight.marks(text, missing)};
+    MarkedText line{text, {}};
+    const QVector<TextMatch> matches = m_query.highlights(text, field);
+    for (const TextMatch &match : matches)
+        line.marks.append({match.start, match.length});
+    return line;
 }
 
 // What the words were found in that the name does not have.
-void SearchResultModel::addMatch(const SearchEntry &entry, std::vector<int> *missing,
+void SearchResultModel::addMatch(const SearchEntry &entry, const QString &name,
                                  MarkedText *line) const
 {
-    const MarkedText phone = missing->empty() ? MarkedText() : m_highlight.phone(entry.phones);
-    if (!phone.text.isEmpty()) {
-        const QString shown = displayText(phone.text);
-        add({shown, shown == phone.text ? phone.marks : SearchMarks()}, line);
-        missing->clear();
-    }
-    for (const QString &field : {entry.name, entry.account, entry.employeeCode, entry.mail}) {
-        const size_t before = missing->size();
-        if (before == 0)
+    struct Candidate
+    {
+        QString SearchEntry::*text;
+        SearchHit::Field field;
+    };
+    constexpr Candidate candidates[] = {{&SearchEntry::name, SearchHit::Name},
+                                        {&SearchEntry::account, SearchHit::Account},
+                                        {&SearchEntry::employeeCode, SearchHit::EmployeeCode},
+                                        {&SearchEntry::mail, SearchHit::Mail},
+                                        {&SearchEntry::phones, SearchHit::Phones}};
+    SearchHit hit;
+    SearchEntry told;
+    told.remark = name;
+    for (const Candidate &candidate : candidates) {
+        if (m_query.answers(told, &hit))
             return;
-        const QString text = displayText(field);
-        const SearchMarks marks = m_highlight.marks(text, missing);
-        if (missing->size() < before)
-            add({text, marks}, line);
+        const QString &text = entry.*candidate.text;
+        const MarkedText found = candidate.field == SearchHit::Phones
+                                     ? oneNumber(marked(text, candidate.field))
+                                     : marked(displayText(text), candidate.field);
+        if (found.marks.isEmpty() || found.text == name)
+            continue;
+        told.*candidate.text = text;
+        add(found, line);
     }
 }
 

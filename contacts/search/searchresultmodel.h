@@ -3,13 +3,16 @@
 // worked out when it is first painted.
 #pragma once
 
-#include "contacts/search/searchhighlight.h"
+#include "contacts/search/searchindexquery.h"
 #include "contacts/search/searchresult.h"
 
 #include <QAbstractListModel>
 #include <QHash>
 
 #include <optional>
+#include <vector>
+
+class SearchIndex;
 
 namespace SearchRole {
 enum Role
@@ -66,14 +69,14 @@ private:
     // Those that have no row are counted in.
     QVector<SearchResult> taken(const QVector<SearchResult> &results);
     Shown work(const SearchResult &result) const;
-    MarkedText name(const SearchEntry &entry, std::vector<int> *missing) const;
-    void addMatch(const SearchEntry &entry, std::vector<int> *missing, MarkedText *line) const;
+    void addMatch(const SearchEntry &entry, const QString &name, MarkedText *line) const;
+    MarkedText marked(const QString &text, SearchHit::Field field) const;
     void addIdentity(const SearchEntry &entry, MarkedText *line) const;
     QString place(const SearchResult &result, const VcardInfo &profile) const;
     void addPerson(const SearchResult &result, Shown *shown) const;
 
     const SearchIndex *m_index;
-    SearchHighlight m_highlight;
+    SearchQuery m_query;
     QVector<SearchResult> m_results;
     mutable std::vector<std::optional<Shown>> m_shown; // of each row, once it was asked for
     QHash<Key, int> m_rows;
