@@ -179,6 +179,10 @@
         <translation>Clear recent contacts</translation>
     </message>
     <message>
+        <source>clearSearch</source>
+        <translation>Clear the search</translation>
+    </message>
+    <message>
         <source>clickToLookup</source>
         <translation>Click to view</translation>
     </message>
@@ -415,6 +419,10 @@
         <translation>Group name:</translation>
     </message>
     <message>
+        <source>hasLeft</source>
+        <translation>Has left</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>wants to add you as a contact</translation>
     </message>
@@ -451,6 +459,34 @@
         <translation>You are offline. Please log in first.</translation>
     </message>
     <message>
+        <source>kindChannel</source>
+        <translation>Customer service</translation>
+    </message>
+    <message>
+        <source>kindDepartment</source>
+        <translation>Department</translation>
+    </message>
+    <message>
+        <source>kindGroup</source>
+        <translation>Contact group</translation>
+    </message>
+    <message>
+        <source>kindPerson</source>
+        <translation>Person</translation>
+    </message>
+    <message>
+        <source>kindRoom</source>
+        <translation>Group chat</translation>
+    </message>
+    <message>
+        <source>kindServiceNumber</source>
+        <translation>Service number</translation>
+    </message>
+    <message>
+        <source>kindTeam</source>
+        <translation>Virtual team</translation>
+    </message>
+    <message>
         <source>latestContact</source>
         <translation>Recent contacts</translation>
     </message>
@@ -481,6 +517,14 @@
     <message>
         <source>locateEntry</source>
         <translation>Locate</translation>
+    </message>
+    <message>
+        <source>locateFound</source>
+        <translation>Show in the list</translation>
+    </message>
+    <message>
+        <source>locateInOrganisation</source>
+        <translation>Show in the organisation</translation>
     </message>
     <message>
         <source>locateSelf</source>
@@ -687,6 +731,10 @@
         <translation>Open chat</translation>
     </message>
     <message>
+        <source>openFound</source>
+        <translation>Open</translation>
+    </message>
+    <message>
         <source>openOrClose</source>
         <translation>Expand or collapse</translation>
     </message>
@@ -867,8 +915,28 @@
         <translation>Save to address book</translation>
     </message>
     <message>
+        <source>searchFailed</source>
+        <translation>The company could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchNothing</source>
+        <translation>Nothing found</translation>
+    </message>
+    <message>
+        <source>searchOffline</source>
+        <translation>Offline: only what is stored here is searched.</translation>
+    </message>
+    <message>
+        <source>searchSearching</source>
+        <translation>Searching…</translation>
+    </message>
+    <message>
         <source>searchTooMuch</source>
         <translation>Too many searches. Please try again in a moment.</translation>
+    </message>
+    <message>
+        <source>search…</source>
+        <translation>Search…</translation>
     </message>
     <message>
         <source>selectpic</source>

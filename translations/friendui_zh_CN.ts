@@ -179,6 +179,10 @@
         <translation>清空最近联系人</translation>
     </message>
     <message>
+        <source>clearSearch</source>
+        <translation>清除搜索</translation>
+    </message>
+    <message>
         <source>clickToLookup</source>
         <translation>点击查看</translation>
     </message>
@@ -415,6 +419,10 @@
         <translation>分组名称：</translation>
     </message>
     <message>
+        <source>hasLeft</source>
+        <translation>已离职</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>请求添加您为好友</translation>
     </message>
@@ -451,6 +459,34 @@
         <translation>您已离线，请先登录。</translation>
     </message>
     <message>
+        <source>kindChannel</source>
+        <translation>客服频道</translation>
+    </message>
+    <message>
+        <source>kindDepartment</source>
+        <translation>部门</translation>
+    </message>
+    <message>
+        <source>kindGroup</source>
+        <translation>联系人分组</translation>
+    </message>
+    <message>
+        <source>kindPerson</source>
+        <translation>联系人</translation>
+    </message>
+    <message>
+        <source>kindRoom</source>
+        <translation>群聊</translation>
+    </message>
+    <message>
+        <source>kindServiceNumber</source>
+        <translation>服务号</translation>
+    </message>
+    <message>
+        <source>kindTeam</source>
+        <translation>虚拟团队</translation>
+    </message>
+    <message>
         <source>latestContact</source>
         <translation>最近联系人</translation>
     </message>
@@ -481,6 +517,14 @@
     <message>
         <source>locateEntry</source>
         <translation>定位</translation>
+    </message>
+    <message>
+        <source>locateFound</source>
+        <translation>在列表中定位</translation>
+    </message>
+    <message>
+        <source>locateInOrganisation</source>
+        <translation>定位到组织架构</translation>
     </message>
     <message>
         <source>locateSelf</source>
@@ -687,6 +731,10 @@
         <translation>打开会话</translation>
     </message>
     <message>
+        <source>openFound</source>
+        <translation>打开</translation>
+    </message>
+    <message>
         <source>openOrClose</source>
         <translation>展开/收起</translation>
     </message>
@@ -867,8 +915,28 @@
         <translation>保存到通讯录</translation>
     </message>
     <message>
+        <source>searchFailed</source>
+        <translation>搜索企业通讯录失败。</translation>
+    </message>
+    <message>
+        <source>searchNothing</source>
+        <translation>没有找到结果</translation>
+    </message>
+    <message>
+        <source>searchOffline</source>
+        <translation>当前离线，仅搜索本地数据。</translation>
+    </message>
+    <message>
+        <source>searchSearching</source>
+        <translation>正在搜索…</translation>
+    </message>
+    <message>
         <source>searchTooMuch</source>
         <translation>查询过于频繁，请稍后再试。</translation>
+    </message>
+    <message>
+        <source>search…</source>
+        <translation>搜索…</translation>
     </message>
     <message>
         <source>selectpic</source>
