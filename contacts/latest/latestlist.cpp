@@ -35,9 +35,9 @@ LatestList::LatestList(QObject *parent)
     connect(&m_frame, &QTimer::timeout, this, &LatestList::showChanges);
     connect(&m_writer, &LatestWriter::failed, this, &LatestList::notStored);
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &LatestList::save);
-    // Queued: it may come from inside a read.
-    connect(&LocalDatabase::instance(), &LocalDatabase::opened, this, &LatestList::reload,
-            Qt::QueuedConnection);
+    const LocalDatabase *database = &LocalDatabase::instance();
+    connect(database, &LocalDatabase::opened, this, &LatestList::databaseOpened);
+    connect(database, &LocalDatabase::fileSetAside, this, &LatestList::storeAll);
 }
 
 LatestList::~LatestList()
@@ -117,16 +117,11 @@ void LatestList::message(const DBFriendData &row, bool received)
     if (m_user.isEmpty())
         m_user = ctx().ownJid();
     LatestEntry *entry = entryOf(row.jid);
-    int parts = LatestWriter::Row;
-    if (!entry) {
+    if (!entry)
         entry = &*m_entries.insert(row.jid, makeEntry(row));
-        parts |= LatestWriter::Top;
-    }
     DBFriendData renewed = row;
     renewed.isTop = entry->row.isTop;
     renewed.unread = received ? entry->row.unread + 1 : 0;
-    if (renewed.unread != entry->row.unread)
-        parts |= LatestWriter::Unread;
     // What a message does not tell stays known.
     if (renewed.displayName == displayText(jidUser(row.jid)))
         renewed.displayName = entry->row.displayName;
@@ -135,7 +130,7 @@ void LatestList::message(const DBFriendData &row, bool received)
     entry->row = renewed;
     entry->kind = latestKind(renewed);
     setLatestTime(entry, renewed.time, now());
-    m_writer.note(row.jid, parts);
+    m_writer.note(row.jid, LatestWriter::Row);
     touch(row.jid);
 }
 
@@ -204,7 +199,6 @@ bool LatestList::remove(const QString &jid)
 void LatestList::clear()
 {
     forgetUser();
-    m_hasMore = false;
     if (!LatestContactsTable::clear())
         emit notStored();
 }
@@ -217,6 +211,7 @@ void LatestList::forgetUser()
     m_model->clear();
     m_offset = 0;
     m_hasMore = true;
+    m_wasRead = false;
 }
 
 void LatestList::setMuted(const QString &jid, bool muted)
@@ -259,6 +254,7 @@ bool LatestList::readPage(int limit, QVector<DBFriendData> *rows)
     *rows = LatestContactsTable::page(limit, m_offset);
     m_offset += rows->size();
     m_hasMore = rows->size() == limit;
+    m_wasRead = true;
     return true;
 }
 
@@ -298,6 +294,22 @@ void LatestList::reload()
             drop(jid);
     }
     adopt(rows, true);
+}
+
+void LatestList::databaseOpened()
+{
+    if (!m_wasRead || m_user != ctx().ownJid())
+        reload();
+    else
+        save();
+}
+
+// The new file holds nothing of what the list still knows.
+void LatestList::storeAll()
+{
+    const QStringList known = m_entries.keys();
+    for (const QString &jid : known)
+        m_writer.note(jid, LatestWriter::Row);
 }
 
 void LatestList::loadMore()

@@ -69,6 +69,8 @@ private:
     void adopt(const QVector<DBFriendData> &rows, bool replace);
     void drop(const QString &jid);
     void forgetUser();
+    void databaseOpened();
+    void storeAll();
     void touch(const QString &jid);
     void showChanges();
     bool readPage(int limit, QVector<DBFriendData> *rows);
@@ -83,5 +85,6 @@ private:
     QTimer m_frame;
     int m_offset = 0; // rows of the table that were read
     bool m_hasMore = true;
+    bool m_wasRead = false; // this user's table
     bool m_displayed = true;
 };

@@ -4,7 +4,16 @@
 #include "common/logging.h"
 #include "contacts/latest/latestcontactstable.h"
 
-LatestWriter::LatestWriter(const Find &find, QObject *parent) : QObject(parent), m_find(find) {}
+namespace {
+constexpr int RetryMs = 5000;
+} // namespace
+
+LatestWriter::LatestWriter(const Find &find, QObject *parent) : QObject(parent), m_find(find)
+{
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(RetryMs);
+    connect(&m_retry, &QTimer::timeout, this, &LatestWriter::flush);
+}
 
 void LatestWriter::note(const QString &jid, int parts)
 {
@@ -21,7 +30,7 @@ void LatestWriter::note(const QString &jid, int parts)
         Qt::QueuedConnection);
 }
 
-bool LatestWriter::store(const QString &jid, const DBFriendData &record, int parts)
+bool LatestWriter::storeParts(const QString &jid, const DBFriendData &record, int parts)
 {
     using namespace LatestContactsTable;
     if ((parts & Name) && !rename(jid, record.displayName))
@@ -48,7 +57,7 @@ bool LatestWriter::flush()
             return false;
         for (auto at = m_pending.constBegin(); at != m_pending.constEnd(); ++at) {
             const DBFriendData *record = m_find(at.key());
-            if (record && !store(at.key(), *record, at.value()))
+            if (record && !(at.value() & Row) && !storeParts(at.key(), *record, at.value()))
                 return false;
         }
         return true;
@@ -58,6 +67,7 @@ bool LatestWriter::flush()
         m_failing = false;
         return true;
     }
+    m_retry.start();
     LOG_ERROR(QString::number(m_pending.size()) << " latest contacts could not be stored");
     if (!m_failing) {
         m_failing = true;

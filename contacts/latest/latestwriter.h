@@ -1,12 +1,12 @@
 // Stores what changes among the latest contacts: everything of one turn of the event
-// loop in one transaction at the turn's end. What cannot be stored waits for the next
-// one.
+// loop in one transaction at the turn's end. What cannot be stored is tried again.
 #pragma once
 
 #include "plugin/sharedrecords.h"
 
 #include <QHash>
 #include <QObject>
+#include <QTimer>
 
 #include <functional>
 
@@ -17,7 +17,7 @@ class LatestWriter : public QObject
 public:
     enum Part
     {
-        Row = 1, // everything but pin and number
+        Row = 1, // everything
         Name = 2,
         Icon = 4,
         Top = 8,
@@ -42,10 +42,11 @@ signals:
     void failed();
 
 private:
-    bool store(const QString &jid, const DBFriendData &record, int parts);
+    bool storeParts(const QString &jid, const DBFriendData &record, int parts);
 
     Find m_find;
     QHash<QString, int> m_pending;
+    QTimer m_retry;
     bool m_posted = false;
     bool m_failing = false;
 };
