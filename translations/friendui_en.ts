@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>%1 older ones dropped</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>paused</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>Filter: words in any column</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -128,6 +155,22 @@
         <translation>Change remark</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>Closed</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1 unread</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>Please check the account or mobile number.</translation>
     </message>
@@ -150,6 +193,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmClearLatest</source>
+        <translation>Remove all conversations from the list? Messages are kept.</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -412,6 +459,10 @@
         <translation>No recent conversations</translation>
     </message>
     <message>
+        <source>latestNotStored</source>
+        <translation>The list of recent contacts could not be saved on this computer. Changes may be lost when the program ends.</translation>
+    </message>
+    <message>
         <source>leader</source>
         <translation>Reports to</translation>
     </message>
@@ -428,6 +479,10 @@
         <translation>Local groups</translation>
     </message>
     <message>
+        <source>locateEntry</source>
+        <translation>Locate</translation>
+    </message>
+    <message>
         <source>locateSelf</source>
         <translation>Locate myself</translation>
     </message>
@@ -438,6 +493,10 @@
     <message>
         <source>location</source>
         <translation>Location</translation>
+    </message>
+    <message>
+        <source>mayNotWrite</source>
+        <translation>you may not write here</translation>
     </message>
     <message>
         <source>messageFile</source>
@@ -474,6 +533,10 @@
     <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>messageSettingFailed</source>
+        <translation>The notifications could not be set. Please try again.</translation>
     </message>
     <message>
         <source>messageUnknown</source>
@@ -684,6 +747,10 @@
         <translation>Personal number</translation>
     </message>
     <message>
+        <source>pinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
         <source>position</source>
         <translation>Position</translation>
     </message>
@@ -790,6 +857,10 @@
     <message>
         <source>retry</source>
         <translation>Try again</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>you cannot write here</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
@@ -950,6 +1021,10 @@
     <message>
         <source>typeToFind</source>
         <translation>Type a name to find it</translation>
+    </message>
+    <message>
+        <source>unreadMessages</source>
+        <translation>%1 unread</translation>
     </message>
     <message>
         <source>uploadFail</source>
@@ -1205,24 +1280,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 of %2 events</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>%1 older ones dropped</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>paused</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>every plug-in</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 bytes</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>Filter: words in any column</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1239,18 +1302,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>From the plug-in</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1837,24 +1888,8 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 of %2 requests</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>%1 older ones dropped</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>Filter: words in any column</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
     </message>
 </context>
 <context>

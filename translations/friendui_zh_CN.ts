@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>已丢弃较早的 %1 个</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>筛选：任意列中的词</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -128,6 +155,22 @@
         <translation>修改备注名</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>休息中</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>营业中</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1条未读</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>请检查账号或手机号是否正确。</translation>
     </message>
@@ -150,6 +193,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmClearLatest</source>
+        <translation>确定清空最近联系人列表吗？聊天记录会保留。</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -412,6 +459,10 @@
         <translation>还没有最近的会话</translation>
     </message>
     <message>
+        <source>latestNotStored</source>
+        <translation>最近联系人列表无法保存到本机，程序退出后改动可能丢失。</translation>
+    </message>
+    <message>
         <source>leader</source>
         <translation>负责人</translation>
     </message>
@@ -428,6 +479,10 @@
         <translation>本地讨论组</translation>
     </message>
     <message>
+        <source>locateEntry</source>
+        <translation>定位</translation>
+    </message>
+    <message>
         <source>locateSelf</source>
         <translation>定位到自己</translation>
     </message>
@@ -438,6 +493,10 @@
     <message>
         <source>location</source>
         <translation>位置</translation>
+    </message>
+    <message>
+        <source>mayNotWrite</source>
+        <translation>已被禁言</translation>
     </message>
     <message>
         <source>messageFile</source>
@@ -474,6 +533,10 @@
     <message>
         <source>messageSetting</source>
         <translation>消息设置</translation>
+    </message>
+    <message>
+        <source>messageSettingFailed</source>
+        <translation>消息设置未能保存，请重试。</translation>
     </message>
     <message>
         <source>messageUnknown</source>
@@ -684,6 +747,10 @@
         <translation>个人号</translation>
     </message>
     <message>
+        <source>pinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
         <source>position</source>
         <translation>职位</translation>
     </message>
@@ -790,6 +857,10 @@
     <message>
         <source>retry</source>
         <translation>重试</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>禁言中</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
@@ -950,6 +1021,10 @@
     <message>
         <source>typeToFind</source>
         <translation>输入姓名或拼音查找</translation>
+    </message>
+    <message>
+        <source>unreadMessages</source>
+        <translation>%1 条未读</translation>
     </message>
     <message>
         <source>uploadFail</source>
@@ -1205,24 +1280,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个事件中的 %1 个</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>已暂停</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>所有插件</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 字节</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1239,18 +1302,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>来自插件</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>暂停</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1837,24 +1888,8 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 / %2 个请求</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
 </context>
 <context>
