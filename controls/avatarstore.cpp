@@ -92,16 +92,20 @@ AvatarStore::AvatarStore() : m_cache(CacheKilobytes)
 QPixmap AvatarStore::avatar(const QString &file, const QString &id, const QString &name, int size,
                             qreal pixelRatio)
 {
-    if (!file.isEmpty()) {
-        const QString key = cacheKey(file, size, pixelRatio);
-        if (const QPixmap *known = m_cache.object(key)) {
-            if (!known->isNull())
-                return *known;
-        } else if (!m_pending.contains(key)) {
-            decode(file, key, size, pixelRatio);
-        }
-    }
-    return generated(id, name, size, pixelRatio);
+    const QPixmap known = picture(file, size, pixelRatio);
+    return known.isNull() ? generated(id, name, size, pixelRatio) : known;
+}
+
+QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
+{
+    if (file.isEmpty())
+        return QPixmap();
+    const QString key = cacheKey(file, size, pixelRatio);
+    if (const QPixmap *known = m_cache.object(key))
+        return *known;
+    if (!m_pending.contains(key))
+        decode(file, key, size, pixelRatio);
+    return QPixmap();
 }
 
 void AvatarStore::refresh(const QString &file)

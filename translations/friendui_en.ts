@@ -155,6 +155,22 @@
         <translation>Change remark</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>Closed</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1 unread</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>Please check the account or mobile number.</translation>
     </message>
@@ -177,6 +193,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmClearLatest</source>
+        <translation>Remove all conversations from the list? Messages are kept.</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -439,6 +459,10 @@
         <translation>No recent conversations</translation>
     </message>
     <message>
+        <source>latestNotStored</source>
+        <translation>The list of recent contacts could not be saved on this computer. Changes may be lost when the program ends.</translation>
+    </message>
+    <message>
         <source>leader</source>
         <translation>Reports to</translation>
     </message>
@@ -455,6 +479,10 @@
         <translation>Local groups</translation>
     </message>
     <message>
+        <source>locateEntry</source>
+        <translation>Locate</translation>
+    </message>
+    <message>
         <source>locateSelf</source>
         <translation>Locate myself</translation>
     </message>
@@ -465,6 +493,10 @@
     <message>
         <source>location</source>
         <translation>Location</translation>
+    </message>
+    <message>
+        <source>mayNotWrite</source>
+        <translation>you may not write here</translation>
     </message>
     <message>
         <source>messageFile</source>
@@ -501,6 +533,10 @@
     <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>messageSettingFailed</source>
+        <translation>The notifications could not be set. Please try again.</translation>
     </message>
     <message>
         <source>messageUnknown</source>
@@ -711,6 +747,10 @@
         <translation>Personal number</translation>
     </message>
     <message>
+        <source>pinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
         <source>position</source>
         <translation>Position</translation>
     </message>
@@ -817,6 +857,10 @@
     <message>
         <source>retry</source>
         <translation>Try again</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>you cannot write here</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
@@ -977,6 +1021,10 @@
     <message>
         <source>typeToFind</source>
         <translation>Type a name to find it</translation>
+    </message>
+    <message>
+        <source>unreadMessages</source>
+        <translation>%1 unread</translation>
     </message>
     <message>
         <source>uploadFail</source>

@@ -155,6 +155,22 @@
         <translation>修改备注名</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>休息中</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>营业中</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1条未读</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>请检查账号或手机号是否正确。</translation>
     </message>
@@ -177,6 +193,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmClearLatest</source>
+        <translation>确定清空最近联系人列表吗？聊天记录会保留。</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -439,6 +459,10 @@
         <translation>还没有最近的会话</translation>
     </message>
     <message>
+        <source>latestNotStored</source>
+        <translation>最近联系人列表无法保存到本机，程序退出后改动可能丢失。</translation>
+    </message>
+    <message>
         <source>leader</source>
         <translation>负责人</translation>
     </message>
@@ -455,6 +479,10 @@
         <translation>本地讨论组</translation>
     </message>
     <message>
+        <source>locateEntry</source>
+        <translation>定位</translation>
+    </message>
+    <message>
         <source>locateSelf</source>
         <translation>定位到自己</translation>
     </message>
@@ -465,6 +493,10 @@
     <message>
         <source>location</source>
         <translation>位置</translation>
+    </message>
+    <message>
+        <source>mayNotWrite</source>
+        <translation>已被禁言</translation>
     </message>
     <message>
         <source>messageFile</source>
@@ -501,6 +533,10 @@
     <message>
         <source>messageSetting</source>
         <translation>消息设置</translation>
+    </message>
+    <message>
+        <source>messageSettingFailed</source>
+        <translation>消息设置未能保存，请重试。</translation>
     </message>
     <message>
         <source>messageUnknown</source>
@@ -711,6 +747,10 @@
         <translation>个人号</translation>
     </message>
     <message>
+        <source>pinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
         <source>position</source>
         <translation>职位</translation>
     </message>
@@ -817,6 +857,10 @@
     <message>
         <source>retry</source>
         <translation>重试</translation>
+    </message>
+    <message>
+        <source>roomforbidden</source>
+        <translation>禁言中</translation>
     </message>
     <message>
         <source>saveToAddresslist</source>
@@ -977,6 +1021,10 @@
     <message>
         <source>typeToFind</source>
         <translation>输入姓名或拼音查找</translation>
+    </message>
+    <message>
+        <source>unreadMessages</source>
+        <translation>%1 条未读</translation>
     </message>
     <message>
         <source>uploadFail</source>

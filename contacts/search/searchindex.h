@@ -7,10 +7,13 @@
 // Case, width and diacritics do not count.
 #pragma once
 
-#include <QHash>
+#include "common/textmatch.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
+
+#include <memory>
 
 struct SearchEntry
 {
@@ -72,6 +75,7 @@ public:
 
     // Adds, or replaces the entry of that kind and id.
     void put(const SearchEntry &entry);
+    // A large list is kept as it is, not copied: give it away.
     void putAll(const QVector<SearchEntry> &entries);
     bool remove(SearchEntry::Kind kind, const QString &id);
     void clear();
@@ -92,5 +96,10 @@ public:
 
 private:
     struct Private;
-    Private *d;
+    const std::unique_ptr<Private> d;
 };
+
+// What to highlight in a field of a hit, in order and without overlaps: the best place
+// of the whole text, or else of each of its words.
+QVector<TextMatch> searchHighlights(const QString &typed, const QString &text,
+                                    SearchHit::Field field = SearchHit::Name);
