@@ -1,6 +1,6 @@
 #include "controls/typefinder.h"
 
-#include "common/namematch.h"
+#include "common/textmatch.h"
 #include "controls/skin.h"
 
 #include <QKeyEvent>
@@ -105,7 +105,9 @@ void TypeFinder::clear()
 bool TypeFinder::matches(const QModelIndex &index) const
 {
     const QString name = index.data(m_nameRole).toString();
-    return !name.isEmpty() && nameMatches(name, m_typed);
+    // A later syllable is left to the search: one letter would match too much.
+    const TextPattern pattern(m_typed);
+    return !name.isEmpty() && (pattern.isEmpty() || pattern.match(name).kind >= TextMatch::Word);
 }
 
 void TypeFinder::go(int direction, bool fromNext)

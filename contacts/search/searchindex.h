@@ -7,60 +7,14 @@
 // Case, width and diacritics do not count.
 #pragma once
 
-#include <QHash>
+#include "common/textmatch.h"
+#include "contacts/search/searchindexrecords.h"
+
 #include <QString>
 #include <QStringList>
 #include <QVector>
 
-struct SearchEntry
-{
-    enum Kind : quint8
-    {
-        Person,
-        Room,
-        Group, // of contacts
-        Department,
-        Team,
-        ServiceNumber,
-        Channel
-    };
-
-    Kind kind = Person;
-    QString id; // a person's and a room's jid, else the id of its kind
-    QString name;
-    QString remark;
-    QString account;
-    QString employeeCode;
-    QString mail;
-    QString phones;  // any number, separated by ";"
-    QString placeId; // of a person or department: the department it belongs to
-    bool isContact = false;
-    bool hasLeft = false; // the company
-};
-
-struct SearchHit
-{
-    enum Rank : quint8
-    {
-        Exact,
-        Prefix,
-        Initials,
-        Inside
-    };
-    enum Field : quint8
-    {
-        Name,
-        Remark,
-        Account,
-        EmployeeCode,
-        Mail,
-        Phones
-    };
-
-    int entry = -1; // for SearchIndex::at()
-    Rank rank = Inside;
-    Field field = Name; // where the best of the words was found
-};
+#include <memory>
 
 class SearchIndex
 {
@@ -72,6 +26,7 @@ public:
 
     // Adds, or replaces the entry of that kind and id.
     void put(const SearchEntry &entry);
+    // A large list is kept as it is, not copied: give it away.
     void putAll(const QVector<SearchEntry> &entries);
     bool remove(SearchEntry::Kind kind, const QString &id);
     void clear();
@@ -92,5 +47,10 @@ public:
 
 private:
     struct Private;
-    Private *d;
+    const std::unique_ptr<Private> d;
 };
+
+// What to highlight in a field of a hit, in order and without overlaps: the best place
+// of the whole text, or else of each of its words.
+QVector<TextMatch> searchHighlights(const QString &typed, const QString &text,
+                                    SearchHit::Field field = SearchHit::Name);

@@ -1,0 +1,395 @@
+#include "contacts/latest/mylatestfriendwidget.h"
+
+#include "common/context.h"
+#include "common/displaytext.h"
+#include "common/logging.h"
+#include "contacts/latest/daywatch.h"
+#include "contacts/latest/latestlist.h"
+#include "contacts/latest/latesttime.h"
+#include "contacts/latest/latestview.h"
+#include "controls/avatarstore.h"
+#include "controls/skin.h"
+#include "controls/statepage.h"
+#include "controls/tipbox.h"
+#include "http/httpmgr.h"
+#include "plugin/frienduisignalsender.h"
+
+#include <QEvent>
+#include <QScrollBar>
+#include <QStackedLayout>
+
+#include <utility>
+
+using Hub = FriendUISignalSender;
+
+MyLatestFriendWidget::MyLatestFriendWidget(QWidget *parent)
+    : QWidget(parent),
+      m_list(new LatestList(this)),
+      m_view(new LatestView(m_list->model(), this)),
+      m_dayWatch(new DayWatch(this)),
+      m_pages(new QStackedLayout(this)),
+      m_emptyPage(new StatePage(
+          "latestEmpty", QStringLiteral("Resources/images/contacts/empty_list.png"), nullptr, this))
+{
+    LOG_SCOPE("MyLatestFriendWidget::MyLatestFriendWidget(QWidget* parent)");
+    setObjectName(QStringLiteral("MyLatestFriendWidget"));
+    m_emptyPage->setObjectName(QStringLiteral("latestEmpty"));
+    m_pages->addWidget(m_emptyPage);
+    m_pages->addWidget(m_view);
+    followSkin(this);
+    setAutoFillBackground(true);
+    setFocusProxy(m_view);
+
+    const QAbstractItemModel *rows = model();
+    connect(rows, &QAbstractItemModel::rowsInserted, this, &MyLatestFriendWidget::showState);
+    connect(rows, &QAbstractItemModel::rowsRemoved, this, &MyLatestFriendWidget::showState);
+    connect(rows, &QAbstractItemModel::modelReset, this, &MyLatestFriendWidget::showState);
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
+            &MyLatestFriendWidget::slot_ScrollToBottom);
+    connect(m_list, &LatestList::notStored, this, &MyLatestFriendWidget::tellNotStored);
+    connect(m_dayWatch, &DayWatch::turned, model(), [this] { model()->timeTextsChanged(); });
+    connectHub();
+    connectRooms();
+    // The database is opened when the pane stands on the screen.
+    QMetaObject::invokeMethod(m_list, &LatestList::reload, Qt::QueuedConnection);
+}
+
+MyLatestFriendWidget::~MyLatestFriendWidget()
+{
+    m_list->disconnect(this);
+}
+
+LatestModel *MyLatestFriendWidget::model() const
+{
+    return m_list->model();
+}
+
+void MyLatestFriendWidget::connectHub()
+{
+    const Hub *hub = Hub::instance();
+    using Page = MyLatestFriendWidget;
+    connect(hub, &Hub::signal_latestFriend, this, &Page::slot_setLatestFriendUi);
+    connect(hub, &Hub::signal_updateLatestContact, this, &Page::slot_updateLatestContact);
+    connect(hub, &Hub::signal_removelatest, this, &Page::slot_removeLatest);
+    connect(hub, &Hub::signal_clearlatest, this, &Page::slot_clearLatest);
+    connect(hub, &Hub::signal_delFriend, this, &Page::slot_delFriend);
+    connect(hub, &Hub::signal_FriendVcardInfo, this, &Page::slot_updateFriend);
+    connect(hub, &Hub::signal_FriendFullVcardInfo, this, &Page::slot_updateFriend);
+    connect(hub, &Hub::signal_notifyFriendRemarkName, this, &Page::slot_updateFriendRemarkName);
+    connect(hub, &Hub::signal_UpdateFrdHead, this, &Page::setIcon);
+    connect(hub, &Hub::signal_updateFriendPresence, this, &Page::slot_updateFriendPresence);
+    connect(hub, &Hub::signal_doalloffline, this, &Page::slot_doAllOffline);
+    connect(hub, &Hub::signal_notifyCooperate, this, &Page::slot_notifyCooperate);
+    connect(hub, &Hub::signal_notifyDownloadServiceIconResult, this,
+            &Page::slot_notifyDownloadServiceIconResult);
+    connect(hub, &Hub::signal_notifyUpdateChannelHead, this, &Page::slot_notifyUpdateChannelHead);
+    connect(hub, &Hub::signal_login, this, &Page::slot_login);
+    connect(hub, &Hub::signal_logout, m_list, &LatestList::save);
+    connect(hub, &Hub::signal_isConnected, m_list, [this](bool connected) {
+        if (connected)
+            m_list->reload();
+    });
+    connect(hub, &Hub::signal_latestSessionReceived, m_list, &LatestList::readPins);
+    connect(hub, &Hub::signal_paintDelegateMsgCount, m_list, &LatestList::markRead);
+}
+
+void MyLatestFriendWidget::connectRooms()
+{
+    const Hub *hub = Hub::instance();
+    using Page = MyLatestFriendWidget;
+    connect(hub, &Hub::signal_roomSubjectChanged, this, &Page::slot_updateRoomSubject);
+    connect(hub, &Hub::signal_mucChatHeadChanged, this, &Page::slot_updateRoomHeadImage);
+    connect(hub, &Hub::signal_addMuc, this, &Page::slot_addMucItem);
+    connect(hub, &Hub::signal_setForbiddenIcon, m_list,
+            [this](const QString &roomJid, bool forbidden) {
+                m_list->change(roomJid,
+                               [forbidden](LatestEntry &entry) { entry.forbidden = forbidden; });
+            });
+    const HttpMgr *http = HttpMgr::instance();
+    connect(http, &HttpMgr::signal_setSessionMsgConfigDone, m_list,
+            [this](bool ok, const QString &roomJid, const QString &key, bool notHint) {
+                if (ok && key == QLatin1String("isNotHint"))
+                    m_list->setMuted(roomJid, notHint);
+            });
+    connect(http, &HttpMgr::signal_clientSettingsLoaded, m_list, [this](bool ok) {
+        if (ok)
+            m_list->reload();
+    });
+}
+
+// --- States ----------------------------------------------------------------------
+
+void MyLatestFriendWidget::showState()
+{
+    m_pages->setCurrentWidget(model()->rowCount() > 0 ? static_cast<QWidget *>(m_view)
+                                                      : m_emptyPage);
+}
+
+void MyLatestFriendWidget::setDisplay(bool display)
+{
+    m_list->setDisplayed(display);
+}
+
+bool MyLatestFriendWidget::isDisplayed() const
+{
+    return m_list->isDisplayed();
+}
+
+void MyLatestFriendWidget::setClock(const std::function<QDateTime()> &clock)
+{
+    m_list->setClock(clock);
+    m_dayWatch->setClock(clock);
+}
+
+void MyLatestFriendWidget::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    m_dayWatch->setActive(true);
+}
+
+void MyLatestFriendWidget::hideEvent(QHideEvent *event)
+{
+    m_dayWatch->setActive(false);
+    QWidget::hideEvent(event);
+}
+
+void MyLatestFriendWidget::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        m_view->viewport()->update();
+    QWidget::changeEvent(event);
+}
+
+// Once: every further message would fail as well. Not while the user is elsewhere.
+void MyLatestFriendWidget::tellNotStored()
+{
+    if (!isVisible() || std::exchange(m_notStoredTold, true))
+        return;
+    TipBox::tell(this, QObject::tr("latestNotStored"));
+}
+
+void MyLatestFriendWidget::slot_login()
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_login()");
+    m_notStoredTold = false;
+    m_list->reload();
+}
+
+void MyLatestFriendWidget::slot_ScrollToBottom(int nValue)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_ScrollToBottom(int nValue)");
+    if (nValue >= m_view->verticalScrollBar()->maximum())
+        m_list->loadMore();
+}
+
+// --- Messages --------------------------------------------------------------------
+
+void MyLatestFriendWidget::getDBFriendData(bool bRecv, const MessageData &message,
+                                           DBFriendData &record) const
+{
+    LOG_SCOPE("MyLatestFriendWidget::getDBFriendData(bool bRecv, const MessageData &data, "
+              "DBFriendData &record)");
+    record = latestRowOf(bRecv, message, m_list->now());
+}
+
+void MyLatestFriendWidget::slot_setLatestFriendUi(bool bRecv, MessageData message)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_setLatestFriendUi(bool bRecv, MessageData data)");
+    DBFriendData record;
+    getDBFriendData(bRecv, message, record);
+    if (record.jid.isEmpty()) {
+        LOG_ERROR("a message belongs to no conversation");
+        return;
+    }
+    m_list->message(record, bRecv);
+}
+
+void MyLatestFriendWidget::slot_updateLatestContact(QString &strContactJid, QString &strLastContent,
+                                                    QString &strLastTime)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_updateLatestContact(QString& strContactJid, QString& "
+              "strLastContent, QString& strLastTime)");
+    const QDateTime now = m_list->now();
+    const QString content = storableContent(strLastContent);
+    const QString time = strLastTime.isEmpty() ? QString() : storableTime(strLastTime, now);
+    const auto apply = [&](LatestEntry &entry) {
+        entry.row.unread = 0;
+        if (!content.isEmpty() && content != entry.row.lastContent) {
+            entry.row.lastContent = content;
+            // Who wrote it is not told.
+            if (entry.kind == MessageData::Room)
+                entry.row.signature = QStringLiteral("");
+        }
+        if (!time.isEmpty())
+            setLatestTime(&entry, time, now);
+    };
+    m_list->changeStored(strContactJid, apply, LatestWriter::Row | LatestWriter::Unread);
+}
+
+void MyLatestFriendWidget::slot_removeLatest(QString jid)
+{
+    if (jid.isEmpty()) {
+        LOG_DEBUG("entry fun MyLatestFriendWidget::slot_removelatest(const QString &jid)");
+        LOG_DEBUG(
+            "exit fun MyLatestFriendWidget::slot_removelatest(const QString &jid) jid is empty");
+        return;
+    }
+    LOG_SCOPE("MyLatestFriendWidget::slot_removelatest(const QString &jid)");
+    m_list->remove(jid);
+}
+
+void MyLatestFriendWidget::slot_clearLatest()
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_clearlatest()");
+    m_list->clear();
+}
+
+// --- Rooms, service numbers, channels ----------------------------------------------
+
+void MyLatestFriendWidget::rename(const QString &jid, const QString &name)
+{
+    const LatestEntry *entry = m_list->find(jid);
+    const QString shown = displayText(name);
+    if (entry && !shown.trimmed().isEmpty() && entry->row.displayName != shown)
+        m_list->change(
+            jid, [&shown](LatestEntry &renamed) { renamed.row.displayName = shown; },
+            LatestWriter::Name);
+}
+
+void MyLatestFriendWidget::setIcon(const QString &jid, const QString &file)
+{
+    // The file may be the same with another picture in it.
+    AvatarStore::instance().refresh(file);
+    m_list->change(
+        jid, [&file](LatestEntry &entry) { entry.row.icon = file; }, LatestWriter::Icon);
+}
+
+void MyLatestFriendWidget::slot_updateRoomSubject(QString roomjid, QString roomsubject,
+                                                  QString strModifier)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_updateRoomSubject(QString roomjid, QString roomsubject, "
+              "QString strModifier)");
+    Q_UNUSED(strModifier)
+    rename(roomjid, roomsubject);
+}
+
+void MyLatestFriendWidget::slot_updateRoomHeadImage(QString strRootJid, QString strHeadPath)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_updateRoomHeadImage(QString strRootJid, QString "
+              "strHeadPath)");
+    setIcon(strRootJid, strHeadPath);
+}
+
+void MyLatestFriendWidget::slot_addMucItem(MucData room, bool bAdd)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_addMucItem(MucData data, bool bAdd)");
+    Q_UNUSED(bAdd)
+    const LatestEntry *entry = m_list->find(room.roomJid);
+    if (!entry)
+        return;
+    rename(room.roomJid, room.roomName);
+    const QString icon = latestIcon(room.roomJid, MessageData::Room);
+    if (!icon.isEmpty() && icon != entry->row.icon)
+        setIcon(room.roomJid, icon);
+    if (entry->forbidden != room.forbidden || entry->kind != MessageData::Room)
+        m_list->change(room.roomJid, [&room](LatestEntry &changed) {
+            changed.kind = MessageData::Room;
+            changed.forbidden = room.forbidden;
+        });
+}
+
+void MyLatestFriendWidget::slot_notifyDownloadServiceIconResult(QString strServiceCode,
+                                                                QString strIconPath)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_notifyDownloadServiceIconResult(QString strServiceCode, "
+              "QString strIconPath)");
+    AvatarStore::instance().refresh(strIconPath);
+    m_list->changeEach(
+        [&](LatestEntry &entry) {
+            const bool meant =
+                entry.kind == MessageData::ServiceNumber &&
+                (jidUser(entry.row.jid) == strServiceCode || entry.row.appKey == strServiceCode);
+            if (meant)
+                entry.row.icon = strIconPath;
+            return meant;
+        },
+        LatestWriter::Icon);
+}
+
+void MyLatestFriendWidget::slot_notifyUpdateChannelHead(QString strChannelId, QString strIconPath)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_notifyUpdateChannelHead(QString strChannelId, QString "
+              "strIconPath)");
+    setIcon(strChannelId, strIconPath);
+}
+
+// --- People ------------------------------------------------------------------------
+
+void MyLatestFriendWidget::slot_delFriend(QString friendJid)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_delFriend(QString friendJid)");
+    // What was written stays; whether the person is there is nobody's business now.
+    m_list->change(friendJid, [](LatestEntry &entry) {
+        entry.knowsPresence = false;
+        entry.presence = PresenceData();
+        entry.cooperates = false;
+    });
+}
+
+void MyLatestFriendWidget::slot_updateFriend(QString friendJid, VcardInfo v_info)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_updateFriend(QString friendJid, VcardInfo v_info)");
+    const LatestEntry *entry = m_list->find(friendJid);
+    if (!entry || entry->kind != MessageData::Person)
+        return;
+    rename(friendJid, latestPersonName(friendJid, entry->row.displayName, &v_info));
+    const QString icon = ctx().headPath(v_info.photoName);
+    if (!icon.isEmpty() && icon != entry->row.icon)
+        setIcon(friendJid, icon);
+}
+
+void MyLatestFriendWidget::slot_updateFriendRemarkName(QString strJid, QString strName)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_updateFriendRemarkName(QString strJid, QString strName)");
+    // Without a remark the person's own name comes back.
+    if (!displayText(strName).trimmed().isEmpty()) {
+        rename(strJid, strName);
+        return;
+    }
+    FriendData contact;
+    VcardInfo profile;
+    ctx().friendData(strJid, &contact);
+    ctx().vcard(strJid, &profile);
+    contact.jid = strJid;
+    contact.remark.clear();
+    rename(strJid, contactDisplayName(contact, profile));
+}
+
+void MyLatestFriendWidget::slot_updateFriendPresence(QMap<QString, PresenceData> presencDataMap)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_updateFriendPresence(QMap<QString,PresenceData> "
+              "presencDataMap)");
+    for (auto at = presencDataMap.cbegin(); at != presencDataMap.cend(); ++at) {
+        const LatestEntry *entry = m_list->find(at.key());
+        if (entry && entry->kind == MessageData::Person && !(entry->presence == at.value()))
+            m_list->change(at.key(), [&at](LatestEntry &person) { person.presence = at.value(); });
+    }
+}
+
+void MyLatestFriendWidget::slot_doAllOffline()
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_doAllOffline()");
+    m_list->changeEach([](LatestEntry &entry) {
+        const bool changes = entry.presence.isOnline();
+        entry.presence = PresenceData();
+        return changes;
+    });
+}
+
+void MyLatestFriendWidget::slot_notifyCooperate(QMap<QString, bool> mapCooperateRelation)
+{
+    LOG_SCOPE("MyLatestFriendWidget::slot_notifyCooperate(QMap<QString,bool> "
+              "mapCooperateRelation)");
+    for (auto at = mapCooperateRelation.cbegin(); at != mapCooperateRelation.cend(); ++at)
+        m_list->change(at.key(), [&at](LatestEntry &entry) { entry.cooperates = at.value(); });
+}

@@ -1,0 +1,36 @@
+// What decides where a group chat stands, who may do what in it and how its row
+// shakes, as pure functions.
+#pragma once
+
+#include "hostapi/roomrecords.h"
+
+#include <QPoint>
+#include <QString>
+
+namespace MucRules {
+
+// Known on all of the user's devices, as opposed to a local one.
+bool isAddressBookRoom(MucData::MucClassify classify);
+
+// Whether a room may change to it: any value can arrive.
+bool isKnown(MucData::MucClassify classify);
+
+// "1|" for a preferred room, "2|" for any other, and the lower-case pinyin of the name.
+QString sortKey(const QString &name, MucData::MucClassify classify);
+
+struct Rights
+{
+    bool rename = false;
+    bool quit = false;
+    bool dismiss = false;
+    bool manage = false;
+};
+// role: as the host's context tells it; an unknown one is a member's.
+Rights rightsOf(int role);
+
+// The phases of a shake are 0 to LastPhase, at which the row rests.
+inline constexpr int LastPhase = 3;
+QPoint shakeOffset(int phase); // pixels
+int phaseAfter(int phase);
+
+} // namespace MucRules

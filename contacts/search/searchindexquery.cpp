@@ -1,0 +1,202 @@
+#include "contacts/search/searchindexquery.h"
+
+#include <algorithm>
+
+namespace {
+constexpr int FewestDigits = 4;
+constexpr int LeastWholeNumber = 7; // digits of a number without its area or country
+constexpr int MostDigits = 64;
+
+const QString SearchEntry::*const fields[] = {&SearchEntry::name,    &SearchEntry::remark,
+                                              &SearchEntry::account, &SearchEntry::employeeCode,
+                                              &SearchEntry::mail,    &SearchEntry::phones};
+
+SearchHit::Rank rankOf(TextMatch::Kind kind)
+{
+    switch (kind) {
+    case TextMatch::Exact:
+        return SearchHit::Exact;
+    case TextMatch::Prefix:
+        return SearchHit::Prefix;
+    case TextMatch::Initials:
+        return SearchHit::Initials;
+    case TextMatch::Word:
+    case TextMatch::Inside:
+    case TextMatch::None:
+        break;
+    }
+    return SearchHit::Inside;
+}
+
+QStringList wordsOf(const QString &typed)
+{
+    QStringList words;
+    const QString counted = typed.trimmed().left(TextPattern::MaximumLength).simplified();
+    for (const QString &word : counted.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (!TextPattern(word).isEmpty())
+            words.append(word);
+    }
+    return words;
+}
+} // namespace
+
+PhonePattern::PhonePattern(const QString &typed)
+{
+    QString digits;
+    for (const QChar c : typed) {
+        if (c.digitValue() >= 0)
+            digits += QChar('0' + c.digitValue());
+        else if (c.isLetter() || c.isSurrogate() || c == QLatin1Char('@'))
+            return;
+    }
+    if (digits.size() >= FewestDigits)
+        m_digits = digits;
+}
+
+TextMatch PhonePattern::match(const QString &phones) const
+{
+    TextMatch best;
+    for (int start = 0, end = 0; start < phones.size(); start = end + 1) {
+        end = phones.indexOf(QLatin1Char(';'), start);
+        if (end < 0)
+            end = phones.size();
+        const TextMatch match = matchNumber(phones, start, end);
+        if (match.kind > best.kind)
+            best = match;
+    }
+    return best;
+}
+
+TextMatch PhonePattern::matchNumber(const QString &phones, int start, int end) const
+{
+    QChar digits[MostDigits];
+    int places[MostDigits];
+    int count = 0;
+    for (int i = start; i < end && count < MostDigits; ++i) {
+        const int digit = phones.at(i).digitValue();
+        if (digit < 0)
+            continue;
+        digits[count] = QChar('0' + digit);
+        places[count++] = i;
+    }
+    const QStringView number(digits, count);
+    int from = int(number.indexOf(m_digits));
+    int to = from + m_digits.size();
+    // Somebody may type the country that the number leaves out.
+    if (from < 0 && count >= LeastWholeNumber && QStringView(m_digits).endsWith(number)) {
+        from = 0;
+        to = count;
+    }
+    if (from < 0)
+        return {};
+    TextMatch match;
+    match.kind = from > 0 ? TextMatch::Inside : to == count ? TextMatch::Exact : TextMatch::Prefix;
+    match.start = places[from];
+    match.length = places[to - 1] + 1 - match.start;
+    return match;
+}
+
+SearchQuery::Word::Word(const QString &typed) : text(typed), phone(typed)
+{
+    if (!text.isEmpty())
+        mask = searchSignatureMask(text.text());
+}
+
+TextMatch SearchQuery::Word::match(const QString &field, SearchHit::Field which) const
+{
+    if (field.isEmpty())
+        return {};
+    if (which != SearchHit::Phones)
+        return text.match(field);
+    return phone.isEmpty() ? TextMatch() : phone.match(field);
+}
+
+bool SearchQuery::Word::bestField(const SearchEntry &entry, SearchHit *hit) const
+{
+    TextMatch::Kind best = TextMatch::None;
+    for (int i = SearchHit::Name; i <= SearchHit::Phones && best != TextMatch::Exact; ++i) {
+        const auto field = SearchHit::Field(i);
+        const TextMatch::Kind kind = match(entry.*fields[i], field).kind;
+        if (kind > best) {
+            best = kind;
+            hit->field = field;
+        }
+    }
+    hit->rank = rankOf(best);
+    return best != TextMatch::None;
+}
+
+SearchQuery::SearchQuery(const QString &typed)
+    : m_phrase(wordsOf(typed).join(QLatin1Char(' '))), m_first(wordsOf(typed).value(0))
+{
+    const QStringList words = wordsOf(typed);
+    if (words.size() < 2)
+        return;
+    for (const QString &word : words) {
+        m_words.emplace_back(word);
+        m_allWords |= m_words.back().mask;
+    }
+}
+
+bool SearchQuery::mayAnswerByPhone(quint64 bits) const
+{
+    return m_phrase.mayBePhone(bits) ||
+           std::all_of(m_words.begin(), m_words.end(),
+                       [bits](const Word &word) { return word.mayBeIn(bits); });
+}
+
+bool SearchQuery::answers(const SearchEntry &entry, SearchHit *hit) const
+{
+    const bool asPhrase = m_phrase.bestField(entry, hit);
+    if (m_words.empty() || (asPhrase && hit->rank == SearchHit::Exact))
+        return asPhrase;
+    SearchHit byWords;
+    const bool asWords = allWordsAnswer(entry, &byWords);
+    if (asWords && (!asPhrase || byWords.rank < hit->rank)) {
+        hit->rank = byWords.rank;
+        hit->field = byWords.field;
+    }
+    return asPhrase || asWords;
+}
+
+// As good as the word that is found worst.
+bool SearchQuery::allWordsAnswer(const SearchEntry &entry, SearchHit *hit) const
+{
+    SearchHit::Rank best = SearchHit::Inside;
+    hit->rank = SearchHit::Exact;
+    for (const Word &word : m_words) {
+        SearchHit one;
+        if (!word.bestField(entry, &one))
+            return false;
+        hit->rank = qMax(hit->rank, one.rank);
+        if (&word == &m_words.front() || one.rank < best) {
+            best = one.rank;
+            hit->field = one.field;
+        }
+    }
+    return true;
+}
+
+QVector<TextMatch> SearchQuery::highlights(const QString &text, SearchHit::Field field) const
+{
+    const TextMatch whole = m_phrase.match(text, field);
+    if (whole.kind != TextMatch::None)
+        return {whole};
+    QVector<TextMatch> found;
+    for (const Word &word : m_words) {
+        const TextMatch match = word.match(text, field);
+        if (match.kind != TextMatch::None)
+            found.append(match);
+    }
+    std::sort(found.begin(), found.end(), [](const TextMatch &x, const TextMatch &y) {
+        return x.start != y.start ? x.start < y.start : x.length > y.length;
+    });
+    int end = 0;
+    const auto overlaps = [&end](const TextMatch &match) {
+        const bool isInside = match.start < end;
+        end = qMax(end, isInside ? end : match.start + match.length);
+        return isInside;
+    };
+    found.erase(std::remove_if(found.begin(), found.end(), overlaps), found.end());
+    return found;
+}
