@@ -14,6 +14,7 @@
 #include <QSet>
 
 class ConversationStore;
+class FileTransfers;
 class MessagingCore;
 class WebLog;
 
@@ -31,6 +32,8 @@ public:
     void shutDown();
 
     QString logFile() const { return m_logFile; }
+    // Where the module keeps pictures that it has fetched.
+    QString pictureFolder() const { return userFolder() + QLatin1String("/headImage"); }
     CServerSettings &settings() { return m_settings; }
     void setSkin(const SysUIData &skin) { m_skin = skin; }
     void setSessionTop(const QString &jid, bool top);
@@ -41,6 +44,8 @@ public:
     void setPassport(CPassportLoginServer *passport) { m_passport = passport; }
     // What the web services demand of whoever sends; empty: nothing.
     void setWebAccess(const QString &caFile, const QString &password);
+    // The files under way; not owned, null ends it.
+    void setTransfers(const FileTransfers *transfers) { m_transfers = transfers; }
     // Told of every finished web request; not owned, null ends it.
     void setWebLog(WebLog *log) { m_webLog = log; }
 
@@ -68,6 +73,8 @@ public:
     int mucRole(const QString &jid) const override;
     bool isSessionTop(const QString &jid) const override;
     int sessionNotify(const QString &jid) const override;
+    bool isTransferring(const QString &jid) const override;
+    QString productTeamJid() const override;
 
     QString headPath(const QString &jidOrPhoto) const override;
     SysUIData skin() const override;
@@ -90,6 +97,7 @@ private:
     mutable QScopedPointer<ConversationStore> m_conversations;
     QSqlDatabase m_allUsers;
     CPassportLoginServer *m_passport = nullptr;
+    const FileTransfers *m_transfers = nullptr;
     WebLog *m_webLog = nullptr;
     QString m_password, m_caFile;
     SysUIData m_skin;

@@ -130,9 +130,15 @@ QVector<SearchHit> SearchIndex::search(const QString &typed, int limit) const
         return {};
     if (!d->areRecentsMarked)
         d->markRecents();
-    SearchTop top(*this, limit);
+    SearchTop top(d->store, limit);
     d->scan(query, true, &top);
     if (top.wants(SearchHit::Inside))
         d->scan(query, false, &top);
     return top.takeSorted();
+}
+
+QVector<TextMatch> searchHighlights(const QString &typed, const QString &text,
+                                    SearchHit::Field field)
+{
+    return SearchQuery(typed).highlights(text, field);
 }

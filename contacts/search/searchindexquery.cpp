@@ -200,9 +200,3 @@ QVector<TextMatch> SearchQuery::highlights(const QString &text, SearchHit::Field
     found.erase(std::remove_if(found.begin(), found.end(), overlaps), found.end());
     return found;
 }
-
-QVector<TextMatch> searchHighlights(const QString &typed, const QString &text,
-                                    SearchHit::Field field)
-{
-    return SearchQuery(typed).highlights(text, field);
-}

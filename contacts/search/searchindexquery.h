@@ -3,8 +3,11 @@
 #pragma once
 
 #include "common/textmatch.h"
-#include "contacts/search/searchindex.h"
+#include "contacts/search/searchindexrecords.h"
 #include "contacts/search/searchindexsignature.h"
+
+#include <QStringList>
+#include <QVector>
 
 #include <vector>
 

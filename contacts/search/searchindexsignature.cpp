@@ -2,7 +2,7 @@
 
 #include "common/foldedtext.h"
 #include "common/pinyinreadings.h"
-#include "contacts/search/searchindex.h"
+#include "contacts/search/searchindexrecords.h"
 
 namespace {
 constexpr int FirstHashed = 36; // behind the letters and digits

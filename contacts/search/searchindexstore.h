@@ -3,8 +3,10 @@
 // until half of it is gone; everything else lies in one list with its holes reused.
 #pragma once
 
-#include "contacts/search/searchindex.h"
 #include "contacts/search/searchindexids.h"
+#include "contacts/search/searchindexrecords.h"
+
+#include <QVector>
 
 #include <vector>
 

@@ -71,12 +71,12 @@ bool SearchTop::Before::operator()(const Found &x, const Found &y) const
         return x.standing < y.standing;
     if (x.nameKey != y.nameKey)
         return x.nameKey < y.nameKey;
-    return compared(index->at(x.hit.entry), index->at(y.hit.entry)) < 0;
+    return compared(store->at(x.hit.entry), store->at(y.hit.entry)) < 0;
 }
 
 void SearchTop::add(const SearchOrder &order, const SearchHit &hit)
 {
-    const Before before{&m_index};
+    const Before before{&m_store};
     const Found found{order.standing(hit.rank), order.nameKey, hit};
     if (m_found.size() == m_limit) {
         if (!before(found, m_found.front()))
@@ -90,7 +90,7 @@ void SearchTop::add(const SearchOrder &order, const SearchHit &hit)
 
 QVector<SearchHit> SearchTop::takeSorted()
 {
-    std::sort_heap(m_found.begin(), m_found.end(), Before{&m_index});
+    std::sort_heap(m_found.begin(), m_found.end(), Before{&m_store});
     QVector<SearchHit> hits;
     hits.reserve(int(m_found.size()));
     for (const Found &found : m_found)

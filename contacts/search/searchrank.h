@@ -3,7 +3,7 @@
 // pinyin. Most comparisons need no look at the names.
 #pragma once
 
-#include "contacts/search/searchindex.h"
+#include "contacts/search/searchindexstore.h"
 
 #include <vector>
 
@@ -33,8 +33,8 @@ struct SearchOrder
 class SearchTop
 {
 public:
-    // `index` has to outlive this.
-    SearchTop(const SearchIndex &index, int limit) : m_index(index), m_limit(size_t(limit)) {}
+    // `store` has to outlive this.
+    SearchTop(const SearchIndexStore &store, int limit) : m_store(store), m_limit(size_t(limit)) {}
 
     // Whether a hit of that rank could be among the best.
     bool wants(const SearchOrder &order, SearchHit::Rank rank) const
@@ -67,11 +67,11 @@ private:
     };
     struct Before
     {
-        const SearchIndex *index;
+        const SearchIndexStore *store;
         bool operator()(const Found &x, const Found &y) const;
     };
 
-    const SearchIndex &m_index;
+    const SearchIndexStore &m_store;
     const size_t m_limit;
     std::vector<Found> m_found; // a heap, the worst at its top
 };
