@@ -38,6 +38,13 @@ QStringList wordsOf(const QString &typed)
     }
     return words;
 }
+
+int lettersOf(const TextPattern &pattern)
+{
+    const QString &text = pattern.text();
+    return int(std::count_if(text.begin(), text.end(),
+                             [](QChar c) { return !TextPattern::isBetweenSyllables(c); }));
+}
 } // namespace
 
 PhonePattern::PhonePattern(const QString &typed)
@@ -99,7 +106,7 @@ TextMatch PhonePattern::matchNumber(const QString &phones, int start, int end) c
 SearchQuery::Word::Word(const QString &typed) : text(typed), phone(typed)
 {
     if (!text.isEmpty())
-        mask = searchSignatureMask(text.text());
+        mask = SearchSignature::maskOf(text.text());
 }
 
 TextMatch SearchQuery::Word::match(const QString &field, SearchHit::Field which) const
@@ -130,6 +137,8 @@ SearchQuery::SearchQuery(const QString &typed)
     : m_phrase(wordsOf(typed).join(QLatin1Char(' '))), m_first(wordsOf(typed).value(0))
 {
     const QStringList words = wordsOf(typed);
+    const bool isOneText = words.size() < 2 && m_phrase.phone.isEmpty();
+    m_wholeLengths = isOneText ? SearchTraits::lengthBit(lettersOf(m_phrase.text)) : ~quint32(0);
     if (words.size() < 2)
         return;
     for (const QString &word : words) {
