@@ -38,13 +38,6 @@ QStringList wordsOf(const QString &typed)
     }
     return words;
 }
-
-int lettersOf(const TextPattern &pattern)
-{
-    const QString &text = pattern.text();
-    return int(std::count_if(text.begin(), text.end(),
-                             [](QChar c) { return !TextPattern::isBetweenSyllables(c); }));
-}
 } // namespace
 
 PhonePattern::PhonePattern(const QString &typed)
@@ -138,7 +131,7 @@ SearchQuery::SearchQuery(const QString &typed)
 {
     const QStringList words = wordsOf(typed);
     const bool isOneText = words.size() < 2 && m_phrase.phone.isEmpty();
-    m_wholeLengths = isOneText ? SearchTraits::lengthBit(lettersOf(m_phrase.text)) : ~quint32(0);
+    m_wholeLengths = isOneText ? SearchTraits::lengthMaskOf(m_phrase.text.text()) : ~quint32(0);
     if (words.size() < 2)
         return;
     for (const QString &word : words) {

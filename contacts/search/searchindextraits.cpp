@@ -3,8 +3,10 @@
 #include "common/cchcharactertopp.h"
 #include "common/foldedtext.h"
 #include "common/pinyinreadings.h"
+#include "common/textmatch.h"
 
 #include <array>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -150,14 +152,14 @@ public:
 
     void addTo(SearchTraits *traits)
     {
-        quint64 lengths = 1;
+        quint32 lengths = 1;
         for (int i = m_text.size() - 1; i >= 0; --i) {
             const bool isStart = i <= m_text.first() || m_text.isStart(i);
             const quint64 bits = unit(i, &lengths);
             if (isStart)
                 (i <= m_text.first() ? traits->signature.start : traits->signature.inside) |= bits;
         }
-        traits->wholeLengths |= quint32(lengths) | (lengths >> 32 ? quint32(1) << 31 : 0);
+        traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
     }
 
     quint64 key() const
@@ -177,13 +179,14 @@ public:
 private:
     // The bits of a word or syllable that begins here; and how long what is whole from
     // here on may be.
-    quint64 unit(int i, quint64 *lengths)
+    quint64 unit(int i, quint32 *lengths)
     {
         const ushort unit = m_text.at(i);
         if (m_text.kind(i) == FoldedText::Chinese)
             return chinese(i, lengths);
         const bool isSeparator = m_text.kind(i) == FoldedText::Separator;
-        addLength(1, isSeparator, lengths);
+        *lengths = lengthened(*lengths, 1) | (isSeparator ? *lengths : 0);
+        m_hasDigits = m_hasDigits || m_text.kind(i) == FoldedText::Digit;
         const int place = placeOf(unit);
         if (place < 0) {
             if (!isSeparator)
@@ -195,29 +198,27 @@ private:
         return bits;
     }
 
-    quint64 chinese(int i, quint64 *lengths)
+    quint64 chinese(int i, quint32 *lengths)
     {
         const quint64 bits = hashedBit(m_text.at(i));
         if (PinyinReadings::hasMore(QChar(m_text.at(i))))
             return bits | readMoreWays(i, lengths);
-        const quint64 before = *lengths;
-        addLength(1, false, lengths);
         if (m_numbers[i] < 0) {
+            *lengths = 0;
             m_following.count = 0;
             return bits;
         }
         const Syllable &syllable = m_syllables[size_t(m_numbers[i])];
-        *lengths |= lengthened(before, syllable.size);
+        *lengths = lengthened(*lengths, syllable.size);
         const quint64 all = bits | syllable.bits | m_following.pairsWith(syllable.initial);
         m_following.setOnly(syllable.initial);
         return all;
     }
 
-    quint64 readMoreWays(int i, quint64 *lengths)
+    quint64 readMoreWays(int i, quint32 *lengths)
     {
         quint64 bits = 0;
-        const quint64 before = *lengths;
-        addLength(1, false, lengths);
+        const quint32 before = std::exchange(*lengths, 0);
         Following following;
         for (const QStringView reading : PinyinReadings(m_text.text(), i, m_text.first())) {
             const Syllable syllable = makeSyllable(reading);
@@ -229,21 +230,17 @@ private:
         return bits;
     }
 
-    // Whatever is longer than 31 stays so.
-    static quint64 lengthened(quint64 lengths, int by)
+    static quint32 lengthened(quint32 lengths, int by)
     {
-        const quint64 tooLong = lengths >> 31 ? quint64(1) << 32 : 0;
-        return (lengths & 0x7fffffff) << by | tooLong;
-    }
-    static void addLength(int by, bool isOptional, quint64 *lengths)
-    {
-        *lengths = lengthened(*lengths, by) | (isOptional ? *lengths : 0);
+        const quint32 longer = lengths << by;
+        return (longer & 0xffff) | (longer >> 16 ? 0x8000 : 0) | (lengths & 0x8000);
     }
 
     const FoldedText &m_text;
     const std::vector<Syllable> &m_syllables;
     qint16 m_numbers[FoldedText::MaximumLength];
     Following m_following;
+    bool m_hasDigits = false;
 };
 } // namespace
 
@@ -253,6 +250,19 @@ quint64 SearchSignature::maskOf(QStringView word)
     const int place = placeOf(first);
     const int next = word.size() > 1 ? placeOf(word.at(1).unicode()) : -1;
     return unitBit(first) | (place >= 0 && next >= 0 ? pairBit(place, next) : 0);
+}
+
+quint32 SearchTraits::lengthMaskOf(const QString &typed)
+{
+    int length = 0;
+    bool hasDigits = false;
+    for (const QChar c : typed) {
+        if (c.script() == QChar::Script_Han)
+            return ~quint32(0);
+        hasDigits = hasDigits || c.isNumber();
+        length += !TextPattern::isBetweenSyllables(c);
+    }
+    return lengthBit(length, hasDigits);
 }
 
 SearchTraits SearchTraitsMaker::of(const SearchEntry &entry)
@@ -293,11 +303,13 @@ bool SearchTraitsMaker::addAscii(QStringView text)
     quint64 *target = &signature.start;
     int kind = FoldedText::Separator;
     int separators = 0;
+    bool hasDigits = false;
     for (int i = 0; i < size; ++i) {
         if (units[i] >= 0x80)
             return false;
         const Ascii unit = ascii[units[i]];
         separators += unit.kind == FoldedText::Separator;
+        hasDigits |= unit.kind == FoldedText::Digit;
         if (unit.kind != kind && unit.kind != FoldedText::Separator) {
             *target |= quint64(1) << unit.place;
             int next = i + 1;
@@ -313,8 +325,8 @@ bool SearchTraitsMaker::addAscii(QStringView text)
         signature.start |= hashedBit(units[0]);
     m_traits.signature.start |= signature.start;
     m_traits.signature.inside |= signature.inside;
-    for (int length = size - separators; length <= qMin(size, 31 + size - separators); ++length)
-        m_traits.wholeLengths |= SearchTraits::lengthBit(length);
+    for (int length = size - separators; length <= size; ++length)
+        m_traits.wholeLengths |= SearchTraits::lengthBit(length, hasDigits);
     return true;
 }
 

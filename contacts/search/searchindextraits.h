@@ -27,11 +27,16 @@ struct SearchTraits
     // The beginning of the name by pinyin, as a number: a smaller one comes first, and
     // equal ones may still differ.
     quint64 nameKey = 0;
-    // Bit n: some field may be typed in full by n letters, blanks and apostrophes not
-    // counted. The last bit stands for everything longer, too.
+    // Bit n: some field may be typed in full by n units, none of them Chinese, and
+    // blanks and apostrophes not counted. The last bit stands for everything longer,
+    // too; fields with digits stand apart in the upper half.
     quint32 wholeLengths = 0;
 
-    static quint32 lengthBit(int letters) { return quint32(1) << qMin(letters, 31); }
+    static quint32 lengthBit(int units, bool withDigits)
+    {
+        return quint32(1) << (qMin(units, 15) + (withDigits ? 16 : 0));
+    }
+    static quint32 lengthMaskOf(const QString &typed);
 };
 
 // Makes the traits of many entries, one after another.
