@@ -194,6 +194,10 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
+    QObject::connect(m_services.get(), &WebServices::changed, m_notifier.get(), [this] {
+        if (m_services->state() == WebServices::Ready)
+            m_notifier->announceServices();
+    });
     QObject::connect(
         m_window.get(), &MainWindow::languageChosen, m_window.get(),
         [this](const QString &value) { HostPreferences(m_folder).setLanguage(value); });
