@@ -194,6 +194,10 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
+    QObject::connect(m_services.get(), &WebServices::changed, m_notifier.get(), [this] {
+        if (m_services->state() == WebServices::Ready)
+            m_notifier->announceServices();
+    });
     QObject::connect(
         m_window.get(), &MainWindow::languageChosen, m_window.get(),
         [this](const QString &value) { HostPreferences(m_folder).setLanguage(value); });
@@ -203,8 +207,10 @@ void HostApplication::buildWindow()
                      [this] { loadPane(m_pluginFile); });
     QObject::connect(m_window->paneArea(), &PaneArea::fileChosen, m_window.get(),
                      [this](const QString &file) { loadPane(file); });
-    if (!m_core->notice().isEmpty())
-        m_window->showNote(m_core->notice());
+    for (const QString &notice : {m_core->notice(), m_context->notice()}) {
+        if (!notice.isEmpty())
+            m_window->showNote(notice);
+    }
 }
 
 void HostApplication::addChatLevers()
