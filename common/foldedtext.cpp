@@ -27,6 +27,9 @@ constexpr auto makeAscii()
 }
 constexpr auto ascii = makeAscii();
 
+// Stands between the parts of many a name.
+constexpr ushort MiddleDot = 0xB7;
+
 // Of the two blocks of the basic plane that names are made of, and decompose to nothing.
 inline bool isCommonHan(ushort unit)
 {
@@ -67,6 +70,9 @@ bool FoldedText::addPlain(QStringView text)
         if (unit < 0x80) {
             m_units[m_size] = ascii[unit].unit;
             m_kinds[m_size++] = ascii[unit].kind;
+        } else if (unit == MiddleDot) {
+            m_units[m_size] = unit;
+            m_kinds[m_size++] = Separator;
         } else if (isCommonHan(unit)) {
             m_units[m_size] = unit;
             m_kinds[m_size++] = Chinese;

@@ -16,7 +16,6 @@ struct SearchIndex::Private
     void scan(const SearchQuery &query, bool fromStart, SearchTop *top) const;
 
     SearchIndexStore store;
-    SearchTraitsMaker maker;
     std::vector<SearchSignature> signatures;
     std::vector<SearchOrder> orders;
     QStringList recents;
@@ -29,7 +28,7 @@ void SearchIndex::Private::place(int slot, const SearchEntry &entry)
         signatures.resize(size_t(store.slotCount()));
         orders.resize(signatures.size());
     }
-    const SearchTraits traits = maker.of(entry);
+    const SearchTraits traits = searchTraits(entry);
     signatures[size_t(slot)] = traits.signature;
     SearchOrder &order = orders[size_t(slot)];
     order.nameKey = traits.nameKey;

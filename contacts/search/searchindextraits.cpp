@@ -145,6 +145,7 @@ struct Following
 class Walk
 {
 public:
+    // `text` has to outlive this.
     explicit Walk(const FoldedText &text) : m_text(text), m_syllables(syllables())
     {
         CChCharacterToPP::syllableNumbers(text.text(), m_numbers);
@@ -242,6 +243,100 @@ private:
     Following m_following;
     bool m_hasDigits = false;
 };
+
+// The same as by the walk, for what is not Chinese: forwards, so that a text can be
+// continued.
+class AsciiWalk
+{
+public:
+    // False: this is not ASCII, and has to be walked as a whole.
+    bool add(QStringView text)
+    {
+        for (const QChar c : text) {
+            if (c.unicode() >= 0x80)
+                return false;
+            if (m_size == FoldedText::MaximumLength)
+                break;
+            add(ascii[c.unicode()], c.unicode());
+        }
+        return true;
+    }
+
+    void addTo(SearchTraits *traits) const
+    {
+        traits->signature.start |= m_start;
+        traits->signature.inside |= m_inside;
+        if (m_size == 0)
+            return;
+        const int longest = qMin(m_size, 15);
+        const int shortest = qMin(m_size - m_separators, 15);
+        const quint32 lengths = (quint32(2) << longest) - (quint32(1) << shortest);
+        traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+    }
+
+private:
+    void add(Ascii unit, ushort c)
+    {
+        if (unit.kind == FoldedText::Separator) {
+            if (m_size == 0)
+                m_start |= hashedBit(c);
+            ++m_separators;
+        } else {
+            m_hasDigits |= unit.kind == FoldedText::Digit;
+            // Of the word that has just begun.
+            if (m_first >= 0)
+                *m_bits |= pairBit(m_first, unit.place);
+            m_first = -1;
+            if (unit.kind != m_kind)
+                beginWord(unit.place);
+        }
+        m_kind = unit.kind;
+        ++m_size;
+    }
+    void beginWord(int place)
+    {
+        m_bits = m_size == m_separators ? &m_start : &m_inside;
+        *m_bits |= quint64(1) << place;
+        m_first = place;
+    }
+
+    quint64 m_start = 0;
+    quint64 m_inside = 0;
+    quint64 *m_bits = &m_start; // where the word that began last belongs
+    int m_first = -1;           // its first letter, as long as nothing follows
+    int m_kind = FoldedText::Separator;
+    int m_size = 0;
+    int m_separators = 0;
+    bool m_hasDigits = false;
+};
+
+void addText(const QString &text, SearchTraits *traits)
+{
+    if (text.isNull())
+        return;
+    AsciiWalk walk;
+    if (walk.add(text))
+        walk.addTo(traits);
+    else
+        Walk(FoldedText(text)).addTo(traits);
+}
+
+// A mail address mostly begins with the account.
+void addAccountAndMail(const SearchEntry &entry, SearchTraits *traits)
+{
+    const QString &account = entry.account;
+    AsciiWalk walk;
+    if (entry.mail.startsWith(account) && walk.add(account)) {
+        walk.addTo(traits);
+        if (walk.add(QStringView(entry.mail).mid(account.size()))) {
+            walk.addTo(traits);
+            return;
+        }
+    } else {
+        addText(account, traits);
+    }
+    addText(entry.mail, traits);
+}
 } // namespace
 
 quint64 SearchSignature::maskOf(QStringView word)
@@ -265,74 +360,20 @@ quint32 SearchTraits::lengthMaskOf(const QString &typed)
     return lengthBit(length, hasDigits);
 }
 
-SearchTraits SearchTraitsMaker::of(const SearchEntry &entry)
+SearchTraits searchTraits(const SearchEntry &entry)
 {
-    m_traits = SearchTraits();
-    addName(entry.name);
-    addText(entry.remark);
-    addText(entry.account);
-    addText(entry.employeeCode);
-    addMail(entry);
-    if (!entry.phones.isEmpty())
-        m_traits.signature.start |= SearchSignature::HasPhones;
-    return m_traits;
-}
-
-void SearchTraitsMaker::addName(const QString &name)
-{
-    const FoldedText text(name);
-    Walk walk(text);
-    walk.addTo(&m_traits);
-    m_traits.nameKey = walk.key();
-}
-
-void SearchTraitsMaker::addText(QStringView text)
-{
-    if (!text.isEmpty() && !addAscii(text)) {
-        const FoldedText folded(text);
-        Walk(folded).addTo(&m_traits);
-    }
-}
-
-// The same as by the walk, for most of what is not a name. False: it has to be walked.
-bool SearchTraitsMaker::addAscii(QStringView text)
-{
-    const int size = qMin(text.size(), qsizetype(FoldedText::MaximumLength));
-    const char16_t *units = text.utf16();
-    SearchSignature signature;
-    quint64 *target = &signature.start;
-    int kind = FoldedText::Separator;
-    int separators = 0;
-    bool hasDigits = false;
-    for (int i = 0; i < size; ++i) {
-        if (units[i] >= 0x80)
-            return false;
-        const Ascii unit = ascii[units[i]];
-        separators += unit.kind == FoldedText::Separator;
-        hasDigits |= unit.kind == FoldedText::Digit;
-        if (unit.kind != kind && unit.kind != FoldedText::Separator) {
-            *target |= quint64(1) << unit.place;
-            int next = i + 1;
-            while (next < size && units[next] < 0x80 && ascii[units[next]].place < 0)
-                ++next;
-            if (next < size && units[next] < 0x80)
-                *target |= pairBit(unit.place, ascii[units[next]].place);
-            target = &signature.inside;
-        }
-        kind = unit.kind;
-    }
-    if (ascii[units[0]].kind == FoldedText::Separator)
-        signature.start |= hashedBit(units[0]);
-    m_traits.signature.start |= signature.start;
-    m_traits.signature.inside |= signature.inside;
-    for (int length = size - separators; length <= size; ++length)
-        m_traits.wholeLengths |= SearchTraits::lengthBit(length, hasDigits);
-    return true;
-}
-
-void SearchTraitsMaker::addMail(const SearchEntry &entry)
-{
-    addText(entry.mail);
+    SearchTraits traits;
+    const FoldedText name(entry.name);
+    Walk walk(name);
+    walk.addTo(&traits);
+    traits.nameKey = walk.key();
+    addText(entry.remark, &traits);
+    addText(entry.employeeCode, &traits);
+    addAccountAndMail(entry, &traits);
+    // An empty text would have to be looked at.
+    if (!entry.phones.isNull())
+        traits.signature.start |= SearchSignature::HasPhones;
+    return traits;
 }
 
 QString searchNameOrder(const QString &name)

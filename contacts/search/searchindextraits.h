@@ -39,23 +39,7 @@ struct SearchTraits
     static quint32 lengthMaskOf(const QString &typed);
 };
 
-// Makes the traits of many entries, one after another.
-class SearchTraitsMaker
-{
-public:
-    SearchTraits of(const SearchEntry &entry);
-
-private:
-    void addName(const QString &name);
-    void addText(QStringView text);
-    bool addAscii(QStringView text);
-    void addMail(const SearchEntry &entry);
-
-    SearchTraits m_traits;
-    // People of one company have it in common.
-    QString m_domain;
-    quint64 m_domainBits = 0;
-};
+SearchTraits searchTraits(const SearchEntry &entry);
 
 // The order of names as a text: syllables in small letters, all else folded.
 QString searchNameOrder(const QString &name);
