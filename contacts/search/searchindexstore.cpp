@@ -15,13 +15,9 @@ uint hashOf(SearchEntry::Kind kind, const QString &id)
 // What a text points at, without looking there.
 void fetchText(const QString &text)
 {
-#if defined(Q_CC_GNU) || defined(Q_CC_CLANG)
     const char *data = reinterpret_cast<const char *>(const_cast<QString &>(text).data_ptr());
-    __builtin_prefetch(data);
-    __builtin_prefetch(data + 64);
-#else
-    Q_UNUSED(text)
-#endif
+    SearchIndexIds::fetch(data);
+    SearchIndexIds::fetch(data + 64);
 }
 } // namespace
 
@@ -32,13 +28,20 @@ void SearchIndexStore::clear()
     *this = SearchIndexStore();
 }
 
-void SearchIndexStore::fetch(const SearchEntry &entry)
+void SearchIndexStore::fetchTexts(const SearchEntry &entry)
 {
     fetchText(entry.id);
     fetchText(entry.name);
     fetchText(entry.account);
     fetchText(entry.employeeCode);
     fetchText(entry.mail);
+}
+
+uint SearchIndexStore::fetchCell(const SearchEntry &entry) const
+{
+    const uint hash = hashOf(entry.kind, entry.id);
+    m_ids.fetch(hash);
+    return hash;
 }
 
 int SearchIndexStore::find(SearchEntry::Kind kind, const QString &id) const
@@ -70,10 +73,9 @@ int SearchIndexStore::beginBatch(const QVector<SearchEntry> &entries)
     return batch;
 }
 
-int SearchIndexStore::putAt(const SearchEntry &entry, Place place)
+int SearchIndexStore::putAt(const SearchEntry &entry, uint hash, Place place)
 {
     ++m_batches[size_t(place.batch)].inUse;
-    const uint hash = hashOf(entry.kind, entry.id);
     const int slot = findHashed(hash, entry.kind, entry.id);
     if (slot < 0)
         return takeSlot(hash, place);
@@ -81,9 +83,8 @@ int SearchIndexStore::putAt(const SearchEntry &entry, Place place)
     return slot;
 }
 
-int SearchIndexStore::putOwn(const SearchEntry &entry)
+int SearchIndexStore::putOwn(const SearchEntry &entry, uint hash)
 {
-    const uint hash = hashOf(entry.kind, entry.id);
     const int slot = findHashed(hash, entry.kind, entry.id);
     if (slot < 0)
         return takeSlot(hash, addOwn(entry));
