@@ -60,7 +60,7 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
     const auto best = [&](const SearchOrder &order) {
         if (!fromStart)
             return SearchHit::Inside;
-        return order.wholeLengths & query.wholeLengths() ? SearchHit::Exact : SearchHit::Prefix;
+        return query.mayBeWhole(order.wholeLengths) ? SearchHit::Exact : SearchHit::Prefix;
     };
     for (size_t slot = 0; slot < signatures.size(); ++slot) {
         const SearchSignature &signature = signatures[slot];
@@ -69,7 +69,7 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
             continue;
         SearchHit hit;
         hit.entry = int(slot);
-        if (query.answers(store.at(hit.entry), &hit))
+        if (query.answers(store.at(hit.entry), best(orders[slot]), &hit))
             top->add(orders[slot], hit);
     }
 }

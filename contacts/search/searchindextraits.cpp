@@ -40,6 +40,24 @@ constexpr auto makePairs()
 }
 constexpr auto pairs = makePairs();
 
+constexpr quint8 chainBit(uint value)
+{
+    return quint8((value * 2246822519u) >> 25);
+}
+constexpr auto makeChainBits()
+{
+    std::array<quint8, PlaceCount * PlaceCount> bits{};
+    for (uint i = 0; i < bits.size(); ++i)
+        bits[i] = chainBit(i + 0x10000);
+    return bits;
+}
+constexpr auto chainBits = makeChainBits();
+
+inline quint8 chainBit(int place, int next)
+{
+    return chainBits[size_t(place * PlaceCount + next)];
+}
+
 inline quint64 pairBit(int place, int next)
 {
     return pairs[size_t(place * PlaceCount + next)];
@@ -69,7 +87,41 @@ struct Syllable
     quint64 letters = 0; // as they stand in a key
     int size = 0;
     int initial = 0; // the place of its first letter
+    SearchChain chain;
+    // The places of the letters behind which the next syllable may be typed: the
+    // initial, the h of zh, ch and sh, the last one.
+    int ends[4];
+    int endCount = 0;
 };
+
+constexpr int U = 'u' - 'a';
+constexpr int V = 'v' - 'a';
+
+// ü may be typed as u and as v.
+void addEnd(int place, bool mayBeU, Syllable *syllable)
+{
+    syllable->ends[syllable->endCount++] = place;
+    if (mayBeU && (place == U || place == V))
+        syllable->ends[syllable->endCount++] = place == U ? V : U;
+}
+
+void addChain(QStringView text, Syllable *syllable)
+{
+    for (int i = 1; i < text.size(); ++i) {
+        const int before = text.at(i - 1).unicode() - 'A';
+        const int place = text.at(i).unicode() - 'A';
+        syllable->chain.add(chainBit(before, place));
+        if (i == 1 && (place == U || place == V))
+            syllable->chain.add(chainBit(before, place == U ? V : U));
+        if (i == 2 && (before == U || before == V))
+            syllable->chain.add(chainBit(before == U ? V : U, place));
+    }
+    addEnd(syllable->initial, false, syllable);
+    if (text.size() > 2 && text.at(1) == QLatin1Char('H'))
+        addEnd('h' - 'a', false, syllable);
+    if (text.size() > 1)
+        addEnd(text.back().unicode() - 'A', text.size() == 2, syllable);
+}
 
 Syllable makeSyllable(QStringView text)
 {
@@ -79,15 +131,13 @@ Syllable makeSyllable(QStringView text)
     syllable.bits = quint64(1) << syllable.initial;
     for (const QChar c : text)
         syllable.letters = syllable.letters << BitsOfLetter | letterOf(c.unicode() | 0x20);
+    addChain(text, &syllable);
     if (text.size() < 2)
         return syllable;
     const int second = text.at(1).unicode() - 'A';
     syllable.bits |= pairBit(syllable.initial, second);
-    // ü may be typed as u and as v.
-    const int u = 'u' - 'a';
-    const int v = 'v' - 'a';
-    if (second == u || second == v)
-        syllable.bits |= pairBit(syllable.initial, second == u ? v : u);
+    if (second == U || second == V)
+        syllable.bits |= pairBit(syllable.initial, second == U ? V : U);
     return syllable;
 }
 
@@ -96,7 +146,7 @@ const std::vector<Syllable> &syllables()
     static const std::vector<Syllable> all = [] {
         std::vector<Syllable> made;
         for (int i = 0; i < CChCharacterToPP::syllableCount(); ++i)
-            made.push_back(makeSyllable(QStringView(CChCharacterToPP::syllableAt(i))));
+            made.push_back(makeSyllable(CChCharacterToPP::syllableAt(i)));
         return made;
     }();
     return all;
@@ -134,6 +184,17 @@ struct Following
             bits |= pairBit(place, places[i]);
         return bits;
     }
+    void chainTo(int place, SearchChain *chain) const
+    {
+        for (int i = 0; i < count; ++i)
+            chain->add(chainBit(place, places[i]));
+    }
+    void chainTo(const Syllable &syllable, SearchChain *chain) const
+    {
+        chain->add(syllable.chain);
+        for (int i = 0; i < syllable.endCount; ++i)
+            chainTo(syllable.ends[i], chain);
+    }
     void setOnly(int place)
     {
         places[0] = place;
@@ -161,6 +222,7 @@ public:
                 (i <= m_text.first() ? traits->signature.start : traits->signature.inside) |= bits;
         }
         traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+        traits->signature.chain.add(m_chain);
     }
 
     quint64 key() const
@@ -195,6 +257,7 @@ private:
             return hashedBit(unit);
         }
         const quint64 bits = quint64(1) << place | m_following.pairsWith(place);
+        m_following.chainTo(place, &m_chain);
         m_following.setOnly(place);
         return bits;
     }
@@ -202,6 +265,7 @@ private:
     quint64 chinese(int i, quint32 *lengths)
     {
         const quint64 bits = hashedBit(m_text.at(i));
+        m_chain.add(chainBit(m_text.at(i)));
         if (PinyinReadings::hasMore(QChar(m_text.at(i))))
             return bits | readMoreWays(i, lengths);
         if (m_numbers[i] < 0) {
@@ -211,6 +275,7 @@ private:
         }
         const Syllable &syllable = m_syllables[size_t(m_numbers[i])];
         *lengths = lengthened(*lengths, syllable.size);
+        m_following.chainTo(syllable, &m_chain);
         const quint64 all = bits | syllable.bits | m_following.pairsWith(syllable.initial);
         m_following.setOnly(syllable.initial);
         return all;
@@ -225,6 +290,7 @@ private:
             const Syllable syllable = makeSyllable(reading);
             *lengths |= lengthened(before, syllable.size);
             bits |= syllable.bits | m_following.pairsWith(syllable.initial);
+            m_following.chainTo(syllable, &m_chain);
             following.places[following.count++] = syllable.initial;
         }
         m_following = following;
@@ -241,6 +307,7 @@ private:
     const std::vector<Syllable> &m_syllables;
     qint16 m_numbers[FoldedText::MaximumLength];
     Following m_following;
+    SearchChain m_chain;
     bool m_hasDigits = false;
 };
 
@@ -266,6 +333,7 @@ public:
     {
         traits->signature.start |= m_start;
         traits->signature.inside |= m_inside;
+        traits->signature.chain.add(m_chain);
         if (m_size == 0)
             return;
         const int longest = qMin(m_size, 15);
@@ -287,6 +355,9 @@ private:
             if (m_first >= 0)
                 *m_bits |= pairBit(m_first, unit.place);
             m_first = -1;
+            if (m_before >= 0)
+                m_chain.add(chainBit(m_before, unit.place));
+            m_before = unit.place;
             if (unit.kind != m_kind)
                 beginWord(unit.place);
         }
@@ -303,7 +374,9 @@ private:
     quint64 m_start = 0;
     quint64 m_inside = 0;
     quint64 *m_bits = &m_start; // where the word that began last belongs
-    int m_first = -1;           // its first letter, as long as nothing follows
+    SearchChain m_chain;
+    int m_before = -1; // the letter or digit that was last
+    int m_first = -1;  // its first letter, as long as nothing follows
     int m_kind = FoldedText::Separator;
     int m_size = 0;
     int m_separators = 0;
@@ -339,21 +412,29 @@ void addAccountAndMail(const SearchEntry &entry, SearchTraits *traits)
 }
 } // namespace
 
-quint64 SearchSignature::maskOf(QStringView word)
+SearchMask::SearchMask(QStringView word) : beginning(unitBit(word.at(0).unicode()))
 {
-    const ushort first = word.at(0).unicode();
-    const int place = placeOf(first);
-    const int next = word.size() > 1 ? placeOf(word.at(1).unicode()) : -1;
-    return unitBit(first) | (place >= 0 && next >= 0 ? pairBit(place, next) : 0);
+    int before = -1;
+    for (int i = 0; i < word.size(); ++i) {
+        const ushort unit = word.at(i).unicode();
+        const int place = placeOf(unit);
+        if (before >= 0 && place >= 0)
+            chain.add(chainBit(before, place));
+        if (before >= 0 && place >= 0 && i == 1)
+            beginning |= pairBit(before, place);
+        if (word.at(i).script() == QChar::Script_Han)
+            chain.add(chainBit(unit));
+        before = place;
+    }
 }
 
-quint32 SearchTraits::lengthMaskOf(const QString &typed)
+quint32 SearchTraits::lengthBitOf(const QString &typed)
 {
     int length = 0;
     bool hasDigits = false;
     for (const QChar c : typed) {
         if (c.script() == QChar::Script_Han)
-            return ~quint32(0);
+            return 0;
         hasDigits = hasDigits || c.isNumber();
         length += !TextPattern::isBetweenSyllables(c);
     }
