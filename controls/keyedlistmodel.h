@@ -32,45 +32,45 @@ public:
     }
 
     // Records, also those without a row; the pointer is good until the next change.
-    int recordCount() const { return int(m_items.size()); }
+    int recordCount() const { return int(m_nodes.size()); }
     const Record *find(const QString &key) const
     {
-        const auto found = m_items.find(key);
-        return found == m_items.end() ? nullptr : &found->second.record;
+        const auto found = m_nodes.find(key);
+        return found == m_nodes.end() ? nullptr : &found->second.record;
     }
     // `row` is one of the model's.
     const Record &at(int row) const { return m_rows[size_t(row)]->second.record; }
     // Invalid for a record that has no row.
     QModelIndex indexOf(const QString &key) const
     {
-        const auto found = m_items.find(key);
-        return found == m_items.end() || !found->second.hasRow ? QModelIndex()
+        const auto found = m_nodes.find(key);
+        return found == m_nodes.end() || !found->second.hasRow ? QModelIndex()
                                                                : index(rowOf(*found));
     }
     template <class Function> void forEach(const Function &function) const
     {
-        for (const Item &item : m_items)
-            function(item.second.record);
+        for (const Node &node : m_nodes)
+            function(node.second.record);
     }
 
     // Adds a record, or takes it in the place of the one with its key.
     void put(const Record &record)
     {
-        Item &item = take(record);
-        follow(item, {});
+        Node &node = take(record);
+        follow(node, {});
     }
 
     // The same for many: new rows that follow one another are inserted at once. The
     // last one of a key counts.
     void putAll(const QVector<Record> &records)
     {
-        m_items.reserve(m_items.size() + size_t(records.size()));
+        m_nodes.reserve(m_nodes.size() + size_t(records.size()));
         for (const Record &record : records) {
-            Item &item = take(record);
-            if (item.second.hasRow)
-                follow(item, {});
+            Node &node = take(record);
+            if (node.second.hasRow)
+                follow(node, {});
             else
-                wait(item);
+                wait(node);
         }
         if (!m_frozen)
             settleWaiting();
@@ -81,8 +81,8 @@ public:
     template <class Function>
     bool change(const QString &key, const Function &function, const QVector<int> &roles = {})
     {
-        const auto found = m_items.find(key);
-        if (found == m_items.end())
+        const auto found = m_nodes.find(key);
+        if (found == m_nodes.end())
             return false;
         function(found->second.record);
         follow(*found, roles);
@@ -91,13 +91,13 @@ public:
 
     bool remove(const QString &key)
     {
-        const auto found = m_items.find(key);
-        if (found == m_items.end())
+        const auto found = m_nodes.find(key);
+        if (found == m_nodes.end())
             return false;
         takeRow(*found);
         if (found->second.waits)
             m_waiting.erase(std::find(m_waiting.begin(), m_waiting.end(), &*found));
-        m_items.erase(found);
+        m_nodes.erase(found);
         return true;
     }
 
@@ -106,7 +106,7 @@ public:
         beginResetModel();
         m_rows.clear();
         m_waiting.clear();
-        m_items.clear();
+        m_nodes.clear();
         endResetModel();
     }
 
@@ -115,11 +115,11 @@ public:
     {
         beginResetModel();
         m_rows.clear();
-        for (Item &item : m_items) {
-            item.second.hasRow = isShown(item.second.record);
-            item.second.place = placeOf(item.second.record);
-            if (item.second.hasRow)
-                m_rows.push_back(&item);
+        for (Node &node : m_nodes) {
+            node.second.hasRow = isShown(node.second.record);
+            node.second.place = placeOf(node.second.record);
+            if (node.second.hasRow)
+                m_rows.push_back(&node);
         }
         std::sort(m_rows.begin(), m_rows.end(), stands);
         endResetModel();
@@ -155,116 +155,116 @@ private:
             return qHash(key, uint(qGlobalQHashSeed()));
         }
     };
-    using Items = std::unordered_map<QString, Entry, KeyHash>;
-    using Item = typename Items::value_type; // key and entry; has one address for life
+    using Nodes = std::unordered_map<QString, Entry, KeyHash>;
+    using Node = typename Nodes::value_type; // key and entry; has one address for life
 
-    static bool standsAt(const Item *item, const Place &place, const QString &key)
+    static bool standsAt(const Node *node, const Place &place, const QString &key)
     {
-        return item->second.place < place || (item->second.place == place && item->first < key);
+        return node->second.place < place || (node->second.place == place && node->first < key);
     }
-    static bool stands(const Item *a, const Item *b)
+    static bool stands(const Node *a, const Node *b)
     {
         return standsAt(a, b->second.place, b->first);
     }
     // The row of what stands there, or would.
     int rowAt(const Place &place, const QString &key) const
     {
-        const auto before = [&key](const Item *item, const Place &at) {
-            return standsAt(item, at, key);
+        const auto before = [&key](const Node *node, const Place &at) {
+            return standsAt(node, at, key);
         };
         return int(std::lower_bound(m_rows.begin(), m_rows.end(), place, before) - m_rows.begin());
     }
-    int rowOf(const Item &item) const { return rowAt(item.second.place, item.first); }
+    int rowOf(const Node &node) const { return rowAt(node.second.place, node.first); }
 
-    Item &take(const Record &record)
+    Node &take(const Record &record)
     {
-        Item &item = *m_items.try_emplace(keyOf(record)).first;
-        item.second.record = record;
-        return item;
+        Node &node = *m_nodes.try_emplace(keyOf(record)).first;
+        node.second.record = record;
+        return node;
     }
 
-    void wait(Item &item)
+    void wait(Node &node)
     {
-        if (!std::exchange(item.second.waits, true))
-            m_waiting.push_back(&item);
+        if (!std::exchange(node.second.waits, true))
+            m_waiting.push_back(&node);
     }
 
-    // Brings an item's row to where its record belongs, and tells of the change.
-    void follow(Item &item, const QVector<int> &roles)
+    // Brings a node's row to where its record belongs, and tells of the change.
+    void follow(Node &node, const QVector<int> &roles)
     {
-        const bool hadRow = item.second.hasRow;
-        const int row = settle(item);
+        const bool hadRow = node.second.hasRow;
+        const int row = settle(node);
         if (hadRow && row >= 0)
             emit dataChanged(index(row), index(row), roles);
     }
 
     // The row, -1 for none.
-    int settle(Item &item)
+    int settle(Node &node)
     {
-        Entry &entry = item.second;
+        Entry &entry = node.second;
         if (!isShown(entry.record)) {
-            takeRow(item);
+            takeRow(node);
             return -1;
         }
         const Place place = placeOf(entry.record);
         if (entry.hasRow && entry.place == place)
-            return rowOf(item);
+            return rowOf(node);
         if (m_frozen) {
-            wait(item);
-            return entry.hasRow ? rowOf(item) : -1;
+            wait(node);
+            return entry.hasRow ? rowOf(node) : -1;
         }
-        return entry.hasRow ? moveRow(item, place) : insertRow(item, place);
+        return entry.hasRow ? moveRow(node, place) : insertRow(node, place);
     }
 
     void settleWaiting()
     {
-        std::vector<Item *> added;
-        for (Item *item : std::exchange(m_waiting, {})) {
-            Entry &entry = item->second;
+        std::vector<Node *> added;
+        for (Node *node : std::exchange(m_waiting, {})) {
+            Entry &entry = node->second;
             entry.waits = false;
             if (entry.hasRow) {
-                settle(*item);
+                settle(*node);
             } else if (isShown(entry.record)) {
                 entry.place = placeOf(entry.record);
-                added.push_back(item);
+                added.push_back(node);
             }
         }
         insertAll(&added);
     }
 
-    void takeRow(Item &item)
+    void takeRow(Node &node)
     {
-        if (!item.second.hasRow)
+        if (!node.second.hasRow)
             return;
-        const int row = rowOf(item);
+        const int row = rowOf(node);
         beginRemoveRows(QModelIndex(), row, row);
         m_rows.erase(m_rows.begin() + row);
-        item.second.hasRow = false;
+        node.second.hasRow = false;
         endRemoveRows();
     }
 
-    int insertRow(Item &item, const Place &place)
+    int insertRow(Node &node, const Place &place)
     {
-        item.second.place = place;
-        const int row = rowOf(item);
+        node.second.place = place;
+        const int row = rowOf(node);
         beginInsertRows(QModelIndex(), row, row);
-        m_rows.insert(m_rows.begin() + row, &item);
-        item.second.hasRow = true;
+        m_rows.insert(m_rows.begin() + row, &node);
+        node.second.hasRow = true;
         endInsertRows();
         return row;
     }
 
-    int moveRow(Item &item, const Place &place)
+    int moveRow(Node &node, const Place &place)
     {
-        const int from = rowOf(item);
+        const int from = rowOf(node);
         // Counted with the row still at its old place.
-        const int to = rowAt(place, item.first);
+        const int to = rowAt(place, node.first);
         if (to == from || to == from + 1) {
-            item.second.place = place;
+            node.second.place = place;
             return from;
         }
         beginMoveRows(QModelIndex(), from, from, QModelIndex(), to);
-        item.second.place = place;
+        node.second.place = place;
         const auto rows = m_rows.begin();
         if (to < from)
             std::rotate(rows + to, rows + from, rows + from + 1);
@@ -274,9 +274,9 @@ private:
         return to < from ? to : to - 1;
     }
 
-    // Items whose places are set: runs that fall between the same two rows go in
+    // Nodes whose places are set: runs that fall between the same two rows go in
     // together.
-    void insertAll(std::vector<Item *> *added)
+    void insertAll(std::vector<Node *> *added)
     {
         std::sort(added->begin(), added->end(), stands);
         for (auto first = added->begin(); first != added->end();) {
@@ -293,8 +293,8 @@ private:
         }
     }
 
-    Items m_items;
-    std::vector<Item *> m_rows;    // in the order of their places
-    std::vector<Item *> m_waiting; // for the end of the freeze, or of a batch
+    Nodes m_nodes;
+    std::vector<Node *> m_rows;    // in the order of their places
+    std::vector<Node *> m_waiting; // for the end of the freeze, or of a batch
     bool m_frozen = false;
 };

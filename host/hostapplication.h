@@ -3,6 +3,8 @@
 
 #include "host/commandline.h"
 
+#include <QLockFile>
+
 #include <memory>
 
 class CoreNotifier;
@@ -44,10 +46,12 @@ public:
     QStringList tourArguments() const;
 
 private:
+    bool openFolder(QString *problem);
     void chooseLook();
     int openCore();
     void prepareServices();
     void buildWindow();
+    void addChatLevers();
     void startWithoutRoster();
     bool loadPane(const QString &file);
     int importPeople();
@@ -55,6 +59,7 @@ private:
     HostOptions m_options;
     QString m_folder;
     QString m_pluginFile;
+    std::unique_ptr<QLockFile> m_lock;
     std::unique_ptr<EmbeddedCore> m_core;
     std::unique_ptr<PresenceSimulator> m_simulator;
     // Never deleted: the plug-in keeps the pointer until the process ends.

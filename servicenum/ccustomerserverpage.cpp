@@ -128,6 +128,7 @@ void CCustomerServerPage::showState()
 void CCustomerServerPage::retranslate()
 {
     m_title->setText(QObject::tr("customer"));
+    m_list->setAccessibleName(m_title->text());
 }
 
 void CCustomerServerPage::changeEvent(QEvent *event)

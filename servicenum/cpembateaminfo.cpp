@@ -44,8 +44,11 @@ CPembaTeamInfo *CPembaTeamInfo::open(QWidget *parent)
     const QString jid = ctx().productTeamJid();
     if (jid.isEmpty())
         return nullptr;
-    CPembaTeamInfo *window =
-        windows->findOrMake(jid, [&] { return new CPembaTeamInfo(jid, parent); });
+    CPembaTeamInfo *window = windows->findOrMake(jid, [&] {
+        auto *made = new CPembaTeamInfo(jid, parent);
+        connect(made, &BaseDialog::closed, [jid] { windows->take(jid); });
+        return made;
+    });
     window->present();
     return window;
 }
@@ -63,6 +66,7 @@ CPembaTeamInfo::CPembaTeamInfo(const QString &jid, QWidget *parent) : BaseDialog
     body->addLayout(makeButtons());
     bodyLayout()->addLayout(body);
     setFixedWidth(BodyWidth);
+    m_invite->setFocus();
     fill();
 
     using Hub = FriendUISignalSender;
@@ -153,19 +157,21 @@ void CPembaTeamInfo::fill()
     const CustomerChannels::Channel *channel = CustomerChannels::instance().find(m_jid);
     FriendData account;
     VcardInfo profile;
-    const bool isKnown = ctx().friendData(m_jid, &account) | ctx().vcard(m_jid, &profile);
+    const bool isFriend = ctx().friendData(m_jid, &account);
+    const bool hasProfile = ctx().vcard(m_jid, &profile);
     account.jid = m_jid;
     QString name = channel ? displayText(channel->data.name) : QString();
     if (name.isEmpty())
-        name = isKnown ? contactDisplayName(account, profile) : QObject::tr("pembateam");
+        name = isFriend || hasProfile ? contactDisplayName(account, profile)
+                                      : QObject::tr("pembateam");
     m_name->setText(name);
     QString picture = channel ? channel->picture : QString();
     if (picture.isEmpty())
         picture = ctx().headPath(m_jid);
-    m_avatar->setPixmap(picture.isEmpty()
-                            ? loadPicture(portrait(), AvatarSize, devicePixelRatioF())
-                            : AvatarStore::instance().avatar(picture, m_jid, name, AvatarSize,
-                                                             devicePixelRatioF()));
+    if (picture.isEmpty())
+        picture = resourcePath(portrait());
+    m_avatar->setPixmap(
+        AvatarStore::instance().avatar(picture, m_jid, name, AvatarSize, devicePixelRatioF()));
     m_welcome->setText(QObject::tr("welcomeuseim"));
     m_caption->setText(QObject::tr("clickToLookup"));
     m_code->setAccessibleName(m_caption->text());

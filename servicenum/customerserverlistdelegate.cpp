@@ -33,17 +33,22 @@ void CustomerServerListDelegate::paint(QPainter *painter, const QStyleOptionView
     const qreal ratio = painter->device()->devicePixelRatioF();
     const Skin &skin = Skin::instance();
 
-    RowPainter row(painter, option);
+    const bool isPinned = index.data(ChannelRole::Pinned).toBool();
+    QStyleOptionViewItem panel = option;
+    if (isPinned)
+        panel.backgroundBrush = skin.colors().side;
+    RowPainter row(painter, panel);
     row.background();
     row.avatar(AvatarStore::instance().avatar(index.data(ChannelRole::Picture).toString(),
                                               index.data(ChannelRole::Id).toString(), name,
                                               RowPainter::AvatarSize, ratio),
                !isOpen);
-    if (index.data(ChannelRole::Pinned).toBool()) {
-        const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-        row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/glyph_pin.png"),
-                                    RowPainter::MarkSize, ratio, skin.quietText(isSelected)));
+    if (isPinned) {
+        const QColor quiet = skin.quietText(option.state.testFlag(QStyle::State_Selected));
+        row.markInFirstLine(loadPicture(QStringLiteral("Resources/images/icon/glyph_pin.png"),
+                                        RowPainter::SmallMarkSize, ratio, quiet));
     }
+    row.badge(index.data(ChannelRole::Unread).toInt());
     row.texts(name, index.data(ChannelRole::Second).toString(), !isOpen);
     painter->restore();
 }

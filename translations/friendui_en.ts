@@ -1218,12 +1218,84 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Send</source>
         <translation>Send</translation>
     </message>
+    <message>
+        <source>%1 renamed the group chat.</source>
+        <translation>%1 renamed the group chat.</translation>
+    </message>
+    <message>
+        <source>Send a link</source>
+        <translation>Send a link</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>This is no web address.</source>
+        <translation>This is no web address.</translation>
+    </message>
+    <message>
+        <source>You do not belong to this group chat</source>
+        <translation>You do not belong to this group chat</translation>
+    </message>
+    <message>
+        <source>You may not write in this group chat</source>
+        <translation>You may not write in this group chat</translation>
+    </message>
+    <message>
+        <source>no longer available</source>
+        <translation>no longer available</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>closed now</source>
+        <translation>closed now</translation>
+    </message>
+    <message>
+        <source>File…</source>
+        <translation>File…</translation>
+    </message>
+    <message>
+        <source>Link…</source>
+        <translation>Link…</translation>
+    </message>
 </context>
 <context>
     <name>ChatView</name>
     <message>
         <source>(shortened)</source>
         <translation>(shortened)</translation>
+    </message>
+    <message>
+        <source>Chat history</source>
+        <translation>Chat history</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Picture</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Voice</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>Service message</source>
+        <translation>Service message</translation>
     </message>
 </context>
 <context>
@@ -1360,10 +1432,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>Send a file</translation>
     </message>
     <message>
-        <source>This host transfers no files. A client would now let the user choose files for:</source>
-        <translation>This host transfers no files. A client would now let the user choose files for:</translation>
-    </message>
-    <message>
         <source>New group chat</source>
         <translation>New group chat</translation>
     </message>
@@ -1404,14 +1472,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>Add people to the team</translation>
     </message>
     <message>
-        <source>Manage the group chat</source>
-        <translation>Manage the group chat</translation>
-    </message>
-    <message>
-        <source>This host has no page for the owner and the managers of a group chat.</source>
-        <translation>This host has no page for the owner and the managers of a group chat.</translation>
-    </message>
-    <message>
         <source>Write a mail</source>
         <translation>Write a mail</translation>
     </message>
@@ -1430,6 +1490,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>No service for external contacts: %1 was not blacklisted.</source>
         <translation>No service for external contacts: %1 was not blacklisted.</translation>
+    </message>
+    <message>
+        <source>File transfers with %1 cancelled: %2</source>
+        <translation>File transfers with %1 cancelled: %2</translation>
     </message>
 </context>
 <context>
@@ -1894,6 +1958,183 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
+    </message>
+</context>
+<context>
+    <name>ChatLevers</name>
+    <message>
+        <source>There is no such group chat.</source>
+        <translation>There is no such group chat.</translation>
+    </message>
+    <message>
+        <source>You may no longer write in &quot;%1&quot;.</source>
+        <translation>You may no longer write in &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>You may write in &quot;%1&quot; again.</source>
+        <translation>You may write in &quot;%1&quot; again.</translation>
+    </message>
+    <message>
+        <source>I have made a group chat for us.</source>
+        <translation>I have made a group chat for us.</translation>
+    </message>
+    <message>
+        <source>Somebody has come into &quot;%1&quot;.</source>
+        <translation>Somebody has come into &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Forbid writing in a group chat</source>
+        <translation>Forbid writing in a group chat</translation>
+    </message>
+    <message>
+        <source>Allow writing in a group chat again</source>
+        <translation>Allow writing in a group chat again</translation>
+    </message>
+    <message>
+        <source>Somebody renames a group chat</source>
+        <translation>Somebody renames a group chat</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>Renamed %1</translation>
+    </message>
+    <message>
+        <source>A group chat gets another picture</source>
+        <translation>A group chat gets another picture</translation>
+    </message>
+    <message>
+        <source>Somebody comes into a group chat</source>
+        <translation>Somebody comes into a group chat</translation>
+    </message>
+    <message>
+        <source>You are put out of a group chat</source>
+        <translation>You are put out of a group chat</translation>
+    </message>
+    <message>
+        <source>You no longer belong to &quot;%1&quot;.</source>
+        <translation>You no longer belong to &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Somebody writes in a new group chat</source>
+        <translation>Somebody writes in a new group chat</translation>
+    </message>
+    <message>
+        <source>There is no channel.</source>
+        <translation>There is no channel.</translation>
+    </message>
+    <message>
+        <source>Remove a channel</source>
+        <translation>Remove a channel</translation>
+    </message>
+    <message>
+        <source>Add a channel again</source>
+        <translation>Add a channel again</translation>
+    </message>
+    <message>
+        <source>No channel was removed.</source>
+        <translation>No channel was removed.</translation>
+    </message>
+    <message>
+        <source>A channel gets another picture</source>
+        <translation>A channel gets another picture</translation>
+    </message>
+    <message>
+        <source>Show the channels</source>
+        <translation>Show the channels</translation>
+    </message>
+    <message>
+        <source>10,000 messages in up to 500 conversations</source>
+        <translation>10,000 messages in up to 500 conversations</translation>
+    </message>
+    <message>
+        <source>Group chats, channels, messages</source>
+        <translation>Group chats, channels, messages</translation>
+    </message>
+</context>
+<context>
+    <name>RoomManagement</name>
+    <message>
+        <source>%1 (owner)</source>
+        <translation>%1 (owner)</translation>
+    </message>
+    <message>
+        <source>%1 (manager)</source>
+        <translation>%1 (manager)</translation>
+    </message>
+    <message>
+        <source>You own this group chat.</source>
+        <translation>You own this group chat.</translation>
+    </message>
+    <message>
+        <source>You are one of the managers.</source>
+        <translation>You are one of the managers.</translation>
+    </message>
+    <message>
+        <source>You are a member.</source>
+        <translation>You are a member.</translation>
+    </message>
+    <message>
+        <source>No longer manager</source>
+        <translation>No longer manager</translation>
+    </message>
+    <message>
+        <source>Make manager</source>
+        <translation>Make manager</translation>
+    </message>
+    <message>
+        <source>Hand over the group chat</source>
+        <translation>Hand over the group chat</translation>
+    </message>
+    <message>
+        <source>%1 will own the group chat, and you will be a member. Only the new owner can undo this.</source>
+        <translation>%1 will own the group chat, and you will be a member. Only the new owner can undo this.</translation>
+    </message>
+    <message>
+        <source>Hand over</source>
+        <translation>Hand over</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Add people to the group chat</source>
+        <translation>Add people to the group chat</translation>
+    </message>
+    <message>
+        <source>Group chat: %1</source>
+        <translation>Group chat: %1</translation>
+    </message>
+    <message>
+        <source>Hand over…</source>
+        <translation>Hand over…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Add people…</source>
+        <translation>Add people…</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+</context>
+<context>
+    <name>TransferStatus</name>
+    <message>
+        <source>Sending %1 to %2</source>
+        <translation>Sending %1 to %2</translation>
+    </message>
+    <message>
+        <source>Sending %1 files</source>
+        <translation>Sending %1 files</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
     </message>
 </context>
 </TS>

@@ -128,14 +128,19 @@ QString storableContent(const QString &body)
     if (body.size() <= MaximumContent)
         return body.isNull() ? QStringLiteral("") : body;
     MessageBody message = readMessageBody(body);
-    if (message.kind == MessageBody::Text)
-        return message.text.left(MaximumContent);
-    for (QString *text : {&message.text, &message.title, &message.name, &message.sender})
-        text->truncate(MaximumShown);
     message.url.clear();
     message.parts.clear();
-    const QString shorter = writeMessageBody(message);
-    return shorter.size() <= MaximumContent ? shorter : messageSummary(message);
+    QString shorter;
+    for (const int length : {MaximumContent, MaximumShown}) {
+        for (QString *text : {&message.text, &message.title, &message.name, &message.sender}) {
+            const bool splits = text->size() > length && text->at(length - 1).isHighSurrogate();
+            text->truncate(splits ? length - 1 : length);
+        }
+        shorter = writeMessageBody(message);
+        if (shorter.size() <= MaximumContent)
+            return shorter;
+    }
+    return messageSummary(message);
 }
 
 DBFriendData latestRowOf(bool received, const MessageData &message, const QDateTime &now)

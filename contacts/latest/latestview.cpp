@@ -37,16 +37,6 @@ LatestView::LatestView(LatestModel *model, QWidget *parent)
     connect(this, &RowView::activatedRow, this, &LatestView::slot_openChat);
 }
 
-// The host may destroy the pane inside a request that an action has made; QMenu
-// does not survive its own end while it tells of that action.
-LatestView::~LatestView()
-{
-    m_menu->disconnect(this);
-    m_settingMenu->disconnect(this);
-    m_menu->setParent(nullptr, m_menu->windowFlags());
-    m_menu->deleteLater();
-}
-
 void LatestView::setUpMenu()
 {
     m_menu = new SkinMenu(QStringLiteral("latestMenu"), this);
@@ -92,7 +82,6 @@ void LatestView::contextMenuEvent(QContextMenuEvent *event)
     const QModelIndex index = indexAt(place);
     if (!index.isValid())
         return;
-    setCurrentIndex(index);
     prepareMenu(index);
     popUp(m_menu, place);
 }

@@ -13,7 +13,6 @@ class LatestView : public RowView
 
 public:
     explicit LatestView(LatestModel *model, QWidget *parent = nullptr);
-    ~LatestView() override;
 
 public slots:
     void slot_openChat(const QModelIndex &index);

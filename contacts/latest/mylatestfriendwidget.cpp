@@ -46,6 +46,8 @@ MyLatestFriendWidget::MyLatestFriendWidget(QWidget *parent)
     connect(rows, &QAbstractItemModel::modelReset, this, &MyLatestFriendWidget::showState);
     connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &MyLatestFriendWidget::slot_ScrollToBottom);
+    connect(m_view->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+            [this] { m_rowsComing = false; });
     connect(m_list, &LatestList::notStored, this, &MyLatestFriendWidget::tellNotStored);
     connect(m_dayWatch, &DayWatch::turned, model(), [this] { model()->timeTextsChanged(); });
     connectHub();
@@ -178,8 +180,12 @@ void MyLatestFriendWidget::slot_login()
 void MyLatestFriendWidget::slot_ScrollToBottom(int nValue)
 {
     LOG_SCOPE("MyLatestFriendWidget::slot_ScrollToBottom(int nValue)");
-    if (nValue >= m_view->verticalScrollBar()->maximum())
-        m_list->loadMore();
+    // The end is only known again when the new rows are laid out.
+    if (m_rowsComing || nValue < m_view->verticalScrollBar()->maximum())
+        return;
+    const int before = model()->rowCount();
+    m_list->loadMore();
+    m_rowsComing = model()->rowCount() > before;
 }
 
 // --- Messages --------------------------------------------------------------------

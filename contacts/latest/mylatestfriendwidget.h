@@ -82,5 +82,6 @@ private:
     DayWatch *m_dayWatch;
     QStackedLayout *m_pages;
     StatePage *m_emptyPage;
+    bool m_rowsComing = false; // of another page
     bool m_notStoredTold = false;
 };

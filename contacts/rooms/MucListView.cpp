@@ -217,7 +217,13 @@ void MucListView::setPage(MucModel::Page page)
 
 bool MucListView::select(const QString &jid)
 {
-    const QModelIndex index = m_rooms->indexOf(jid);
+    QModelIndex index = m_rooms->indexOf(jid);
+    const MucRow *room = m_rooms->find(jid);
+    if (!index.isValid() && room && MucModel::pageOf(*room) == m_rooms->page()) {
+        // Its row waits for the pointer to go.
+        m_rooms->rebuild();
+        index = m_rooms->indexOf(jid);
+    }
     reveal(index);
     return index.isValid();
 }

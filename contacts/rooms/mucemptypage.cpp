@@ -14,6 +14,9 @@
 namespace {
 constexpr int PictureSize = 120;
 constexpr int TextPixels = 13;
+constexpr int ExplanationPixels = 12;
+constexpr int SideMargin = 16; // leaves the longer explanation its two lines in the pane
+constexpr int EndMargin = 24;
 constexpr int Padding = 6;
 
 class LinkButton : public QPushButton
@@ -77,13 +80,14 @@ MucEmptyPage::MucEmptyPage(QWidget *parent)
 {
     setObjectName(QStringLiteral("MucEmptyPage"));
     m_link->setObjectName(QStringLiteral("btnCreateMuc"));
+    m_explanation->setFont(skinFont(ExplanationPixels));
     m_explanation->setForegroundRole(QPalette::PlaceholderText);
     auto *picture = new QLabel(this);
     picture->setAlignment(Qt::AlignCenter);
     picture->setPixmap(loadPicture(QStringLiteral("Resources/images/contacts/empty_list.png"),
                                    PictureSize, devicePixelRatioF()));
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(24, 24, 24, 24);
+    layout->setContentsMargins(SideMargin, EndMargin, SideMargin, EndMargin);
     layout->setSpacing(12);
     layout->addStretch(2);
     layout->addWidget(picture);

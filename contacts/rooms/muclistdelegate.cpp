@@ -17,8 +17,9 @@ QPixmap portrait(const QString &file, qreal ratio)
 {
     const QPixmap picture = AvatarStore::instance().picture(file, RowPainter::AvatarSize, ratio);
     return picture.isNull()
-               ? loadPicture(QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
-                             RowPainter::AvatarSize, ratio)
+               ? loadRoundPicture(
+                     QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
+                     RowPainter::AvatarSize, ratio)
                : picture;
 }
 
@@ -43,7 +44,12 @@ void paintTexts(QPainter *painter, const QStyleOptionViewItem &option, const QRe
 {
     const QFont nameFont = skinFont(NamePixels);
     const QFont countFont = skinFont(CountPixels);
-    const int countWidth = qMin(QFontMetrics(countFont).horizontalAdvance(count), area.width() / 2);
+    // A number of members takes half of the row at most, whatever the host calls one.
+    const QString shownCount =
+        QFontMetrics(countFont).horizontalAdvance(count) > area.width() / 2
+            ? QFontMetrics(countFont).elidedText(count, Qt::ElideRight, area.width() / 2)
+            : count;
+    const int countWidth = QFontMetrics(countFont).horizontalAdvance(shownCount) + 1;
     const QString shown =
         QFontMetrics(nameFont).elidedText(name, Qt::ElideRight, area.width() - countWidth - Gap);
     const int nameWidth = QFontMetrics(nameFont).horizontalAdvance(shown);
@@ -57,8 +63,7 @@ void paintTexts(QPainter *painter, const QStyleOptionViewItem &option, const QRe
                           Qt::AlignCenter | Qt::TextSingleLine, text);
     };
     draw(nameFont, Skin::instance().colors().text, nameArea, shown);
-    draw(countFont, QColor(0x8f, 0x8f, 0x8f), countArea,
-         QFontMetrics(countFont).elidedText(count, Qt::ElideRight, countWidth));
+    draw(countFont, QColor(0x8f, 0x8f, 0x8f), countArea, shownCount);
 }
 } // namespace
 

@@ -99,7 +99,7 @@ TextMatch PhonePattern::matchNumber(const QString &phones, int start, int end) c
 SearchQuery::Word::Word(const QString &typed) : text(typed), phone(typed)
 {
     if (!text.isEmpty())
-        mask = searchSignatureMask(text.text());
+        mask = SearchSignature::maskOf(text.text());
 }
 
 TextMatch SearchQuery::Word::match(const QString &field, SearchHit::Field which) const
@@ -130,6 +130,8 @@ SearchQuery::SearchQuery(const QString &typed)
     : m_phrase(wordsOf(typed).join(QLatin1Char(' '))), m_first(wordsOf(typed).value(0))
 {
     const QStringList words = wordsOf(typed);
+    const bool isOneText = words.size() < 2 && m_phrase.phone.isEmpty();
+    m_wholeLengths = isOneText ? SearchTraits::lengthMaskOf(m_phrase.text.text()) : ~quint32(0);
     if (words.size() < 2)
         return;
     for (const QString &word : words) {

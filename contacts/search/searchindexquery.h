@@ -4,7 +4,7 @@
 
 #include "common/textmatch.h"
 #include "contacts/search/searchindexrecords.h"
-#include "contacts/search/searchindexsignature.h"
+#include "contacts/search/searchindextraits.h"
 
 #include <QStringList>
 #include <QVector>
@@ -35,8 +35,8 @@ public:
 
     bool isEmpty() const { return m_phrase.text.isEmpty() && m_phrase.phone.isEmpty(); }
 
-    // Whether an entry of that signature may answer, and whether it may do better than
-    // Inside. What is refused here does not answer.
+    // Whether an entry of that signature may answer at all, and whether it may do better
+    // than Inside. What is refused here does not answer.
     bool mayAnswer(const SearchSignature &signature) const
     {
         const quint64 bits = signature.start | signature.inside;
@@ -48,6 +48,8 @@ public:
     {
         return m_first.mayBeIn(signature.start) || m_phrase.mayBePhone(signature.start);
     }
+    // Of which lengths one has to be among SearchTraits::wholeLengths for Exact.
+    quint32 wholeLengths() const { return m_wholeLengths; }
 
     // False: it does not answer. Leaves hit->entry alone.
     bool answers(const SearchEntry &entry, SearchHit *hit) const;
@@ -80,4 +82,5 @@ private:
     Word m_first;              // of the words, or the phrase when it is but one
     std::vector<Word> m_words; // none when the phrase is but one
     quint64 m_allWords = 0;
+    quint32 m_wholeLengths = 0;
 };

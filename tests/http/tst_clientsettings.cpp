@@ -12,10 +12,18 @@ constexpr char LoadPath[] = "/center/clientsettings/getClientSettings.do";
 const QString R1 = QStringLiteral("r1@conf.corp.example");
 const QString R2 = QStringLiteral("r2+x&y@conf.corp.example");
 
+// With the apostrophes as quotes.
+QByteArray json(QByteArray text)
+{
+    return text.replace('\'', '"');
+}
+
+const QByteArray Done = json("{'code':0}");
+
 FakeReply silent(const QByteArray &jid)
 {
-    return FakeReply::json(R"({"code":0,"data":{"sessions":[{"sessionJid":")" + jid +
-                           R"(","isNotHint":1}]}})");
+    return FakeReply::json(
+        json("{'code':0,'data':{'sessions':[{'sessionJid':'" + jid + "','isNotHint':1}]}}"));
 }
 } // namespace
 
@@ -30,7 +38,7 @@ private slots:
     {
         ServiceFixture fixture;
         QSignalSpy done(HttpMgr::instance(), &HttpMgr::signal_setSessionMsgConfigDone);
-        fixture.server.reply(SetPath, FakeReply::json(R"({"code":0})"));
+        fixture.server.reply(SetPath, FakeReply::json(Done));
         HttpMgr::instance()->setSessionMsgConfig(R2, true);
         QVERIFY(done.isEmpty());
         QVERIFY(!SessionSettings::isMuted(R2));
@@ -50,7 +58,7 @@ private slots:
     void refusals_data()
     {
         const Rows<QByteArray, QByteArray> row{"ini", "reply"};
-        row("unknown room", "", R"({"code":10001})");
+        row("unknown room", "", json("{'code':10001}"));
         row("no JSON", "", "<html>");
         row("no address", "[ClientSetting]\nsetMucMessageConfigUrl=\n", "");
     }
@@ -75,13 +83,14 @@ private slots:
     {
         const Rows<QByteArray, bool, QSet<QString>> row{"reply", "ok", "muted"};
         const QSet<QString> before{R1};
-        row("two kinds of flags", R"({"code":0,"data":{"sessions":[
-            {"sessionJid":"a@c","isNotHint":"1"},{"sessionJid":"b@c","isNotHint":0},
-            {"sessionJid":"","isNotHint":1},7,{"isNotHint":1}]}})",
+        row("two kinds of flags",
+            json("{'code':0,'data':{'sessions':["
+                 "{'sessionJid':'a@c','isNotHint':'1'},{'sessionJid':'b@c','isNotHint':0},"
+                 "{'sessionJid':'','isNotHint':1},7,{'isNotHint':1}]}}"),
             true, {QStringLiteral("a@c")});
-        row("none", R"({"code":0,"data":{"sessions":[]}})", true, {});
-        row("refused", R"({"code":10001})", false, before);
-        row("broken", R"({"code":0,"data":{"sess)", false, before);
+        row("none", json("{'code':0,'data':{'sessions':[]}}"), true, {});
+        row("refused", json("{'code':10001}"), false, before);
+        row("broken", json("{'code':0,'data':{'sess"), false, before);
     }
 
     void loadTakesThePlaceOfWhatIsStored()
@@ -116,9 +125,8 @@ private slots:
     void loadDoesNotTakeASettingBack()
     {
         ServiceFixture fixture;
-        fixture.server.reply(LoadPath, {FakeReply::json(R"({"code":0})").onRelease(),
-                                        silent(R1.toUtf8())});
-        fixture.server.reply(SetPath, FakeReply::json(R"({"code":0})"));
+        fixture.server.reply(LoadPath, {FakeReply::json(Done).onRelease(), silent(R1.toUtf8())});
+        fixture.server.reply(SetPath, FakeReply::json(Done));
         QSignalSpy loaded(HttpMgr::instance(), &HttpMgr::signal_clientSettingsLoaded);
         QSignalSpy done(HttpMgr::instance(), &HttpMgr::signal_setSessionMsgConfigDone);
         HttpMgr::instance()->loadClientSettings();
@@ -135,7 +143,7 @@ private slots:
     {
         ServiceFixture fixture;
         fixture.server.reply(LoadPath, silent("x@c").onRelease());
-        fixture.server.reply(SetPath, FakeReply::json(R"({"code":0})").onRelease());
+        fixture.server.reply(SetPath, FakeReply::json(Done).onRelease());
         QSignalSpy loaded(HttpMgr::instance(), &HttpMgr::signal_clientSettingsLoaded);
         QSignalSpy done(HttpMgr::instance(), &HttpMgr::signal_setSessionMsgConfigDone);
         HttpMgr::instance()->loadClientSettings();

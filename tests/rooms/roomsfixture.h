@@ -7,6 +7,7 @@
 #include "controls/inputbox.h"
 #include "controls/skinmenu.h"
 #include "controls/tipbox.h"
+#include "plugin/frienduisignalsender.h"
 #include "tests/rooms/roommaker.h"
 #include "tests/support/fakehost.h"
 

@@ -186,13 +186,17 @@ private slots:
 private:
     static void fill(RoomsFixture *page)
     {
-        const char *names[] = {"产品设计讨论组", "Release 5.2", "周五下午茶",
+        const char *names[] = {"产品设计讨论组",
+                               "Release 5.2",
+                               "周五下午茶",
                                "Northern region sales and account managers, quarterly planning",
-                               "质量保障", "<b>R&D</b>", ""};
+                               "质量保障",
+                               "<b>R&D</b>",
+                               ""};
         int number = 0;
         for (const char *name : names) {
-            MucData room = makeRoom(("r" + QByteArray::number(number)).constData(),
-                                    QString::fromUtf8(name));
+            MucData room =
+                makeRoom(("r" + QByteArray::number(number)).constData(), QString::fromUtf8(name));
             room.memberCount = QString::number(number * number * 7);
             room.forbidden = number == 2 || number == 4;
             page->add(room);

@@ -95,7 +95,8 @@ private slots:
         page.openMenu("r1");
         const Language chinese(QStringLiteral("zh_CN"));
         RoomsFixture::settle();
-        QCOMPARE(page.menu()->action("deleteFromContact")->text(), QString::fromUtf8("从通讯录移除"));
+        QCOMPARE(page.menu()->action("deleteFromContact")->text(),
+                 QString::fromUtf8("从通讯录移除"));
         QCOMPARE(page.setMenu()->title(), QString::fromUtf8("消息设置"));
         QCOMPARE(page.setMenu()->action("reciveremind")->text(), QString::fromUtf8("接收并提醒"));
         page.menu()->close();

@@ -109,8 +109,7 @@ private slots:
             QStringLiteral("<qt>&lt;img src=/etc/passwd&gt;&amp;amp;</qt>"));
         row("lines", QStringLiteral("a\nb"), QStringLiteral("a b"), QStringLiteral("a\nb"));
         row("no name", QString(), QStringLiteral("r1"), QString());
-        row("long", QString(10000, QLatin1Char('x')),
-            QString(63, QLatin1Char('x')) + QChar(0x2026),
+        row("long", QString(10000, QLatin1Char('x')), QString(63, QLatin1Char('x')) + QChar(0x2026),
             QString(2000, QLatin1Char('x')) + QChar(0x2026));
     }
 

@@ -82,9 +82,10 @@ private slots:
                                        QString::fromUtf8("通讯录讨论组支持多终端同步")}));
         QTest::mouseClick(page.localTab(), Qt::LeftButton);
         QVERIFY(!page.listIsShown());
-        QCOMPARE(texts(), QStringList({QStringLiteral("showlocalgroup"),
-                                       QString::fromUtf8("本地最近发生过会话且未保存到通讯录的讨论\n"
-                                                         "组，多端异地不同步")}));
+        QCOMPARE(texts(),
+                 QStringList({QStringLiteral("showlocalgroup"),
+                              QString::fromUtf8("本地最近发生过会话且未保存到通讯录的讨论\n"
+                                                "组，多端异地不同步")}));
     }
 
     void emptyPageComesAndGoes()
@@ -104,7 +105,7 @@ private slots:
 
     void linkCreatesARoom()
     {
-        const RoomsFixture page(false);
+        RoomsFixture page(false);
         page.hub()->signal_roomIsNull();
         RoomsFixture::settle();
         QPushButton *link = page.button("btnCreateMuc");
@@ -141,8 +142,8 @@ private slots:
     {
         RoomsFixture page;
         for (int i = 100; i < 200; ++i)
-            page.add(makeRoom(QByteArray::number(i).constData(),
-                              QStringLiteral("local %1").arg(i), MucData::LocalRoom));
+            page.add(makeRoom(QByteArray::number(i).constData(), QStringLiteral("local %1").arg(i),
+                              MucData::LocalRoom));
         QVERIFY(page.widget->locateRoom(roomJid("190")));
         RoomsFixture::settle();
         QVERIFY(page.localTab()->isChecked());
@@ -209,7 +210,7 @@ private slots:
         QCOMPARE(page.localTab()->text(), QStringLiteral("localGroup[2]"));
         page.hub()->siganl_mucClassifyChanged(roomJid("r2"), MucData::MucClassify(9));
         QCOMPARE(page.model->localCount(), 2);
-        QCOMPARE(log.linesWith("[ERROR][MucListView:").size(), 1);
+        QCOMPARE(log.linesWith("[ERROR][MucListView.cpp:").size(), 1);
         QCOMPARE(log.linesWith("void MucListView::slot_mucClassifyChanged(),ERROR："
                                "分类更改，非通讯录，非本地.")
                      .size(),
@@ -232,9 +233,9 @@ private slots:
         added("r5");
         QCOMPARE(page.model->localCount(), 2);
         QCOMPARE(log.linesWith("auto_save").size(), 3);
-        QCOMPARE(
-            log.linesWith("MucListView::slot_localMucAdded(),ERROR:添加本地群，群已在列表中。").size(),
-            1);
+        QCOMPARE(log.linesWith("MucListView::slot_localMucAdded(),ERROR:添加本地群，群已在列表中。")
+                     .size(),
+                 1);
     }
 
     void picturesComeFromTheHost()
@@ -299,9 +300,8 @@ private:
     static void hostEventNames()
     {
         const Rows<QString> row{"event"};
-        for (const char *name :
-             {"subject", "head", "members", "forbidden", "classification", "dismissed", "left",
-              "local"})
+        for (const char *name : {"subject", "head", "members", "forbidden", "classification",
+                                 "dismissed", "left", "local"})
             row(name, QString::fromLatin1(name));
     }
 };
