@@ -18,6 +18,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/customerchannels.h"
 
 namespace {
 
@@ -180,6 +181,7 @@ void assemblePane()
     static auto *actions = new Actions;
     setPaneActions(actions);
     CAddFriendMannger::instance(); // the host's events may ask for a window
+    CustomerChannels::instance();  // they are delivered before their page is shown
     [[maybe_unused]] static const bool connected = connectHub(actions);
     startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(

@@ -194,6 +194,12 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
+    const WebServices *services = m_services.get(); // it still tells while it is destroyed
+    CoreNotifier *notifier = m_notifier.get();
+    QObject::connect(services, &WebServices::changed, notifier, [services, notifier] {
+        if (services->state() == WebServices::Ready)
+            notifier->announceServices();
+    });
     QObject::connect(
         m_window.get(), &MainWindow::languageChosen, m_window.get(),
         [this](const QString &value) { HostPreferences(m_folder).setLanguage(value); });
