@@ -22,7 +22,7 @@ class Writer : public QProcess
 public:
     Writer(const LocalUser &user, const QString &prefix, int rows)
     {
-        start(QCoreApplication::applicationDirPath() + QLatin1String("/latestwriter"),
+        start(QCoreApplication::applicationDirPath() + QLatin1String("/storingprocess"),
               {user.folder.path(), user.host.user, prefix, QString::number(rows)});
     }
     ~Writer() override
