@@ -7,6 +7,7 @@
 #include "contacts/rooms/mucrules.h"
 #include "contacts/rooms/roomcommands.h"
 #include "controls/avatarstore.h"
+#include "controls/pictures.h"
 #include "controls/skinmenu.h"
 #include "controls/tipbox.h"
 #include "http/httpmgr.h"
@@ -19,7 +20,16 @@
 
 namespace {
 constexpr int ShakeIntervalMs = 210;
+
+// A host that knows no picture by that name may have named the file itself.
+QString headPathOf(const MucData &room)
+{
+    if (room.headImage.isEmpty())
+        return QString();
+    const QString known = ctx().headPath(room.headImage);
+    return known.isEmpty() ? localPicture(room.headImage) : known;
 }
+} // namespace
 
 MucListView::MucListView(QWidget *parent)
     : RowView(new MucModel, Qt::DisplayRole, parent),
@@ -99,9 +109,7 @@ bool MucListView::knows(const QString &jid) const
 void MucListView::addMuc(const MucData &room)
 {
     login();
-    // A host that knows no picture by that name may have named the file itself.
-    const QString known = room.headImage.isEmpty() ? QString() : ctx().headPath(room.headImage);
-    if (m_rooms->add(room, known.isEmpty() ? room.headImage : known))
+    if (m_rooms->add(room, headPathOf(room)))
         countChanged();
 }
 
@@ -135,9 +143,10 @@ void MucListView::slot_roomHeadChanged(const QString &strRoomJid, const QString 
               "strHeadPath)");
     if (!knows(strRoomJid))
         return;
+    const QString path = localPicture(strHeadPath);
     // The picture may have changed under the same name.
-    AvatarStore::instance().refresh(strHeadPath);
-    m_rooms->setHeadPath(strRoomJid, strHeadPath);
+    AvatarStore::instance().refresh(path);
+    m_rooms->setHeadPath(strRoomJid, path);
     viewport()->update();
 }
 
@@ -275,7 +284,7 @@ void MucListView::shakeRoom(const QString &jid)
 {
     if (m_shaking.contains(jid) || !knows(jid))
         return;
-    m_shaking.append(jid);
+    m_shaking.insert(jid);
     m_phase = 0;
     if (!m_shakeTimer.isActive())
         m_shakeTimer.start();
@@ -283,7 +292,7 @@ void MucListView::shakeRoom(const QString &jid)
 
 void MucListView::stopShake(const QString &jid)
 {
-    if (!m_shaking.removeOne(jid))
+    if (!m_shaking.remove(jid))
         return;
     m_rooms->setShake(jid, QPoint());
     if (m_shaking.isEmpty())

@@ -7,7 +7,6 @@
 #include "hostapi/roomrecords.h"
 
 #include <QSet>
-#include <QStringList>
 #include <QTimer>
 
 class QAction;
@@ -33,6 +32,7 @@ public:
 
     // Plays once; a room that shakes already, and an unknown one, are left alone.
     void shakeRoom(const QString &jid);
+    bool isShaking(const QString &jid) const { return m_shaking.contains(jid); }
     void stopShake(const QString &jid);
 
 signals:
@@ -82,7 +82,7 @@ private:
     QString m_menuRoom;                     // the room that the menu is about
     bool m_menuSilent = false;              // that room's setting, as far as it is known
     QSet<QString> m_settingRooms;           // whose setting is on its way
-    QStringList m_shaking;
+    QSet<QString> m_shaking;
     int m_phase = 0;
     QTimer m_shakeTimer;
     QString m_user;           // whose rooms these are
