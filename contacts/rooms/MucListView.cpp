@@ -96,6 +96,8 @@ void MucListView::login()
     m_shaking.clear();
     m_shakeTimer.stop();
     m_settingRooms.clear();
+    m_selected[MucModel::LocalPage].clear();
+    m_selected[MucModel::AddressBookPage].clear();
     m_menu->close();
     m_rooms->removeAll();
     countChanged();

@@ -42,6 +42,7 @@ private slots:
         page.addressBookTab()->setFocus();
         QTest::keyClick(page.addressBookTab(), Qt::Key_Right);
         QVERIFY(page.localTab()->hasFocus());
+        QCOMPARE(page.localTab()->isChecked(), page.model->page() == MucModel::LocalPage);
         QTest::keyClick(page.localTab(), Qt::Key_Space);
         QCOMPARE(page.rows(), QStringList{QStringLiteral("Delta")});
     }
@@ -264,6 +265,24 @@ private slots:
             return;
         emit page.hub()->signal_mucChatHeadChanged(roomJid("r1"), named);
         QTEST(page.row("r1").data(258).toString(), "path");
+    }
+
+    // Which support people look for.
+    void logTexts()
+    {
+        RoomsFixture page;
+        LogCapture log(page.host.context);
+        const MucListView another;
+        QTest::mouseClick(page.view->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(10, 400));
+        page.widget->slot_shakeRoom(roomJid("r1"));
+        for (const char *text :
+             {"[MucListView.cpp:", "entry fun MucTreeView::createMenu()",
+              "exit fun MucTreeView::createMenu()",
+              "entry fun MucTreeView::slot_clicked(QModelIndex index)", ": item is null",
+              "exit fun MucTreeView::slot_clicked("
+              "QModelIndex index)",
+              "entry fun MucWidget::slot_shakeRoom(QString roomJid)"})
+            QVERIFY2(!log.linesWith(text).isEmpty(), text);
     }
 
     // Labels do not follow each of many rooms.
