@@ -64,12 +64,14 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
     };
     for (size_t slot = 0; slot < signatures.size(); ++slot) {
         const SearchSignature &signature = signatures[slot];
+        if (query.isPhone())
+            store.fetchPhones(slot + SearchIndexStore::Ahead);
         if (!query.mayAnswer(signature) || query.mayAnswerFromStart(signature) != fromStart ||
             !top->wants(orders[slot], best(orders[slot])))
             continue;
         SearchHit hit;
         hit.entry = int(slot);
-        if (query.answers(store.at(hit.entry), best(orders[slot]), &hit))
+        if (query.answers({store.at(hit.entry), signature, best(orders[slot])}, &hit))
             top->add(orders[slot], hit);
     }
 }

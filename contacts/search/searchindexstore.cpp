@@ -37,6 +37,12 @@ void SearchIndexStore::fetchTexts(const SearchEntry &entry)
     fetchText(entry.mail);
 }
 
+void SearchIndexStore::fetchPhones(size_t slot) const
+{
+    if (slot < m_places.size())
+        fetchText(entryAt(m_places[slot]).phones);
+}
+
 uint SearchIndexStore::fetchCell(const SearchEntry &entry) const
 {
     const uint hash = hashOf(entry.kind, entry.id);

@@ -202,6 +202,12 @@ struct Following
     }
 };
 
+// Of so many units, each separator typed or left out.
+quint32 lengthsUpTo(int size, int separators)
+{
+    return (quint32(2) << qMin(size, 15)) - (quint32(1) << qMin(size - separators, 15));
+}
+
 // Walks from the end of a text to its beginning: each unit has to know what follows.
 class Walk
 {
@@ -222,6 +228,8 @@ public:
                 (i <= m_text.first() ? traits->signature.start : traits->signature.inside) |= bits;
         }
         traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+        if (m_hasChinese)
+            traits->wholeLengths |= lengthsUpTo(m_text.size(), m_separators) << 16;
         traits->signature.chain.add(m_chain);
     }
 
@@ -249,6 +257,7 @@ private:
             return chinese(i, lengths);
         const bool isSeparator = m_text.kind(i) == FoldedText::Separator;
         *lengths = lengthened(*lengths, 1) | (isSeparator ? *lengths : 0);
+        m_separators += isSeparator;
         m_hasDigits = m_hasDigits || m_text.kind(i) == FoldedText::Digit;
         const int place = placeOf(unit);
         if (place < 0) {
@@ -265,6 +274,7 @@ private:
     quint64 chinese(int i, quint32 *lengths)
     {
         const quint64 bits = hashedBit(m_text.at(i));
+        m_hasChinese = true;
         m_chain.add(chainBit(m_text.at(i)));
         if (PinyinReadings::hasMore(QChar(m_text.at(i))))
             return bits | readMoreWays(i, lengths);
@@ -308,7 +318,9 @@ private:
     qint16 m_numbers[FoldedText::MaximumLength];
     Following m_following;
     SearchChain m_chain;
+    int m_separators = 0;
     bool m_hasDigits = false;
+    bool m_hasChinese = false;
 };
 
 // The same as by the walk, for what is not Chinese: forwards, so that a text can be
@@ -336,9 +348,7 @@ public:
         traits->signature.chain.add(m_chain);
         if (m_size == 0)
             return;
-        const int longest = qMin(m_size, 15);
-        const int shortest = qMin(m_size - m_separators, 15);
-        const quint32 lengths = (quint32(2) << longest) - (quint32(1) << shortest);
+        const quint32 lengths = lengthsUpTo(m_size, m_separators);
         traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
     }
 
@@ -431,14 +441,16 @@ SearchMask::SearchMask(QStringView word) : beginning(unitBit(word.at(0).unicode(
 quint32 SearchTraits::lengthBitOf(const QString &typed)
 {
     int length = 0;
+    int chinese = 0;
     bool hasDigits = false;
     for (const QChar c : typed) {
-        if (c.script() == QChar::Script_Han)
-            return 0;
+        chinese += c.script() == QChar::Script_Han;
         hasDigits = hasDigits || c.isNumber();
         length += !TextPattern::isBetweenSyllables(c);
     }
-    return lengthBit(length, hasDigits);
+    if (chinese > 0 && chinese < length)
+        return 0;
+    return quint32(1) << (qMin(length, 15) + (hasDigits || chinese > 0 ? 16 : 0));
 }
 
 SearchTraits searchTraits(const SearchEntry &entry)
