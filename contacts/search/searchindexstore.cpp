@@ -176,7 +176,8 @@ void SearchIndexStore::dissolveThin()
 
 void SearchIndexStore::dissolve(int batch)
 {
-    const QVector<SearchEntry> entries = std::exchange(m_batches[size_t(batch)], Batch()).entries;
+    // What has not moved yet is still looked up in its old place.
+    const QVector<SearchEntry> entries = m_batches[size_t(batch)].entries;
     for (int i = 0; i < entries.size(); ++i) {
         const int slot = find(entries.at(i).kind, entries.at(i).id);
         if (slot < 0)
@@ -185,5 +186,6 @@ void SearchIndexStore::dissolve(int batch)
         if (place.batch == batch && place.index == i)
             place = addOwn(entries.at(i));
     }
+    m_batches[size_t(batch)] = Batch();
     m_freeBatches.push_back(batch);
 }
