@@ -87,6 +87,12 @@ void SearchIndex::put(const SearchEntry &entry)
 
 void SearchIndex::putAll(const QVector<SearchEntry> &entries)
 {
+    // Exactly, for a first large list; else as vectors grow, lest many small ones copy all
+    // that there is each time.
+    if (size_t(entries.size()) > d->signatures.size()) {
+        d->signatures.reserve(d->signatures.size() + size_t(entries.size()));
+        d->orders.reserve(d->orders.size() + size_t(entries.size()));
+    }
     d->store.put(entries, [this](int slot, const SearchEntry &entry) { d->place(slot, entry); });
     d->areRecentsMarked = d->recents.isEmpty();
 }

@@ -65,7 +65,8 @@ int SearchIndexStore::findHashed(uint hash, SearchEntry::Kind kind, const QStrin
 
 int SearchIndexStore::beginBatch(const QVector<SearchEntry> &entries)
 {
-    m_places.reserve(m_places.size() + size_t(entries.size()));
+    if (entries.size() > slotCount())
+        m_places.reserve(m_places.size() + size_t(entries.size()));
     if (entries.size() < SmallestBatch)
         return Own;
     int batch = int(m_batches.size());
