@@ -1,5 +1,6 @@
 // The friend tree against the toolkit's own items, and against what sorting and
 // copying alone must cost.
+#include "bench/support/heap.h"
 #include "bench/support/ratio.h"
 #include "bench/support/samplecontacts.h"
 #include "bench/support/stockitems.h"
@@ -17,7 +18,6 @@
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
-#include <malloc.h>
 #include <memory>
 
 namespace {
@@ -116,19 +116,13 @@ double tearDownStock(int groupCount)
     return Ratio::cpuPerUnit(manyContacts().size(), [&] { tree.model.clear(); });
 }
 
-size_t heapInUse()
-{
-    const auto info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-}
-
 double bytesPerRow()
 {
     manyContacts();
     ShownTree tree(Groups);
-    const size_t before = heapInUse();
+    const double before = heapInUse();
     tree.fill(manyContacts());
-    return double(heapInUse() - before) / manyContacts().size();
+    return (heapInUse() - before) / manyContacts().size();
 }
 
 // --- Presence ------------------------------------------------------------------

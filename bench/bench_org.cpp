@@ -1,5 +1,6 @@
 // The organisation: a large department from the reply's last byte to its rows, what
 // the cache and the tree cost as they grow, and what a person weighs.
+#include "bench/support/heap.h"
 #include "bench/support/ratio.h"
 #include "http/jsonreader.h"
 #include "org/httporgfun.h"
@@ -23,7 +24,6 @@
 #include <json/reader.h>
 
 #include <algorithm>
-#include <malloc.h>
 #include <memory>
 
 namespace {
@@ -287,18 +287,12 @@ double loadWhenKnown(int known)
 
 // --- Memory -----------------------------------------------------------------------
 
-size_t heapInUse()
-{
-    const auto info = mallinfo2();
-    return info.uordblks + info.hblkhd;
-}
-
 // The texts belong to the replies, which are there before and after.
 double bytesPerPerson(bool withView)
 {
     constexpr int People = 100000;
     replies(People / ReplySize);
-    const size_t before = heapInUse();
+    const double before = heapInUse();
     Organisation organisation;
     for (int i = 0; i < People / ReplySize; ++i)
         organisation.load(replies(0).at(i));
@@ -308,7 +302,7 @@ double bytesPerPerson(bool withView)
         view.expandAll();
         QApplication::processEvents();
     }
-    return double(heapInUse() - before) / People;
+    return (heapInUse() - before) / People;
 }
 
 const bool registered[] = {

@@ -7,6 +7,7 @@
 // name, never deleted, and a new one begun. GUI thread only.
 #pragma once
 
+#include <QDeadlineTimer>
 #include <QObject>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -14,6 +15,9 @@
 #include <QVariantList>
 
 #include <functional>
+#include <memory>
+
+class SqliteConnection;
 
 class LocalDatabase : public QObject
 {
@@ -46,4 +50,29 @@ signals:
     void fileSetAside(const QString &file);
     // Another user's tables from here on, or this user's for the first time.
     void opened();
+
+private:
+    struct Source
+    {
+        QString user, file;
+        QString givenConnection; // the host's; empty: the plug-in's own
+        const void *givenDriver = nullptr;
+
+        bool operator==(const Source &other) const
+        {
+            return user == other.user && file == other.file &&
+                   givenConnection == other.givenConnection && givenDriver == other.givenDriver;
+        }
+    };
+
+    LocalDatabase();
+    ~LocalDatabase() override;
+    static Source currentSource();
+    void follow(); // the user and the host's connection
+    bool openOwn();
+    bool takeGiven();
+
+    Source m_source;
+    std::unique_ptr<SqliteConnection> m_connection;
+    QDeadlineTimer m_mayRetry;
 };

@@ -2,16 +2,23 @@
 
 #include "common/context.h"
 #include "common/logging.h"
+#include "contacts/friendtreemodel.h"
+#include "contacts/friendtreeview.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
+#include "contacts/localdata.h"
+#include "contacts/rooms/mucwidget.h"
 #include "detail/caddfriendmannger.h"
 #include "detail/cdetailviewmanager.h"
 #include "http/fileservices.h"
+#include "http/httpmgr.h"
 #include "org/orgwidget.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduimessageprocess.h"
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
+#include "servicenum/ccustomerserverpage.h"
+#include "servicenum/customerchannels.h"
 
 namespace {
 
@@ -34,8 +41,27 @@ public:
         if (!widget->friendTree()->locate(jid))
             LOG_DEBUG("there is no row of " << logText(jid));
     }
-    void locateGroup(const QString &groupId) override { missing("group", groupId); }
-    void locateRoom(const QString &roomJid) override { missing("group chats", roomJid); }
+    void locateGroup(const QString &groupId) override
+    {
+        FriendWidget *widget = pane();
+        if (!widget)
+            return;
+        widget->raisePage(QStringLiteral("friends"));
+        FriendTreeWidget *tree = widget->friendTree();
+        const QModelIndex group = tree->model()->groupIndex(groupId);
+        if (group.isValid())
+            tree->view()->reveal(group);
+        else
+            LOG_DEBUG("there is no group " << logText(groupId));
+    }
+    void locateRoom(const QString &roomJid) override
+    {
+        FriendWidget *widget = pane();
+        if (!widget || !widget->raisePage(QStringLiteral("groupChat")))
+            return;
+        if (!widget->rooms()->locateRoom(roomJid))
+            LOG_DEBUG("there is no room " << logText(roomJid));
+    }
     void raisePage(const QString &id) override
     {
         FriendWidget *widget = pane();
@@ -102,12 +128,17 @@ public:
     }
     void reloadChannels() override
     {
-        raisePage(QStringLiteral("customer"));
-        missing("customer-service channels", QString());
+        FriendWidget *widget = pane();
+        if (widget && widget->raisePage(QStringLiteral("customer")))
+            widget->channels()->reload();
     }
     void locateChannel(const QString &channelId) override
     {
-        missing("customer-service channels", channelId);
+        FriendWidget *widget = pane();
+        if (!widget || !widget->raisePage(QStringLiteral("customer")))
+            return;
+        if (!widget->channels()->locateChannel(channelId))
+            LOG_DEBUG("there is no channel " << logText(channelId));
     }
 
 private:
@@ -122,6 +153,27 @@ private:
     }
 };
 
+// What belongs to no page. Once in a process.
+bool connectHub(PaneActions *actions)
+{
+    const FriendUISignalSender *hub = FriendUISignalSender::instance();
+    using Hub = FriendUISignalSender;
+    QObject::connect(hub, &Hub::signal_openLeaderDetail,
+                     [actions](const QString &jid) { actions->openContactDetail(jid); });
+    // Pictures that are still being fetched are the business of who has logged out.
+    QObject::connect(hub, &Hub::signal_logout, [] { PictureFiles::instance().stop(); });
+    // The service knows best which conversations are muted.
+    QObject::connect(hub, &Hub::signal_login, [] {
+        if (isOnline())
+            HttpMgr::instance()->loadClientSettings();
+    });
+    QObject::connect(hub, &Hub::signal_isConnected, [](bool connected) {
+        if (connected && !ctx().userId().isEmpty())
+            HttpMgr::instance()->loadClientSettings();
+    });
+    return true;
+}
+
 } // namespace
 
 void assemblePane()
@@ -129,15 +181,9 @@ void assemblePane()
     static auto *actions = new Actions;
     setPaneActions(actions);
     CAddFriendMannger::instance(); // the host's events may ask for a window
-    static const QMetaObject::Connection leader = QObject::connect(
-        FriendUISignalSender::instance(), &FriendUISignalSender::signal_openLeaderDetail,
-        [](const QString &jid) { actions->openContactDetail(jid); });
-    Q_UNUSED(leader)
-    // Pictures that are still being fetched are the business of who has logged out.
-    static const QMetaObject::Connection logout =
-        QObject::connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_logout,
-                         [] { PictureFiles::instance().stop(); });
-    Q_UNUSED(logout)
+    CustomerChannels::instance();  // they are delivered before their page is shown
+    [[maybe_unused]] static const bool connected = connectHub(actions);
+    startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

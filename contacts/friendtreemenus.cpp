@@ -26,25 +26,9 @@ void FriendTreeView::setUpMenus()
     m_contactMenu = creatCommonSigaleMenu();
     m_nullMenu = creatNullGroupMenu();
     m_selectMoreMenu = creatSelectMoreMenu();
-    for (SkinMenu *menu : {m_groupMenu, m_contactMenu, m_nullMenu, m_selectMoreMenu}) {
-        // Queued: the order may change only when the chosen action has run.
-        connect(menu, &QMenu::aboutToHide, this, &FriendTreeView::updateFreeze,
-                Qt::QueuedConnection);
-    }
     verticalScrollBar()->setContextMenuPolicy(Qt::CustomContextMenu);
     connect(verticalScrollBar(), &QWidget::customContextMenuRequested, this,
             &FriendTreeView::slot_vScrollBarContextMenu);
-}
-
-// The host may destroy the pane inside a request that an action has made; QMenu
-// does not survive its own end while it tells of that action.
-void FriendTreeView::releaseMenus()
-{
-    for (SkinMenu *menu : {m_groupMenu, m_contactMenu, m_nullMenu, m_selectMoreMenu}) {
-        menu->disconnect(this);
-        menu->setParent(nullptr, menu->windowFlags());
-        menu->deleteLater();
-    }
 }
 
 SkinMenu *FriendTreeView::creatCommonGroupMenu()
@@ -108,20 +92,8 @@ SkinMenu *FriendTreeView::creatSelectMoreMenu()
 
 void FriendTreeView::contextMenuEvent(QContextMenuEvent *event)
 {
-    QPoint pos = event->pos();
-    if (event->reason() == QContextMenuEvent::Keyboard && currentIndex().isValid()) {
-        scrollTo(currentIndex());
-        pos = visualRect(currentIndex()).center();
-    } else if (event->reason() == QContextMenuEvent::Keyboard) {
-        pos = QPoint(0, viewport()->height()); // below all rows
-    } else {
-        // The event of a scroll area comes in the viewport's coordinates.
-        const QModelIndex index = indexAt(pos);
-        if (index.isValid() && !selectionModel()->isSelected(index))
-            selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    }
     event->accept();
-    slot_contextMenu(pos);
+    slot_contextMenu(menuPosition(*event));
 }
 
 void FriendTreeView::slot_contextMenu(QPoint pos)
@@ -148,13 +120,7 @@ void FriendTreeView::slot_vScrollBarContextMenu(QPoint pos)
 {
     LOG_SCOPE("FriendTreeView::slot_vScrollBarContextMenu(QPoint pos)");
     m_nullMenu->action("onlyShowOnlineUser")->setChecked(m_hideOffline);
-    m_nullMenu->popup(verticalScrollBar()->mapToGlobal(pos));
-}
-
-void FriendTreeView::popUp(SkinMenu *menu, QPoint pos)
-{
-    m_model->setOrderFrozen(true);
-    menu->popup(viewport()->mapToGlobal(pos));
+    popUp(m_nullMenu, viewport()->mapFromGlobal(verticalScrollBar()->mapToGlobal(pos)));
 }
 
 void FriendTreeView::prepareGroupMenu(const QString &groupId)
@@ -320,12 +286,12 @@ void FriendTreeView::runDrag()
         return;
     m_drag = new MyDrag(this);
     connect(m_drag, &MyDrag::signal_dropEnd, this, &FriendTreeView::slot_dropend);
-    m_model->setOrderFrozen(true);
+    updateHold();
     const QPointer<FriendTreeView> alive(this);
     m_drag->run();
     if (alive) {
         m_drag = nullptr;
-        updateFreeze();
+        updateHold();
     }
 }
 

@@ -8,82 +8,43 @@
 #include "contacts/grouplabel.h"
 #include "contacts/grouplabels.h"
 #include "contacts/mydrag.h"
-#include "controls/avatarstore.h"
-#include "controls/scrollanchor.h"
-#include "controls/skin.h"
-#include "controls/slimscrollbar.h"
 #include "controls/typefinder.h"
 #include "plugin/paneactions.h"
 
-#include <QAccessible>
-#include <QCoreApplication>
-#include <QHeaderView>
 #include <QKeyEvent>
-#include <QScrollBar>
 
 namespace {
 constexpr int GroupTimeOutMs = 10000;
-// A pointer that rests over the list this long no longer holds up the order.
-constexpr int PointerAtRestMs = 30000;
-constexpr int ScrollStep = 22;
 } // namespace
 
 FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *parent)
-    : QTreeView(parent),
+    : RowView(model, FriendTreeRole::Name, parent),
       m_model(model),
       m_inner(inner),
       m_commands(new FriendCommands(model, inner, this)),
-      m_labels(new GroupLabels(this)),
-      m_anchor(new ScrollAnchor(this, model)),
-      m_finder(new TypeFinder(this, FriendTreeRole::Name))
+      m_labels(new GroupLabels(this))
 {
     setObjectName(QStringLiteral("FriendTreeView"));
-    setModel(model);
     setItemDelegate(new FriendTreeDelegate(this));
-    setHeaderHidden(true);
-    // The header is never seen, but would look up its section for every change.
-    disconnect(model, &QAbstractItemModel::dataChanged, header(), nullptr);
-    header()->setStretchLastSection(true);
-    setUniformRowHeights(true);
-    setIndentation(0);
-    setRootIsDecorated(false);
-    setExpandsOnDoubleClick(false);
-    setEditTriggers(NoEditTriggers);
     setSelectionMode(ExtendedSelection);
-    setVerticalScrollMode(ScrollPerPixel);
-    useSlimScrollBar(this);
-    verticalScrollBar()->setSingleStep(ScrollStep);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(NoFrame);
-    setMouseTracking(true);
     setDragEnabled(true);
     setAcceptDrops(true);
     setDragDropMode(DragDrop);
     setDropIndicatorShown(false);
     setAutoScroll(true);
-    followSkin(this);
     setUpMenus();
 
     m_groupTimeOut.setSingleShot(true);
     m_groupTimeOut.setInterval(GroupTimeOutMs);
-    m_pointerAtRest.setSingleShot(true);
-    m_pointerAtRest.setInterval(PointerAtRestMs);
 
     connect(&m_groupTimeOut, &QTimer::timeout, this, &FriendTreeView::slot_loadGroupTimeOut);
-    connect(&m_pointerAtRest, &QTimer::timeout, this, &FriendTreeView::updateFreeze);
+    connect(this, &RowView::orderHeld, model, &FriendTreeModel::setOrderFrozen);
+    connect(this, &RowView::activatedRow, this, &FriendTreeView::activate);
     connect(this, &QTreeView::clicked, this, &FriendTreeView::slot_click);
     connect(this, &QTreeView::expanded, this, &FriendTreeView::slot_expanded);
     connect(this, &QTreeView::collapsed, this, &FriendTreeView::slot_collapsed);
     connect(model, &FriendTreeModel::groupOfContactChanged, this, &FriendTreeView::leaveClosedGroup,
             Qt::QueuedConnection);
-    connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
-        reveal(index);
-        // Clear of the typed text, which stands over the last rows.
-        if (visualRect(index).bottom() > viewport()->height() - 2 * visualRect(index).height())
-            scrollTo(index, PositionAtCenter);
-    });
-    connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
-            QOverload<>::of(&QWidget::update));
     connect(m_labels, &GroupLabels::labelMade, this, [this](GroupLabel *label) {
         connect(label, &GroupLabel::signal_clickgroup, this, &FriendTreeView::slot_clickLabel);
         connect(label, &GroupLabel::signal_mousepress, this, &FriendTreeView::slot_labelpress);
@@ -94,7 +55,6 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
 
 FriendTreeView::~FriendTreeView()
 {
-    releaseMenus();
     // The drag's event loop goes on using it.
     if (m_drag) {
         m_drag->setParent(nullptr);
@@ -106,20 +66,14 @@ FriendTreeView::~FriendTreeView()
 
 void FriendTreeView::doItemsLayout()
 {
-    QTreeView::doItemsLayout();
-    m_anchor->restore();
+    RowView::doItemsLayout();
     m_labels->sync();
 }
 
 void FriendTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                                  const QVector<int> &roles)
 {
-    // Who listens to a screen reader hears of each change.
-    if (QAccessible::isActive())
-        QTreeView::dataChanged(topLeft, bottomRight, roles);
-    // The base class would search the row on screen, which takes time in
-    // proportion to the rows for each change. One repaint a frame is cheaper.
-    viewport()->update();
+    RowView::dataChanged(topLeft, bottomRight, roles);
     for (int row = topLeft.row(); row <= bottomRight.row() && !topLeft.parent().isValid(); ++row) {
         if (GroupLabel *label = m_labels->labelOf(m_model->index(row, 0)))
             label->refresh();
@@ -128,26 +82,14 @@ void FriendTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &
 
 void FriendTreeView::resizeEvent(QResizeEvent *event)
 {
-    QTreeView::resizeEvent(event);
+    RowView::resizeEvent(event);
     m_labels->sync();
-    m_finder->place();
 }
 
 void FriendTreeView::scrollContentsBy(int dx, int dy)
 {
-    QTreeView::scrollContentsBy(dx, dy);
+    RowView::scrollContentsBy(dx, dy);
     m_labels->sync();
-    m_finder->place();
-}
-
-void FriendTreeView::reveal(const QModelIndex &index)
-{
-    if (!index.isValid())
-        return;
-    if (index.parent().isValid())
-        setExpanded(index.parent(), true);
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    scrollTo(index);
 }
 
 void FriendTreeView::leaveClosedGroup()
@@ -192,7 +134,7 @@ QStringList FriendTreeView::selectedContacts() const
 void FriendTreeView::slot_click(QModelIndex index)
 {
     LOG_SCOPE("FriendTreeView::slot_click(QModelIndex index)");
-    m_finder->clear();
+    finder()->clear();
     if (index.isValid() && !isGroup(index))
         emit signal_stopactive(index.data(FriendTreeRole::Id).toString());
 }
@@ -210,23 +152,6 @@ void FriendTreeView::activate(const QModelIndex &index)
     m_commands->openChat(jid);
 }
 
-void FriendTreeView::mousePressEvent(QMouseEvent *event)
-{
-    m_finder->clear();
-    if (!indexAt(event->pos()).isValid())
-        clearSelection();
-    QTreeView::mousePressEvent(event);
-}
-
-void FriendTreeView::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    const QModelIndex index = indexAt(event->pos());
-    if (event->button() == Qt::LeftButton && index.isValid() && !isGroup(index))
-        activate(index);
-    else
-        QTreeView::mouseDoubleClickEvent(event);
-}
-
 void FriendTreeView::slot_labelpress()
 {
     LOG_SCOPE("FriendTreeView::slot_labelpress()");
@@ -234,7 +159,7 @@ void FriendTreeView::slot_labelpress()
     if (!label || !label->index().isValid())
         return;
     setFocus(Qt::MouseFocusReason);
-    m_finder->clear();
+    finder()->clear();
     selectionModel()->setCurrentIndex(label->index(), QItemSelectionModel::ClearAndSelect);
 }
 
@@ -248,10 +173,7 @@ void FriendTreeView::slot_clickLabel()
 
 void FriendTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    QTreeView::currentChanged(current, previous);
-    // The base class turns it off for rows that are not editable; typing to find
-    // needs it.
-    setAttribute(Qt::WA_InputMethodEnabled);
+    RowView::currentChanged(current, previous);
     m_labels->showStates();
     emit signal_selectionChanged(current);
 }
@@ -259,21 +181,19 @@ void FriendTreeView::currentChanged(const QModelIndex &current, const QModelInde
 void FriendTreeView::selectionChanged(const QItemSelection &selected,
                                       const QItemSelection &deselected)
 {
-    QTreeView::selectionChanged(selected, deselected);
+    RowView::selectionChanged(selected, deselected);
     m_labels->showStates();
 }
 
 void FriendTreeView::focusInEvent(QFocusEvent *event)
 {
-    QTreeView::focusInEvent(event);
-    setAttribute(Qt::WA_InputMethodEnabled);
+    RowView::focusInEvent(event);
     m_labels->showStates();
 }
 
 void FriendTreeView::focusOutEvent(QFocusEvent *event)
 {
-    QTreeView::focusOutEvent(event);
-    m_finder->clear();
+    RowView::focusOutEvent(event);
     m_labels->showStates();
 }
 
@@ -281,15 +201,9 @@ void FriendTreeView::focusOutEvent(QFocusEvent *event)
 
 void FriendTreeView::keyPressEvent(QKeyEvent *event)
 {
-    if (m_finder->handleKey(event))
-        return;
     const QModelIndex current = currentIndex();
     const QString id = current.data(FriendTreeRole::Id).toString();
     switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        activate(current);
-        return;
     case Qt::Key_F2:
         if (isGroup(current))
             m_commands->renameGroup(id);
@@ -302,49 +216,9 @@ void FriendTreeView::keyPressEvent(QKeyEvent *event)
         else
             m_commands->deleteContacts(selectedContacts());
         return;
-    case Qt::Key_Escape:
-        if (selectedContacts().size() > 1) {
-            selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
-            return;
-        }
-        break;
     default:
-        break;
+        RowView::keyPressEvent(event);
     }
-    QTreeView::keyPressEvent(event);
-}
-
-void FriendTreeView::keyboardSearch(const QString &search)
-{
-    m_finder->type(search);
-}
-
-// --- What must not move under the pointer -------------------------------------
-
-bool FriendTreeView::viewportEvent(QEvent *event)
-{
-    switch (event->type()) {
-    case QEvent::Enter:
-    case QEvent::MouseMove:
-    case QEvent::HoverMove:
-        m_pointerAtRest.start();
-        m_model->setOrderFrozen(true);
-        break;
-    case QEvent::Leave:
-        m_pointerAtRest.stop();
-        updateFreeze();
-        break;
-    default:
-        break;
-    }
-    return QTreeView::viewportEvent(event);
-}
-
-void FriendTreeView::updateFreeze()
-{
-    const bool menuOpen = m_groupMenu->isVisible() || m_contactMenu->isVisible() ||
-                          m_nullMenu->isVisible() || m_selectMoreMenu->isVisible();
-    m_model->setOrderFrozen(m_pointerAtRest.isActive() || menuOpen || m_drag);
 }
 
 // --- Loading -----------------------------------------------------------------

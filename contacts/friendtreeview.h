@@ -2,22 +2,20 @@
 // FriendTreeModel and turns what the user does into FriendCommands.
 #pragma once
 
+#include "controls/rowview.h"
 #include "controls/skinmenu.h"
 
 #include <QPointer>
 #include <QStringList>
 #include <QTimer>
-#include <QTreeView>
 
 class FriendCommands;
 class FriendTreeModel;
 class GroupLabel;
 class GroupLabels;
 class MyDrag;
-class ScrollAnchor;
-class TypeFinder;
 
-class FriendTreeView : public QTreeView
+class FriendTreeView : public RowView
 {
     Q_OBJECT
 
@@ -34,9 +32,6 @@ public:
     void waitForGroups() { m_groupTimeOut.start(); }
     void groupsArrived() { m_groupTimeOut.stop(); }
 
-    // Makes a row current, opens its group and scrolls to it.
-    void reveal(const QModelIndex &index);
-
     SkinMenu *creatCommonGroupMenu();
     SkinMenu *creatCommonSigaleMenu();
     SkinMenu *creatNullGroupMenu();
@@ -45,7 +40,6 @@ public:
     void doItemsLayout() override;
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QVector<int> &roles = QVector<int>()) override;
-    void keyboardSearch(const QString &search) override;
 
 signals:
     void signal_stopactive(QString jid);
@@ -80,12 +74,9 @@ public slots:
     void RemoveShortCut(QString frdjid);
 
 protected:
-    bool viewportEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
-    void mousePressEvent(QMouseEvent *event) override;
     void mouseMoveEvent(QMouseEvent *event) override;
-    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void focusInEvent(QFocusEvent *event) override;
@@ -98,17 +89,15 @@ protected:
     void dragMoveEvent(QDragMoveEvent *event) override;
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    bool isHolding() const override { return !m_drag.isNull(); }
 
 private:
     void setUpMenus();
-    void releaseMenus();
     void runDrag();
-    void popUp(SkinMenu *menu, QPoint pos);
     void prepareGroupMenu(const QString &groupId);
     void prepareContactMenu(const QString &jid);
     void fillMoveMenu(const QString &jid);
     void activate(const QModelIndex &index);
-    void updateFreeze();
     // A current row that was moved out of sight: its group's header takes over.
     void leaveClosedGroup();
     QStringList selectedContacts() const;
@@ -119,8 +108,6 @@ private:
     const bool m_inner;
     FriendCommands *m_commands;
     GroupLabels *m_labels;
-    ScrollAnchor *m_anchor;
-    TypeFinder *m_finder;
     SkinMenu *m_groupMenu = nullptr;
     SkinMenu *m_contactMenu = nullptr;
     SkinMenu *m_nullMenu = nullptr;
@@ -132,6 +119,5 @@ private:
     QStringList m_dragItems; // jids under way
     bool m_dragDue = false;  // asked for, not yet begun
     QTimer m_groupTimeOut;
-    QTimer m_pointerAtRest;
     bool m_hideOffline = false;
 };

@@ -1,5 +1,6 @@
 #include "controls/avatarstore.h"
 
+#include "controls/pictures.h"
 #include "controls/skin.h"
 
 #include <QCoreApplication>
@@ -7,7 +8,6 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QPainter>
-#include <QPainterPath>
 #include <QRunnable>
 #include <QTextBoundaryFinder>
 #include <QtMath>
@@ -25,19 +25,6 @@ QString cacheKey(const QString &what, int size, qreal pixelRatio)
 int costInKilobytes(const QPixmap &pixmap)
 {
     return 1 + pixmap.width() * pixmap.height() * 4 / 1024;
-}
-
-QPixmap rounded(const QPixmap &square)
-{
-    QPixmap result(square.size());
-    result.fill(Qt::transparent);
-    QPainter painter(&result);
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath circle;
-    circle.addEllipse(result.rect());
-    painter.setClipPath(circle);
-    painter.drawPixmap(0, 0, square);
-    return result;
 }
 
 // By id, not by name: the colour stays when a contact is renamed.
@@ -92,16 +79,20 @@ AvatarStore::AvatarStore() : m_cache(CacheKilobytes)
 QPixmap AvatarStore::avatar(const QString &file, const QString &id, const QString &name, int size,
                             qreal pixelRatio)
 {
-    if (!file.isEmpty()) {
-        const QString key = cacheKey(file, size, pixelRatio);
-        if (const QPixmap *known = m_cache.object(key)) {
-            if (!known->isNull())
-                return *known;
-        } else if (!m_pending.contains(key)) {
-            decode(file, key, size, pixelRatio);
-        }
-    }
-    return generated(id, name, size, pixelRatio);
+    const QPixmap known = picture(file, size, pixelRatio);
+    return known.isNull() ? generated(id, name, size, pixelRatio) : known;
+}
+
+QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
+{
+    if (file.isEmpty())
+        return QPixmap();
+    const QString key = cacheKey(file, size, pixelRatio);
+    if (const QPixmap *known = m_cache.object(key))
+        return *known;
+    if (!m_pending.contains(key))
+        decode(file, key, size, pixelRatio);
+    return QPixmap();
 }
 
 void AvatarStore::refresh(const QString &file)
@@ -169,7 +160,8 @@ QImage AvatarStore::load(const QString &file, int pixels)
 
 QString AvatarStore::monogram(const QString &name)
 {
-    const QString text = name.left(64).simplified();
+    // A display text may be isolated from what is read in the other direction.
+    const QString text = name.left(64).remove(QChar(0x2068)).remove(QChar(0x2069)).simplified();
     if (text.isEmpty())
         return QStringLiteral("?");
     if (isChinese(text.at(text.size() - 1)))

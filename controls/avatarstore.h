@@ -26,6 +26,9 @@ public:
     QPixmap avatar(const QString &file, const QString &id, const QString &name, int size,
                    qreal pixelRatio);
 
+    // The picture alone; null until it is there, and when there is none.
+    QPixmap picture(const QString &file, int size, qreal pixelRatio);
+
     // Forgets what is known of a file, because it was written anew.
     void refresh(const QString &file);
 

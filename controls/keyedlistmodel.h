@@ -7,7 +7,8 @@
 // when the freeze ends. Removing a record takes its row away in any case.
 //
 // Place is a value with operator< and operator==, cheap to compare; places that are
-// equal are told apart by the key. A subclass may add Q_OBJECT when it names the
+// equal are told apart by the key. A record keeps its key for life, and nobody changes
+// the model from within its signals. A subclass may add Q_OBJECT when it names the
 // instance in a `using` first.
 #pragma once
 
@@ -16,8 +17,9 @@
 #include <QVector>
 
 #include <algorithm>
-#include <memory>
 #include <unordered_map>
+#include <utility>
+#include <vector>
 
 template <class Record, class Place> class KeyedListModel : public QAbstractListModel
 {
@@ -26,60 +28,63 @@ public:
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override
     {
-        return parent.isValid() ? 0 : m_rows.size();
+        return parent.isValid() ? 0 : int(m_rows.size());
     }
 
     // Records, also those without a row; the pointer is good until the next change.
-    int recordCount() const { return int(m_entries.size()); }
+    int recordCount() const { return int(m_nodes.size()); }
     const Record *find(const QString &key) const
     {
-        const auto entry = m_entries.find(key);
-        return entry == m_entries.end() ? nullptr : &entry->second->record;
+        const auto found = m_nodes.find(key);
+        return found == m_nodes.end() ? nullptr : &found->second.record;
     }
     // `row` is one of the model's.
-    const Record &at(int row) const { return m_rows.at(row)->record; }
+    const Record &at(int row) const { return m_rows[size_t(row)]->second.record; }
     // Invalid for a record that has no row.
     QModelIndex indexOf(const QString &key) const
     {
-        const auto entry = m_entries.find(key);
-        return entry == m_entries.end() || !entry->second->hasRow ? QModelIndex()
-                                                                  : index(rowOf(*entry->second));
+        const auto found = m_nodes.find(key);
+        return found == m_nodes.end() || !found->second.hasRow ? QModelIndex()
+                                                               : index(rowOf(*found));
     }
     template <class Function> void forEach(const Function &function) const
     {
-        for (const auto &entry : m_entries)
-            function(entry.second->record);
+        for (const Node &node : m_nodes)
+            function(node.second.record);
     }
 
     // Adds a record, or takes it in the place of the one with its key.
     void put(const Record &record)
     {
-        Entry &entry = entryOf(record);
-        entry.record = record;
-        settle(entry);
-        if (entry.hasRow)
-            emitChanged(entry, {});
+        Node &node = take(record);
+        follow(node, {});
     }
 
-    // The same for many: rows that follow one another are inserted at once.
+    // Adds a record unless there is one with its key: then false.
+    bool putNew(Record record)
+    {
+        const auto [node, isNew] = m_nodes.try_emplace(keyOf(record));
+        if (!isNew)
+            return false;
+        node->second.record = std::move(record);
+        follow(*node, {});
+        return true;
+    }
+
+    // Many at once: new rows that follow one another are inserted at once. The
+    // last one of a key counts.
     void putAll(const QVector<Record> &records)
     {
-        QVector<Entry *> added;
+        m_nodes.reserve(m_nodes.size() + size_t(records.size()));
         for (const Record &record : records) {
-            if (find(keyOf(record))) {
-                put(record);
-                continue;
-            }
-            Entry &entry = entryOf(record);
-            entry.record = record;
-            if (isShown(record) && !m_frozen) {
-                entry.place = placeOf(record);
-                added.append(&entry);
-            } else {
-                settle(entry);
-            }
+            Node &node = take(record);
+            if (node.second.hasRow)
+                follow(node, {});
+            else
+                wait(node);
         }
-        insertAll(&added);
+        if (!m_frozen)
+            settleWaiting();
     }
 
     // Lets `function` change a record in place, then its row follows; false without
@@ -87,24 +92,23 @@ public:
     template <class Function>
     bool change(const QString &key, const Function &function, const QVector<int> &roles = {})
     {
-        const auto found = m_entries.find(key);
-        if (found == m_entries.end())
+        const auto found = m_nodes.find(key);
+        if (found == m_nodes.end())
             return false;
-        Entry &entry = *found->second;
-        function(entry.record);
-        settle(entry);
-        if (entry.hasRow)
-            emitChanged(entry, roles);
+        function(found->second.record);
+        follow(*found, roles);
         return true;
     }
 
     bool remove(const QString &key)
     {
-        const auto found = m_entries.find(key);
-        if (found == m_entries.end())
+        const auto found = m_nodes.find(key);
+        if (found == m_nodes.end())
             return false;
-        takeRow(*found->second);
-        m_entries.erase(found);
+        takeRow(*found);
+        if (found->second.waits)
+            m_waiting.erase(std::find(m_waiting.begin(), m_waiting.end(), &*found));
+        m_nodes.erase(found);
         return true;
     }
 
@@ -112,7 +116,8 @@ public:
     {
         beginResetModel();
         m_rows.clear();
-        m_entries.clear();
+        m_waiting.clear();
+        m_nodes.clear();
         endResetModel();
     }
 
@@ -121,11 +126,11 @@ public:
     {
         beginResetModel();
         m_rows.clear();
-        for (auto &[key, entry] : m_entries) {
-            entry->hasRow = isShown(entry->record);
-            entry->place = placeOf(entry->record);
-            if (entry->hasRow)
-                m_rows.append(entry.get());
+        for (Node &node : m_nodes) {
+            node.second.hasRow = isShown(node.second.record);
+            node.second.place = placeOf(node.second.record);
+            if (node.second.hasRow)
+                m_rows.push_back(&node);
         }
         std::sort(m_rows.begin(), m_rows.end(), stands);
         endResetModel();
@@ -134,27 +139,9 @@ public:
     bool isOrderFrozen() const { return m_frozen; }
     void setOrderFrozen(bool frozen)
     {
-        if (m_frozen == frozen)
-            return;
         m_frozen = frozen;
-        if (frozen)
-            return;
-        const QVector<QString> waiting = std::exchange(m_waiting, {});
-        QVector<Entry *> added;
-        for (const QString &key : waiting) {
-            const auto found = m_entries.find(key);
-            if (found == m_entries.end())
-                continue;
-            Entry &entry = *found->second;
-            entry.waits = false;
-            if (entry.hasRow || !isShown(entry.record)) {
-                settle(entry);
-            } else {
-                entry.place = placeOf(entry.record);
-                added.append(&entry);
-            }
-        }
-        insertAll(&added);
+        if (!frozen)
+            settleWaiting();
     }
 
 protected:
@@ -166,132 +153,159 @@ protected:
 private:
     struct Entry
     {
-        QString key;
         Record record;
-        Place place; // at which the row stands, which may be behind the record
+        Place place{}; // at which the row stands, which may be behind the record
         bool hasRow = false;
-        bool waits = false; // for the end of the freeze
+        bool waits = false; // is among m_waiting
     };
-
-    static bool stands(const Entry *a, const Entry *b)
+    struct KeyHash
     {
-        return a->place < b->place || (a->place == b->place && a->key < b->key);
-    }
-
-    Entry &entryOf(const Record &record)
-    {
-        const QString key = keyOf(record);
-        std::unique_ptr<Entry> &entry = m_entries[key];
-        if (!entry) {
-            entry = std::make_unique<Entry>();
-            entry->key = key;
+        size_t operator()(const QString &key) const
+        {
+            // Keys come from other people, who must not choose their buckets.
+            return qHash(key, uint(qGlobalQHashSeed()));
         }
-        return *entry;
+    };
+    using Nodes = std::unordered_map<QString, Entry, KeyHash>;
+    using Node = typename Nodes::value_type; // key and entry; has one address for life
+
+    static bool standsAt(const Node *node, const Place &place, const QString &key)
+    {
+        return node->second.place < place || (node->second.place == place && node->first < key);
+    }
+    static bool stands(const Node *a, const Node *b)
+    {
+        return standsAt(a, b->second.place, b->first);
+    }
+    // The row of what stands there, or would.
+    int rowAt(const Place &place, const QString &key) const
+    {
+        const auto before = [&key](const Node *node, const Place &at) {
+            return standsAt(node, at, key);
+        };
+        return int(std::lower_bound(m_rows.begin(), m_rows.end(), place, before) - m_rows.begin());
+    }
+    int rowOf(const Node &node) const { return rowAt(node.second.place, node.first); }
+
+    Node &take(const Record &record)
+    {
+        Node &node = *m_nodes.try_emplace(keyOf(record)).first;
+        node.second.record = record;
+        return node;
     }
 
-    int rowOf(const Entry &entry) const
+    void wait(Node &node)
     {
-        return int(std::lower_bound(m_rows.begin(), m_rows.end(), &entry, stands) - m_rows.begin());
+        if (!std::exchange(node.second.waits, true))
+            m_waiting.push_back(&node);
     }
 
-    void emitChanged(const Entry &entry, const QVector<int> &roles)
+    // Brings a node's row to where its record belongs, and tells of the change.
+    void follow(Node &node, const QVector<int> &roles)
     {
-        const QModelIndex changed = index(rowOf(entry));
-        emit dataChanged(changed, changed, roles);
+        const bool hadRow = node.second.hasRow;
+        const int row = settle(node);
+        if (hadRow && row >= 0)
+            emit dataChanged(index(row), index(row), roles);
     }
 
-    void takeRow(Entry &entry)
+    // The row, -1 for none.
+    int settle(Node &node)
     {
-        if (!entry.hasRow)
-            return;
-        const int row = rowOf(entry);
-        beginRemoveRows(QModelIndex(), row, row);
-        m_rows.remove(row);
-        entry.hasRow = false;
-        endRemoveRows();
-    }
-
-    // Brings an entry's row to where its record belongs.
-    void settle(Entry &entry)
-    {
+        Entry &entry = node.second;
         if (!isShown(entry.record)) {
-            takeRow(entry);
-            return;
+            takeRow(node);
+            return -1;
         }
         const Place place = placeOf(entry.record);
         if (entry.hasRow && entry.place == place)
-            return;
+            return rowOf(node);
         if (m_frozen) {
-            if (!entry.waits)
-                m_waiting.append(entry.key);
-            entry.waits = true;
-            return;
+            wait(node);
+            return entry.hasRow ? rowOf(node) : -1;
         }
-        if (entry.hasRow)
-            moveRow(entry, place);
-        else
-            insertRow(entry, place);
+        return entry.hasRow ? moveRow(node, place) : insertRow(node, place);
     }
 
-    void insertRow(Entry &entry, const Place &place)
+    void settleWaiting()
     {
-        entry.place = place;
-        const int row = rowOf(entry);
-        beginInsertRows(QModelIndex(), row, row);
-        m_rows.insert(row, &entry);
-        entry.hasRow = true;
-        endInsertRows();
+        std::vector<Node *> added;
+        for (Node *node : std::exchange(m_waiting, {})) {
+            Entry &entry = node->second;
+            entry.waits = false;
+            if (entry.hasRow) {
+                settle(*node);
+            } else if (isShown(entry.record)) {
+                entry.place = placeOf(entry.record);
+                added.push_back(node);
+            }
+        }
+        insertAll(&added);
     }
 
-    void moveRow(Entry &entry, const Place &place)
+    void takeRow(Node &node)
     {
-        const int from = rowOf(entry);
-        Entry target;
-        target.key = entry.key;
-        target.place = place;
-        // Counted with the row still at its old place.
-        const int to = rowOf(target);
-        if (to == from || to == from + 1) {
-            entry.place = place;
+        if (!node.second.hasRow)
             return;
+        const int row = rowOf(node);
+        beginRemoveRows(QModelIndex(), row, row);
+        m_rows.erase(m_rows.begin() + row);
+        node.second.hasRow = false;
+        endRemoveRows();
+    }
+
+    int insertRow(Node &node, const Place &place)
+    {
+        node.second.place = place;
+        const int row = rowOf(node);
+        beginInsertRows(QModelIndex(), row, row);
+        m_rows.insert(m_rows.begin() + row, &node);
+        node.second.hasRow = true;
+        endInsertRows();
+        return row;
+    }
+
+    int moveRow(Node &node, const Place &place)
+    {
+        const int from = rowOf(node);
+        // Counted with the row still at its old place.
+        const int to = rowAt(place, node.first);
+        if (to == from || to == from + 1) {
+            node.second.place = place;
+            return from;
         }
         beginMoveRows(QModelIndex(), from, from, QModelIndex(), to);
-        entry.place = place;
+        node.second.place = place;
+        const auto rows = m_rows.begin();
         if (to < from)
-            std::rotate(m_rows.begin() + to, m_rows.begin() + from, m_rows.begin() + from + 1);
+            std::rotate(rows + to, rows + from, rows + from + 1);
         else
-            std::rotate(m_rows.begin() + from, m_rows.begin() + from + 1, m_rows.begin() + to);
+            std::rotate(rows + from, rows + from + 1, rows + to);
         endMoveRows();
+        return to < from ? to : to - 1;
     }
 
-    // New entries whose places are set: runs that fall between the same two rows go
-    // in together.
-    void insertAll(QVector<Entry *> *added)
+    // Nodes whose places are set: runs that fall between the same two rows go in
+    // together.
+    void insertAll(std::vector<Node *> *added)
     {
         std::sort(added->begin(), added->end(), stands);
         for (auto first = added->begin(); first != added->end();) {
             const int row = rowOf(**first);
-            auto last = first + 1;
-            while (last != added->end() && (row == m_rows.size() || stands(*last, m_rows.at(row))))
-                ++last;
-            const int count = int(last - first);
-            beginInsertRows(QModelIndex(), row, row + count - 1);
-            m_rows.insert(row, count, nullptr);
-            for (int i = 0; i < count; ++i, ++first) {
-                m_rows[row + i] = *first;
-                (*first)->hasRow = true;
-            }
+            const auto next = m_rows.begin() + row;
+            const auto last = next == m_rows.end()
+                                  ? added->end()
+                                  : std::lower_bound(first, added->end(), *next, stands);
+            beginInsertRows(QModelIndex(), row, row + int(last - first) - 1);
+            m_rows.insert(next, first, last);
+            for (; first != last; ++first)
+                (*first)->second.hasRow = true;
             endInsertRows();
         }
     }
 
-    struct KeyHash
-    {
-        size_t operator()(const QString &key) const { return qHash(key); }
-    };
-
-    std::unordered_map<QString, std::unique_ptr<Entry>, KeyHash> m_entries;
-    QVector<Entry *> m_rows; // in the order of their places
-    QVector<QString> m_waiting;
+    Nodes m_nodes;
+    std::vector<Node *> m_rows;    // in the order of their places
+    std::vector<Node *> m_waiting; // for the end of the freeze, or of a batch
     bool m_frozen = false;
 };

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPixmapCache>
 #include <QtMath>
 
@@ -48,4 +49,31 @@ QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio, con
     pixmap.setDevicePixelRatio(pixelRatio);
     QPixmapCache::insert(key, pixmap);
     return pixmap;
+}
+
+QPixmap loadRoundPicture(const QString &relativePath, int size, qreal pixelRatio)
+{
+    const QString key = QStringLiteral("friendui/round/%1|%2|%3")
+                            .arg(relativePath, QString::number(size), QString::number(pixelRatio));
+    QPixmap pixmap;
+    if (QPixmapCache::find(key, &pixmap))
+        return pixmap;
+    pixmap = rounded(loadPicture(relativePath, size, pixelRatio));
+    QPixmapCache::insert(key, pixmap);
+    return pixmap;
+}
+
+QPixmap rounded(const QPixmap &square)
+{
+    QPixmap result(square.size());
+    result.fill(Qt::transparent);
+    QPainter painter(&result);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath circle;
+    circle.addEllipse(result.rect());
+    painter.setClipPath(circle);
+    painter.drawPixmap(result.rect(), square);
+    painter.end();
+    result.setDevicePixelRatio(square.devicePixelRatioF());
+    return result;
 }

@@ -13,3 +13,9 @@ QString resourcePath(const QString &relativePath);
 // given pixel ratio; a valid colour replaces the colours of a glyph. Cached.
 QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio,
                     const QColor &tint = QColor());
+
+// The same cut to a circle, for portraits.
+QPixmap loadRoundPicture(const QString &relativePath, int size, qreal pixelRatio);
+
+// What of a square pixmap lies in its circle.
+QPixmap rounded(const QPixmap &square);

@@ -12,6 +12,12 @@ constexpr int PresenceSize = 12;
 constexpr int Gap = 10;
 constexpr int NamePixels = 14;
 constexpr int SecondPixels = 12;
+constexpr int NameLine = NamePixels + 6;
+constexpr int SecondLine = SecondPixels + 5;
+constexpr int SmallPixels = 11;
+constexpr int SmallGap = 6;
+constexpr int BadgeHeight = 16;
+constexpr int MaximumBadge = 99;
 constexpr qreal FadedOpacity = 0.55;
 
 void drawPhone(QPainter *painter, const QRectF &area, const QColor &color)
@@ -146,6 +152,96 @@ void RowPainter::markAtRight(const QPixmap &glyph)
     m_left.setRight(m_left.right() - MarkSize - Gap / 2);
 }
 
+void RowPainter::overlay(const QPixmap &glyph)
+{
+    const QRect area(m_avatar.right() - SmallMarkSize + 4, m_avatar.bottom() - SmallMarkSize + 4,
+                     SmallMarkSize, SmallMarkSize);
+    m_painter->setRenderHint(QPainter::Antialiasing);
+    m_painter->setPen(Qt::NoPen);
+    m_painter->setBrush(Skin::instance().colors().background);
+    m_painter->drawEllipse(area.adjusted(-1, -1, 1, 1));
+    m_painter->drawPixmap(area, glyph);
+}
+
+QRect RowPainter::visual(const QRect &area) const
+{
+    return QStyle::visualRect(m_option.direction, m_option.rect, area);
+}
+
+QRect RowPainter::firstLine() const
+{
+    const int top = m_left.center().y() - (NameLine + SecondLine) / 2;
+    return QRect(m_left.left(), top, m_left.width() - m_firstTaken, NameLine);
+}
+
+QRect RowPainter::secondLine() const
+{
+    const int top = m_left.center().y() - (NameLine + SecondLine) / 2 + NameLine;
+    return QRect(m_left.left(), top, m_left.width() - m_secondTaken, SecondLine);
+}
+
+void RowPainter::textAtRight(const QString &text)
+{
+    if (text.isEmpty())
+        return;
+    const QFont font = skinFont(SmallPixels);
+    QRect area = firstLine();
+    area.setLeft(area.right() - QFontMetrics(font).horizontalAdvance(text));
+    m_painter->setFont(font);
+    m_painter->setPen(Skin::instance().quietText(m_option.state.testFlag(QStyle::State_Selected)));
+    const Qt::Alignment side =
+        QStyle::visualAlignment(m_option.direction, Qt::AlignRight) | Qt::AlignVCenter;
+    m_painter->drawText(visual(area), int(side) | Qt::TextSingleLine, text);
+    m_firstTaken += area.width() + SmallGap;
+}
+
+void RowPainter::smallMark(const QPixmap &glyph, const QRect &line, int *taken)
+{
+    const QRect area(line.right() - SmallMarkSize + 1,
+                     line.top() + (line.height() - SmallMarkSize) / 2, SmallMarkSize,
+                     SmallMarkSize);
+    m_painter->drawPixmap(visual(area), glyph);
+    *taken += SmallMarkSize + SmallGap;
+}
+
+void RowPainter::markInFirstLine(const QPixmap &glyph)
+{
+    smallMark(glyph, firstLine(), &m_firstTaken);
+}
+
+void RowPainter::markInSecondLine(const QPixmap &glyph)
+{
+    smallMark(glyph, secondLine(), &m_secondTaken);
+}
+
+QString RowPainter::badgeText(int count)
+{
+    if (count > MaximumBadge)
+        return QString::number(MaximumBadge) + QLatin1Char('+');
+    return count > 0 ? QString::number(count) : QString();
+}
+
+void RowPainter::badge(int count)
+{
+    const QString text = badgeText(count);
+    if (text.isEmpty())
+        return;
+    const Skin::Colors &colors = Skin::instance().colors();
+    const QFont font = skinFont(SmallPixels, QFont::DemiBold);
+    const QRect line = secondLine();
+    const int width = qMax(BadgeHeight, QFontMetrics(font).horizontalAdvance(text) + 8);
+    const QRect area(line.right() - width + 1, line.top() + (line.height() - BadgeHeight) / 2,
+                     width, BadgeHeight);
+    m_painter->setRenderHint(QPainter::Antialiasing);
+    m_painter->setPen(Qt::NoPen);
+    m_painter->setBrush(colors.danger);
+    m_painter->drawRoundedRect(visual(area), BadgeHeight / 2.0, BadgeHeight / 2.0);
+    m_painter->setFont(font);
+    m_painter->setPen(colors.background);
+    m_painter->drawText(visual(area), Qt::AlignCenter | Qt::TextSingleLine, text);
+    m_secondTaken += width + SmallGap;
+}
+
 void RowPainter::texts(const QString &first, const QString &second, bool faded)
 {
     const Skin::Colors &colors = Skin::instance().colors();
@@ -160,20 +256,15 @@ void RowPainter::texts(const QString &first, const QString &second, bool faded)
 
     QRect upper = m_left;
     if (!second.isEmpty()) {
-        constexpr int NameLine = NamePixels + 6;
-        constexpr int SecondLine = SecondPixels + 5;
-        const int top = m_left.center().y() - (NameLine + SecondLine) / 2;
-        upper = QRect(m_left.left(), top, m_left.width(), NameLine);
-        const QRect lower(m_left.left(), top + NameLine, m_left.width(), SecondLine);
+        upper = firstLine();
+        const QRect lower = secondLine();
         m_painter->setFont(secondFont);
         m_painter->setPen(quiet);
-        m_painter->drawText(QStyle::visualRect(m_option.direction, m_option.rect, lower),
-                            int(side) | Qt::TextSingleLine,
+        m_painter->drawText(visual(lower), int(side) | Qt::TextSingleLine,
                             secondMetrics.elidedText(second, Qt::ElideRight, lower.width()));
     }
     m_painter->setFont(firstFont);
     m_painter->setPen(faded ? quiet : colors.text);
-    m_painter->drawText(QStyle::visualRect(m_option.direction, m_option.rect, upper),
-                        int(side) | Qt::TextSingleLine,
+    m_painter->drawText(visual(upper), int(side) | Qt::TextSingleLine,
                         firstMetrics.elidedText(first, Qt::ElideRight, upper.width()));
 }

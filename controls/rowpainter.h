@@ -14,6 +14,7 @@ public:
     static constexpr int RowHeight = 44; // device-independent pixels, as all below
     static constexpr int AvatarSize = 32;
     static constexpr int MarkSize = 16;
+    static constexpr int SmallMarkSize = 14;
     static constexpr int Margin = 12;
 
     RowPainter(QPainter *painter, const QStyleOptionViewItem &option);
@@ -37,14 +38,39 @@ public:
     // A mark at the right of what is left of the row.
     void markAtRight(const QPixmap &glyph);
 
+    // A small mark over the lower right of the avatar.
+    void overlay(const QPixmap &glyph);
+
+    // At the right of the first of two lines: a short text in quiet colour, small
+    // marks; of the second line: how many messages are unread, if any, small marks.
+    // Before texts().
+    void textAtRight(const QString &text);
+    void markInFirstLine(const QPixmap &glyph);
+    void badge(int count);
+    void markInSecondLine(const QPixmap &glyph);
+    // What a badge says.
+    static QString badgeText(int count);
+
     // `second` may be empty; texts are cut with an ellipsis.
     void texts(const QString &first, const QString &second, bool faded);
+
+    // For what only one list paints: the avatar's place, and the part of the row that
+    // nothing was painted on yet, the latter not mirrored for right-to-left.
+    QRect avatarArea() const { return m_avatar; }
+    QRect rest() const { return m_left; }
 
     static void drawPresence(QPainter *painter, const QRectF &area, const PresenceData &presence);
 
 private:
+    QRect firstLine() const; // of two, what is left of it
+    QRect secondLine() const;
+    void smallMark(const QPixmap &glyph, const QRect &line, int *taken);
+    QRect visual(const QRect &area) const;
+
     QPainter *m_painter;
     const QStyleOptionViewItem &m_option;
     QRect m_left; // the part of the row that nothing was painted on yet
     QRect m_avatar;
+    int m_firstTaken = 0;  // pixels at the right of the first line
+    int m_secondTaken = 0; // and of the second
 };

@@ -57,14 +57,31 @@ RowView::RowView(QAbstractItemModel *model, int nameRole, QWidget *parent)
             QOverload<>::of(&QWidget::update));
 }
 
+RowView::~RowView()
+{
+    releaseMenus();
+}
+
+void RowView::releaseMenus()
+{
+    const auto menus = findChildren<QMenu *>(QString(), Qt::FindDirectChildrenOnly);
+    for (QMenu *menu : menus) {
+        menu->disconnect(this);
+        menu->setParent(nullptr, menu->windowFlags());
+        menu->deleteLater();
+    }
+}
+
 void RowView::reveal(const QModelIndex &index)
 {
     if (!index.isValid())
         return;
-    for (QModelIndex above = index.parent(); above.isValid(); above = above.parent())
+    // Opening a row may bring others in above this one.
+    const QPersistentModelIndex row(index);
+    for (QPersistentModelIndex above = index.parent(); above.isValid(); above = above.parent())
         setExpanded(above, true);
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    scrollTo(index);
+    selectionModel()->setCurrentIndex(row, QItemSelectionModel::ClearAndSelect);
+    scrollTo(row);
 }
 
 void RowView::doItemsLayout()
@@ -98,13 +115,18 @@ void RowView::keyPressEvent(QKeyEvent *event)
         emit activatedRow(currentIndex());
         return;
     }
+    if (event->key() == Qt::Key_Escape && selectionModel()->selectedRows().size() > 1) {
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
+        return;
+    }
     QTreeView::keyPressEvent(event);
 }
 
 void RowView::mousePressEvent(QMouseEvent *event)
 {
     m_finder->clear();
-    if (!indexAt(event->pos()).isValid())
+    m_pressed = indexAt(event->pos());
+    if (!m_pressed->isValid())
         clearSelection();
     QTreeView::mousePressEvent(event);
 }
@@ -112,10 +134,12 @@ void RowView::mousePressEvent(QMouseEvent *event)
 void RowView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     const QModelIndex index = indexAt(event->pos());
-    if (event->button() == Qt::LeftButton && index.isValid())
-        emit activatedRow(index);
-    else
+    if (event->button() != Qt::LeftButton || !index.isValid())
         QTreeView::mouseDoubleClickEvent(event);
+    else if (m_pressed && *m_pressed != index)
+        mousePressEvent(event); // another row has come under the pointer
+    else
+        emit activatedRow(index);
 }
 
 void RowView::resizeEvent(QResizeEvent *event)
@@ -169,27 +193,36 @@ bool RowView::viewportEvent(QEvent *event)
     return QTreeView::viewportEvent(event);
 }
 
-QPoint RowView::menuPosition(const QContextMenuEvent &event) const
+QPoint RowView::menuPosition(const QContextMenuEvent &event)
 {
-    const bool byKey = event.reason() == QContextMenuEvent::Keyboard;
-    return byKey && currentIndex().isValid() ? visualRect(currentIndex()).center() : event.pos();
+    if (event.reason() != QContextMenuEvent::Keyboard) {
+        // The event of a scroll area comes in the viewport's coordinates.
+        const QModelIndex index = indexAt(event.pos());
+        if (index.isValid() && !selectionModel()->isSelected(index))
+            selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+        return event.pos();
+    }
+    if (!currentIndex().isValid())
+        return QPoint(-1, viewport()->height());
+    scrollTo(currentIndex());
+    return visualRect(currentIndex()).center();
 }
 
 void RowView::popUp(QMenu *menu, const QPoint &viewportPosition)
 {
-    disconnect(m_menuHides);
-    m_menuHides = connect(menu, &QMenu::aboutToHide, this, [this] {
-        m_menuOpen = false;
-        updateHold();
-    });
-    m_menuOpen = true;
-    updateHold();
+    m_menu = menu;
+    // Queued: the order may change only when the chosen action has run.
+    const auto queued = Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection);
+    connect(menu, &QMenu::aboutToHide, this, &RowView::updateHold, queued);
+    connect(menu, &QObject::destroyed, this, &RowView::updateHold, queued);
     menu->popup(viewport()->mapToGlobal(viewportPosition));
+    updateHold();
 }
 
 void RowView::updateHold()
 {
-    const bool held = m_pointerAtRest.isActive() || m_menuOpen || isHolding();
+    const bool menuOpen = m_menu && m_menu->isVisible();
+    const bool held = m_pointerAtRest.isActive() || menuOpen || isHolding();
     if (held != std::exchange(m_held, held))
         emit orderHeld(held);
 }

@@ -2,8 +2,12 @@
 // keeps a large one fast, type to find, and that nothing moves under the pointer.
 #pragma once
 
+#include <QPersistentModelIndex>
+#include <QPointer>
 #include <QTimer>
 #include <QTreeView>
+
+#include <optional>
 
 class QMenu;
 class ScrollAnchor;
@@ -17,6 +21,7 @@ public:
     // The model is not owned. `nameRole`: what typing finds; a row without text
     // there is passed over.
     RowView(QAbstractItemModel *model, int nameRole, QWidget *parent = nullptr);
+    ~RowView() override;
 
     // Makes a row current and shows it, its parents opened.
     void reveal(const QModelIndex &index);
@@ -30,7 +35,7 @@ signals:
     // Whether the pointer is over the list, a menu is open or something is being
     // dragged: while it is so, no row may move.
     void orderHeld(bool held);
-    // Enter or a double click on a row.
+    // Enter on the current row, or a double click whose first click was on that row.
     void activatedRow(const QModelIndex &index);
 
 protected:
@@ -45,12 +50,20 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
     TypeFinder *finder() const { return m_finder; }
-    // Where the event asks for a menu, in the viewport: the Menu key, at the current
-    // row.
-    QPoint menuPosition(const QContextMenuEvent &event) const;
-    // Pops the menu up and holds the order as long as it is open.
+    // Where the event asks for a menu, in the viewport. The row there comes to be
+    // selected if it was not: the one under the pointer, or for the Menu key the
+    // current one, which is scrolled to. The key without a current row asks for the
+    // menu beside all rows.
+    QPoint menuPosition(const QContextMenuEvent &event);
+    // Pops the menu up and holds the order until it is closed and the chosen action
+    // has run.
     void popUp(QMenu *menu, const QPoint &viewportPosition);
-    // What else holds the order, besides pointer and menu; after a change of it call
+    // Lets go of the menus that are children of the view; they are deleted later. The
+    // host may destroy the view inside a request that an action has made, and QMenu
+    // does not survive its own end while it tells of that action. The destructor does
+    // it, too.
+    void releaseMenus();
+    // What else holds the order, besides pointer and menu: after a change of it call
     // updateHold().
     virtual bool isHolding() const { return false; }
     void updateHold();
@@ -59,7 +72,8 @@ private:
     ScrollAnchor *m_anchor;
     TypeFinder *m_finder;
     QTimer m_pointerAtRest;
-    QMetaObject::Connection m_menuHides;
-    bool m_menuOpen = false;
+    QPointer<QMenu> m_menu; // the last one that was popped up
+    // The row of the last press, invalid beside the rows and after the row has gone.
+    std::optional<QPersistentModelIndex> m_pressed;
     bool m_held = false;
 };

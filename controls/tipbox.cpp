@@ -57,11 +57,14 @@ void TipBox::tell(QWidget *parent, const QString &text, const QString &button)
     box->open();
 }
 
-void TipBox::ask(QWidget *parent, const QString &text, const std::function<void()> &whenSure)
+void TipBox::ask(QWidget *parent, const QString &text, const std::function<void()> &whenSure,
+                 const QString &title)
 {
     if (answeredByTest(text, whenSure))
         return;
     auto *box = new TipBox(parent, text);
+    if (!title.isEmpty())
+        box->setWindowTitle(title);
     box->setIcon(QMessageBox::Question);
     QPushButton *sure = box->addButton(QObject::tr("sure"), QMessageBox::AcceptRole);
     QPushButton *cancel = box->addButton(QObject::tr("cancel"), QMessageBox::RejectRole);

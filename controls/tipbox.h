@@ -17,8 +17,9 @@ public:
     static void tell(QWidget *parent, const QString &text, const QString &button = QString());
 
     // Asks with "sure" and "cancel" and calls `whenSure` for the former, unless
-    // `parent` is gone by then. Cancel is the default.
-    static void ask(QWidget *parent, const QString &text, const std::function<void()> &whenSure);
+    // `parent` is gone by then. Cancel is the default. `title`: tr("tip") when empty.
+    static void ask(QWidget *parent, const QString &text, const std::function<void()> &whenSure,
+                    const QString &title = QString());
 
     // For tests: while set, boxes are not shown but answered at once.
     enum Answer

@@ -2,7 +2,9 @@
 
 #include "common/cserversettings.h"
 #include "host/hostbus.h"
+
 #include "host/messagingcore.h"
+#include "hostapi/applicationcontext.h"
 #include "hostapi/eventcodes.h"
 
 namespace {
@@ -18,15 +20,19 @@ void forward(Core *core, HostBus *bus, void (Core::*signal)(Args...), qint32 cod
 }
 } // namespace
 
-CoreNotifier::CoreNotifier(MessagingCore *core, HostBus *bus, CServerSettings *settings,
+CoreNotifier::CoreNotifier(MessagingCore *core, HostBus *bus, ApplicationContext *context,
                            QObject *parent)
-    : QObject(parent), m_core(core), m_bus(bus), m_settings(settings)
+    : QObject(parent), m_core(core), m_bus(bus), m_context(context)
 {
-    m_settings->setConnected(core->isConnected());
+    m_context->serverSettings()->setConnected(core->isConnected());
+    m_handled.setSingleShot(true);
+    connect(&m_handled, &QTimer::timeout, m_core, &Core::clearBacklog);
     connect(core, &Core::connectionChanged, this, &CoreNotifier::announceConnection);
     forwardRoster();
     forwardProfiles();
     forwardRooms();
+    forwardChannels();
+    forwardMessages();
 }
 
 void CoreNotifier::forwardRoster()
@@ -86,25 +92,78 @@ void CoreNotifier::forwardRooms()
     row(&Core::roomLeft, Inbound::RoomLeft);
     row(&Core::roomDismissed, Inbound::RoomDismissed);
     row(&Core::roomClassified, Inbound::RoomClassified);
-    row(&Core::messageReceived, Inbound::MessageReceived);
+    row(&Core::roomMuted, Inbound::RoomMuted);
+    row(&Core::roomHeadChanged, Inbound::RoomHeadChanged);
+    row(&Core::localRoomAdded, Inbound::LocalRoomAdded);
     connect(m_core, &Core::roomAdded, this,
             [this](const MucData &room) { m_bus->notify(Inbound::RoomAdded, room, true); });
+    connect(m_core, &Core::roomMembersChanged, this, [this](const QString &roomJid) {
+        m_bus->notify(Inbound::RoomMembersChanged,
+                      QString::number(m_core->roomMembers(roomJid).size()), roomJid);
+    });
+}
+
+void CoreNotifier::forwardChannels()
+{
+    forward(m_core, m_bus, &Core::channelAdded, Inbound::ChannelAdded);
+    forward(m_core, m_bus, &Core::channelRemoved, Inbound::ChannelRemoved);
+    connect(m_core, &Core::channelHeadChanged, this, [this](const QString &id) {
+        CSChannelData channel;
+        if (m_core->channel(id, &channel))
+            m_bus->notify(Inbound::ChannelHeadChanged, id, m_context->headPath(channel.photoName));
+    });
+}
+
+void CoreNotifier::forwardMessages()
+{
+    connect(m_core, &Core::messageReceived, this,
+            [this](bool received, const MessageData &message) {
+                if (!m_started)
+                    return;
+                m_bus->notify(Inbound::MessageReceived, received, message);
+                // Behind the end of this turn of the event loop, where the plug-in stores it.
+                m_handled.start(0);
+            });
+}
+
+void CoreNotifier::deliverBacklog()
+{
+    if (!m_started || !m_core->isConnected())
+        return;
+    const MessagingCore::Backlog backlog = m_core->backlog();
+    QHash<QString, MessageData> newest;
+    for (const MessageData &message : backlog.messages) {
+        m_bus->notify(Inbound::MessageReceived, message.fromJid != m_core->ownJid(), message);
+        newest.insert(message.sessionJid, message);
+    }
+    for (const QString &session : backlog.readSessions)
+        m_bus->notify(Inbound::LatestContactChanged, session, newest.value(session).body,
+                      newest.value(session).time);
+    m_handled.start(0);
 }
 
 void CoreNotifier::announceConnection(bool connected)
 {
     // First the flag: the plug-in reads it while it handles the event.
-    m_settings->setConnected(connected);
+    m_context->serverSettings()->setConnected(connected);
     m_bus->notify(Inbound::ConnectionChanged, connected);
-    if (connected)
-        announcePresence();
-    else
+    if (!connected) {
         m_bus->notify(Inbound::AllOffline);
+        return;
+    }
+    announcePresence();
+    deliverBacklog();
 }
 
 void CoreNotifier::announcePresence()
 {
     m_bus->notify(Inbound::PresenceChanged, m_core->allPresence());
+}
+
+void CoreNotifier::announceServices()
+{
+    if (m_started && m_core->isConnected())
+        m_bus->notify(Inbound::ConnectionChanged, true);
 }
 
 void CoreNotifier::startSession()
@@ -122,4 +181,9 @@ void CoreNotifier::startSession()
         m_bus->notify(Inbound::RoomAdded, room, false);
     if (rooms.isEmpty())
         m_bus->notify(Inbound::NoRooms);
+    const QList<CSChannelData> channels = m_core->channels();
+    for (const CSChannelData &channel : channels)
+        m_bus->notify(Inbound::ChannelAdded, channel);
+    m_started = true;
+    deliverBacklog();
 }

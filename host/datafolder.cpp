@@ -35,6 +35,26 @@ bool prepareDataFolder(const QString &folder, QString *problem)
     return false;
 }
 
+std::unique_ptr<QLockFile> lockDataFolder(const QString &folder, QString *problem)
+{
+    auto lock = std::make_unique<QLockFile>(folder + QLatin1String("/host.lock"));
+    lock->setStaleLockTime(0); // however long it runs
+    if (lock->tryLock(0))
+        return lock;
+    qint64 process = 0;
+    QString machine, program;
+    if (lock->error() == QLockFile::LockFailedError &&
+        lock->getLockInfo(&process, &machine, &program)) {
+        *problem = QStringLiteral("The data folder \"%1\" is in use by process %2. "
+                                  "--data takes another one.")
+                       .arg(folder)
+                       .arg(process);
+    } else {
+        *problem = QStringLiteral("The data folder \"%1\" cannot be written.").arg(folder);
+    }
+    return nullptr;
+}
+
 bool resetDataFolder(const QString &folder, QString *problem)
 {
     if (!QFileInfo::exists(folder))
@@ -46,7 +66,7 @@ bool resetDataFolder(const QString &folder, QString *problem)
     }
     QFile::remove(folder + QLatin1String("/host.ini"));
     QFile::remove(folder + QLatin1String("/allurl.ini"));
-    for (const char *part : {"core", "users", "backend"}) {
+    for (const char *part : {"core", "users", "documents", "backend"}) {
         QDir directory(folder + QLatin1Char('/') + QLatin1String(part));
         if (directory.exists() && !directory.removeRecursively()) {
             *problem = QStringLiteral("\"%1\" could not be deleted.").arg(directory.path());

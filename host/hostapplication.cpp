@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "common/logfilewriter.h"
 #include "common/logging.h"
+#include "host/chatlevers.h"
 #include "host/core/embeddedcore.h"
 #include "host/core/presencesimulator.h"
 #include "host/core/vcardimport.h"
@@ -19,10 +20,12 @@
 #include "host/panearea.h"
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
+#include "host/samplepicture.h"
 #include "host/weblog.h"
 #include "host/webservices.h"
 #include "host/windows/hostwindows.h"
 #include "host/windows/importreport.h"
+#include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
 
 #include <QFileInfo>
@@ -60,8 +63,7 @@ int HostApplication::start()
 {
     m_folder = dataFolder(m_options.dataFolder);
     QString problem;
-    if ((m_options.reset && !resetDataFolder(m_folder, &problem)) ||
-        !prepareDataFolder(m_folder, &problem)) {
+    if (!openFolder(&problem)) {
         tell(problem);
         return ExitCode::StorageFailed;
     }
@@ -94,6 +96,22 @@ int HostApplication::start()
     // Behind the first picture of the window, which needs no service.
     QTimer::singleShot(0, m_services.get(), &WebServices::start);
     return imported;
+}
+
+// The lock comes before anything is deleted or read.
+bool HostApplication::openFolder(QString *problem)
+{
+    if (QFileInfo::exists(m_folder)) {
+        m_lock = lockDataFolder(m_folder, problem);
+        if (!m_lock)
+            return false;
+    }
+    if ((m_options.reset && !resetDataFolder(m_folder, problem)) ||
+        !prepareDataFolder(m_folder, problem))
+        return false;
+    if (!m_lock)
+        m_lock = lockDataFolder(m_folder, problem);
+    return m_lock != nullptr;
 }
 
 // What was asked for, else what was chosen the last time, else the system's. First
@@ -163,7 +181,9 @@ void HostApplication::buildWindow()
                           m_levers, m_services.get(), m_webLog.get()});
     m_levers->setParent(m_window.get(), m_levers->windowFlags());
     installRequestHandlers(*m_bus, *m_core, *m_window->windows());
-    m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), &m_context->settings());
+    m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), m_context);
+
+    addChatLevers();
 
     m_window->setLanguage(m_language->current());
     m_window->setSkin(m_options.skin);
@@ -174,6 +194,12 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
+    const WebServices *services = m_services.get(); // it still tells while it is destroyed
+    CoreNotifier *notifier = m_notifier.get();
+    QObject::connect(services, &WebServices::changed, notifier, [services, notifier] {
+        if (services->state() == WebServices::Ready)
+            notifier->announceServices();
+    });
     QObject::connect(
         m_window.get(), &MainWindow::languageChosen, m_window.get(),
         [this](const QString &value) { HostPreferences(m_folder).setLanguage(value); });
@@ -183,8 +209,22 @@ void HostApplication::buildWindow()
                      [this] { loadPane(m_pluginFile); });
     QObject::connect(m_window->paneArea(), &PaneArea::fileChosen, m_window.get(),
                      [this](const QString &file) { loadPane(file); });
-    if (!m_core->notice().isEmpty())
-        m_window->showNote(m_core->notice());
+    for (const QString &notice : {m_core->notice(), m_context->notice()}) {
+        if (!notice.isEmpty())
+            m_window->showNote(notice);
+    }
+}
+
+void HostApplication::addChatLevers()
+{
+    const QString pictures = m_context->pictureFolder();
+    SamplePicture::drawServices(*m_core, pictures);
+    auto *levers = new ChatLevers(m_core.get(), pictures, m_levers);
+    m_levers->addSeparator();
+    m_levers->addMenu(levers);
+    QObject::connect(levers, &ChatLevers::note, m_window.get(), &MainWindow::showNote);
+    QObject::connect(levers, &ChatLevers::reloadChannelsWanted, m_bus.get(),
+                     [this] { m_bus->notify(Inbound::ReloadChannels); });
 }
 
 // A group list that fails is seen only where no earlier one is shown instead.

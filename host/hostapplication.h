@@ -3,6 +3,8 @@
 
 #include "host/commandline.h"
 
+#include <QLockFile>
+
 #include <memory>
 
 class CoreNotifier;
@@ -35,6 +37,7 @@ public:
 
     MainWindow *window() const { return m_window.get(); }
     LeverMenu *levers() const { return m_levers; }
+    HostContext *context() const { return m_context; }
     EmbeddedCore *core() const { return m_core.get(); }
     WebServices *services() const { return m_services.get(); }
     const HostOptions &options() const { return m_options; }
@@ -44,10 +47,12 @@ public:
     QStringList tourArguments() const;
 
 private:
+    bool openFolder(QString *problem);
     void chooseLook();
     int openCore();
     void prepareServices();
     void buildWindow();
+    void addChatLevers();
     void startWithoutRoster();
     bool loadPane(const QString &file);
     int importPeople();
@@ -55,6 +60,7 @@ private:
     HostOptions m_options;
     QString m_folder;
     QString m_pluginFile;
+    std::unique_ptr<QLockFile> m_lock;
     std::unique_ptr<EmbeddedCore> m_core;
     std::unique_ptr<PresenceSimulator> m_simulator;
     // Never deleted: the plug-in keeps the pointer until the process ends.

@@ -4,6 +4,8 @@
 #include "common/displaytext.h"
 #include "common/logfilewriter.h"
 #include "host/conversationstore.h"
+#include "host/core/corestore.h"
+#include "host/filetransfers.h"
 #include "host/messagingcore.h"
 #include "host/weblog.h"
 
@@ -57,6 +59,11 @@ void HostContext::shutDown()
     m_thread->enqueue(3, CLogThread::location(__FILE__, __LINE__),
                       QStringLiteral("the log ends with the host"));
     m_thread->wait(qMax(qint64(100), deadline.remainingTime()));
+}
+
+QString HostContext::notice() const
+{
+    return CoreStore::damageNotice(m_conversations->setAsideAs());
 }
 
 void HostContext::setSessionTop(const QString &jid, bool top)
@@ -152,19 +159,33 @@ int HostContext::sessionNotify(const QString &jid) const
 {
     return m_conversations->isMuted(jid) ? 1 : 0;
 }
+bool HostContext::isTransferring(const QString &jid) const
+{
+    return m_transfers && m_transfers->isRunning(jid);
+}
+QString HostContext::productTeamJid() const
+{
+    return m_core->productTeamJid();
+}
 
 QString HostContext::headPath(const QString &jidOrPhoto) const
 {
     FriendData contact;
     if (m_core->contact(jidOrPhoto, &contact) && !contact.headPath.isEmpty())
         return contact.headPath;
+    MucData room;
+    if (m_core->room(jidOrPhoto, &room))
+        return room.headImage;
+    CSChannelData channel;
     // The pictures of the sample company are named after their people.
     const bool isJid = jidOrPhoto.contains(QLatin1Char('@'));
-    const QString name = isJid ? jidUser(jidOrPhoto) + QLatin1String(".png") : jidOrPhoto;
+    QString name = isJid ? jidUser(jidOrPhoto) + QLatin1String(".png") : jidOrPhoto;
+    if (m_core->channel(jidOrPhoto, &channel))
+        name = channel.photoName;
     // Only what the module has fetched for this user, and nothing outside of it.
     if (name.isEmpty() || QFileInfo(name).fileName() != name)
         return QString();
-    const QString path = userFolder() + QLatin1String("/headImage/") + name;
+    const QString path = pictureFolder() + QLatin1Char('/') + name;
     return QFileInfo(path).isFile() ? path : QString();
 }
 

@@ -14,6 +14,7 @@
 #include <QSet>
 
 class ConversationStore;
+class FileTransfers;
 class MessagingCore;
 class WebLog;
 
@@ -31,6 +32,10 @@ public:
     void shutDown();
 
     QString logFile() const { return m_logFile; }
+    // For the user, when the settings of conversations were damaged; else empty.
+    QString notice() const;
+    // Where the module keeps pictures that it has fetched.
+    QString pictureFolder() const { return userFolder() + QLatin1String("/headImage"); }
     CServerSettings &settings() { return m_settings; }
     void setSkin(const SysUIData &skin) { m_skin = skin; }
     void setSessionTop(const QString &jid, bool top);
@@ -41,6 +46,8 @@ public:
     void setPassport(CPassportLoginServer *passport) { m_passport = passport; }
     // What the web services demand of whoever sends; empty: nothing.
     void setWebAccess(const QString &caFile, const QString &password);
+    // The files under way; not owned, null ends it.
+    void setTransfers(const FileTransfers *transfers) { m_transfers = transfers; }
     // Told of every finished web request; not owned, null ends it.
     void setWebLog(WebLog *log) { m_webLog = log; }
 
@@ -68,6 +75,8 @@ public:
     int mucRole(const QString &jid) const override;
     bool isSessionTop(const QString &jid) const override;
     int sessionNotify(const QString &jid) const override;
+    bool isTransferring(const QString &jid) const override;
+    QString productTeamJid() const override;
 
     QString headPath(const QString &jidOrPhoto) const override;
     SysUIData skin() const override;
@@ -76,6 +85,7 @@ public:
     // The data folder: the addresses of one host's back end are of no use to another.
     QString applicationFolder() const override { return m_dataFolder; }
     QString caFile() const override { return m_caFile; }
+    QString documentsFolder() const override { return m_dataFolder + QLatin1String("/documents"); }
     void webRequestFinished(const WebRequestRecord &record) override;
 
 private:
@@ -90,6 +100,7 @@ private:
     mutable QScopedPointer<ConversationStore> m_conversations;
     QSqlDatabase m_allUsers;
     CPassportLoginServer *m_passport = nullptr;
+    const FileTransfers *m_transfers = nullptr;
     WebLog *m_webLog = nullptr;
     QString m_password, m_caFile;
     SysUIData m_skin;

@@ -12,6 +12,7 @@
 #include "host/panearea.h"
 #include "host/presencepicture.h"
 #include "host/presencewords.h"
+#include "host/transferstatus.h"
 #include "host/webservices.h"
 #include "host/windows/hostwindows.h"
 #include "hostapi/eventcodes.h"
@@ -61,8 +62,8 @@ MainWindow::MainWindow(const Parts &parts, QWidget *parent) : QMainWindow(parent
     buildActions();
     buildMenus(parts.levers);
     buildToolBar(parts.levers);
-    buildStatusBar();
     m_windows = new HostWindows(parts.core, parts.context, parts.bus, m_chats, this);
+    buildStatusBar();
     connectCore();
     connectServices();
     m_countTimer.setSingleShot(true);
@@ -209,6 +210,7 @@ void MainWindow::buildStatusBar()
     m_services = new QLabel(this);
     m_services->setObjectName(QStringLiteral("serviceState"));
     m_counts = new QLabel(this);
+    statusBar()->addPermanentWidget(new TransferStatus(m_parts.core, m_windows->transfers(), this));
     for (QLabel *label : {m_counts, m_services, m_connection}) {
         label->setTextFormat(Qt::PlainText);
         label->setContentsMargins(6, 0, 6, 0);

@@ -1,5 +1,5 @@
 // What the reference host needs of a messaging server: roster, groups, presence,
-// profiles, rooms, messages. The host's event bus talks only to this class, so
+// profiles, rooms, channels, messages. The host's event bus talks only to this class, so
 // that a client of a real server can take the embedded core's place.
 //
 // Reads answer from what is known locally. Requests return at once and are
@@ -40,8 +40,23 @@ public:
     virtual bool room(const QString &jid, MucData *out) const = 0;
     virtual QList<MucMemberData> roomMembers(const QString &jid) const = 0;
     virtual int roomRole(const QString &jid) const = 0; // 0 member, 1 manager, 2 owner
+    virtual QList<CSChannelData> channels() const = 0;
+    virtual bool channel(const QString &id, CSChannelData *out) const = 0;
+    virtual bool serviceNumber(const QString &jid, CServiceNumData *out) const = 0;
+    virtual QString productTeamJid() const = 0; // also a channel; empty: there is none
     // The newest `limit` messages of a conversation, oldest first.
     virtual QList<MessageData> messages(const QString &jid, int limit) const = 0;
+
+    // What a client has missed: messages that came while none took them, or before
+    // its first log-in. A message can come again when the client ended in between.
+    struct Backlog
+    {
+        QList<MessageData> messages; // oldest first
+        QStringList readSessions;    // conversations whose messages were read elsewhere
+    };
+    virtual Backlog backlog() const = 0;
+    // A client has taken in everything that there is up to now.
+    virtual void clearBacklog() = 0;
 
     // --- Requests: session --------------------------------------------------
     virtual void setConnected(bool connected) = 0;                 // connectionChanged
@@ -70,6 +85,12 @@ public:
     virtual void quitRoom(const QString &roomJid) = 0;
     virtual void dismissRoom(const QString &roomJid) = 0;
     virtual void classifyRoom(const QString &roomJid, MucData::MucClassify classify) = 0;
+    // Whoever belongs to a room adds people; the owner hands the room over, makes and
+    // unmakes managers; owner and managers put out those of a lower role.
+    virtual void addRoomMembers(const QString &roomJid, const QStringList &jids) = 0;
+    virtual void removeRoomMember(const QString &roomJid, const QString &jid) = 0;
+    virtual void setRoomManager(const QString &roomJid, const QString &jid, bool manager) = 0;
+    virtual void handOverRoom(const QString &roomJid, const QString &jid) = 0;
     virtual void sendMessage(const QString &jid, MessageData::Kind kind, const QString &body) = 0;
 
 signals:
@@ -108,5 +129,15 @@ signals:
     void roomLeft(const QString &roomJid);
     void roomDismissed(const QString &roomJid);
     void roomClassified(const QString &roomJid, int classify);
+    // Who belongs to it, or their roles.
+    void roomMembersChanged(const QString &roomJid);
+    void roomMuted(const QString &roomJid, bool forbidden);
+    void roomHeadChanged(const QString &roomJid, const QString &imagePath);
+    // A room that was not listed has become a local one; `source` tells why, as
+    // "auto_save" for a message that came in it.
+    void localRoomAdded(const QString &roomJid, const QString &source);
+    void channelAdded(const CSChannelData &channel);
+    void channelRemoved(const QString &channelId);
+    void channelHeadChanged(const QString &channelId);
     void messageReceived(bool received, const MessageData &message);
 };

@@ -66,7 +66,7 @@
     X(4593, ShowAllRooms, "bool all", "whether all rooms are shown") \
     X(4594, OpenLeaderDetail, "QString jid", "open the card of a person's superior") \
     X(4596, LocalRoomAdded, "QString roomJid, QString source", "a local room was added") \
-    X(4606, LatestContactChanged, "QString jid, QString lastContent, QString lastTime", "a conversation's newest entry") \
+    X(4606, LatestContactChanged, "QString jid, QString lastContent, QString lastTime", "the newest entry of a conversation, which the user has read up to it; an empty content or time: as known") \
     X(4624, ServiceNumberSubscribed, "QString code, QString groupId, bool success, QString errorCode", "the answer to a subscription") \
     X(4625, ServiceNumberCancelled, "QString code, QString groupId, bool success", "the answer to a cancellation") \
     X(4629, ServiceIconStored, "QString appCode, QString iconPath", "a service number's icon was stored") \

@@ -34,6 +34,7 @@ public:
     // when the service agrees.
     void setSessionMsgConfig(const QString &roomJid, bool notHint);
     // What the service knows of all conversations takes the place of what is stored.
+    // The last of several calls answers for all of them.
     void loadClientSettings();
 
 signals:
@@ -58,4 +59,6 @@ private:
     OrgRequest *makeOrgRequest();
 
     OrgRequestFactory m_makeOrgRequest;
+    int m_settingChanges = 0; // of conversations, that the service has agreed to
+    int m_settingLoads = 0;
 };

@@ -23,6 +23,11 @@ struct MessageBody
         Unknown    // of a kind that this client does not know
     };
 
+    // An object of more characters is not looked into: it is text as it stands.
+    static constexpr int MaximumObject = 64 * 1024;
+    static constexpr int MaximumParts = 200; // of one merged forward
+    static constexpr int MaximumDepth = 8;   // of merged forwards inside each other
+
     Kind kind = Text;
     QString text;        // the text itself, a caption, a description; any length, any content
     QString title;       // of a link, a merged forward, a service message
@@ -32,18 +37,20 @@ struct MessageBody
     QString unknownKind; // the kind's own name, of Unknown
     qint64 size = 0;     // bytes; 0 = unknown
     int seconds = 0;     // of a voice message; 0 = unknown
-    double latitude = 0, longitude = 0; // degrees
+    double latitude = 0, longitude = 0; // degrees; both 0 = unknown
     int serviceType = 0;                // of Service, the service's own number
     QVector<MessageBody> parts;         // of Merged, in order
+    int partCount = 0;                  // of Merged: that there were, at least parts.size()
 };
 
 // Never fails: what is not an object with a kind is text as it stands.
 MessageBody readMessageBody(const QString &body);
 
-// Text without anything else stays plain text.
+// Text without anything else stays plain text. Of a message that is too long for an
+// object the last parts are left out, then the end of the text.
 QString writeMessageBody(const MessageBody &message);
 
 // One line that tells what was sent, for lists; a display text in the user's
-// language.
+// language. The time it takes does not grow with the length of plain text.
 QString messageSummary(const MessageBody &message);
 QString messageSummary(const QString &body);

@@ -3,10 +3,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
-#include "controls/avatarstore.h"
-#include "controls/scrollanchor.h"
 #include "controls/skin.h"
-#include "controls/slimscrollbar.h"
 #include "controls/typefinder.h"
 #include "http/fileservices.h"
 #include "org/orgcommands.h"
@@ -16,52 +13,29 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 
-#include <QAccessible>
-#include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
-#include <QScrollBar>
 #include <QToolTip>
 
 namespace {
-constexpr int ScrollStep = 22;
 constexpr int FlashMs = 1400;
 constexpr int AddIntervalMs = 40;
 constexpr int FlashWidth = 2;
 } // namespace
 
 OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
-    : QTreeView(parent),
-      m_model(new OrgTreeModel(this)),
-      m_commands(new OrgCommands(this)),
-      m_anchor(new ScrollAnchor(this, m_model)),
-      m_finder(new TypeFinder(this, OrgRole::Name))
+    : RowView(new OrgTreeModel, OrgRole::Name, parent),
+      m_model(static_cast<OrgTreeModel *>(model())),
+      m_commands(new OrgCommands(this))
 {
     setObjectName(QStringLiteral("OrgStructureTreeView"));
+    m_model->setParent(this);
     m_model->setRecords(&OrgStructureMgr::instance()->elements());
-    setModel(m_model);
     setItemDelegate(new OrgStructureTreeDelegate(this));
-    setHeaderHidden(true);
-    // The header is never seen, but would look up its section for every change.
-    disconnect(m_model, &QAbstractItemModel::dataChanged, header(), nullptr);
-    header()->setStretchLastSection(true);
-    setUniformRowHeights(true);
-    setIndentation(0); // the delegate's own, so that a row's background spans the view
-    setRootIsDecorated(false);
-    setExpandsOnDoubleClick(false);
-    setEditTriggers(NoEditTriggers);
     setSelectionMode(ExtendedSelection);
-    setVerticalScrollMode(ScrollPerPixel);
-    useSlimScrollBar(this);
-    verticalScrollBar()->setSingleStep(ScrollStep);
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFrameShape(NoFrame);
-    setMouseTracking(true);
-    followSkin(this);
     // The watermark lies behind the rows.
     viewport()->setAutoFillBackground(false);
-    viewport()->installEventFilter(this);
     setAccessibleName(QObject::tr("organizationTree"));
 
     m_loadTimer.setSingleShot(true);
@@ -81,27 +55,9 @@ OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
 OrgStructureTreeView::~OrgStructureTreeView()
 {
     leaveRow();
-    releaseMenus();
 }
 
 // --- Layout ------------------------------------------------------------------
-
-void OrgStructureTreeView::doItemsLayout()
-{
-    QTreeView::doItemsLayout();
-    m_anchor->restore();
-}
-
-void OrgStructureTreeView::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                                       const QVector<int> &roles)
-{
-    // Who listens to a screen reader hears of each change.
-    if (QAccessible::isActive())
-        QTreeView::dataChanged(topLeft, bottomRight, roles);
-    // The base class would search the row on screen, which takes time in
-    // proportion to the rows for each change. One repaint a frame is cheaper.
-    viewport()->update();
-}
 
 // Else the arrow keys would start at the top again after a loading or failed row, or
 // the last row of a department, has gone.
@@ -116,25 +72,18 @@ void OrgStructureTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int s
         selectionModel()->setCurrentIndex(parent, isOnly ? QItemSelectionModel::ClearAndSelect
                                                          : QItemSelectionModel::NoUpdate);
     }
-    QTreeView::rowsAboutToBeRemoved(parent, start, end);
-}
-
-void OrgStructureTreeView::resizeEvent(QResizeEvent *event)
-{
-    QTreeView::resizeEvent(event);
-    m_finder->place();
+    RowView::rowsAboutToBeRemoved(parent, start, end);
 }
 
 void OrgStructureTreeView::scrollContentsBy(int dx, int dy)
 {
-    QTreeView::scrollContentsBy(dx, dy);
+    RowView::scrollContentsBy(dx, dy);
     leaveRow();
-    m_finder->place();
 }
 
 void OrgStructureTreeView::paintEvent(QPaintEvent *event)
 {
-    QTreeView::paintEvent(event);
+    RowView::paintEvent(event);
     if (!m_flashed.isValid() || m_flash.state() != QAbstractAnimation::Running)
         return;
     QPainter painter(viewport());
@@ -158,7 +107,7 @@ void OrgStructureTreeView::changeEvent(QEvent *event)
         setAccessibleName(QObject::tr("organizationTree"));
         viewport()->update();
     }
-    QTreeView::changeEvent(event);
+    RowView::changeEvent(event);
 }
 
 // --- Selection and activation ------------------------------------------------
@@ -218,29 +167,27 @@ bool OrgStructureTreeView::pressOnPart(const QModelIndex &index, QPoint pos)
 
 void OrgStructureTreeView::mousePressEvent(QMouseEvent *event)
 {
-    m_finder->clear();
+    finder()->clear();
     leaveRow();
     const QModelIndex index = indexAt(event->pos());
     m_pressTaken = event->button() == Qt::LeftButton && pressOnPart(index, event->pos());
     if (m_pressTaken)
         return;
-    if (!index.isValid())
-        clearSelection();
-    QTreeView::mousePressEvent(event);
+    RowView::mousePressEvent(event);
 }
 
 void OrgStructureTreeView::mouseReleaseEvent(QMouseEvent *event)
 {
     // The row under the pointer may be another one by now.
     if (!std::exchange(m_pressTaken, false))
-        QTreeView::mouseReleaseEvent(event);
+        RowView::mouseReleaseEvent(event);
 }
 
 void OrgStructureTreeView::mouseDoubleClickEvent(QMouseEvent *event)
 {
     using Delegate = OrgStructureTreeDelegate;
     if (event->button() != Qt::LeftButton) {
-        QTreeView::mouseDoubleClickEvent(event);
+        RowView::mouseDoubleClickEvent(event);
         return;
     }
     const QModelIndex index = indexAt(event->pos());
@@ -258,62 +205,33 @@ void OrgStructureTreeView::mouseDoubleClickEvent(QMouseEvent *event)
     // The first of the two clicks has done it, also on a row that was to be retried.
     const OrgRowKind kind = m_model->kind(index);
     if (!onSign && !onCaret && (kind == OrgRowKind::Department || kind == OrgRowKind::Employee))
-        activate(index);
+        RowView::mouseDoubleClickEvent(event);
 }
 
 void OrgStructureTreeView::keyPressEvent(QKeyEvent *event)
 {
-    if (m_finder->handleKey(event))
-        return;
     switch (event->key()) {
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        activate(currentIndex());
-        return;
     case Qt::Key_F5:
         refreshAll();
         return;
     case Qt::Key_Asterisk:
         // The base class would open, and so ask for, everything below at once.
         return;
-    case Qt::Key_Escape:
-        if (selectionModel()->selectedRows().size() > 1) {
-            selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
-            return;
-        }
-        break;
     default:
-        break;
+        RowView::keyPressEvent(event);
     }
-    QTreeView::keyPressEvent(event);
-}
-
-void OrgStructureTreeView::keyboardSearch(const QString &search)
-{
-    m_finder->type(search);
-}
-
-void OrgStructureTreeView::currentChanged(const QModelIndex &current, const QModelIndex &previous)
-{
-    QTreeView::currentChanged(current, previous);
-    // The base class turns it off for rows that are not editable; typing to find
-    // needs it.
-    setAttribute(Qt::WA_InputMethodEnabled);
 }
 
 void OrgStructureTreeView::focusOutEvent(QFocusEvent *event)
 {
-    QTreeView::focusOutEvent(event);
-    m_finder->clear();
+    RowView::focusOutEvent(event);
     leaveRow();
 }
 
 // --- Under the pointer ---------------------------------------------------------
 
-bool OrgStructureTreeView::eventFilter(QObject *watched, QEvent *event)
+bool OrgStructureTreeView::viewportEvent(QEvent *event)
 {
-    if (watched != viewport())
-        return QTreeView::eventFilter(watched, event);
     if (event->type() == QEvent::Leave) {
         leaveRow();
     } else if (event->type() == QEvent::ToolTip) {
@@ -327,7 +245,7 @@ bool OrgStructureTreeView::eventFilter(QObject *watched, QEvent *event)
             return true;
         }
     }
-    return QTreeView::eventFilter(watched, event);
+    return RowView::viewportEvent(event);
 }
 
 void OrgStructureTreeView::mouseMoveEvent(QMouseEvent *event)
@@ -336,7 +254,7 @@ void OrgStructureTreeView::mouseMoveEvent(QMouseEvent *event)
         return;
     if (event->buttons() == Qt::NoButton)
         hover(indexAt(event->pos()));
-    QTreeView::mouseMoveEvent(event);
+    RowView::mouseMoveEvent(event);
 }
 
 void OrgStructureTreeView::hover(const QModelIndex &index)

@@ -2,22 +2,20 @@
 // person's place, and turns what the user does into OrgCommands.
 #pragma once
 
+#include "controls/rowview.h"
 #include "http/orgrecords.h"
 
 #include <QPersistentModelIndex>
 #include <QSet>
 #include <QTimer>
-#include <QTreeView>
 #include <QVariantAnimation>
 
 class OrgCommands;
 class OrgTreeModel;
-class ScrollAnchor;
 class SkinMenu;
-class TypeFinder;
 struct PresenceData;
 
-class OrgStructureTreeView : public QTreeView
+class OrgStructureTreeView : public RowView
 {
     Q_OBJECT
 
@@ -53,11 +51,6 @@ public:
     // id stands for whoever is being looked for. False when an older search is meant.
     bool locateEnded(const QString &id);
 
-    void doItemsLayout() override;
-    void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
-                     const QVector<int> &roles = QVector<int>()) override;
-    void keyboardSearch(const QString &search) override;
-
 signals:
     void signal_upDataTreeViewEnd(const OrgElementMap &mapOrgElements);
     void signal_LoadFail(QString strId, int nStatus);
@@ -79,7 +72,7 @@ public slots:
     void slot_loadOrgTimeOut();
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
     void changeEvent(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -88,18 +81,15 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void focusOutEvent(QFocusEvent *event) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
-    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
 private:
     void connectSources();
     void buildMenus();
-    void releaseMenus();
     void prepareEmployeeMenu(const QString &uid);
-    void popUp(SkinMenu *menu, const QModelIndex &index, QPoint pos);
+    void openMenu(SkinMenu *menu, const QModelIndex &index, QPoint pos);
 
     void activate(const QModelIndex &index);
     // What a click does beside selecting: the caret and the sign at the right.
@@ -122,13 +112,11 @@ private:
 
     void addAll(const OrgElementMap &elements);
     void placeFromCache(const QString &id);
-    bool reveal(const QString &id);
+    bool revealPlace(const QString &id);
     void flash(const QModelIndex &index);
 
     OrgTreeModel *m_model;
     OrgCommands *m_commands;
-    ScrollAnchor *m_anchor;
-    TypeFinder *m_finder;
     SkinMenu *m_orgMenu = nullptr;
     SkinMenu *m_empMenu = nullptr;
     SkinMenu *m_multipMenu = nullptr;

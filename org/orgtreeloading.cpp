@@ -2,9 +2,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
-#include "controls/avatarstore.h"
 #include "controls/tipbox.h"
-#include "controls/typefinder.h"
 #include "http/fileservices.h"
 #include "http/httpmgr.h"
 #include "org/orgstructuremgr.h"
@@ -29,17 +27,12 @@ void OrgStructureTreeView::connectSources()
     connect(cache, &OrgStructureMgr::signal_locateOrg, this, &View::locateOrgElements);
     connect(HttpMgr::instance(), &HttpMgr::signal_searchOrgDone, this, &View::departmentDone);
 
+    connect(this, &RowView::activatedRow, this, &View::activate);
     connect(this, &QTreeView::expanded, this, &View::opened);
     connect(this, &QTreeView::clicked, this, [this](const QModelIndex &index) {
         emit signal_orgClickItem();
         if (m_model->kind(index) == OrgRowKind::Failed)
             activate(index);
-    });
-    connect(m_finder, &TypeFinder::found, this, [this](const QModelIndex &index) {
-        for (QModelIndex at = index.parent(); at.isValid(); at = at.parent())
-            setExpanded(at, true);
-        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-        scrollTo(index, PositionAtCenter);
     });
     connect(&m_loadTimer, &QTimer::timeout, this, &View::slot_loadOrgTimeOut);
     connect(&m_addTimer, &QTimer::timeout, this, &View::addWaiting);
@@ -47,8 +40,6 @@ void OrgStructureTreeView::connectSources()
     connect(&m_flash, &QVariantAnimation::valueChanged, viewport(),
             [this] { viewport()->update(); });
 
-    connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
-            QOverload<>::of(&QWidget::update));
     connect(&PictureFiles::instance(), &PictureFiles::ready, viewport(),
             QOverload<>::of(&QWidget::update));
     const Hub *hub = Hub::instance();
@@ -335,7 +326,7 @@ void OrgStructureTreeView::locate(const QString &id, bool isDepartment)
     if (id.isEmpty() || id == m_locating)
         return;
     placeFromCache(id);
-    if (reveal(id)) {
+    if (revealPlace(id)) {
         if (isLocating()) {
             m_oldSearches.append(std::exchange(m_locating, QString()));
             emit locatingChanged(false);
@@ -377,7 +368,7 @@ void OrgStructureTreeView::slot_locateOrgElements(const OrgElementMap &mapOrgEle
     const bool wanted = locateEnded(strFrdJid);
     if (!isEmpty())
         emit signal_upDataTreeViewEnd(mapOrgElements);
-    if (wanted && !reveal(strFrdJid))
+    if (wanted && !revealPlace(strFrdJid))
         emit locateFailed(strFrdJid);
 }
 
@@ -413,17 +404,13 @@ void OrgStructureTreeView::placeFromCache(const QString &id)
     }
 }
 
-bool OrgStructureTreeView::reveal(const QString &id)
+bool OrgStructureTreeView::revealPlace(const QString &id)
 {
-    const QModelIndex index = m_model->indexOf(id);
-    if (!index.isValid())
+    if (!m_model->indexOf(id).isValid())
         return false;
-    for (QModelIndex at = index.parent(); at.isValid(); at = at.parent())
-        setExpanded(at, true);
     emit signal_locateFrdOrgStructureShow();
-    const QModelIndex now = m_model->indexOf(id);
-    selectionModel()->setCurrentIndex(now, QItemSelectionModel::ClearAndSelect);
-    scrollTo(now, PositionAtCenter);
-    flash(now);
+    reveal(m_model->indexOf(id));
+    scrollTo(currentIndex(), PositionAtCenter);
+    flash(currentIndex());
     return true;
 }

@@ -54,38 +54,18 @@ void OrgStructureTreeView::buildMenus()
     connect(m_multipMenu, &QMenu::triggered, this, &OrgStructureTreeView::slot_multipMenuClicked);
 }
 
-// The host may destroy the pane inside a request that an action has made; QMenu
-// does not survive its own end while it tells of that action.
-void OrgStructureTreeView::releaseMenus()
-{
-    for (SkinMenu *menu : {m_orgMenu, m_empMenu, m_multipMenu}) {
-        menu->disconnect(this);
-        menu->setParent(nullptr, menu->windowFlags());
-        menu->deleteLater();
-    }
-}
-
 void OrgStructureTreeView::contextMenuEvent(QContextMenuEvent *event)
 {
     leaveRow();
     event->accept();
-    QPoint pos = event->pos();
-    QModelIndex index = currentIndex();
-    if (event->reason() == QContextMenuEvent::Keyboard) {
-        scrollTo(index);
-        pos = visualRect(index).center();
-    } else {
-        // The event of a scroll area comes in the viewport's coordinates.
-        index = indexAt(pos);
-        if (index.isValid() && !selectionModel()->isSelected(index))
-            selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    }
+    const QPoint pos = menuPosition(*event);
+    const QModelIndex index = indexAt(pos);
     if (!index.isValid())
         return;
     if (m_model->kind(index) == OrgRowKind::Department)
-        popUp(m_orgMenu, index, pos);
+        openMenu(m_orgMenu, index, pos);
     else if (m_model->kind(index) == OrgRowKind::Employee)
-        popUp(selectedEmployees().size() > 1 ? m_multipMenu : m_empMenu, index, pos);
+        openMenu(selectedEmployees().size() > 1 ? m_multipMenu : m_empMenu, index, pos);
 }
 
 void OrgStructureTreeView::prepareEmployeeMenu(const QString &uid)
@@ -101,12 +81,12 @@ void OrgStructureTreeView::prepareEmployeeMenu(const QString &uid)
     enable("viewdetail", actions && actions->canOpenContactDetail());
 }
 
-void OrgStructureTreeView::popUp(SkinMenu *menu, const QModelIndex &index, QPoint pos)
+void OrgStructureTreeView::openMenu(SkinMenu *menu, const QModelIndex &index, QPoint pos)
 {
     m_menuId = idOf(index);
     prepareEmployeeMenu(m_menuId);
     if (!menu->isEmpty())
-        menu->popup(viewport()->mapToGlobal(pos));
+        popUp(menu, pos);
 }
 
 void OrgStructureTreeView::slot_orgMenuClicked(QAction *action)

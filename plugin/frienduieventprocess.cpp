@@ -4,6 +4,7 @@
 #include "hostapi/baseevent.h"
 #include "hostapi/eventcatalogue.h"
 #include "plugin/frienduimessageprocess.h"
+#include "plugin/frienduisignalsender.h"
 
 namespace {
 // What the external-contact services are told about the kind of client.
@@ -105,6 +106,7 @@ void FriendUIEventProcess::blacklistExternalContact(const QString &jid)
 
 void FriendUIEventProcess::openChat(const QString &jid, MessageData::Kind kind)
 {
+    emit FriendUISignalSender::instance()->signal_paintDelegateMsgCount(jid);
     request(Outbound::OpenChat, jid, kind);
 }
 

@@ -60,7 +60,8 @@ public:
     static void blacklistExternalContact(const QString &jid);
 
     // --- Conversations --------------------------------------------------------
-    // kind: MessageData::Person, Room, ServiceNumber or Channel.
+    // kind: MessageData::Person, Room, ServiceNumber or Channel. Opening a chat also
+    // tells the lists, by signal_paintDelegateMsgCount, that nothing is unread there.
     static void openChat(const QString &jid, MessageData::Kind kind);
     static void sendFile(const QStringList &jids, MessageData::Kind kind);
     static void openHistory(const QString &jid, MessageData::Kind kind);

@@ -75,12 +75,16 @@ signals:
     void signal_openLeaderDetail(QString jid);
 
     // Latest contacts and sessions.
+    // The newest entry of a conversation that the user has seen: nothing is unread
+    // there. An empty content or time leaves what is known.
     void signal_updateLatestContact(QString &strContactJid, QString &strLastContent,
                                     QString &strLastTime);
     void signal_latestFriend(bool received, MessageData message);
     void signal_removelatest(QString jid);
     void signal_clearlatest();
+    // The host's sessions have changed: which are pinned is to be asked again.
     void signal_latestSessionReceived();
+    // The conversation is being opened: nothing is unread there any more.
     void signal_paintDelegateMsgCount(QString strjid);
     void siganl_recvMissingCall();
     void siganl_delMissingCall();

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>%1 older ones dropped</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>paused</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>Filter: words in any column</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>Pause</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>Clear</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -128,12 +155,32 @@
         <translation>Change remark</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>Closed</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>Open</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>pinned</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1 unread</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>Please check the account or mobile number.</translation>
     </message>
     <message>
         <source>clearLatest</source>
         <translation>Clear recent contacts</translation>
+    </message>
+    <message>
+        <source>clearSearch</source>
+        <translation>Clear the search</translation>
     </message>
     <message>
         <source>clickToLookup</source>
@@ -150,6 +197,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmClearLatest</source>
+        <translation>Remove all conversations from the list? Messages are kept.</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -368,6 +419,10 @@
         <translation>Group name:</translation>
     </message>
     <message>
+        <source>hasLeft</source>
+        <translation>Has left</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>wants to add you as a contact</translation>
     </message>
@@ -404,12 +459,44 @@
         <translation>You are offline. Please log in first.</translation>
     </message>
     <message>
+        <source>kindChannel</source>
+        <translation>Customer service</translation>
+    </message>
+    <message>
+        <source>kindDepartment</source>
+        <translation>Department</translation>
+    </message>
+    <message>
+        <source>kindGroup</source>
+        <translation>Contact group</translation>
+    </message>
+    <message>
+        <source>kindPerson</source>
+        <translation>Person</translation>
+    </message>
+    <message>
+        <source>kindRoom</source>
+        <translation>Group chat</translation>
+    </message>
+    <message>
+        <source>kindServiceNumber</source>
+        <translation>Service number</translation>
+    </message>
+    <message>
+        <source>kindTeam</source>
+        <translation>Virtual team</translation>
+    </message>
+    <message>
         <source>latestContact</source>
         <translation>Recent contacts</translation>
     </message>
     <message>
         <source>latestEmpty</source>
         <translation>No recent conversations</translation>
+    </message>
+    <message>
+        <source>latestNotStored</source>
+        <translation>The list of recent contacts could not be saved on this computer. Changes may be lost when the program ends.</translation>
     </message>
     <message>
         <source>leader</source>
@@ -424,8 +511,24 @@
         <translation>Loading…</translation>
     </message>
     <message>
+        <source>localDataDamaged</source>
+        <translation>Your local data could not be read. They were kept as %1, and new ones were begun.</translation>
+    </message>
+    <message>
         <source>localGroup</source>
         <translation>Local groups</translation>
+    </message>
+    <message>
+        <source>locateEntry</source>
+        <translation>Locate</translation>
+    </message>
+    <message>
+        <source>locateFound</source>
+        <translation>Show in the list</translation>
+    </message>
+    <message>
+        <source>locateInOrganisation</source>
+        <translation>Show in the organisation</translation>
     </message>
     <message>
         <source>locateSelf</source>
@@ -440,8 +543,60 @@
         <translation>Location</translation>
     </message>
     <message>
+        <source>mayNotWrite</source>
+        <translation>you may not write here</translation>
+    </message>
+    <message>
+        <source>messageFile</source>
+        <translation>[File]</translation>
+    </message>
+    <message>
+        <source>messageLink</source>
+        <translation>[Link]</translation>
+    </message>
+    <message>
+        <source>messageLocation</source>
+        <translation>[Location]</translation>
+    </message>
+    <message>
+        <source>messageMerged</source>
+        <translation>[Chat history]</translation>
+    </message>
+    <message>
+        <source>messagePicture</source>
+        <translation>[Picture]</translation>
+    </message>
+    <message>
+        <source>messageRecalled</source>
+        <translation>A message was taken back</translation>
+    </message>
+    <message>
+        <source>messageRecalledBy</source>
+        <translation>%1 took back a message</translation>
+    </message>
+    <message>
+        <source>messageService</source>
+        <translation>[Service message]</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>Notifications</translation>
+    </message>
+    <message>
+        <source>messageSettingFailed</source>
+        <translation>The notifications could not be set. Please try again.</translation>
+    </message>
+    <message>
+        <source>messageUnknown</source>
+        <translation>[Message of an unknown kind]</translation>
+    </message>
+    <message>
+        <source>messageVoice</source>
+        <translation>[Voice]</translation>
+    </message>
+    <message>
+        <source>messageWorkGroup</source>
+        <translation>[Customer service]</translation>
     </message>
     <message>
         <source>minimize</source>
@@ -580,6 +735,10 @@
         <translation>Open chat</translation>
     </message>
     <message>
+        <source>openFound</source>
+        <translation>Open</translation>
+    </message>
+    <message>
         <source>openOrClose</source>
         <translation>Expand or collapse</translation>
     </message>
@@ -638,6 +797,10 @@
     <message>
         <source>personalNumber</source>
         <translation>Personal number</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>pinned</translation>
     </message>
     <message>
         <source>position</source>
@@ -748,12 +911,36 @@
         <translation>Try again</translation>
     </message>
     <message>
+        <source>roomforbidden</source>
+        <translation>you cannot write here</translation>
+    </message>
+    <message>
         <source>saveToAddresslist</source>
         <translation>Save to address book</translation>
     </message>
     <message>
+        <source>searchFailed</source>
+        <translation>The company could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchNothing</source>
+        <translation>Nothing found</translation>
+    </message>
+    <message>
+        <source>searchOffline</source>
+        <translation>Offline: only what is stored here is searched.</translation>
+    </message>
+    <message>
+        <source>searchSearching</source>
+        <translation>Searching…</translation>
+    </message>
+    <message>
         <source>searchTooMuch</source>
         <translation>Too many searches. Please try again in a moment.</translation>
+    </message>
+    <message>
+        <source>search…</source>
+        <translation>Search…</translation>
     </message>
     <message>
         <source>selectpic</source>
@@ -908,6 +1095,10 @@
         <translation>Type a name to find it</translation>
     </message>
     <message>
+        <source>unreadMessages</source>
+        <translation>%1 unread</translation>
+    </message>
+    <message>
         <source>uploadFail</source>
         <translation>The upload failed. Please try again.</translation>
     </message>
@@ -1031,12 +1222,84 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Send</source>
         <translation>Send</translation>
     </message>
+    <message>
+        <source>%1 renamed the group chat.</source>
+        <translation>%1 renamed the group chat.</translation>
+    </message>
+    <message>
+        <source>Send a link</source>
+        <translation>Send a link</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>Address</translation>
+    </message>
+    <message>
+        <source>This is no web address.</source>
+        <translation>This is no web address.</translation>
+    </message>
+    <message>
+        <source>You do not belong to this group chat</source>
+        <translation>You do not belong to this group chat</translation>
+    </message>
+    <message>
+        <source>You may not write in this group chat</source>
+        <translation>You may not write in this group chat</translation>
+    </message>
+    <message>
+        <source>no longer available</source>
+        <translation>no longer available</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>open</translation>
+    </message>
+    <message>
+        <source>closed now</source>
+        <translation>closed now</translation>
+    </message>
+    <message>
+        <source>File…</source>
+        <translation>File…</translation>
+    </message>
+    <message>
+        <source>Link…</source>
+        <translation>Link…</translation>
+    </message>
 </context>
 <context>
     <name>ChatView</name>
     <message>
         <source>(shortened)</source>
         <translation>(shortened)</translation>
+    </message>
+    <message>
+        <source>Chat history</source>
+        <translation>Chat history</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>Picture</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>File</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>Voice</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>Location</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>Link</translation>
+    </message>
+    <message>
+        <source>Service message</source>
+        <translation>Service message</translation>
     </message>
 </context>
 <context>
@@ -1089,24 +1352,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 of %2 events</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>%1 older ones dropped</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>paused</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>every plug-in</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 bytes</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>Filter: words in any column</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1123,18 +1374,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>From the plug-in</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>Pause</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1197,10 +1436,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>Send a file</translation>
     </message>
     <message>
-        <source>This host transfers no files. A client would now let the user choose files for:</source>
-        <translation>This host transfers no files. A client would now let the user choose files for:</translation>
-    </message>
-    <message>
         <source>New group chat</source>
         <translation>New group chat</translation>
     </message>
@@ -1241,14 +1476,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>Add people to the team</translation>
     </message>
     <message>
-        <source>Manage the group chat</source>
-        <translation>Manage the group chat</translation>
-    </message>
-    <message>
-        <source>This host has no page for the owner and the managers of a group chat.</source>
-        <translation>This host has no page for the owner and the managers of a group chat.</translation>
-    </message>
-    <message>
         <source>Write a mail</source>
         <translation>Write a mail</translation>
     </message>
@@ -1267,6 +1494,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>No service for external contacts: %1 was not blacklisted.</source>
         <translation>No service for external contacts: %1 was not blacklisted.</translation>
+    </message>
+    <message>
+        <source>File transfers with %1 cancelled: %2</source>
+        <translation>File transfers with %1 cancelled: %2</translation>
     </message>
 </context>
 <context>
@@ -1729,24 +1960,185 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 of %2 requests</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>%1 older ones dropped</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>Filter: words in any column</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
     </message>
+</context>
+<context>
+    <name>ChatLevers</name>
     <message>
-        <source>Clear</source>
-        <translation>Clear</translation>
+        <source>There is no such group chat.</source>
+        <translation>There is no such group chat.</translation>
     </message>
     <message>
-        <source>Copy</source>
-        <translation>Copy</translation>
+        <source>You may no longer write in &quot;%1&quot;.</source>
+        <translation>You may no longer write in &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>You may write in &quot;%1&quot; again.</source>
+        <translation>You may write in &quot;%1&quot; again.</translation>
+    </message>
+    <message>
+        <source>I have made a group chat for us.</source>
+        <translation>I have made a group chat for us.</translation>
+    </message>
+    <message>
+        <source>Somebody has come into &quot;%1&quot;.</source>
+        <translation>Somebody has come into &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Forbid writing in a group chat</source>
+        <translation>Forbid writing in a group chat</translation>
+    </message>
+    <message>
+        <source>Allow writing in a group chat again</source>
+        <translation>Allow writing in a group chat again</translation>
+    </message>
+    <message>
+        <source>Somebody renames a group chat</source>
+        <translation>Somebody renames a group chat</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>Renamed %1</translation>
+    </message>
+    <message>
+        <source>A group chat gets another picture</source>
+        <translation>A group chat gets another picture</translation>
+    </message>
+    <message>
+        <source>Somebody comes into a group chat</source>
+        <translation>Somebody comes into a group chat</translation>
+    </message>
+    <message>
+        <source>You are put out of a group chat</source>
+        <translation>You are put out of a group chat</translation>
+    </message>
+    <message>
+        <source>You no longer belong to &quot;%1&quot;.</source>
+        <translation>You no longer belong to &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Somebody writes in a new group chat</source>
+        <translation>Somebody writes in a new group chat</translation>
+    </message>
+    <message>
+        <source>There is no channel.</source>
+        <translation>There is no channel.</translation>
+    </message>
+    <message>
+        <source>Remove a channel</source>
+        <translation>Remove a channel</translation>
+    </message>
+    <message>
+        <source>Add a channel again</source>
+        <translation>Add a channel again</translation>
+    </message>
+    <message>
+        <source>No channel was removed.</source>
+        <translation>No channel was removed.</translation>
+    </message>
+    <message>
+        <source>A channel gets another picture</source>
+        <translation>A channel gets another picture</translation>
+    </message>
+    <message>
+        <source>Show the channels</source>
+        <translation>Show the channels</translation>
+    </message>
+    <message>
+        <source>10,000 messages in up to 500 conversations</source>
+        <translation>10,000 messages in up to 500 conversations</translation>
+    </message>
+    <message>
+        <source>Group chats, channels, messages</source>
+        <translation>Group chats, channels, messages</translation>
+    </message>
+</context>
+<context>
+    <name>RoomManagement</name>
+    <message>
+        <source>%1 (owner)</source>
+        <translation>%1 (owner)</translation>
+    </message>
+    <message>
+        <source>%1 (manager)</source>
+        <translation>%1 (manager)</translation>
+    </message>
+    <message>
+        <source>You own this group chat.</source>
+        <translation>You own this group chat.</translation>
+    </message>
+    <message>
+        <source>You are one of the managers.</source>
+        <translation>You are one of the managers.</translation>
+    </message>
+    <message>
+        <source>You are a member.</source>
+        <translation>You are a member.</translation>
+    </message>
+    <message>
+        <source>No longer manager</source>
+        <translation>No longer manager</translation>
+    </message>
+    <message>
+        <source>Make manager</source>
+        <translation>Make manager</translation>
+    </message>
+    <message>
+        <source>Hand over the group chat</source>
+        <translation>Hand over the group chat</translation>
+    </message>
+    <message>
+        <source>%1 will own the group chat, and you will be a member. Only the new owner can undo this.</source>
+        <translation>%1 will own the group chat, and you will be a member. Only the new owner can undo this.</translation>
+    </message>
+    <message>
+        <source>Hand over</source>
+        <translation>Hand over</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Add people to the group chat</source>
+        <translation>Add people to the group chat</translation>
+    </message>
+    <message>
+        <source>Group chat: %1</source>
+        <translation>Group chat: %1</translation>
+    </message>
+    <message>
+        <source>Hand over…</source>
+        <translation>Hand over…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message>
+        <source>Add people…</source>
+        <translation>Add people…</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>Close</translation>
+    </message>
+</context>
+<context>
+    <name>TransferStatus</name>
+    <message>
+        <source>Sending %1 to %2</source>
+        <translation>Sending %1 to %2</translation>
+    </message>
+    <message>
+        <source>Sending %1 files</source>
+        <translation>Sending %1 files</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>Cancel</translation>
     </message>
 </context>
 </TS>

@@ -2,6 +2,33 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>MonitorPanel</name>
+    <message>
+        <source>%1 older ones dropped</source>
+        <translation>已丢弃较早的 %1 个</translation>
+    </message>
+    <message>
+        <source>paused</source>
+        <translation>已暂停</translation>
+    </message>
+    <message>
+        <source>Filter: words in any column</source>
+        <translation>筛选：任意列中的词</translation>
+    </message>
+    <message>
+        <source>Pause</source>
+        <translation>暂停</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清空</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+</context>
+<context>
     <name>QObject</name>
     <message>
         <source>accountOrMobile</source>
@@ -128,12 +155,32 @@
         <translation>修改备注名</translation>
     </message>
     <message>
+        <source>channelClosed</source>
+        <translation>休息中</translation>
+    </message>
+    <message>
+        <source>channelOpen</source>
+        <translation>营业中</translation>
+    </message>
+    <message>
+        <source>channelPinned</source>
+        <translation>已置顶</translation>
+    </message>
+    <message>
+        <source>channelUnread</source>
+        <translation>%1条未读</translation>
+    </message>
+    <message>
         <source>checkAccount</source>
         <translation>请检查账号或手机号是否正确。</translation>
     </message>
     <message>
         <source>clearLatest</source>
         <translation>清空最近联系人</translation>
+    </message>
+    <message>
+        <source>clearSearch</source>
+        <translation>清除搜索</translation>
     </message>
     <message>
         <source>clickToLookup</source>
@@ -150,6 +197,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmClearLatest</source>
+        <translation>确定清空最近联系人列表吗？聊天记录会保留。</translation>
     </message>
     <message>
         <source>confirmDeleteContact</source>
@@ -368,6 +419,10 @@
         <translation>分组名称：</translation>
     </message>
     <message>
+        <source>hasLeft</source>
+        <translation>已离职</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>请求添加您为好友</translation>
     </message>
@@ -404,12 +459,44 @@
         <translation>您已离线，请先登录。</translation>
     </message>
     <message>
+        <source>kindChannel</source>
+        <translation>客服频道</translation>
+    </message>
+    <message>
+        <source>kindDepartment</source>
+        <translation>部门</translation>
+    </message>
+    <message>
+        <source>kindGroup</source>
+        <translation>联系人分组</translation>
+    </message>
+    <message>
+        <source>kindPerson</source>
+        <translation>联系人</translation>
+    </message>
+    <message>
+        <source>kindRoom</source>
+        <translation>群聊</translation>
+    </message>
+    <message>
+        <source>kindServiceNumber</source>
+        <translation>服务号</translation>
+    </message>
+    <message>
+        <source>kindTeam</source>
+        <translation>虚拟团队</translation>
+    </message>
+    <message>
         <source>latestContact</source>
         <translation>最近联系人</translation>
     </message>
     <message>
         <source>latestEmpty</source>
         <translation>还没有最近的会话</translation>
+    </message>
+    <message>
+        <source>latestNotStored</source>
+        <translation>最近联系人列表无法保存到本机，程序退出后改动可能丢失。</translation>
     </message>
     <message>
         <source>leader</source>
@@ -424,8 +511,24 @@
         <translation>正在加载…</translation>
     </message>
     <message>
+        <source>localDataDamaged</source>
+        <translation>本地数据已损坏，原文件已保存为 %1，并已新建数据文件。</translation>
+    </message>
+    <message>
         <source>localGroup</source>
         <translation>本地讨论组</translation>
+    </message>
+    <message>
+        <source>locateEntry</source>
+        <translation>定位</translation>
+    </message>
+    <message>
+        <source>locateFound</source>
+        <translation>在列表中定位</translation>
+    </message>
+    <message>
+        <source>locateInOrganisation</source>
+        <translation>定位到组织架构</translation>
     </message>
     <message>
         <source>locateSelf</source>
@@ -440,8 +543,60 @@
         <translation>位置</translation>
     </message>
     <message>
+        <source>mayNotWrite</source>
+        <translation>已被禁言</translation>
+    </message>
+    <message>
+        <source>messageFile</source>
+        <translation>[文件]</translation>
+    </message>
+    <message>
+        <source>messageLink</source>
+        <translation>[链接]</translation>
+    </message>
+    <message>
+        <source>messageLocation</source>
+        <translation>[位置]</translation>
+    </message>
+    <message>
+        <source>messageMerged</source>
+        <translation>[聊天记录]</translation>
+    </message>
+    <message>
+        <source>messagePicture</source>
+        <translation>[图片]</translation>
+    </message>
+    <message>
+        <source>messageRecalled</source>
+        <translation>消息已撤回</translation>
+    </message>
+    <message>
+        <source>messageRecalledBy</source>
+        <translation>%1撤回了一条消息</translation>
+    </message>
+    <message>
+        <source>messageService</source>
+        <translation>[服务消息]</translation>
+    </message>
+    <message>
         <source>messageSetting</source>
         <translation>消息设置</translation>
+    </message>
+    <message>
+        <source>messageSettingFailed</source>
+        <translation>消息设置未能保存，请重试。</translation>
+    </message>
+    <message>
+        <source>messageUnknown</source>
+        <translation>[暂不支持的消息]</translation>
+    </message>
+    <message>
+        <source>messageVoice</source>
+        <translation>[语音]</translation>
+    </message>
+    <message>
+        <source>messageWorkGroup</source>
+        <translation>[客服]</translation>
     </message>
     <message>
         <source>minimize</source>
@@ -580,6 +735,10 @@
         <translation>打开会话</translation>
     </message>
     <message>
+        <source>openFound</source>
+        <translation>打开</translation>
+    </message>
+    <message>
         <source>openOrClose</source>
         <translation>展开/收起</translation>
     </message>
@@ -638,6 +797,10 @@
     <message>
         <source>personalNumber</source>
         <translation>个人号</translation>
+    </message>
+    <message>
+        <source>pinned</source>
+        <translation>已置顶</translation>
     </message>
     <message>
         <source>position</source>
@@ -748,12 +911,36 @@
         <translation>重试</translation>
     </message>
     <message>
+        <source>roomforbidden</source>
+        <translation>禁言中</translation>
+    </message>
+    <message>
         <source>saveToAddresslist</source>
         <translation>保存到通讯录</translation>
     </message>
     <message>
+        <source>searchFailed</source>
+        <translation>搜索企业通讯录失败。</translation>
+    </message>
+    <message>
+        <source>searchNothing</source>
+        <translation>没有找到结果</translation>
+    </message>
+    <message>
+        <source>searchOffline</source>
+        <translation>当前离线，仅搜索本地数据。</translation>
+    </message>
+    <message>
+        <source>searchSearching</source>
+        <translation>正在搜索…</translation>
+    </message>
+    <message>
         <source>searchTooMuch</source>
         <translation>查询过于频繁，请稍后再试。</translation>
+    </message>
+    <message>
+        <source>search…</source>
+        <translation>搜索…</translation>
     </message>
     <message>
         <source>selectpic</source>
@@ -908,6 +1095,10 @@
         <translation>输入姓名或拼音查找</translation>
     </message>
     <message>
+        <source>unreadMessages</source>
+        <translation>%1 条未读</translation>
+    </message>
+    <message>
         <source>uploadFail</source>
         <translation>上传失败，请重试。</translation>
     </message>
@@ -1031,12 +1222,84 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Send</source>
         <translation>发送</translation>
     </message>
+    <message>
+        <source>%1 renamed the group chat.</source>
+        <translation>%1 修改了讨论组名称。</translation>
+    </message>
+    <message>
+        <source>Send a link</source>
+        <translation>发送链接</translation>
+    </message>
+    <message>
+        <source>Address</source>
+        <translation>网址</translation>
+    </message>
+    <message>
+        <source>This is no web address.</source>
+        <translation>这不是网址。</translation>
+    </message>
+    <message>
+        <source>You do not belong to this group chat</source>
+        <translation>您不在这个讨论组中</translation>
+    </message>
+    <message>
+        <source>You may not write in this group chat</source>
+        <translation>您在这个讨论组中已被禁言</translation>
+    </message>
+    <message>
+        <source>no longer available</source>
+        <translation>已不可用</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>服务中</translation>
+    </message>
+    <message>
+        <source>closed now</source>
+        <translation>非服务时间</translation>
+    </message>
+    <message>
+        <source>File…</source>
+        <translation>文件…</translation>
+    </message>
+    <message>
+        <source>Link…</source>
+        <translation>链接…</translation>
+    </message>
 </context>
 <context>
     <name>ChatView</name>
     <message>
         <source>(shortened)</source>
         <translation>（已截短）</translation>
+    </message>
+    <message>
+        <source>Chat history</source>
+        <translation>聊天记录</translation>
+    </message>
+    <message>
+        <source>Picture</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Voice</source>
+        <translation>语音</translation>
+    </message>
+    <message>
+        <source>Location</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Link</source>
+        <translation>链接</translation>
+    </message>
+    <message>
+        <source>Service message</source>
+        <translation>服务消息</translation>
     </message>
 </context>
 <context>
@@ -1089,24 +1352,12 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个事件中的 %1 个</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>paused</source>
-        <translation>已暂停</translation>
-    </message>
-    <message>
         <source>every plug-in</source>
         <translation>所有插件</translation>
     </message>
     <message>
         <source>%1 bytes</source>
         <translation>%1 字节</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
     </message>
     <message>
         <source>Codes: 4118, 4356-4362</source>
@@ -1123,18 +1374,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>From the plug-in</source>
         <translation>来自插件</translation>
-    </message>
-    <message>
-        <source>Pause</source>
-        <translation>暂停</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清空</translation>
-    </message>
-    <message>
-        <source>Copy</source>
-        <translation>复制</translation>
     </message>
     <message>
         <source>Copy as JSON</source>
@@ -1197,10 +1436,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>发送文件</translation>
     </message>
     <message>
-        <source>This host transfers no files. A client would now let the user choose files for:</source>
-        <translation>本宿主程序不传输文件。正式客户端此时会让用户选择要发送的文件，接收人：</translation>
-    </message>
-    <message>
         <source>New group chat</source>
         <translation>新建群聊</translation>
     </message>
@@ -1241,14 +1476,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>添加团队成员</translation>
     </message>
     <message>
-        <source>Manage the group chat</source>
-        <translation>群聊管理</translation>
-    </message>
-    <message>
-        <source>This host has no page for the owner and the managers of a group chat.</source>
-        <translation>本宿主程序没有群主与管理员的设置页面。</translation>
-    </message>
-    <message>
         <source>Write a mail</source>
         <translation>写邮件</translation>
     </message>
@@ -1267,6 +1494,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>No service for external contacts: %1 was not blacklisted.</source>
         <translation>没有外部联系人服务：未将 %1 加入黑名单。</translation>
+    </message>
+    <message>
+        <source>File transfers with %1 cancelled: %2</source>
+        <translation>与 %1 的文件传输已取消：%2 个</translation>
     </message>
 </context>
 <context>
@@ -1729,24 +1960,185 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 / %2 个请求</translation>
     </message>
     <message>
-        <source>%1 older ones dropped</source>
-        <translation>已丢弃较早的 %1 个</translation>
-    </message>
-    <message>
-        <source>Filter: words in any column</source>
-        <translation>筛选：任意列中的词</translation>
-    </message>
-    <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
     </message>
+</context>
+<context>
+    <name>ChatLevers</name>
     <message>
-        <source>Clear</source>
-        <translation>清空</translation>
+        <source>There is no such group chat.</source>
+        <translation>没有这样的讨论组。</translation>
     </message>
     <message>
-        <source>Copy</source>
-        <translation>复制</translation>
+        <source>You may no longer write in &quot;%1&quot;.</source>
+        <translation>您在“%1”中已被禁言。</translation>
+    </message>
+    <message>
+        <source>You may write in &quot;%1&quot; again.</source>
+        <translation>您在“%1”中已可以发言。</translation>
+    </message>
+    <message>
+        <source>I have made a group chat for us.</source>
+        <translation>我给大家建了一个讨论组。</translation>
+    </message>
+    <message>
+        <source>Somebody has come into &quot;%1&quot;.</source>
+        <translation>“%1”有新成员加入。</translation>
+    </message>
+    <message>
+        <source>Forbid writing in a group chat</source>
+        <translation>在一个讨论组中被禁言</translation>
+    </message>
+    <message>
+        <source>Allow writing in a group chat again</source>
+        <translation>解除一个讨论组的禁言</translation>
+    </message>
+    <message>
+        <source>Somebody renames a group chat</source>
+        <translation>有人修改讨论组名称</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>新名称 %1</translation>
+    </message>
+    <message>
+        <source>A group chat gets another picture</source>
+        <translation>一个讨论组更换头像</translation>
+    </message>
+    <message>
+        <source>Somebody comes into a group chat</source>
+        <translation>有人加入讨论组</translation>
+    </message>
+    <message>
+        <source>You are put out of a group chat</source>
+        <translation>您被移出一个讨论组</translation>
+    </message>
+    <message>
+        <source>You no longer belong to &quot;%1&quot;.</source>
+        <translation>您已不在“%1”中。</translation>
+    </message>
+    <message>
+        <source>Somebody writes in a new group chat</source>
+        <translation>有人在新讨论组中发言</translation>
+    </message>
+    <message>
+        <source>There is no channel.</source>
+        <translation>没有客服频道。</translation>
+    </message>
+    <message>
+        <source>Remove a channel</source>
+        <translation>移除一个客服频道</translation>
+    </message>
+    <message>
+        <source>Add a channel again</source>
+        <translation>恢复一个客服频道</translation>
+    </message>
+    <message>
+        <source>No channel was removed.</source>
+        <translation>没有被移除的客服频道。</translation>
+    </message>
+    <message>
+        <source>A channel gets another picture</source>
+        <translation>一个客服频道更换头像</translation>
+    </message>
+    <message>
+        <source>Show the channels</source>
+        <translation>显示客服频道</translation>
+    </message>
+    <message>
+        <source>10,000 messages in up to 500 conversations</source>
+        <translation>10,000 条消息，最多 500 个会话</translation>
+    </message>
+    <message>
+        <source>Group chats, channels, messages</source>
+        <translation>讨论组、客服频道、消息</translation>
+    </message>
+</context>
+<context>
+    <name>RoomManagement</name>
+    <message>
+        <source>%1 (owner)</source>
+        <translation>%1（群主）</translation>
+    </message>
+    <message>
+        <source>%1 (manager)</source>
+        <translation>%1（管理员）</translation>
+    </message>
+    <message>
+        <source>You own this group chat.</source>
+        <translation>您是群主。</translation>
+    </message>
+    <message>
+        <source>You are one of the managers.</source>
+        <translation>您是管理员。</translation>
+    </message>
+    <message>
+        <source>You are a member.</source>
+        <translation>您是成员。</translation>
+    </message>
+    <message>
+        <source>No longer manager</source>
+        <translation>取消管理员</translation>
+    </message>
+    <message>
+        <source>Make manager</source>
+        <translation>设为管理员</translation>
+    </message>
+    <message>
+        <source>Hand over the group chat</source>
+        <translation>转让讨论组</translation>
+    </message>
+    <message>
+        <source>%1 will own the group chat, and you will be a member. Only the new owner can undo this.</source>
+        <translation>%1 将成为群主，您将成为普通成员。只有新群主才能撤销。</translation>
+    </message>
+    <message>
+        <source>Hand over</source>
+        <translation>转让</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Add people to the group chat</source>
+        <translation>添加讨论组成员</translation>
+    </message>
+    <message>
+        <source>Group chat: %1</source>
+        <translation>讨论组：%1</translation>
+    </message>
+    <message>
+        <source>Hand over…</source>
+        <translation>转让…</translation>
+    </message>
+    <message>
+        <source>Remove</source>
+        <translation>移除</translation>
+    </message>
+    <message>
+        <source>Add people…</source>
+        <translation>添加成员…</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>TransferStatus</name>
+    <message>
+        <source>Sending %1 to %2</source>
+        <translation>正在将 %1 发送给 %2</translation>
+    </message>
+    <message>
+        <source>Sending %1 files</source>
+        <translation>正在发送 %1 个文件</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
     </message>
 </context>
 </TS>

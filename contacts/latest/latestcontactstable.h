@@ -39,4 +39,7 @@ bool clear(); // every row, listed or not
 // come.
 bool isListable(const DBFriendData &record, bool muted, Names names = Named);
 
+// The query of page() without its limit, for who asks how it is carried out.
+QString listStatement(Names names = Named);
+
 } // namespace LatestContactsTable

@@ -16,7 +16,9 @@ enum Role
     Kind = Qt::UserRole + 24,    // MessageData::Kind
     Muted = Qt::UserRole + 50,   // bool: the user may not write there
     MobilePresence = Qt::UserRole + 74,
-    Unread = Qt::UserRole + 80, // number of messages
-    Pinned = Qt::UserRole + 84  // bool
+    Unread = Qt::UserRole + 80,       // number of messages
+    Pinned = Qt::UserRole + 84,       // bool
+    Cooperate = Qt::UserRole + 85,    // bool: a cooperating contact
+    ShowsPresence = Qt::UserRole + 86 // bool: a person whose presence is known
 };
 } // namespace LatestRole

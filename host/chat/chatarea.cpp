@@ -25,7 +25,11 @@ ChatArea::ChatArea(MessagingCore *core, QWidget *parent)
     connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
         if (index >= 0)
             showTitle(index, false);
+        m_readTimer.start();
     });
+    m_readTimer.setSingleShot(true);
+    m_readTimer.setInterval(0);
+    connect(&m_readTimer, &QTimer::timeout, this, &ChatArea::tellRead);
     connect(m_core, &MessagingCore::messageReceived, this, &ChatArea::take);
     connect(m_core, &MessagingCore::requestFailed, this,
             [this](const QString &request, const QString &jid) {
@@ -86,10 +90,14 @@ ChatPage *ChatArea::open(const QString &jid, MessageData::Kind kind)
     ChatPage *page = pageOf(jid);
     if (!page) {
         page = new ChatPage(m_core, jid, kind, m_tabs);
+        connect(page, &ChatPage::sendFileWanted, this, &ChatArea::sendFileWanted);
+        connect(page, &ChatPage::titleChanged, this,
+                [this, page] { showTitle(m_tabs->indexOf(page), false); });
         showTitle(m_tabs->addTab(page, QString()), false);
     }
     m_tabs->setCurrentWidget(page);
     setCurrentWidget(m_tabs);
+    m_readTimer.start();
     page->focusInput();
     return page;
 }
@@ -120,8 +128,26 @@ void ChatArea::take(bool received, const MessageData &message)
     }
     page->addMessage(message);
     const int index = m_tabs->indexOf(page);
-    if (received && index != m_tabs->currentIndex())
+    if (index == m_tabs->currentIndex())
+        m_readTimer.start();
+    else if (received)
         showTitle(index, true);
+}
+
+void ChatArea::tellRead()
+{
+    const ChatPage *page = currentPage();
+    if (!page || !page->isVisible() || window()->isMinimized())
+        return;
+    const QList<MessageData> newest = m_core->messages(page->jid(), 1);
+    if (!newest.isEmpty())
+        emit conversationRead(newest.first());
+}
+
+void ChatArea::showEvent(QShowEvent *event)
+{
+    QStackedWidget::showEvent(event);
+    m_readTimer.start();
 }
 
 void ChatArea::changeEvent(QEvent *event)

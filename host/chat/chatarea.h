@@ -4,6 +4,7 @@
 #include "hostapi/roomrecords.h"
 
 #include <QStackedWidget>
+#include <QTimer>
 
 class ChatPage;
 class MessagingCore;
@@ -27,18 +28,25 @@ public:
 signals:
     // A message came for a conversation that is not open.
     void messageMissed(const QString &sender);
+    // The conversation is on the screen, up to this newest message. Told at the end of
+    // the turn of the event loop, once for all messages that came in it.
+    void conversationRead(const MessageData &newest);
+    void sendFileWanted(const QString &jid, int kind);
 
 protected:
     void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     QWidget *buildWelcome();
     void take(bool received, const MessageData &message);
     void close(int index);
     void showTitle(int index, bool unread);
+    void tellRead();
     void retranslate();
 
     MessagingCore *m_core;
+    QTimer m_readTimer;
     QTabWidget *m_tabs;
     QLabel *m_welcomeTitle;
     QLabel *m_welcomeText;

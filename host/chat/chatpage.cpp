@@ -3,14 +3,17 @@
 #include "host/chat/chatview.h"
 #include "host/messagingcore.h"
 #include "host/presencewords.h"
+#include "messages/messagebody.h"
 
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
@@ -39,7 +42,9 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
       m_state(new QLabel(this)),
       m_view(new ChatView(this)),
       m_input(new QPlainTextEdit(this)),
-      m_send(new QPushButton(this))
+      m_send(new QPushButton(this)),
+      m_sendFile(new QPushButton(this)),
+      m_sendLink(new QPushButton(this))
 {
     setObjectName(QStringLiteral("chatPage"));
     setAutoFillBackground(true);
@@ -55,17 +60,12 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
     m_input->setFrameShape(QFrame::NoFrame);
     m_input->setFixedHeight(fontMetrics().height() * 4 + 16);
     m_input->installEventFilter(this);
-    m_send->setObjectName(QStringLiteral("chatSend"));
 
     auto *head = new QHBoxLayout;
     head->setContentsMargins(14, 10, 14, 10);
     head->setSpacing(10);
     head->addWidget(m_title);
     head->addWidget(m_state, 1);
-    auto *foot = new QHBoxLayout;
-    foot->setContentsMargins(10, 6, 14, 12);
-    foot->addWidget(m_input, 1);
-    foot->addWidget(m_send, 0, Qt::AlignBottom);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -73,9 +73,38 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
     layout->addWidget(line(this));
     layout->addWidget(m_view, 1);
     layout->addWidget(line(this));
-    layout->addLayout(foot);
+    layout->addLayout(buildFoot());
 
+    connectCore();
+    retranslate();
+    loadHistory();
+}
+
+QLayout *ChatPage::buildFoot()
+{
+    m_send->setObjectName(QStringLiteral("chatSend"));
+    m_sendFile->setObjectName(QStringLiteral("chatSendFile"));
+    m_sendLink->setObjectName(QStringLiteral("chatSendLink"));
+    for (QPushButton *button : {m_sendFile, m_sendLink})
+        button->setAutoDefault(false);
+    auto *buttons = new QVBoxLayout;
+    buttons->setSpacing(4);
+    buttons->addStretch(1);
+    for (QPushButton *button : {m_sendFile, m_sendLink, m_send})
+        buttons->addWidget(button);
+    auto *foot = new QHBoxLayout;
+    foot->setContentsMargins(10, 6, 14, 12);
+    foot->addWidget(m_input, 1);
+    foot->addLayout(buttons);
     connect(m_send, &QPushButton::clicked, this, &ChatPage::send);
+    connect(m_sendFile, &QPushButton::clicked, this,
+            [this] { emit sendFileWanted(m_jid, m_kind); });
+    connect(m_sendLink, &QPushButton::clicked, this, &ChatPage::sendLink);
+    return foot;
+}
+
+void ChatPage::connectCore()
+{
     connect(m_core, &MessagingCore::presenceChanged, this,
             [this](const QMap<QString, PresenceData> &changed) {
                 if (changed.contains(m_jid))
@@ -83,8 +112,22 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
             });
     connect(m_core, &MessagingCore::connectionChanged, this, &ChatPage::showState);
     connect(m_core, &MessagingCore::remarkChanged, this, [this] { retranslate(); });
-    retranslate();
-    loadHistory();
+    connect(m_core, &MessagingCore::roomMembersChanged, this, &ChatPage::showState);
+    connect(m_core, &MessagingCore::roomRenamed, this,
+            [this](const QString &roomJid, const QString &, const QString &modifier) {
+                if (roomJid != m_jid)
+                    return;
+                retranslate();
+                addNote(tr("%1 renamed the group chat.").arg(modifier.simplified()));
+                emit titleChanged();
+            });
+    connect(m_core, &MessagingCore::roomMuted, this, &ChatPage::showRights);
+    for (const auto end : {&MessagingCore::roomLeft, &MessagingCore::roomDismissed}) {
+        connect(m_core, end, this, [this](const QString &roomJid) {
+            if (roomJid == m_jid)
+                showRights();
+        });
+    }
 }
 
 QString ChatPage::nameOf(const MessagingCore &core, const QString &jid)
@@ -105,6 +148,12 @@ QString ChatPage::nameOf(const MessagingCore &core, const QString &jid)
         if (!name.isEmpty())
             return name;
     }
+    CSChannelData channel;
+    if (core.channel(jid, &channel) && !channel.name.isEmpty())
+        return channel.name;
+    CServiceNumData number;
+    if (core.serviceNumber(jid, &number) && !number.name.isEmpty())
+        return number.name;
     const QString user = jid.section(QLatin1Char('@'), 0, 0);
     return user.isEmpty() ? jid : user;
 }
@@ -151,6 +200,50 @@ void ChatPage::send()
     m_core->sendMessage(m_jid, m_kind, text);
 }
 
+void ChatPage::sendLink()
+{
+    auto *dialog = new QInputDialog(this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setWindowTitle(tr("Send a link"));
+    dialog->setLabelText(tr("Address"));
+    dialog->setTextValue(QStringLiteral("https://"));
+    dialog->resize(420, dialog->height());
+    connect(dialog, &QInputDialog::textValueSelected, this, [this](const QString &address) {
+        const QUrl url(address.trimmed(), QUrl::StrictMode);
+        const bool isWeb =
+            url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http");
+        if (!url.isValid() || !isWeb || url.host().isEmpty()) {
+            addNote(tr("This is no web address."));
+            return;
+        }
+        MessageBody message;
+        message.kind = MessageBody::Link;
+        message.title = url.host();
+        message.url = url.toString(QUrl::FullyEncoded);
+        m_core->sendMessage(m_jid, m_kind, writeMessageBody(message));
+    });
+    dialog->open();
+}
+
+// Where the user may not write, the page says so.
+void ChatPage::showRights()
+{
+    if (m_kind != MessageData::Room)
+        return;
+    MucData room;
+    const bool isIn = m_core->room(m_jid, &room);
+    const bool may = isIn && !room.forbidden;
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{m_input, m_send, m_sendFile, m_sendLink})
+        widget->setEnabled(may);
+    if (!isIn)
+        m_input->setPlaceholderText(tr("You do not belong to this group chat"));
+    else if (!may)
+        m_input->setPlaceholderText(tr("You may not write in this group chat"));
+    else
+        m_input->setPlaceholderText(tr("Message; Enter sends, Shift+Enter begins a line"));
+}
+
 bool ChatPage::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_input && event->type() == QEvent::KeyPress) {
@@ -168,6 +261,16 @@ bool ChatPage::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+QString ChatPage::channelState() const
+{
+    CSChannelData channel;
+    if (!m_core->channel(m_jid, &channel))
+        return tr("no longer available");
+    const QString groups = channel.workgroups.join(QStringLiteral(", ")).simplified();
+    const QString state = channel.isOpen ? tr("open") : tr("closed now");
+    return groups.isEmpty() ? state : state + QLatin1String("  ") + groups;
+}
+
 void ChatPage::showState()
 {
     QString text;
@@ -177,6 +280,8 @@ void ChatPage::showState()
         text = PresenceWords::of(m_core->presence(m_jid));
     else if (m_kind == MessageData::Room)
         text = tr("%1 members").arg(m_core->roomMembers(m_jid).size());
+    else if (m_kind == MessageData::Channel)
+        text = channelState();
     m_state->setText(text);
 }
 
@@ -193,5 +298,8 @@ void ChatPage::retranslate()
     m_input->setPlaceholderText(tr("Message; Enter sends, Shift+Enter begins a line"));
     m_view->setPlaceholderText(tr("No messages yet"));
     m_send->setText(tr("Send"));
+    m_sendFile->setText(tr("File…"));
+    m_sendLink->setText(tr("Link…"));
     showState();
+    showRights();
 }

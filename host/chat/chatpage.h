@@ -8,6 +8,7 @@
 class ChatView;
 class MessagingCore;
 class QLabel;
+class QLayout;
 class QPlainTextEdit;
 class QPushButton;
 
@@ -29,6 +30,10 @@ public:
     // What to call somebody: remark, nick name, else the jid's user part.
     static QString nameOf(const MessagingCore &core, const QString &jid);
 
+signals:
+    void titleChanged();
+    void sendFileWanted(const QString &jid, int kind);
+
 protected:
     void changeEvent(QEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -38,6 +43,11 @@ private:
     void loadHistory();
     void retranslate();
     void showState();
+    void showRights();
+    QString channelState() const;
+    void sendLink();
+    void connectCore();
+    QLayout *buildFoot();
 
     MessagingCore *m_core;
     const QString m_jid;
@@ -47,4 +57,6 @@ private:
     ChatView *m_view;
     QPlainTextEdit *m_input;
     QPushButton *m_send;
+    QPushButton *m_sendFile;
+    QPushButton *m_sendLink;
 };

@@ -1,12 +1,13 @@
 #include "host/chat/chatview.h"
 
+#include "host/chat/messagetext.h"
+
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextCursor>
 
 namespace {
 constexpr int MaximumBlocks = 4000;
-constexpr int MaximumBody = 20000; // characters of one message that are shown
 } // namespace
 
 ChatView::ChatView(QWidget *parent) : QTextEdit(parent)
@@ -56,10 +57,7 @@ void ChatView::addMessage(const MessageData &message, const QString &sender, boo
     addLine(sender.simplified().left(64) + QLatin1String("  ") + message.time, head, 10);
     QTextCharFormat body;
     body.setFontPointSize(font().pointSizeF());
-    QString shown = message.body.left(MaximumBody);
-    if (message.body.size() > MaximumBody)
-        shown += QLatin1Char(' ') + tr("(shortened)");
-    addLine(shown, body, 2);
+    addLine(messageText(message.body), body, 2);
     keepAtEnd(wasAtEnd);
 }
 

@@ -1,6 +1,8 @@
 #include "host/core/embeddedcore.h"
 
+#include "host/core/channelbook.h"
 #include "host/core/corestore.h"
+#include "host/core/messagebook.h"
 #include "host/core/roombook.h"
 #include "host/core/rosterbook.h"
 
@@ -32,7 +34,9 @@ EmbeddedCore::EmbeddedCore(const Options &options, QObject *parent)
       m_company(options.people, options.seed),
       m_store(new CoreStore(databaseFileOf(options))),
       m_roster(new RosterBook(m_store.data(), &m_company)),
-      m_rooms(new RoomBook(m_store.data(), &m_company))
+      m_rooms(new RoomBook(m_store.data(), &m_company)),
+      m_messages(new MessageBook(m_store.data())),
+      m_channels(new ChannelBook(m_store.data()))
 {
 }
 
@@ -42,7 +46,9 @@ bool EmbeddedCore::open(QString *problem)
 {
     if (!m_store->open(problem))
         return false;
-    if (!m_roster->load(m_options.sampleFriends) || !m_rooms->load(m_options.sampleFriends)) {
+    m_channels->load();
+    if (!m_roster->load(m_options.sampleFriends) || !m_rooms->load(m_options.sampleFriends) ||
+        !seedMessages()) {
         *problem = QStringLiteral("%1 cannot be read or written.").arg(m_store->fileName());
         return false;
     }
@@ -68,6 +74,14 @@ void EmbeddedCore::enqueue(std::function<void()> work)
 {
     m_queue.enqueue(std::move(work));
     QTimer::singleShot(m_answerDelay, this, [this] { m_queue.dequeue()(); });
+}
+
+void EmbeddedCore::whenConnected(std::function<void()> work)
+{
+    if (m_connected)
+        work();
+    else
+        m_whenConnected.append(std::move(work));
 }
 
 void EmbeddedCore::later(Operation operation, std::function<void(bool)> answer)

@@ -22,7 +22,9 @@
 
 #include <functional>
 
+class ChannelBook;
 class CoreStore;
+class MessageBook;
 class RoomBook;
 class RosterBook;
 
@@ -51,6 +53,10 @@ public:
         QuitRoom,
         DismissRoom,
         ClassifyRoom,
+        AddRoomMembers,
+        RemoveRoomMember,
+        SetRoomManager,
+        HandOverRoom,
         SendMessage
     };
     Q_ENUM(Operation)
@@ -95,10 +101,31 @@ public:
     // --- What others do -------------------------------------------------------
     // Emits presenceChanged once for the whole batch. Unknown jids are skipped.
     void applyPresence(const QMap<QString, PresenceData> &presence);
-    // A message from a contact, or from a member in a room.
+    // A message from a contact, from a member in a room, or from a channel or service
+    // number, which is then its sender as well. In a room that is not listed: first
+    // localRoomAdded.
     void receiveMessage(const QString &fromJid, const QString &sessionJid, const QString &body);
+    struct Incoming
+    {
+        QString fromJid, sessionJid, body;
+    };
+    // Stored together, then reported one by one.
+    void receiveMessages(const QList<Incoming> &messages);
     // Somebody asks to become a contact: contactRequested.
     void receiveContactRequest(const QString &jid, const QString &text);
+
+    // In a room, by one who may; false when nobody may or the room is unknown.
+    bool renameByOthers(const QString &roomJid, const QString &subject);
+    bool addMemberByOthers(const QString &roomJid, const QString &jid);
+    bool setRoomForbidden(const QString &roomJid, bool forbidden);
+    bool setRoomHead(const QString &roomJid, const QString &imagePath);
+    bool removeFromRoom(const QString &roomJid); // the own user is out
+    // A room that is not listed until something is written there; empty: not made.
+    QString makeRoomOfOthers(const QString &subject, const QStringList &jids);
+
+    bool removeChannel(const QString &id);
+    QString restoreChannel(); // one that was removed; its id, empty: there is none
+    bool setChannelPicture(const QString &id, const QString &photoName);
 
     // For an importer: everything goes in or nothing does; then groupsReceived and
     // contactsReceived tell the new state. False when the file refuses.
@@ -133,7 +160,13 @@ public:
     bool room(const QString &jid, MucData *out) const override;
     QList<MucMemberData> roomMembers(const QString &jid) const override;
     int roomRole(const QString &jid) const override;
+    QList<CSChannelData> channels() const override;
+    bool channel(const QString &id, CSChannelData *out) const override;
+    bool serviceNumber(const QString &jid, CServiceNumData *out) const override;
+    QString productTeamJid() const override;
     QList<MessageData> messages(const QString &jid, int limit) const override;
+    Backlog backlog() const override;
+    void clearBacklog() override;
 
     void setConnected(bool connected) override;
     void setOwnPresence(const PresenceData &presence) override;
@@ -159,6 +192,10 @@ public:
     void quitRoom(const QString &roomJid) override;
     void dismissRoom(const QString &roomJid) override;
     void classifyRoom(const QString &roomJid, MucData::MucClassify classify) override;
+    void addRoomMembers(const QString &roomJid, const QStringList &jids) override;
+    void removeRoomMember(const QString &roomJid, const QString &jid) override;
+    void setRoomManager(const QString &roomJid, const QString &jid, bool manager) override;
+    void handOverRoom(const QString &roomJid, const QString &jid) override;
     void sendMessage(const QString &jid, MessageData::Kind kind, const QString &body) override;
 
 private:
@@ -166,6 +203,8 @@ private:
     // tells it whether the operation may succeed.
     void later(Operation operation, std::function<void(bool)> answer);
     void enqueue(std::function<void()> work);
+    // At once, or when there is a connection again.
+    void whenConnected(std::function<void()> work);
     void seedPresence();
     PresenceData presenceAtStart(const FriendData &contact) const;
     QString fullJid(const QString &uidOrJid) const;
@@ -177,12 +216,22 @@ private:
     void confirm(const QString &jid);
     void requestAccepted(const QString &jid, const QString &groupId, const QString &remark);
     bool importOne(const ImportedContact &imported, ImportCounts *counts);
+    QList<MucMemberData> membersOf(const QStringList &jids) const;
+    void changeMembers(Operation operation, const QString &request, const QString &roomJid,
+                       std::function<bool()> change);
+    bool seedMessages();
+    // With its kind, its receiver and the conversation's name.
+    MessageData messageOf(const QString &session, const QString &from, const QString &body,
+                          const QDateTime &time) const;
+    void announce(const MessageData &message);
 
     Options m_options;
     SampleCompany m_company;
     QScopedPointer<CoreStore> m_store;
     QScopedPointer<RosterBook> m_roster;
     QScopedPointer<RoomBook> m_rooms;
+    QScopedPointer<MessageBook> m_messages;
+    QScopedPointer<ChannelBook> m_channels;
     QMap<QString, PresenceData> m_presence; // only who is online
     bool m_connected = true;
     int m_answerDelay = 30;

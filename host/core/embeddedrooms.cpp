@@ -1,9 +1,7 @@
-// The embedded core's rooms and messages.
+// The embedded core's rooms.
 #include "host/core/embeddedcore.h"
 #include "host/core/roombook.h"
 #include "host/core/rosterbook.h"
-
-#include <QDateTime>
 
 // --- Reads --------------------------------------------------------------------
 
@@ -27,11 +25,6 @@ int EmbeddedCore::roomRole(const QString &jid) const
     return m_rooms->role(jid, ownJid());
 }
 
-QList<MessageData> EmbeddedCore::messages(const QString &jid, int limit) const
-{
-    return m_rooms->messages(jid, limit);
-}
-
 // --- Rooms --------------------------------------------------------------------
 
 void EmbeddedCore::createRoom(const QStringList &jids, const QString &subject)
@@ -41,14 +34,8 @@ void EmbeddedCore::createRoom(const QStringList &jids, const QString &subject)
         for (const QString &jid : jids)
             all.append(fullJid(jid));
         all.removeDuplicates();
-        QList<MucMemberData> members;
-        for (const QString &jid : qAsConst(all)) {
-            VcardInfo known;
-            if (m_roster->profile(jid, &known))
-                members.append({jid, known.nickName, 0});
-        }
         MucData made;
-        if (may && m_rooms->create(subject, members, &made))
+        if (may && m_rooms->create(subject, membersOf(all), &made))
             emit roomAdded(made);
         else
             emit requestFailed(QStringLiteral("createRoom"), QString());
@@ -95,56 +82,109 @@ void EmbeddedCore::classifyRoom(const QString &roomJid, MucData::MucClassify cla
     });
 }
 
-// --- Messages -----------------------------------------------------------------
-
-namespace {
-MessageData newMessage(const QString &session, const QString &from, const QString &to,
-                       const QString &body, MessageData::Kind kind)
+QList<MucMemberData> EmbeddedCore::membersOf(const QStringList &jids) const
 {
-    MessageData message;
-    message.sessionJid = session;
-    message.fromJid = from;
-    message.toJid = to;
-    message.body = body;
-    message.kind = kind;
-    message.time = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
-    return message;
+    QList<MucMemberData> members;
+    for (const QString &jid : jids) {
+        VcardInfo known;
+        if (m_roster->profile(jid, &known))
+            members.append({jid, known.nickName, 0});
+    }
+    return members;
 }
-} // namespace
 
-void EmbeddedCore::sendMessage(const QString &jid, MessageData::Kind kind, const QString &body)
+void EmbeddedCore::changeMembers(Operation operation, const QString &request,
+                                 const QString &roomJid, std::function<bool()> change)
 {
-    later(SendMessage, [this, jid, kind, body](bool may) {
-        MessageData message = newMessage(jid, ownJid(), jid, body, kind);
-        VcardInfo person;
-        MucData target;
-        bool known = !jid.isEmpty();
-        if (kind == MessageData::Person) {
-            known = m_roster->profile(jid, &person);
-            message.displayName = displayName(jid);
-        } else if (kind == MessageData::Room) {
-            known = m_rooms->room(jid, &target) && !target.forbidden;
-            message.displayName = target.roomName;
-        }
-        if (may && known && !body.isEmpty() && m_rooms->addMessage(message))
-            emit messageReceived(false, message);
+    later(operation, [this, request, roomJid, change = std::move(change)](bool may) {
+        if (may && change())
+            emit roomMembersChanged(roomJid);
         else
-            emit requestFailed(QStringLiteral("sendMessage"), jid);
+            emit requestFailed(request, roomJid);
     });
 }
 
-void EmbeddedCore::receiveMessage(const QString &fromJid, const QString &sessionJid,
-                                  const QString &body)
+void EmbeddedCore::addRoomMembers(const QString &roomJid, const QStringList &jids)
 {
-    if (!m_connected) {
-        m_whenConnected.append([=] { receiveMessage(fromJid, sessionJid, body); });
-        return;
+    changeMembers(AddRoomMembers, QStringLiteral("addRoomMembers"), roomJid,
+                  [=] { return m_rooms->addMembers(roomJid, ownJid(), membersOf(jids)); });
+}
+
+void EmbeddedCore::removeRoomMember(const QString &roomJid, const QString &jid)
+{
+    changeMembers(RemoveRoomMember, QStringLiteral("removeRoomMember"), roomJid,
+                  [=] { return m_rooms->removeMember(roomJid, ownJid(), jid); });
+}
+
+void EmbeddedCore::setRoomManager(const QString &roomJid, const QString &jid, bool manager)
+{
+    changeMembers(SetRoomManager, QStringLiteral("setRoomManager"), roomJid,
+                  [=] { return m_rooms->setManager(roomJid, ownJid(), jid, manager); });
+}
+
+void EmbeddedCore::handOverRoom(const QString &roomJid, const QString &jid)
+{
+    changeMembers(HandOverRoom, QStringLiteral("handOverRoom"), roomJid,
+                  [=] { return m_rooms->handOver(roomJid, ownJid(), jid); });
+}
+
+// --- What others do -----------------------------------------------------------
+
+bool EmbeddedCore::renameByOthers(const QString &roomJid, const QString &subject)
+{
+    const QList<MucMemberData> members = m_rooms->members(roomJid);
+    for (const MucMemberData &member : members) {
+        if (member.jid == ownJid() || !m_rooms->rename(roomJid, member.jid, subject))
+            continue;
+        whenConnected([this, roomJid, subject, name = member.name] {
+            emit roomRenamed(roomJid, subject.trimmed(), name);
+        });
+        return true;
     }
-    MucData target;
-    const bool inRoom = m_rooms->room(sessionJid, &target);
-    MessageData message = newMessage(sessionJid, fromJid, inRoom ? sessionJid : ownJid(), body,
-                                     inRoom ? MessageData::Room : MessageData::Person);
-    message.displayName = inRoom ? target.roomName : displayName(fromJid);
-    if (m_rooms->addMessage(message))
-        emit messageReceived(true, message);
+    return false;
+}
+
+bool EmbeddedCore::addMemberByOthers(const QString &roomJid, const QString &jid)
+{
+    const QList<MucMemberData> members = m_rooms->members(roomJid);
+    if (members.isEmpty() || !m_rooms->addMembers(roomJid, members.first().jid, membersOf({jid})))
+        return false;
+    whenConnected([this, roomJid] { emit roomMembersChanged(roomJid); });
+    return true;
+}
+
+bool EmbeddedCore::setRoomForbidden(const QString &roomJid, bool forbidden)
+{
+    if (!m_rooms->setForbidden(roomJid, forbidden))
+        return false;
+    whenConnected([=] { emit roomMuted(roomJid, forbidden); });
+    return true;
+}
+
+bool EmbeddedCore::setRoomHead(const QString &roomJid, const QString &imagePath)
+{
+    if (!m_rooms->setHead(roomJid, imagePath))
+        return false;
+    whenConnected([=] { emit roomHeadChanged(roomJid, imagePath); });
+    return true;
+}
+
+bool EmbeddedCore::removeFromRoom(const QString &roomJid)
+{
+    if (!m_rooms->isMember(roomJid, ownJid()) || !m_rooms->forget(roomJid))
+        return false;
+    whenConnected([=] { emit roomLeft(roomJid); });
+    return true;
+}
+
+QString EmbeddedCore::makeRoomOfOthers(const QString &subject, const QStringList &jids)
+{
+    QStringList all = jids;
+    all.append(ownJid());
+    all.removeDuplicates();
+    MucData made;
+    if (jids.isEmpty() || !m_rooms->create(subject, membersOf(all), &made) ||
+        !m_rooms->setListed(made.roomJid, false))
+        return QString();
+    return made.roomJid;
 }

@@ -1,20 +1,11 @@
 #include "host/core/presencesimulator.h"
 
 #include "host/core/embeddedcore.h"
+#include "host/core/samplemessages.h"
+#include "sample/samplechannels.h"
 
 namespace {
 constexpr int ReplyDelay = 1200; // ms
-constexpr const char *Texts[] = {
-    "好的，收到",
-    "Can you have a look at the draft?",
-    "下午三点开会，别忘了",
-    "在吗？",
-    "谢谢！",
-    "I'll be ten minutes late.",
-    "文件已经发到邮箱了",
-    "周报今天下班前交",
-    "好的，稍后回复。",
-};
 } // namespace
 
 PresenceSimulator::PresenceSimulator(EmbeddedCore *core, quint64 seed, QObject *parent)
@@ -32,9 +23,11 @@ quint64 PresenceSimulator::next()
     return m_state >> 20;
 }
 
-QString PresenceSimulator::text()
+QString PresenceSimulator::bodyFrom(const QString &jid)
 {
-    return QString::fromUtf8(Texts[next() % (sizeof Texts / sizeof *Texts)]);
+    VcardInfo person;
+    m_core->profile(jid, &person);
+    return SampleMessages::body(next(), person.nickName);
 }
 
 void PresenceSimulator::setPresenceRate(int milliseconds, int people)
@@ -91,29 +84,84 @@ void PresenceSimulator::changePresence(int people)
 
 void PresenceSimulator::receiveMessage()
 {
+    switch (next() % 8) {
+    case 0:
+    case 1:
+        writeInRoom();
+        break;
+    case 2:
+        writeAsService();
+        break;
+    default:
+        writeAsContact();
+    }
+}
+
+void PresenceSimulator::writeInRoom()
+{
     const QList<MucData> rooms = m_core->rooms();
-    if (next() % 3 == 0 && !rooms.isEmpty()) {
-        const QString room = rooms.at(int(next() % quint64(rooms.size()))).roomJid;
-        const QList<MucMemberData> members = m_core->roomMembers(room);
-        const QString from = members.at(int(next() % quint64(members.size()))).jid;
-        if (from != m_core->ownJid())
-            m_core->receiveMessage(from, room, text());
+    if (!rooms.isEmpty())
+        answerInRoom(rooms.at(int(next() % quint64(rooms.size()))).roomJid);
+}
+
+void PresenceSimulator::answerInRoom(const QString &roomJid)
+{
+    const QList<MucMemberData> members = m_core->roomMembers(roomJid);
+    if (members.isEmpty())
+        return;
+    const QString from = members.at(int(next() % quint64(members.size()))).jid;
+    if (from != m_core->ownJid())
+        m_core->receiveMessage(from, roomJid, bodyFrom(from));
+}
+
+void PresenceSimulator::writeAsService()
+{
+    const QList<CSChannelData> channels = m_core->channels();
+    const QVector<SampleServiceNumber> &numbers = sampleServiceNumbers();
+    const int which = int(next() % quint64(numbers.size() + channels.size()));
+    if (which >= numbers.size()) {
+        answerAsChannel(channels.at(which - numbers.size()).id);
         return;
     }
+    const QString jid = numbers.at(which).code + QLatin1Char('@') + SampleCompany::domain();
+    m_core->receiveMessage(jid, jid, SampleMessages::serviceBody(next()));
+}
+
+void PresenceSimulator::answerAsChannel(const QString &id)
+{
+    CSChannelData channel;
+    if (!m_core->channel(id, &channel))
+        return;
+    const int groups = channel.workgroups.size();
+    const QString group =
+        groups == 0 ? QString() : channel.workgroups.at(int(next() % quint64(groups)));
+    m_core->receiveMessage(id, id,
+                           channel.isOpen ? SampleMessages::channelBody(next(), group)
+                                          : SampleMessages::closedBody(group));
+}
+
+void PresenceSimulator::writeAsContact()
+{
     const QList<FriendData> contacts = m_core->contacts();
     if (contacts.isEmpty())
         return;
     const QString from = contacts.at(int(next() % quint64(contacts.size()))).jid;
     if (from != m_core->ownJid())
-        m_core->receiveMessage(from, from, text());
+        m_core->receiveMessage(from, from, bodyFrom(from));
 }
 
 void PresenceSimulator::replyTo(bool received, const MessageData &message)
 {
-    if (received || !m_running || !m_replies || message.kind != MessageData::Person ||
-        message.sessionJid == m_core->ownJid() || !m_core->presence(message.sessionJid).isOnline())
+    if (received || !m_running || !m_replies || message.sessionJid == m_core->ownJid())
         return;
-    QTimer::singleShot(ReplyDelay, this, [this, jid = message.sessionJid] {
-        m_core->receiveMessage(jid, jid, text());
+    QTimer::singleShot(ReplyDelay, this, [this, kind = message.kind, jid = message.sessionJid] {
+        if (kind == MessageData::Room)
+            answerInRoom(jid);
+        else if (kind == MessageData::Channel)
+            answerAsChannel(jid);
+        else if (kind == MessageData::ServiceNumber)
+            m_core->receiveMessage(jid, jid, SampleMessages::serviceBody(next()));
+        else if (m_core->presence(jid).isOnline())
+            m_core->receiveMessage(jid, jid, bodyFrom(jid));
     });
 }

@@ -22,7 +22,8 @@ public:
     void setPresenceRate(int milliseconds, int people);
     // Every `milliseconds` somebody writes; 0, as at first: nobody does.
     void setMessageRate(int milliseconds);
-    // Whether people answer what the user writes to them, after 1.2 seconds; on at first.
+    // Whether people, rooms and channels answer what the user writes to them, after 1.2
+    // seconds; on at first.
     void setReplies(bool replies);
     void start();
     void stop();
@@ -34,7 +35,12 @@ public:
 
 private:
     quint64 next();
-    QString text();
+    QString bodyFrom(const QString &jid);
+    void writeInRoom();
+    void answerInRoom(const QString &roomJid);
+    void writeAsService();
+    void answerAsChannel(const QString &id);
+    void writeAsContact();
     void replyTo(bool received, const MessageData &message);
 
     EmbeddedCore *m_core;

@@ -12,12 +12,10 @@ const char RoomColumns[] =
     "roomJid,roomName,memberCount,headImage,classify,ownerJid,managerJid,createTime,version,"
     "topsigntype,topsigndate,noticesubject,noticecontent,localExist,isExist,isOpenBarCode,"
     "isOpenJoinValidate,isAutoRelease,isOpenWaterMark,isInnerMuc,companyCode,forbidden";
-const char MessageColumns[] = "sessionJid,fromJid,toJid,body,time,kind,displayName,icon,appKey";
 const char ReadMembers[] = "SELECT roomJid,jid,name,role FROM roommembers ORDER BY rowid";
 const char InsertMember[] = "INSERT INTO roommembers(roomJid,jid,name,role) VALUES(?,?,?,?)";
 const char DeleteMembers[] = "DELETE FROM roommembers WHERE roomJid=?";
 const char DeleteRoom[] = "DELETE FROM rooms WHERE roomJid=?";
-const char NewestFirst[] = " WHERE sessionJid=? ORDER BY id DESC LIMIT ?";
 
 const QString RoomCounter = QStringLiteral("room");
 const QString SeededKey = QStringLiteral("roomsSeeded");
@@ -28,6 +26,13 @@ enum Role
     Manager = 1,
     Owner = 2
 };
+
+int placeOf(const QList<MucMemberData> &members, const QString &jid)
+{
+    const auto found = std::find_if(members.begin(), members.end(),
+                                    [&](const MucMemberData &member) { return member.jid == jid; });
+    return found == members.end() ? -1 : int(found - members.begin());
+}
 } // namespace
 
 RoomBook::RoomBook(CoreStore *store, const SampleCompany *company)
@@ -72,16 +77,22 @@ bool RoomBook::seed()
         const char *name;
         MucData::MucClassify classify;
         int size;
-        int owner; // position of the owner among the members; 0 is the own user
-        bool manager;
+        int owner;   // position of the owner among the members; 0 is the own user
+        int manager; // of a manager; -1: there is none
         bool forbidden;
+        bool listed;
     } rooms[] = {
-        {"项目组周会", MucData::PreferredRoom, 12, 0, false, false},
-        {"Release train", MucData::PreferredRoom, 8, 3, true, false},
-        {"研发中心", MucData::AddressBookRoom, 40, 1, false, false},
-        {"午饭去哪儿吃", MucData::LocalRoom, 6, 2, false, false},
-        {"公司通知", MucData::AddressBookRoom, 60, 4, false, true},
-        {"Support & Sales <handover>", MucData::LocalRoom, 5, 0, false, false},
+        {"项目组周会", MucData::PreferredRoom, 12, 0, 4, false, true},
+        {"Release train", MucData::PreferredRoom, 8, 3, 0, false, true},
+        {"研发中心", MucData::AddressBookRoom, 40, 1, 5, false, true},
+        {"午饭去哪儿吃", MucData::LocalRoom, 6, 2, -1, false, true},
+        {"公司通知", MucData::AddressBookRoom, 60, 4, 6, true, true},
+        {"Support & Sales <handover>", MucData::LocalRoom, 5, 0, 2, false, true},
+        {"新员工培训", MucData::AddressBookRoom, 24, 0, -1, false, true},
+        {"羽毛球俱乐部", MucData::AddressBookRoom, 18, 2, 0, false, true},
+        {"Zeta 客户项目", MucData::PreferredRoom, 9, 1, -1, false, true},
+        {"年会节目组", MucData::LocalRoom, 7, 3, 0, false, true},
+        {"拼车回家", MucData::LocalRoom, 4, 1, -1, false, false},
     };
     int next = 1;
     for (const auto &entry : rooms) {
@@ -92,21 +103,31 @@ bool RoomBook::seed()
                 next = next % qMax(1, m_company->people() - 1) + 1;
             const SamplePerson person = m_company->person(index);
             members.append({person.uid + QLatin1Char('@') + SampleCompany::domain(), person.name,
-                            i == 0 && entry.manager ? Manager : Member});
+                            i == entry.manager ? Manager : Member});
         }
         if (members.size() < 2)
             continue;
-        const int owner = qMin(entry.owner, members.size() - 1);
-        members.move(owner, 0);
+        members.move(qMin(entry.owner, members.size() - 1), 0);
         MucData room;
         if (!create(QString::fromUtf8(entry.name), members, &room))
             return false;
         room.classify = entry.classify;
         room.forbidden = entry.forbidden;
+        room.localExist = entry.listed;
         if (!write(room, m_members.value(room.roomJid)))
             return false;
     }
     return m_store->setMeta(SeededKey, QStringLiteral("1"));
+}
+
+QList<MucData> RoomBook::rooms() const
+{
+    QList<MucData> listed;
+    for (const MucData &room : m_rooms) {
+        if (room.localExist)
+            listed.append(room);
+    }
+    return listed;
 }
 
 bool RoomBook::room(const QString &jid, MucData *out) const
@@ -118,38 +139,58 @@ bool RoomBook::room(const QString &jid, MucData *out) const
     return true;
 }
 
+bool RoomBook::isMember(const QString &roomJid, const QString &jid) const
+{
+    return placeOf(m_members.value(roomJid), jid) >= 0;
+}
+
 int RoomBook::role(const QString &roomJid, const QString &jid) const
 {
     const QList<MucMemberData> list = m_members.value(roomJid);
-    const auto found = std::find_if(list.constBegin(), list.constEnd(),
-                                    [&](const MucMemberData &member) { return member.jid == jid; });
-    return found == list.constEnd() ? Member : found->role;
+    const int place = placeOf(list, jid);
+    return place < 0 ? int(Member) : list.at(place).role;
 }
 
 // --- Changing -----------------------------------------------------------------
 
 bool RoomBook::write(const MucData &room, const QList<MucMemberData> &members)
 {
+    MucData stored = room;
+    stored.memberCount = QString::number(members.size());
+    stored.managerJid.clear();
+    for (const MucMemberData &member : members) {
+        if (member.role == Owner)
+            stored.ownerJid = member.jid;
+        else if (member.role == Manager && stored.managerJid.isEmpty())
+            stored.managerJid = member.jid;
+    }
     const bool done = m_store->inTransaction([&] {
         QSqlQuery insert = m_store->prepared(RecordSql::insertStatement("rooms", RoomColumns));
-        RecordSql::bind(&insert, room);
+        RecordSql::bind(&insert, stored);
         if (!m_store->run(&insert) ||
-            !m_store->run(QString::fromLatin1(DeleteMembers), {room.roomJid}))
+            !m_store->run(QString::fromLatin1(DeleteMembers), {stored.roomJid}))
             return false;
-        QSqlQuery member = m_store->prepared(QString::fromLatin1(InsertMember));
-        for (const MucMemberData &entry : members) {
-            member.addBindValue(room.roomJid);
-            RecordSql::bind(&member, entry);
-            if (!m_store->run(&member))
+        QSqlQuery insertMember = m_store->prepared(QString::fromLatin1(InsertMember));
+        for (const MucMemberData &member : members) {
+            insertMember.addBindValue(stored.roomJid);
+            RecordSql::bind(&insertMember, member);
+            if (!m_store->run(&insertMember))
                 return false;
         }
         return true;
     });
     if (!done)
         return false;
-    m_rooms.insert(room.roomJid, room);
-    m_members.insert(room.roomJid, members);
+    m_rooms.insert(stored.roomJid, stored);
+    m_members.insert(stored.roomJid, members);
     return true;
+}
+
+template <class Change> bool RoomBook::edit(const QString &roomJid, Change change)
+{
+    MucData changed;
+    QList<MucMemberData> members = m_members.value(roomJid);
+    return room(roomJid, &changed) && change(&changed, &members) && write(changed, members);
 }
 
 bool RoomBook::create(const QString &subject, const QList<MucMemberData> &members, MucData *out)
@@ -168,38 +209,99 @@ bool RoomBook::create(const QString &subject, const QList<MucMemberData> &member
             names.append(seats.at(i).name);
         room.roomName = names.join(QString::fromUtf8("、"));
     }
-    room.memberCount = QString::number(seats.size());
-    room.ownerJid = seats.first().jid;
     room.createTime = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     room.version = QStringLiteral("1");
     room.companyCode = SampleCompany::companyCode();
-    for (const MucMemberData &seat : qAsConst(seats)) {
-        if (seat.role == Manager)
-            room.managerJid = seat.jid;
-    }
-    if (!write(room, seats))
-        return false;
-    *out = room;
-    return true;
+    return write(room, seats) && this->room(room.roomJid, out);
 }
 
 bool RoomBook::rename(const QString &roomJid, const QString &jid, const QString &subject)
 {
-    MucData changed;
-    if (subject.trimmed().isEmpty() || role(roomJid, jid) == Member || !room(roomJid, &changed))
-        return false;
-    changed.roomName = subject.trimmed();
-    return write(changed, m_members.value(roomJid));
+    return edit(roomJid, [&](MucData *room, QList<MucMemberData> *) {
+        room->roomName = subject.trimmed();
+        return !room->roomName.isEmpty() && role(roomJid, jid) != Member;
+    });
 }
 
 bool RoomBook::classify(const QString &roomJid, MucData::MucClassify classify)
 {
-    MucData changed;
-    if (classify < MucData::LocalRoom || classify > MucData::PreferredRoom ||
-        !room(roomJid, &changed))
-        return false;
-    changed.classify = classify;
-    return write(changed, m_members.value(roomJid));
+    return edit(roomJid, [&](MucData *room, QList<MucMemberData> *) {
+        room->classify = classify;
+        return classify >= MucData::LocalRoom && classify <= MucData::PreferredRoom;
+    });
+}
+
+bool RoomBook::addMembers(const QString &roomJid, const QString &by,
+                          const QList<MucMemberData> &members)
+{
+    return edit(roomJid, [&](MucData *, QList<MucMemberData> *present) {
+        const int before = present->size();
+        for (const MucMemberData &member : members) {
+            if (placeOf(*present, member.jid) < 0)
+                present->append({member.jid, member.name, Member});
+        }
+        return isMember(roomJid, by) && present->size() > before;
+    });
+}
+
+bool RoomBook::removeMember(const QString &roomJid, const QString &by, const QString &jid)
+{
+    return edit(roomJid, [&](MucData *, QList<MucMemberData> *present) {
+        const int place = placeOf(*present, jid);
+        if (place < 0 || role(roomJid, by) <= present->at(place).role)
+            return false;
+        present->removeAt(place);
+        return true;
+    });
+}
+
+bool RoomBook::setManager(const QString &roomJid, const QString &by, const QString &jid,
+                          bool manager)
+{
+    return edit(roomJid, [&](MucData *, QList<MucMemberData> *present) {
+        const int place = placeOf(*present, jid);
+        const int wanted = manager ? Manager : Member;
+        if (place < 0 || present->at(place).role == Owner || present->at(place).role == wanted)
+            return false;
+        (*present)[place].role = wanted;
+        return role(roomJid, by) == Owner;
+    });
+}
+
+bool RoomBook::handOver(const QString &roomJid, const QString &by, const QString &jid)
+{
+    return edit(roomJid, [&](MucData *, QList<MucMemberData> *present) {
+        const int from = placeOf(*present, by), to = placeOf(*present, jid);
+        if (from < 0 || to < 0 || from == to || present->at(from).role != Owner)
+            return false;
+        (*present)[from].role = Member;
+        (*present)[to].role = Owner;
+        return true;
+    });
+}
+
+bool RoomBook::setForbidden(const QString &roomJid, bool forbidden)
+{
+    return edit(roomJid, [&](MucData *room, QList<MucMemberData> *) {
+        room->forbidden = forbidden;
+        return true;
+    });
+}
+
+bool RoomBook::setHead(const QString &roomJid, const QString &imagePath)
+{
+    return edit(roomJid, [&](MucData *room, QList<MucMemberData> *) {
+        room->headImage = imagePath;
+        return true;
+    });
+}
+
+bool RoomBook::setListed(const QString &roomJid, bool listed)
+{
+    return edit(roomJid, [&](MucData *room, QList<MucMemberData> *) {
+        room->localExist = listed;
+        return true;
+    });
 }
 
 bool RoomBook::forget(const QString &roomJid)
@@ -223,31 +325,4 @@ bool RoomBook::quit(const QString &roomJid, const QString &jid)
 bool RoomBook::dismiss(const QString &roomJid, const QString &jid)
 {
     return role(roomJid, jid) == Owner && forget(roomJid);
-}
-
-// --- Messages -----------------------------------------------------------------
-
-bool RoomBook::addMessage(const MessageData &message)
-{
-    QSqlQuery insert = m_store->prepared(RecordSql::insertStatement("messages", MessageColumns));
-    RecordSql::bind(&insert, message);
-    return m_store->run(&insert);
-}
-
-QList<MessageData> RoomBook::messages(const QString &sessionJid, int limit) const
-{
-    QList<MessageData> list;
-    QSqlQuery query = m_store->prepared(RecordSql::selectStatement("messages", MessageColumns) +
-                                        QString::fromLatin1(NewestFirst));
-    query.addBindValue(sessionJid);
-    query.addBindValue(qMax(0, limit));
-    if (!m_store->run(&query))
-        return list;
-    while (query.next()) {
-        MessageData message;
-        RecordSql::read(query, &message);
-        list.append(message);
-    }
-    std::reverse(list.begin(), list.end());
-    return list;
 }

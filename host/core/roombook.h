@@ -1,5 +1,4 @@
-// The group chats of the embedded core and every conversation's messages. Rooms
-// are held in memory and written through; messages are read from the file.
+// The group chats of the embedded core, held in memory and written through.
 #pragma once
 
 #include "hostapi/roomrecords.h"
@@ -20,9 +19,10 @@ public:
     // A new file is first filled with a few rooms of sample people, if asked for.
     bool load(bool sampleRooms);
 
-    QList<MucData> rooms() const { return m_rooms.values(); }
+    QList<MucData> rooms() const; // without those that are not listed
     bool room(const QString &jid, MucData *out) const;
     QList<MucMemberData> members(const QString &roomJid) const { return m_members.value(roomJid); }
+    bool isMember(const QString &roomJid, const QString &jid) const;
     int role(const QString &roomJid, const QString &jid) const; // 0 for strangers too
 
     // The first member owns the room. False: fewer than two members, or not stored.
@@ -33,16 +33,26 @@ public:
     bool quit(const QString &roomJid, const QString &jid);
     bool dismiss(const QString &roomJid, const QString &jid);
     bool classify(const QString &roomJid, MucData::MucClassify classify);
+    // So do these for `by`. Members that are there already are left out; false when
+    // nothing changes.
+    bool addMembers(const QString &roomJid, const QString &by, const QList<MucMemberData> &members);
+    bool removeMember(const QString &roomJid, const QString &by, const QString &jid);
+    bool setManager(const QString &roomJid, const QString &by, const QString &jid, bool manager);
+    bool handOver(const QString &roomJid, const QString &by, const QString &jid);
 
-    bool addMessage(const MessageData &message);
-    QList<MessageData> messages(const QString &sessionJid, int limit) const; // oldest first
+    // What the server decides.
+    bool setForbidden(const QString &roomJid, bool forbidden);
+    bool setHead(const QString &roomJid, const QString &imagePath);
+    bool setListed(const QString &roomJid, bool listed);
+    bool forget(const QString &roomJid); // the user is out of it, or it is no more
 
     static QString roomDomain();
 
 private:
     bool seed();
     bool write(const MucData &room, const QList<MucMemberData> &members);
-    bool forget(const QString &roomJid);
+    // Changes a copy and stores it; false when `change` is, or nothing was stored.
+    template <class Change> bool edit(const QString &roomJid, Change change);
 
     CoreStore *m_store;
     const SampleCompany *m_company;

@@ -20,7 +20,7 @@ QString timeText(qint64 time)
 } // namespace
 
 EventModel::EventModel(QObject *parent, int capacity)
-    : QAbstractTableModel(parent), m_capacity(qMax(1, capacity))
+    : RecordModel(parent), m_capacity(qMax(1, capacity))
 {
 }
 

@@ -5,13 +5,13 @@
 #pragma once
 
 #include "host/eventlog.h"
+#include "host/eventmonitor/recordmodel.h"
 
-#include <QAbstractTableModel>
 #include <QJsonArray>
 
 #include <deque>
 
-class EventModel : public QAbstractTableModel
+class EventModel : public RecordModel
 {
     Q_OBJECT
 
@@ -41,15 +41,14 @@ public:
 
     void record(const EventRecord &record);
     bool hasPending() const { return !m_pending.empty(); }
-    void flush();
-    void clear();
+    void flush() override;
+    void clear() override;
 
     const EventRecord &at(int row) const { return m_rows[size_t(row)].record; }
-    qint64 dropped() const { return m_dropped; } // since the last clear()
+    qint64 dropped() const override { return m_dropped; }
 
-    // Rows in the given order, for the clipboard. Tabs and line breaks inside a
-    // cell become blanks.
-    QString asText(const QVector<int> &rows) const;
+    // Tabs and line breaks inside a cell become blanks.
+    QString asText(const QVector<int> &rows) const override;
     QJsonArray asJson(const QVector<int> &rows) const;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;

@@ -4,20 +4,14 @@
 #pragma once
 
 #include "host/eventlog.h"
-
-#include <QTimer>
-#include <QWidget>
+#include "host/eventmonitor/monitorpanel.h"
 
 class EventFilter;
 class EventModel;
-class QAction;
 class QComboBox;
-class QLabel;
-class QLineEdit;
 class QPlainTextEdit;
-class QTableView;
 
-class EventMonitor : public QWidget
+class EventMonitor : public MonitorPanel
 {
     Q_OBJECT
 
@@ -26,37 +20,23 @@ public:
     explicit EventMonitor(EventLog *log, QWidget *parent = nullptr);
 
     EventModel *model() const { return m_model; }
-    QTableView *table() const { return m_table; }
 
 protected:
-    void changeEvent(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
+    void applyFilter() override;
+    QString countText(int shown, int all) const override;
+    void retranslate() override;
 
 private:
-    void record(const EventRecord &record);
-    void flush();
+    EventMonitor(EventModel *model, EventFilter *filter, const EventLog *log, QWidget *parent);
+    void addFilters();
+    void addDetails();
     void showDetails();
-    void setPaused(bool paused);
-    void copyText();
     void copyJson();
-    void retranslate();
-    void updateState();
-    void buildTable();
-    QWidget *buildBar();
-    QVector<int> chosenRows() const;
 
     EventModel *m_model;
     EventFilter *m_filter;
-    QTableView *m_table;
     QPlainTextEdit *m_details;
-    QLineEdit *m_text;
     QLineEdit *m_codes;
     QComboBox *m_direction;
-    QLabel *m_state;
-    QAction *m_pause;
-    QAction *m_clear;
-    QAction *m_copy;
     QAction *m_copyJson;
-    QTimer m_flushTimer;
-    QTimer m_filterTimer;
 };

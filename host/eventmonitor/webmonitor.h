@@ -1,21 +1,12 @@
-// The event monitor's second panel: the web requests of module and host, a filter,
-// and copying.
+// The event monitor's second panel: the web requests of module and host.
 #pragma once
 
-#include "hostapi/webrequestrecord.h"
+#include "host/eventmonitor/monitorpanel.h"
 
-#include <QTimer>
-#include <QWidget>
-
-class QAction;
-class QLabel;
-class QLineEdit;
-class QTableView;
 class WebLog;
 class WebRequestModel;
-class WordFilter;
 
-class WebMonitor : public QWidget
+class WebMonitor : public MonitorPanel
 {
     Q_OBJECT
 
@@ -24,27 +15,13 @@ public:
     explicit WebMonitor(const WebLog *log, QWidget *parent = nullptr);
 
     WebRequestModel *model() const { return m_model; }
-    QTableView *table() const { return m_table; }
 
 protected:
-    void changeEvent(QEvent *event) override;
-    void showEvent(QShowEvent *event) override;
+    QString countText(int shown, int all) const override;
+    void retranslate() override;
 
 private:
-    QWidget *buildBar();
-    void record(const WebRequestRecord &record);
-    void flush();
-    void copy();
-    void updateState();
-    void retranslate();
+    WebMonitor(WebRequestModel *model, const WebLog *log, QWidget *parent);
 
     WebRequestModel *m_model;
-    WordFilter *m_filter;
-    QTableView *m_table;
-    QLineEdit *m_text;
-    QLabel *m_state;
-    QAction *m_clear;
-    QAction *m_copy;
-    QTimer m_flushTimer;
-    QTimer m_filterTimer;
 };

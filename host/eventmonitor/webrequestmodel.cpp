@@ -10,7 +10,7 @@ constexpr int DateLength = 11; // "yyyy-MM-dd "
 } // namespace
 
 WebRequestModel::WebRequestModel(QObject *parent, int capacity)
-    : QAbstractTableModel(parent), m_capacity(qMax(1, capacity))
+    : RecordModel(parent), m_capacity(qMax(1, capacity))
 {
 }
 

@@ -2,14 +2,12 @@
 // queued by record() and appended as one batch by flush().
 #pragma once
 
+#include "host/eventmonitor/recordmodel.h"
 #include "hostapi/webrequestrecord.h"
-
-#include <QAbstractTableModel>
-#include <QVector>
 
 #include <deque>
 
-class WebRequestModel : public QAbstractTableModel
+class WebRequestModel : public RecordModel
 {
     Q_OBJECT
 
@@ -34,12 +32,10 @@ public:
 
     // What may be secret is masked before it is kept.
     void record(const WebRequestRecord &record);
-    void flush();
-    void clear();
-    qint64 dropped() const { return m_dropped; } // since the last clear()
-
-    // Rows in the given order, one a line, cells separated by tabs.
-    QString asText(const QVector<int> &rows) const;
+    void flush() override;
+    void clear() override;
+    qint64 dropped() const override { return m_dropped; }
+    QString asText(const QVector<int> &rows) const override;
 
     int rowCount(const QModelIndex &parent = QModelIndex()) const override;
     int columnCount(const QModelIndex &parent = QModelIndex()) const override;

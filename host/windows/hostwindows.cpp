@@ -2,6 +2,7 @@
 
 #include "host/chat/chatarea.h"
 #include "host/chat/chatpage.h"
+#include "host/filetransfers.h"
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/messagingcore.h"
@@ -9,7 +10,11 @@
 #include "host/windows/historywindow.h"
 #include "host/windows/peoplepicker.h"
 #include "host/windows/requestnote.h"
+#include "host/windows/roommanagement.h"
 #include "hostapi/eventcodes.h"
+
+#include <QFileDialog>
+#include <QFileInfo>
 
 namespace {
 
@@ -34,9 +39,22 @@ HostWindows::HostWindows(MessagingCore *core, HostContext *context, HostBus *bus
       m_bus(bus),
       m_chats(chats),
       m_parent(parent),
-      m_requests(new ContactRequests(parent))
+      m_requests(new ContactRequests(parent)),
+      m_transfers(new FileTransfers(core, this))
 {
     connectRequests();
+    m_context->setTransfers(m_transfers);
+    connect(m_chats, &ChatArea::sendFileWanted, this,
+            [this](const QString &jid, int kind) { sendFile({jid}, kind); });
+    // Read here, so no longer unread in the plug-in's list.
+    connect(m_chats, &ChatArea::conversationRead, m_bus, [bus = m_bus](const MessageData &newest) {
+        bus->notify(Inbound::LatestContactChanged, newest.sessionJid, newest.body, newest.time);
+    });
+}
+
+HostWindows::~HostWindows()
+{
+    m_context->setTransfers(nullptr);
 }
 
 void HostWindows::connectRequests()
@@ -90,12 +108,28 @@ void HostWindows::openChat(const QString &jid, qint32 kind)
     m_chats->open(jid, kindOf(kind));
 }
 
-void HostWindows::sendFile(const QStringList &jids, qint32)
+void HostWindows::sendFile(const QStringList &jids, qint32 kind)
 {
-    RequestNote::show(m_parent, tr("Send a file"),
-                      tr("This host transfers no files. A client would now let the user choose "
-                         "files for:"),
-                      peopleLines(jids));
+    auto *dialog = new QFileDialog(m_parent, tr("Send a file"));
+    dialog->setObjectName(QStringLiteral("sendFileDialog"));
+    // One that a test can drive, and that does not stop the window.
+    dialog->setOption(QFileDialog::DontUseNativeDialog);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFiles);
+    connect(dialog, &QFileDialog::filesSelected, this,
+            [this, jids, kind](const QStringList &files) {
+                startTransfers(jids, kindOf(kind), files);
+            });
+    dialog->open();
+}
+
+void HostWindows::startTransfers(const QStringList &jids, MessageData::Kind kind,
+                                 const QStringList &files)
+{
+    for (const QString &jid : jids) {
+        for (const QString &file : files)
+            m_transfers->start(jid, kind, file, QFileInfo(file).size());
+    }
 }
 
 void HostWindows::openHistory(const QString &jid, qint32)
@@ -124,7 +158,9 @@ void HostWindows::createGroupChat(const QStringList &jids)
 
 void HostWindows::cancelTransfers(const QString &jid)
 {
-    emit note(tr("There is no file transfer with %1 to cancel.").arg(nameOf(jid)));
+    const int count = m_transfers->cancel(jid);
+    emit note(count == 0 ? tr("There is no file transfer with %1 to cancel.").arg(nameOf(jid))
+                         : tr("File transfers with %1 cancelled: %2").arg(nameOf(jid)).arg(count));
 }
 
 void HostWindows::pinConversation(const QString &jid, bool top)
@@ -175,9 +211,15 @@ void HostWindows::pickTeamMembers(const QString &teamId, qint32 groupId,
 
 void HostWindows::manageRoom(const QString &roomJid)
 {
-    RequestNote::show(m_parent, tr("Manage the group chat"),
-                      tr("This host has no page for the owner and the managers of a group chat."),
-                      {nameOf(roomJid), roomJid});
+    const auto open = m_parent->findChildren<RoomManagement *>();
+    for (RoomManagement *window : open) {
+        if (window->roomJid() == roomJid) {
+            window->raise();
+            window->activateWindow();
+            return;
+        }
+    }
+    (new RoomManagement(m_core, roomJid, m_parent))->QWidget::show();
 }
 
 void HostWindows::writeMail(const QStringList &jids)

@@ -4,12 +4,14 @@
 #pragma once
 
 #include "host/hostactions.h"
+#include "hostapi/roomrecords.h"
 
 #include <QObject>
 #include <QSet>
 
 class ChatArea;
 class ContactRequests;
+class FileTransfers;
 class HostBus;
 class HostContext;
 class MessagingCore;
@@ -23,6 +25,9 @@ public:
     // None is owned; all outlive this object. Windows get `parent` as theirs.
     HostWindows(MessagingCore *core, HostContext *context, HostBus *bus, ChatArea *chats,
                 QWidget *parent);
+    ~HostWindows() override;
+
+    FileTransfers *transfers() const { return m_transfers; }
 
     void openChat(const QString &jid, qint32 kind) override;
     void sendFile(const QStringList &jids, qint32 kind) override;
@@ -48,6 +53,7 @@ signals:
 private:
     void connectRequests();
     QString nameOf(const QString &jid) const;
+    void startTransfers(const QStringList &jids, MessageData::Kind kind, const QStringList &files);
     QStringList peopleLines(const QStringList &jids) const;
 
     MessagingCore *m_core;
@@ -56,5 +62,6 @@ private:
     ChatArea *m_chats;
     QWidget *m_parent;
     ContactRequests *m_requests;
+    FileTransfers *m_transfers;
     QSet<QString> m_toAdd; // jids whose policy was asked for, to open the plug-in's window
 };

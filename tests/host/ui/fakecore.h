@@ -14,6 +14,10 @@ public:
     QList<FriendData> people;
     QHash<QString, QList<MessageData>> history;
     QMap<QString, PresenceData> reachable;
+    Backlog missed;
+    QList<MucData> groupChats;
+    QList<MucMemberData> members; // of every room
+    int ownRole = 0;
     bool connected = true;
 
     QString ownUid() const override { return QStringLiteral("u0"); }
@@ -37,10 +41,25 @@ public:
     QMap<QString, PresenceData> allPresence() const override { return reachable; }
     bool cooperates(const QString &, bool *) const override { return false; }
     bool profile(const QString &, VcardInfo *) const override { return false; }
-    QList<MucData> rooms() const override { return {}; }
-    bool room(const QString &, MucData *) const override { return false; }
-    QList<MucMemberData> roomMembers(const QString &) const override { return {}; }
-    int roomRole(const QString &) const override { return 0; }
+    QList<MucData> rooms() const override { return groupChats; }
+    bool room(Text jid, MucData *out) const override
+    {
+        for (const MucData &room : groupChats) {
+            if (room.roomJid == jid) {
+                *out = room;
+                return true;
+            }
+        }
+        return false;
+    }
+    QList<MucMemberData> roomMembers(const QString &) const override { return members; }
+    int roomRole(const QString &) const override { return ownRole; }
+    QList<CSChannelData> channels() const override { return {}; }
+    bool channel(const QString &, CSChannelData *) const override { return false; }
+    bool serviceNumber(const QString &, CServiceNumData *) const override { return false; }
+    QString productTeamJid() const override { return QString(); }
+    Backlog backlog() const override { return missed; }
+    void clearBacklog() override { note("clearBacklog"); }
     QList<MessageData> messages(Text jid, int limit) const override
     {
         return history.value(jid).mid(qMax(0, history.value(jid).size() - limit));
@@ -94,6 +113,16 @@ public:
     {
         note("classifyRoom", room, QString::number(classify));
     }
+    void addRoomMembers(Text room, const QStringList &jids) override
+    {
+        note("addRoomMembers", room, jids.join(QLatin1Char('+')));
+    }
+    void removeRoomMember(Text room, Text jid) override { note("removeRoomMember", room, jid); }
+    void setRoomManager(Text room, Text jid, bool manager) override
+    {
+        note("setRoomManager", room, jid, manager);
+    }
+    void handOverRoom(Text room, Text jid) override { note("handOverRoom", room, jid); }
     void sendMessage(Text jid, MessageData::Kind kind, Text body) override
     {
         note("sendMessage", jid, QString::number(kind), body);

@@ -32,7 +32,7 @@ namespace {
 struct Session
 {
     explicit Session(MessagingCore *core, const QString &folder)
-        : context(core, folder), scope(&context), notifier(core, &bus, &context.settings())
+        : context(core, folder), scope(&context), notifier(core, &bus, &context)
     {
         installRequestHandlers(bus, *core, actions);
         FriendUIMessageProcess *hub = FriendUIMessageProcess::instance();

@@ -169,6 +169,19 @@ private slots:
         QVERIFY(resetDataFolder(folder.filePath(QStringLiteral("none")), &problem));
     }
 
+    void oneHostAtATimeUsesADataFolder()
+    {
+        const QTemporaryDir folder;
+        QString problem;
+        auto first = lockDataFolder(folder.path(), &problem);
+        QVERIFY2(first, qPrintable(problem));
+        QVERIFY(!lockDataFolder(folder.path(), &problem));
+        QVERIFY(problem.contains(folder.path()));
+        QVERIFY(problem.contains(QString::number(QCoreApplication::applicationPid())));
+        first.reset();
+        QVERIFY(lockDataFolder(folder.path(), &problem));
+    }
+
     void aDataFolderThatIsAFileIsRefused()
     {
         const QTemporaryDir folder;

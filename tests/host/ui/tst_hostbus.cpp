@@ -1,5 +1,4 @@
 // The host's end of the bus: routing, requests into the core, answers out of it.
-#include "common/cserversettings.h"
 #include "host/corenotifier.h"
 #include "host/eventlog.h"
 #include "host/hostbus.h"
@@ -9,6 +8,7 @@
 #include "tests/host/ui/fakeactions.h"
 #include "tests/host/ui/fakecore.h"
 #include "tests/plugin/samplepayload.h"
+#include "tests/support/fakecontext.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
@@ -57,9 +57,9 @@ struct Bench
     FakeCore core;
     FakeActions actions;
     FakePlugin plugin;
-    CServerSettings settings;
+    FakeContext context;
     HostBus bus{&log};
-    CoreNotifier notifier{&core, &bus, &settings};
+    CoreNotifier notifier{&core, &bus, &context};
     QVector<EventRecord> recorded;
 
     Bench()
@@ -260,7 +260,7 @@ private slots:
         bool flagInEvent = true;
         bench.plugin.onEvent = [&](BaseEvent &event) {
             if (event.code == Inbound::ConnectionChanged)
-                flagInEvent = bench.settings.connected();
+                flagInEvent = bench.context.settings.connected();
         };
         bench.core.setConnected(false);
         QVERIFY(!flagInEvent);
@@ -283,6 +283,49 @@ private slots:
         emit bench.core.groupsReceived({}, true);
         emit bench.core.groupsReceived({}, true);
         QCOMPARE(bench.core.calls.count(QStringLiteral("requestContacts()")), 1);
+    }
+
+    void whatWasMissedIsDeliveredInOrder()
+    {
+        Bench bench;
+        MessageData old;
+        old.sessionJid = old.fromJid = jid();
+        old.time = QStringLiteral("2024-01-02 03:04:05");
+        MessageData own = old;
+        own.fromJid = bench.core.ownJid();
+        own.body = QStringLiteral("own");
+        bench.core.missed = {{old, own}, {jid()}};
+        emit bench.core.messageReceived(true, old); // before the pane exists
+        QVERIFY(bench.plugin.events.isEmpty());
+        QVERIFY(!bench.core.calls.contains(QLatin1String("clearBacklog()")));
+
+        bench.notifier.startSession();
+        const QList<qint32> codes = bench.plugin.codes();
+        QCOMPARE(codes.mid(codes.size() - 3),
+                 (QList<qint32>{Inbound::MessageReceived, Inbound::MessageReceived,
+                                Inbound::LatestContactChanged}));
+        const int first = bench.plugin.events.size() - 3;
+        QCOMPARE(bench.plugin.events.at(first).payload.at(0), char(1)); // received
+        QCOMPARE(bench.plugin.events.at(first + 1).payload.at(0), char(0));
+        QString session, content;
+        QDataStream in(bench.plugin.events.last().payload);
+        in >> session >> content;
+        QCOMPARE(session, jid());
+        QCOMPARE(content, own.body);
+        // Only once the plug-in has had its turn to store them.
+        QVERIFY(!bench.core.calls.contains(QLatin1String("clearBacklog()")));
+        QTRY_VERIFY(bench.core.calls.contains(QLatin1String("clearBacklog()")));
+    }
+
+    void membersAreCounted()
+    {
+        Bench bench;
+        bench.core.members = {{jid(), QStringLiteral("a"), 2}, {jid(), QStringLiteral("b"), 0}};
+        emit bench.core.roomMembersChanged(jid());
+        QByteArray expected;
+        QDataStream out(&expected, QIODevice::WriteOnly);
+        out << QStringLiteral("2") << jid(); // the number leads on the wire
+        QCOMPARE(bench.plugin.events.last().payload, expected);
     }
 
     void withoutAPluginNothingHappens()

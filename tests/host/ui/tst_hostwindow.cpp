@@ -1,24 +1,18 @@
-// The host's window with a recording core: chats, requests that open windows,
+// The host's window with a recording core: requests that open windows,
 // switches, the page shown without a plug-in, loading a plug-in.
 #include "common/clogthread.h"
 #include "host/chat/chatarea.h"
 #include "host/chat/chatpage.h"
-#include "host/chat/chatview.h"
-#include "host/eventlog.h"
-#include "host/hostbus.h"
 #include "host/hostcontext.h"
-#include "host/hostlanguage.h"
-#include "host/mainwindow.h"
 #include "host/panearea.h"
 #include "host/pluginloader.h"
-#include "host/requesttable.h"
 #include "host/webservices.h"
 #include "host/windows/contactrequests.h"
 #include "host/windows/hostwindows.h"
 #include "host/windows/peoplepicker.h"
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
-#include "tests/host/ui/fakecore.h"
+#include "tests/host/ui/windowbench.h"
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
@@ -32,163 +26,30 @@
 #include <QSqlQuery>
 #include <QStatusBar>
 #include <QTabWidget>
-#include <QTemporaryDir>
-
-namespace {
-
-FriendData person(const QString &uid, const QString &name)
-{
-    FriendData data;
-    data.jid = uid + QLatin1String("@corp.example");
-    data.nickName = name;
-    return data;
-}
-
-MessageData message(const QString &session, const QString &from, const QString &body)
-{
-    MessageData data;
-    data.sessionJid = session;
-    data.fromJid = from;
-    data.body = body;
-    data.time = QStringLiteral("2024-01-02 03:04:05");
-    return data;
-}
-
-const QString hostile()
-{
-    return QString::fromUtf8("<img src=/etc/passwd><b>O'Brien</b> & \"Co\"\nforged");
-}
-
-struct Bench
-{
-    QTemporaryDir folder;
-    FakeCore core;
-    HostContext context{&core, folder.path()};
-    EventLog log;
-    HostBus bus{&log};
-    HostLanguage language;
-    MainWindow window{{&core, &context, &bus, &log, &language, nullptr}};
-
-    Bench()
-    {
-        core.people = {person(QStringLiteral("u1"), QString::fromUtf8("李雷")),
-                       person(QStringLiteral("u2"), hostile())};
-        installRequestHandlers(bus, core, *window.windows());
-    }
-    ~Bench() { context.shutDown(); }
-
-    QString status() const { return window.statusBar()->currentMessage(); }
-    template <class T> T *find(const char *name) const
-    {
-        return window.findChild<T *>(QString::fromLatin1(name));
-    }
-};
-
-const QString u1()
-{
-    return QStringLiteral("u1@corp.example");
-}
-const QString u2()
-{
-    return QStringLiteral("u2@corp.example");
-}
-
-} // namespace
 
 class TstHostWindow : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void aChatShowsItsHistoryAndSends()
-    {
-        Bench bench;
-        bench.core.history[u1()] = {message(u1(), u1(), QStringLiteral("hello"))};
-        bench.window.windows()->openChat(u1(), MessageData::Person);
-        ChatPage *page = bench.window.chats()->currentPage();
-        QVERIFY(page);
-        QVERIFY(page->findChild<ChatView *>()->toPlainText().contains(QLatin1String("hello")));
-
-        auto *input = page->findChild<QPlainTextEdit *>(QStringLiteral("chatInput"));
-        QTest::keyClicks(input, QStringLiteral("  one"));
-        QTest::keyClick(input, Qt::Key_Return, Qt::ShiftModifier);
-        QTest::keyClicks(input, QStringLiteral("two"));
-        QVERIFY(bench.core.calls.isEmpty());
-        QTest::keyClick(input, Qt::Key_Return);
-        QCOMPARE(bench.core.calls,
-                 QStringList{QStringLiteral("sendMessage(%1, 0, one\ntwo)").arg(u1())});
-        QVERIFY(input->toPlainText().isEmpty());
-        QTest::keyClick(input, Qt::Key_Return); // nothing to send
-        QCOMPARE(bench.core.calls.size(), 1);
-
-        emit bench.core.requestFailed(QStringLiteral("sendMessage"), u1());
-        QVERIFY(page->findChild<ChatView *>()->toPlainText().contains(
-            QLatin1String("could not be sent")));
-    }
-
-    void thereIsOneChatPerJid()
-    {
-        Bench bench;
-        bench.window.windows()->openChat(u1(), 0);
-        bench.window.windows()->openChat(u2(), 0);
-        bench.window.windows()->openChat(u1(), 0);
-        QCOMPARE(bench.window.chats()->count(), 2);
-        QCOMPARE(bench.window.chats()->currentPage()->jid(), u1());
-
-        auto *tabs = bench.find<QTabWidget>("chatTabs");
-        emit bench.core.messageReceived(true, message(u2(), u2(), QStringLiteral("hi")));
-        QVERIFY(tabs->tabText(1).startsWith(QString::fromUtf8("●")));
-        tabs->setCurrentIndex(1);
-        QVERIFY(!tabs->tabText(1).startsWith(QString::fromUtf8("●")));
-
-        emit tabs->tabCloseRequested(1);
-        emit tabs->tabCloseRequested(0);
-        QCOMPARE(bench.window.chats()->count(), 0);
-        QCOMPARE(bench.window.chats()->currentWidget()->objectName(),
-                 QStringLiteral("welcomePage"));
-        emit bench.core.messageReceived(true, message(u1(), u1(), QStringLiteral("again")));
-        QVERIFY(bench.status().contains(QString::fromUtf8("李雷")));
-    }
-
-    void othersTextIsNeverMarkup()
-    {
-        Bench bench;
-        bench.core.history[u2()] = {message(u2(), u2(), hostile())};
-        ChatPage *page = bench.window.chats()->open(u2(), MessageData::Person);
-        const QString shown = page->findChild<ChatView *>()->toPlainText();
-        QVERIFY(shown.contains(QLatin1String("<img src=/etc/passwd>")));
-        const auto labels = page->findChildren<QLabel *>();
-        for (const QLabel *label : labels)
-            QCOMPARE(label->textFormat(), Qt::PlainText);
-        QVERIFY(!page->title().contains(QLatin1Char('\n')));
-        auto *tabs = bench.find<QTabWidget>("chatTabs");
-        QVERIFY(tabs->tabText(0).contains(QLatin1String("&& \"Co\"")));
-    }
-
     void requestsBeyondTheHostOpenANote_data()
     {
         const Rows<int> row{"code"};
         row("mail", int(Outbound::WriteMail));
-        row("file", int(Outbound::SendFile));
         row("picture", int(Outbound::ShowPicture));
         row("topic", int(Outbound::OpenTopicPage));
-        row("room", int(Outbound::ManageRoom));
     }
     void requestsBeyondTheHostOpenANote()
     {
         QFETCH(int, code);
-        Bench bench;
+        WindowBench bench;
         HostWindows &windows = *bench.window.windows();
         if (code == Outbound::WriteMail)
             windows.writeMail({u1(), u2()});
-        else if (code == Outbound::SendFile)
-            windows.sendFile({u1()}, 0);
         else if (code == Outbound::ShowPicture)
             windows.showPicture(u1(), QStringLiteral("/x.png"));
-        else if (code == Outbound::OpenTopicPage)
-            windows.openTopicPage(QString::fromLatin1(PluginId::Topics), u1());
         else
-            windows.manageRoom(u1());
+            windows.openTopicPage(QString::fromLatin1(PluginId::Topics), u1());
         auto *note = bench.find<QDialog>("requestNote");
         QVERIFY(note && note->isVisible());
         QVERIFY(note->findChild<QPlainTextEdit *>()->toPlainText().contains(
@@ -199,7 +60,7 @@ private slots:
 
     void aGroupChatIsMadeOfTheChosenPeople()
     {
-        Bench bench;
+        WindowBench bench;
         bench.window.windows()->createGroupChat({u1()});
         auto *picker = bench.find<PeoplePicker>("peoplePicker");
         QVERIFY(picker);
@@ -212,7 +73,7 @@ private slots:
 
     void pickedTeamMembersGoBackToThePlugin()
     {
-        Bench bench;
+        WindowBench bench;
         QSignalSpy recorded(&bench.log, &EventLog::recorded);
         QObject plugin;
         bench.bus.setPlugin(&plugin, QStringLiteral("{p}"));
@@ -237,7 +98,7 @@ private slots:
 
     void switchesReachCoreContextAndPlugin()
     {
-        Bench bench;
+        WindowBench bench;
         QSignalSpy recorded(&bench.log, &EventLog::recorded);
         QObject plugin;
         bench.bus.setPlugin(&plugin, QStringLiteral("{p}"));
@@ -259,7 +120,7 @@ private slots:
 
     void aMissingModuleIsToldWithAWayOn()
     {
-        Bench bench;
+        WindowBench bench;
         const QString file = bench.folder.filePath(QStringLiteral("libNothing.so"));
         const LoadedPlugin none = loadPlugin(file, &bench.context, &bench.bus);
         QVERIFY(!none.plugin);
@@ -279,7 +140,7 @@ private slots:
 
     void aModuleIsLoadedAndConnected()
     {
-        Bench bench;
+        WindowBench bench;
         const LoadedPlugin loaded =
             loadPlugin(QStringLiteral(FRIENDUI_FAKE_PLUGIN), &bench.context, &bench.bus);
         QVERIFY2(loaded.plugin, qPrintable(loaded.problem));
@@ -333,7 +194,7 @@ private slots:
 
     void requestsAreListedOncePerPerson()
     {
-        Bench bench;
+        WindowBench bench;
         emit bench.core.contactRequested(u1(), QStringLiteral("hello"), QString());
         emit bench.core.contactRequested(u2(), hostile(), QString());
         emit bench.core.contactRequested(u1(), QStringLiteral("hello again"), QString());
@@ -349,7 +210,7 @@ private slots:
 
     void aRequestLeadsToThePlugin()
     {
-        Bench bench;
+        WindowBench bench;
         QObject plugin;
         bench.bus.setPlugin(&plugin, QString::fromLatin1(PluginId::FriendUi));
         QVector<EventRecord> sent;

@@ -1,0 +1,131 @@
+#include "common/localdatabase.h"
+
+#include "common/clientpaths.h"
+#include "common/localtables.h"
+#include "common/logging.h"
+
+#include <QCoreApplication>
+#include <QSqlDriver>
+
+namespace {
+const QString ConnectionName = QStringLiteral("VeltraIMLocal");
+constexpr int RetryMs = 5000; // trying takes a second while another process holds the file
+} // namespace
+
+LocalDatabase::LocalDatabase() = default;
+LocalDatabase::~LocalDatabase() = default;
+
+LocalDatabase &LocalDatabase::instance()
+{
+    static auto *only = [] {
+        // While Qt's own list of connections still stands.
+        qAddPostRoutine([] { instance().close(); });
+        return new LocalDatabase;
+    }();
+    return *only;
+}
+
+LocalDatabase::Source LocalDatabase::currentSource()
+{
+    Source source;
+    source.user = ctx().userId();
+    if (source.user.isEmpty())
+        return source;
+    const QSqlDatabase given = ctx().userDatabase();
+    if (given.isOpen()) {
+        source.file = given.databaseName();
+        source.givenConnection = given.connectionName();
+        source.givenDriver = given.driver();
+    } else {
+        source.file = ClientPaths::localDatabaseFile();
+    }
+    return source;
+}
+
+void LocalDatabase::follow()
+{
+    const Source wanted = currentSource();
+    if (wanted == m_source && (m_connection || !m_mayRetry.hasExpired()))
+        return;
+    close();
+    m_source = wanted;
+    if (wanted.file.isEmpty())
+        return;
+    if (wanted.givenConnection.isEmpty() ? openOwn() : takeGiven()) {
+        // Not inside whatever asked for the database.
+        QMetaObject::invokeMethod(this, &LocalDatabase::opened, Qt::QueuedConnection);
+        return;
+    }
+    m_connection.reset();
+    m_mayRetry.setRemainingTime(RetryMs);
+}
+
+bool LocalDatabase::openOwn()
+{
+    auto file = std::make_unique<SqliteFile>(m_source.file, ConnectionName);
+    QString problem;
+    const bool done = file->open(
+        [&file](QString *why) { return bringUpToDate(file.get(), LocalTables::all(), why); },
+        &problem);
+    const QString damaged = file->setAsideAs();
+    if (!damaged.isEmpty()) {
+        QMetaObject::invokeMethod(
+            this, [this, damaged] { emit fileSetAside(damaged); }, Qt::QueuedConnection);
+    }
+    m_connection = std::move(file);
+    return done;
+}
+
+bool LocalDatabase::takeGiven()
+{
+    // How it is opened, and what becomes of it when it is damaged, is the host's affair.
+    m_connection = std::make_unique<SqliteConnection>(m_source.givenConnection);
+    QString problem;
+    if (bringUpToDate(m_connection.get(), LocalTables::all(), &problem) == SqliteFile::Usable)
+        return true;
+    LOG_ERROR(logText(problem));
+    return false;
+}
+
+QSqlDatabase LocalDatabase::database()
+{
+    follow();
+    return m_connection ? m_connection->database() : QSqlDatabase();
+}
+
+QSqlQuery LocalDatabase::prepared(const QString &statement)
+{
+    follow();
+    return m_connection ? m_connection->prepared(statement) : QSqlQuery(QSqlDatabase());
+}
+
+bool LocalDatabase::run(QSqlQuery *query, const char *caller)
+{
+    follow();
+    if (m_connection)
+        return m_connection->run(query, caller);
+    LOG_ERROR(caller << "(),ERROR: there is no local database");
+    return false;
+}
+
+bool LocalDatabase::run(const QString &statement, const QVariantList &values, const char *caller)
+{
+    follow();
+    if (m_connection)
+        return m_connection->run(statement, values, caller);
+    LOG_ERROR(caller << "(),ERROR: there is no local database");
+    return false;
+}
+
+bool LocalDatabase::inTransaction(const std::function<bool()> &work)
+{
+    follow();
+    return m_connection && m_connection->inTransaction(work);
+}
+
+void LocalDatabase::close()
+{
+    m_connection.reset();
+    m_source = Source();
+    m_mayRetry.setRemainingTime(0);
+}

@@ -1,0 +1,169 @@
+#include "common/sqlitefile.h"
+
+#include "common/logging.h"
+#include "common/platform.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QLockFile>
+#include <QSqlError>
+#include <QUuid>
+
+namespace {
+const QString Integrity = QStringLiteral("PRAGMA quick_check(1)");
+const QString WriteAhead = QStringLiteral("PRAGMA journal_mode=WAL");
+const QString FasterSync = QStringLiteral("PRAGMA synchronous=NORMAL");
+
+// SQLite's result codes
+bool isDamage(const QSqlError &error)
+{
+    return error.nativeErrorCode() == QLatin1String("11") || // SQLITE_CORRUPT
+           error.nativeErrorCode() == QLatin1String("26");   // SQLITE_NOTADB
+}
+bool isBusy(const QSqlError &error)
+{
+    return error.nativeErrorCode() == QLatin1String("5");
+}
+} // namespace
+
+SqliteFile::SqliteFile(const QString &fileName, const QString &connectionName)
+    : SqliteConnection(connectionName),
+      m_fileName(fileName),
+      m_isOwnConnection(!QSqlDatabase::contains(connectionName))
+{
+    if (m_isOwnConnection)
+        QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), connectionName);
+}
+
+SqliteFile::~SqliteFile()
+{
+    forgetStatements();
+    if (!m_isOwnConnection)
+        return;
+    close();
+    QSqlDatabase::removeDatabase(connectionName());
+}
+
+QString SqliteFile::freeConnectionName(const char *purpose)
+{
+    return QString::fromLatin1(purpose) + QLatin1Char('-') +
+           QUuid::createUuid().toString(QUuid::Id128);
+}
+
+void SqliteFile::close()
+{
+    forgetStatements();
+    database().close();
+}
+
+bool SqliteFile::open(const Schema &schema, QString *problem)
+{
+    const QString folder = QFileInfo(m_fileName).absolutePath();
+    if (!QDir().mkpath(folder)) {
+        *problem = QStringLiteral("The folder %1 cannot be made.").arg(folder);
+        return false;
+    }
+    const Outcome outcome = tryOpen(schema, problem);
+    if (outcome == Usable)
+        return true;
+    close();
+    if (outcome == Damaged && replaceDamaged(schema, problem))
+        return true;
+    LOG_ERROR(logText(*problem));
+    return false;
+}
+
+bool SqliteFile::make(QString *problem)
+{
+    // Before SQLite does: the journals take over the permissions.
+    if (!QFileInfo::exists(m_fileName)) {
+        QFile file(m_fileName);
+        // Another process may make it at this moment, which is as good.
+        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
+            !QFileInfo::exists(m_fileName)) {
+            *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
+            return false;
+        }
+    }
+    QFile file(m_fileName);
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
+        *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
+        return false;
+    }
+    Platform::restrictToOwner(m_fileName);
+    return true;
+}
+
+SqliteFile::Outcome SqliteFile::tryOpen(const Schema &schema, QString *problem)
+{
+    if (!make(problem))
+        return Refused;
+    QSqlDatabase base = database();
+    const auto failure = [this, problem](const QSqlError &error) {
+        *problem = QStringLiteral("%1: %2").arg(m_fileName, error.text());
+        return isDamage(error) ? Damaged : Refused;
+    };
+    base.close();
+    base.setDatabaseName(m_fileName);
+    base.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout));
+    if (!base.open())
+        return failure(base.lastError());
+    QSqlQuery query(base);
+    if (!query.exec(Integrity) || !query.next())
+        return failure(query.lastError());
+    if (query.value(0).toString() != QLatin1String("ok")) {
+        *problem = QStringLiteral("%1: %2").arg(m_fileName, query.value(0).toString());
+        return Damaged;
+    }
+    query.finish();
+    const Outcome outcome = schema(problem);
+    // Last, because it writes: a file that cannot serve stays as it is. A process that
+    // holds the file at this moment has changed the mode itself, or the next will.
+    if (outcome == Usable &&
+        ((!query.exec(WriteAhead) && !isBusy(query.lastError())) || !query.exec(FasterSync)))
+        return failure(query.lastError());
+    return outcome;
+}
+
+bool SqliteFile::replaceDamaged(const Schema &schema, QString *problem)
+{
+    // Of two processes that find the damage, one makes the new file, which the
+    // other must not take away again.
+    QLockFile lock(m_fileName + QStringLiteral(".lock"));
+    if (!lock.tryLock(BusyTimeout)) {
+        *problem = QStringLiteral("%1 is damaged and in use.").arg(m_fileName);
+        return false;
+    }
+    Outcome outcome = tryOpen(schema, problem);
+    if (outcome == Damaged) {
+        close();
+        outcome = setAside(problem) ? tryOpen(schema, problem) : Refused;
+    }
+    if (outcome != Usable)
+        close();
+    return outcome == Usable;
+}
+
+bool SqliteFile::setAside(QString *problem)
+{
+    const QString stem = m_fileName + QStringLiteral(".damaged-") +
+                         QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
+    QString target = stem;
+    for (int i = 2; QFile::exists(target); ++i)
+        target = stem + QLatin1Char('-') + QString::number(i);
+    if (!QFile::rename(m_fileName, target)) {
+        *problem = QStringLiteral("%1 is damaged and cannot be renamed.").arg(m_fileName);
+        return false;
+    }
+    // They belong to the damaged file and would be replayed into the new one.
+    for (const char *suffix : {"-wal", "-shm"}) {
+        const QString journal = m_fileName + QString::fromLatin1(suffix);
+        if (QFile::exists(journal))
+            QFile::rename(journal, target + QString::fromLatin1(suffix));
+    }
+    m_setAsideAs = target;
+    LOG_ERROR(logText(*problem) << ": the damaged file is kept as " << logText(target));
+    return true;
+}

@@ -1,0 +1,64 @@
+#include "contacts/latest/latestdelegate.h"
+
+#include "contacts/latest/latestroles.h"
+#include "controls/avatarstore.h"
+#include "controls/pictures.h"
+#include "controls/rowpainter.h"
+#include "controls/skin.h"
+
+#include <QWidget>
+
+namespace {
+QPixmap glyph(const char *name, qreal ratio, const QColor &color)
+{
+    return loadPicture(QStringLiteral("Resources/images/icon/%1.png").arg(QLatin1String(name)),
+                       RowPainter::SmallMarkSize, ratio, color);
+}
+} // namespace
+
+LatestDelegate::LatestDelegate(QObject *parent) : QStyledItemDelegate(parent) {}
+
+QSize LatestDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
+{
+    // The width is the view's own.
+    return QSize(0, RowPainter::RowHeight);
+}
+
+void LatestDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                           const QModelIndex &index) const
+{
+    painter->save();
+    const Skin::Colors &colors = Skin::instance().colors();
+    const QColor quiet = Skin::instance().quietText(option.state.testFlag(QStyle::State_Selected));
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    const QString name = index.data(LatestRole::Name).toString();
+    const bool pinned = index.data(LatestRole::Pinned).toBool();
+    PresenceData presence;
+    presence.pcShow = PresenceData::ePcShowType(index.data(LatestRole::Presence).toInt());
+    presence.mobile = index.data(LatestRole::MobilePresence).toInt();
+
+    QStyleOptionViewItem panel = option;
+    if (pinned)
+        panel.backgroundBrush = colors.side;
+    RowPainter row(painter, panel);
+    row.background();
+    row.avatar(AvatarStore::instance().avatar(index.data(LatestRole::Icon).toString(),
+                                              index.data(LatestRole::Id).toString(), name,
+                                              RowPainter::AvatarSize, ratio),
+               false);
+    if (index.data(LatestRole::ShowsPresence).toBool())
+        row.presence(presence);
+    if (index.data(LatestRole::Muted).toBool())
+        row.overlay(glyph("glyph_mute", ratio, colors.danger));
+
+    row.textAtRight(index.data(LatestRole::TimeText).toString());
+    if (pinned)
+        row.markInFirstLine(glyph("glyph_pin", ratio, quiet));
+    row.badge(index.data(LatestRole::Unread).toInt());
+    if (index.data(LatestRole::Cooperate).toBool())
+        row.markInSecondLine(glyph("ic_cooperate", ratio, QColor()));
+    const QString content = index.data(LatestRole::Content).toString();
+    // Without content too, the name stands where it stands in other rows.
+    row.texts(name, content.isEmpty() ? QStringLiteral(" ") : content, false);
+    painter->restore();
+}

@@ -1,0 +1,47 @@
+// The list of results: its keys and its menu.
+#pragma once
+
+#include "contacts/search/searchindex.h"
+#include "controls/rowview.h"
+
+class SearchResultModel;
+class SkinMenu;
+
+class SearchResultView : public RowView
+{
+    Q_OBJECT
+
+public:
+    explicit SearchResultView(SearchResultModel *model, QWidget *parent = nullptr);
+    ~SearchResultView() override;
+
+    void keyboardSearch(const QString &typed) override;
+
+    bool isHeld() const { return m_isHeld; } // see RowView::orderHeld()
+
+signals:
+    // What the user wants of a row.
+    void openRequested(const SearchEntry &entry);
+    void locateRequested(const SearchEntry &entry);
+    void organisationRequested(const SearchEntry &entry);
+    // Up on the first row.
+    void leftUpwards();
+    void escapePressed();
+    // Letters, or a Backspace as "\b", that belong into the box.
+    void typed(const QString &text);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+
+private:
+    void buildMenu();
+    void prepareMenu();
+    void choose(QAction *action);
+    SearchEntry entryAt(const QModelIndex &index) const;
+
+    SearchResultModel *m_model;
+    SkinMenu *m_menu = nullptr;
+    SearchEntry m_menuEntry; // what the open menu is about
+    bool m_isHeld = false;
+};
