@@ -174,6 +174,11 @@ bool SearchQuery::answers(const Candidate &candidate, SearchHit *hit) const
     return asPhrase || asWords;
 }
 
+bool SearchQuery::answers(const SearchEntry &entry, SearchHit *hit) const
+{
+    return answers({entry, searchTraits(entry).signature, SearchHit::Exact}, hit);
+}
+
 // As good as the word that is found worst.
 bool SearchQuery::allWordsAnswer(const Candidate &candidate, SearchHit *hit) const
 {

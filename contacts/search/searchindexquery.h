@@ -67,6 +67,7 @@ public:
     };
     // False: it does not answer. Leaves hit->entry alone.
     bool answers(const Candidate &candidate, SearchHit *hit) const;
+    bool answers(const SearchEntry &entry, SearchHit *hit) const;
 
     // What to highlight in a field, in order and without overlaps.
     QVector<TextMatch> highlights(const QString &text, SearchHit::Field field) const;

@@ -39,7 +39,7 @@ void SearchIndexStore::fetchTexts(const SearchEntry &entry)
 
 void SearchIndexStore::fetchPhones(size_t slot) const
 {
-    if (slot < m_places.size())
+    if (slot < m_places.size() && m_places[slot].index != Nowhere)
         fetchText(entryAt(m_places[slot]).phones);
 }
 
@@ -127,7 +127,7 @@ int SearchIndexStore::remove(SearchEntry::Kind kind, const QString &id)
     m_ids.erase(hash, slot);
     m_freeSlots.push_back(slot);
     --m_size;
-    release(m_places[size_t(slot)]);
+    release(std::exchange(m_places[size_t(slot)], Place{Own, Nowhere}));
     dissolveThin();
     return slot;
 }

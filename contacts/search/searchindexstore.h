@@ -60,7 +60,8 @@ private:
         QVector<SearchEntry> entries;
         int inUse = 0;
     };
-    static constexpr int Own = 0; // the batch of everything that came alone
+    static constexpr int Nowhere = -1; // the index in a free slot
+    static constexpr int Own = 0;      // the batch of everything that came alone
 
     static void fetchTexts(const SearchEntry &entry);
     uint fetchCell(const SearchEntry &entry) const; // the hash
