@@ -157,7 +157,8 @@ int CChCharacterToPP::syllableCount()
 
 QStringView CChCharacterToPP::syllableAt(int number)
 {
-    return QStringView(rows[size_t(FirstSyllable + number)].text);
+    const ushort *text = rows[size_t(FirstSyllable + number)].text;
+    return QStringView(text); // up to its NUL
 }
 
 int CChCharacterToPP::tableSize()

@@ -194,9 +194,11 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
-    QObject::connect(m_services.get(), &WebServices::changed, m_notifier.get(), [this] {
-        if (m_services->state() == WebServices::Ready)
-            m_notifier->announceServices();
+    const WebServices *services = m_services.get(); // it still tells while it is destroyed
+    CoreNotifier *notifier = m_notifier.get();
+    QObject::connect(services, &WebServices::changed, notifier, [services, notifier] {
+        if (services->state() == WebServices::Ready)
+            notifier->announceServices();
     });
     QObject::connect(
         m_window.get(), &MainWindow::languageChosen, m_window.get(),

@@ -16,7 +16,6 @@ struct SearchIndex::Private
     void scan(const SearchQuery &query, bool fromStart, SearchTop *top) const;
 
     SearchIndexStore store;
-    SearchTraitsMaker maker;
     std::vector<SearchSignature> signatures;
     std::vector<SearchOrder> orders;
     QStringList recents;
@@ -29,7 +28,7 @@ void SearchIndex::Private::place(int slot, const SearchEntry &entry)
         signatures.resize(size_t(store.slotCount()));
         orders.resize(signatures.size());
     }
-    const SearchTraits traits = maker.of(entry);
+    const SearchTraits traits = searchTraits(entry);
     signatures[size_t(slot)] = traits.signature;
     SearchOrder &order = orders[size_t(slot)];
     order.nameKey = traits.nameKey;
@@ -61,7 +60,7 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
     const auto best = [&](const SearchOrder &order) {
         if (!fromStart)
             return SearchHit::Inside;
-        return order.wholeLengths & query.wholeLengths() ? SearchHit::Exact : SearchHit::Prefix;
+        return query.mayBeWhole(order.wholeLengths) ? SearchHit::Exact : SearchHit::Prefix;
     };
     for (size_t slot = 0; slot < signatures.size(); ++slot) {
         const SearchSignature &signature = signatures[slot];
@@ -70,7 +69,7 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
             continue;
         SearchHit hit;
         hit.entry = int(slot);
-        if (query.answers(store.at(hit.entry), &hit))
+        if (query.answers(store.at(hit.entry), best(orders[slot]), &hit))
             top->add(orders[slot], hit);
     }
 }

@@ -41,18 +41,24 @@ public:
     {
         const quint64 bits = signature.start | signature.inside;
         if (m_words.empty())
-            return m_phrase.mayBeIn(bits);
-        return (bits & m_allWords) == m_allWords || mayAnswerByPhone(bits);
+            return m_phrase.mayBeIn(bits, signature);
+        return ((bits & m_allWords.beginning) == m_allWords.beginning &&
+                signature.chain.has(m_allWords.chain)) ||
+               mayAnswerByPhone(signature);
     }
     bool mayAnswerFromStart(const SearchSignature &signature) const
     {
-        return m_first.mayBeIn(signature.start) || m_phrase.mayBePhone(signature.start);
+        return m_first.mayBeIn(signature.start, signature) || m_phrase.mayBePhone(signature);
     }
-    // Of which lengths one has to be among SearchTraits::wholeLengths for Exact.
-    quint32 wholeLengths() const { return m_wholeLengths; }
+    // Whether an entry of these lengths may answer with Exact.
+    bool mayBeWhole(quint32 wholeLengths) const
+    {
+        return m_isAnyLength || (wholeLengths & m_wholeLength) != 0;
+    }
 
-    // False: it does not answer. Leaves hit->entry alone.
-    bool answers(const SearchEntry &entry, SearchHit *hit) const;
+    // False: it does not answer. Leaves hit->entry alone. The rank is known not to be
+    // better than `best`.
+    bool answers(const SearchEntry &entry, SearchHit::Rank best, SearchHit *hit) const;
 
     // What to highlight in a field, in order and without overlaps.
     QVector<TextMatch> highlights(const QString &text, SearchHit::Field field) const;
@@ -63,24 +69,30 @@ private:
         explicit Word(const QString &typed);
 
         TextMatch match(const QString &field, SearchHit::Field which) const;
-        bool bestField(const SearchEntry &entry, SearchHit *hit) const;
-        bool mayBePhone(quint64 bits) const
+        bool bestField(const SearchEntry &entry, SearchHit::Rank enough, SearchHit *hit) const;
+        bool mayBePhone(const SearchSignature &signature) const
         {
-            return !phone.isEmpty() && (bits & SearchSignature::HasPhones) != 0;
+            return !phone.isEmpty() && (signature.start & SearchSignature::HasPhones) != 0;
         }
-        bool mayBeIn(quint64 bits) const { return (bits & mask) == mask || mayBePhone(bits); }
+        bool mayBeIn(quint64 beginnings, const SearchSignature &signature) const
+        {
+            return ((beginnings & mask.beginning) == mask.beginning &&
+                    signature.chain.has(mask.chain)) ||
+                   mayBePhone(signature);
+        }
 
         TextPattern text;
         PhonePattern phone;
-        quint64 mask = 0;
+        SearchMask mask;
     };
 
-    bool mayAnswerByPhone(quint64 bits) const;
+    bool mayAnswerByPhone(const SearchSignature &signature) const;
     bool allWordsAnswer(const SearchEntry &entry, SearchHit *hit) const;
 
     Word m_phrase;
     Word m_first;              // of the words, or the phrase when it is but one
     std::vector<Word> m_words; // none when the phrase is but one
-    quint64 m_allWords = 0;
-    quint32 m_wholeLengths = 0;
+    SearchMask m_allWords;
+    quint32 m_wholeLength = 0;
+    bool m_isAnyLength = true;
 };

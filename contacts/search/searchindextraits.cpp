@@ -40,6 +40,24 @@ constexpr auto makePairs()
 }
 constexpr auto pairs = makePairs();
 
+constexpr quint8 chainBit(uint value)
+{
+    return quint8((value * 2246822519u) >> 25);
+}
+constexpr auto makeChainBits()
+{
+    std::array<quint8, PlaceCount * PlaceCount> bits{};
+    for (uint i = 0; i < bits.size(); ++i)
+        bits[i] = chainBit(i + 0x10000);
+    return bits;
+}
+constexpr auto chainBits = makeChainBits();
+
+inline quint8 chainBit(int place, int next)
+{
+    return chainBits[size_t(place * PlaceCount + next)];
+}
+
 inline quint64 pairBit(int place, int next)
 {
     return pairs[size_t(place * PlaceCount + next)];
@@ -69,7 +87,41 @@ struct Syllable
     quint64 letters = 0; // as they stand in a key
     int size = 0;
     int initial = 0; // the place of its first letter
+    SearchChain chain;
+    // The places of the letters behind which the next syllable may be typed: the
+    // initial, the h of zh, ch and sh, the last one.
+    int ends[4];
+    int endCount = 0;
 };
+
+constexpr int U = 'u' - 'a';
+constexpr int V = 'v' - 'a';
+
+// ü may be typed as u and as v.
+void addEnd(int place, bool mayBeU, Syllable *syllable)
+{
+    syllable->ends[syllable->endCount++] = place;
+    if (mayBeU && (place == U || place == V))
+        syllable->ends[syllable->endCount++] = place == U ? V : U;
+}
+
+void addChain(QStringView text, Syllable *syllable)
+{
+    for (int i = 1; i < text.size(); ++i) {
+        const int before = text.at(i - 1).unicode() - 'A';
+        const int place = text.at(i).unicode() - 'A';
+        syllable->chain.add(chainBit(before, place));
+        if (i == 1 && (place == U || place == V))
+            syllable->chain.add(chainBit(before, place == U ? V : U));
+        if (i == 2 && (before == U || before == V))
+            syllable->chain.add(chainBit(before == U ? V : U, place));
+    }
+    addEnd(syllable->initial, false, syllable);
+    if (text.size() > 2 && text.at(1) == QLatin1Char('H'))
+        addEnd('h' - 'a', false, syllable);
+    if (text.size() > 1)
+        addEnd(text.back().unicode() - 'A', text.size() == 2, syllable);
+}
 
 Syllable makeSyllable(QStringView text)
 {
@@ -79,15 +131,13 @@ Syllable makeSyllable(QStringView text)
     syllable.bits = quint64(1) << syllable.initial;
     for (const QChar c : text)
         syllable.letters = syllable.letters << BitsOfLetter | letterOf(c.unicode() | 0x20);
+    addChain(text, &syllable);
     if (text.size() < 2)
         return syllable;
     const int second = text.at(1).unicode() - 'A';
     syllable.bits |= pairBit(syllable.initial, second);
-    // ü may be typed as u and as v.
-    const int u = 'u' - 'a';
-    const int v = 'v' - 'a';
-    if (second == u || second == v)
-        syllable.bits |= pairBit(syllable.initial, second == u ? v : u);
+    if (second == U || second == V)
+        syllable.bits |= pairBit(syllable.initial, second == U ? V : U);
     return syllable;
 }
 
@@ -96,7 +146,7 @@ const std::vector<Syllable> &syllables()
     static const std::vector<Syllable> all = [] {
         std::vector<Syllable> made;
         for (int i = 0; i < CChCharacterToPP::syllableCount(); ++i)
-            made.push_back(makeSyllable(QStringView(CChCharacterToPP::syllableAt(i))));
+            made.push_back(makeSyllable(CChCharacterToPP::syllableAt(i)));
         return made;
     }();
     return all;
@@ -134,6 +184,17 @@ struct Following
             bits |= pairBit(place, places[i]);
         return bits;
     }
+    void chainTo(int place, SearchChain *chain) const
+    {
+        for (int i = 0; i < count; ++i)
+            chain->add(chainBit(place, places[i]));
+    }
+    void chainTo(const Syllable &syllable, SearchChain *chain) const
+    {
+        chain->add(syllable.chain);
+        for (int i = 0; i < syllable.endCount; ++i)
+            chainTo(syllable.ends[i], chain);
+    }
     void setOnly(int place)
     {
         places[0] = place;
@@ -145,6 +206,7 @@ struct Following
 class Walk
 {
 public:
+    // `text` has to outlive this.
     explicit Walk(const FoldedText &text) : m_text(text), m_syllables(syllables())
     {
         CChCharacterToPP::syllableNumbers(text.text(), m_numbers);
@@ -160,6 +222,7 @@ public:
                 (i <= m_text.first() ? traits->signature.start : traits->signature.inside) |= bits;
         }
         traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+        traits->signature.chain.add(m_chain);
     }
 
     quint64 key() const
@@ -194,6 +257,7 @@ private:
             return hashedBit(unit);
         }
         const quint64 bits = quint64(1) << place | m_following.pairsWith(place);
+        m_following.chainTo(place, &m_chain);
         m_following.setOnly(place);
         return bits;
     }
@@ -201,6 +265,7 @@ private:
     quint64 chinese(int i, quint32 *lengths)
     {
         const quint64 bits = hashedBit(m_text.at(i));
+        m_chain.add(chainBit(m_text.at(i)));
         if (PinyinReadings::hasMore(QChar(m_text.at(i))))
             return bits | readMoreWays(i, lengths);
         if (m_numbers[i] < 0) {
@@ -210,6 +275,7 @@ private:
         }
         const Syllable &syllable = m_syllables[size_t(m_numbers[i])];
         *lengths = lengthened(*lengths, syllable.size);
+        m_following.chainTo(syllable, &m_chain);
         const quint64 all = bits | syllable.bits | m_following.pairsWith(syllable.initial);
         m_following.setOnly(syllable.initial);
         return all;
@@ -224,6 +290,7 @@ private:
             const Syllable syllable = makeSyllable(reading);
             *lengths |= lengthened(before, syllable.size);
             bits |= syllable.bits | m_following.pairsWith(syllable.initial);
+            m_following.chainTo(syllable, &m_chain);
             following.places[following.count++] = syllable.initial;
         }
         m_following = following;
@@ -240,99 +307,154 @@ private:
     const std::vector<Syllable> &m_syllables;
     qint16 m_numbers[FoldedText::MaximumLength];
     Following m_following;
+    SearchChain m_chain;
     bool m_hasDigits = false;
 };
-} // namespace
 
-quint64 SearchSignature::maskOf(QStringView word)
+// The same as by the walk, for what is not Chinese: forwards, so that a text can be
+// continued.
+class AsciiWalk
 {
-    const ushort first = word.at(0).unicode();
-    const int place = placeOf(first);
-    const int next = word.size() > 1 ? placeOf(word.at(1).unicode()) : -1;
-    return unitBit(first) | (place >= 0 && next >= 0 ? pairBit(place, next) : 0);
+public:
+    // False: this is not ASCII, and has to be walked as a whole.
+    bool add(QStringView text)
+    {
+        for (const QChar c : text) {
+            if (c.unicode() >= 0x80)
+                return false;
+            if (m_size == FoldedText::MaximumLength)
+                break;
+            add(ascii[c.unicode()], c.unicode());
+        }
+        return true;
+    }
+
+    void addTo(SearchTraits *traits) const
+    {
+        traits->signature.start |= m_start;
+        traits->signature.inside |= m_inside;
+        traits->signature.chain.add(m_chain);
+        if (m_size == 0)
+            return;
+        const int longest = qMin(m_size, 15);
+        const int shortest = qMin(m_size - m_separators, 15);
+        const quint32 lengths = (quint32(2) << longest) - (quint32(1) << shortest);
+        traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+    }
+
+private:
+    void add(Ascii unit, ushort c)
+    {
+        if (unit.kind == FoldedText::Separator) {
+            if (m_size == 0)
+                m_start |= hashedBit(c);
+            ++m_separators;
+        } else {
+            m_hasDigits |= unit.kind == FoldedText::Digit;
+            // Of the word that has just begun.
+            if (m_first >= 0)
+                *m_bits |= pairBit(m_first, unit.place);
+            m_first = -1;
+            if (m_before >= 0)
+                m_chain.add(chainBit(m_before, unit.place));
+            m_before = unit.place;
+            if (unit.kind != m_kind)
+                beginWord(unit.place);
+        }
+        m_kind = unit.kind;
+        ++m_size;
+    }
+    void beginWord(int place)
+    {
+        m_bits = m_size == m_separators ? &m_start : &m_inside;
+        *m_bits |= quint64(1) << place;
+        m_first = place;
+    }
+
+    quint64 m_start = 0;
+    quint64 m_inside = 0;
+    quint64 *m_bits = &m_start; // where the word that began last belongs
+    SearchChain m_chain;
+    int m_before = -1; // the letter or digit that was last
+    int m_first = -1;  // its first letter, as long as nothing follows
+    int m_kind = FoldedText::Separator;
+    int m_size = 0;
+    int m_separators = 0;
+    bool m_hasDigits = false;
+};
+
+void addText(const QString &text, SearchTraits *traits)
+{
+    if (text.isNull())
+        return;
+    AsciiWalk walk;
+    if (walk.add(text))
+        walk.addTo(traits);
+    else
+        Walk(FoldedText(text)).addTo(traits);
 }
 
-quint32 SearchTraits::lengthMaskOf(const QString &typed)
+// A mail address mostly begins with the account.
+void addAccountAndMail(const SearchEntry &entry, SearchTraits *traits)
+{
+    const QString &account = entry.account;
+    AsciiWalk walk;
+    if (entry.mail.startsWith(account) && walk.add(account)) {
+        walk.addTo(traits);
+        if (walk.add(QStringView(entry.mail).mid(account.size()))) {
+            walk.addTo(traits);
+            return;
+        }
+    } else {
+        addText(account, traits);
+    }
+    addText(entry.mail, traits);
+}
+} // namespace
+
+SearchMask::SearchMask(QStringView word) : beginning(unitBit(word.at(0).unicode()))
+{
+    int before = -1;
+    for (int i = 0; i < word.size(); ++i) {
+        const ushort unit = word.at(i).unicode();
+        const int place = placeOf(unit);
+        if (before >= 0 && place >= 0)
+            chain.add(chainBit(before, place));
+        if (before >= 0 && place >= 0 && i == 1)
+            beginning |= pairBit(before, place);
+        if (word.at(i).script() == QChar::Script_Han)
+            chain.add(chainBit(unit));
+        before = place;
+    }
+}
+
+quint32 SearchTraits::lengthBitOf(const QString &typed)
 {
     int length = 0;
     bool hasDigits = false;
     for (const QChar c : typed) {
         if (c.script() == QChar::Script_Han)
-            return ~quint32(0);
+            return 0;
         hasDigits = hasDigits || c.isNumber();
         length += !TextPattern::isBetweenSyllables(c);
     }
     return lengthBit(length, hasDigits);
 }
 
-SearchTraits SearchTraitsMaker::of(const SearchEntry &entry)
+SearchTraits searchTraits(const SearchEntry &entry)
 {
-    m_traits = SearchTraits();
-    addName(entry.name);
-    addText(entry.remark);
-    addText(entry.account);
-    addText(entry.employeeCode);
-    addMail(entry);
-    if (!entry.phones.isEmpty())
-        m_traits.signature.start |= SearchSignature::HasPhones;
-    return m_traits;
-}
-
-void SearchTraitsMaker::addName(const QString &name)
-{
-    const FoldedText text(name);
-    Walk walk(text);
-    walk.addTo(&m_traits);
-    m_traits.nameKey = walk.key();
-}
-
-void SearchTraitsMaker::addText(QStringView text)
-{
-    if (!text.isEmpty() && !addAscii(text)) {
-        const FoldedText folded(text);
-        Walk(folded).addTo(&m_traits);
-    }
-}
-
-// The same as by the walk, for most of what is not a name. False: it has to be walked.
-bool SearchTraitsMaker::addAscii(QStringView text)
-{
-    const int size = qMin(text.size(), qsizetype(FoldedText::MaximumLength));
-    const char16_t *units = text.utf16();
-    SearchSignature signature;
-    quint64 *target = &signature.start;
-    int kind = FoldedText::Separator;
-    int separators = 0;
-    bool hasDigits = false;
-    for (int i = 0; i < size; ++i) {
-        if (units[i] >= 0x80)
-            return false;
-        const Ascii unit = ascii[units[i]];
-        separators += unit.kind == FoldedText::Separator;
-        hasDigits |= unit.kind == FoldedText::Digit;
-        if (unit.kind != kind && unit.kind != FoldedText::Separator) {
-            *target |= quint64(1) << unit.place;
-            int next = i + 1;
-            while (next < size && units[next] < 0x80 && ascii[units[next]].place < 0)
-                ++next;
-            if (next < size && units[next] < 0x80)
-                *target |= pairBit(unit.place, ascii[units[next]].place);
-            target = &signature.inside;
-        }
-        kind = unit.kind;
-    }
-    if (ascii[units[0]].kind == FoldedText::Separator)
-        signature.start |= hashedBit(units[0]);
-    m_traits.signature.start |= signature.start;
-    m_traits.signature.inside |= signature.inside;
-    for (int length = size - separators; length <= size; ++length)
-        m_traits.wholeLengths |= SearchTraits::lengthBit(length, hasDigits);
-    return true;
-}
-
-void SearchTraitsMaker::addMail(const SearchEntry &entry)
-{
-    addText(entry.mail);
+    SearchTraits traits;
+    const FoldedText name(entry.name);
+    Walk walk(name);
+    walk.addTo(&traits);
+    traits.nameKey = walk.key();
+    addText(entry.remark, &traits);
+    addText(entry.employeeCode, &traits);
+    addAccountAndMail(entry, &traits);
+    // An empty text would have to be looked at.
+    if (!entry.phones.isNull())
+        traits.signature.start |= SearchSignature::HasPhones;
+    return traits;
 }
 
 QString searchNameOrder(const QString &name)

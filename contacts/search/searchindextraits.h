@@ -7,18 +7,45 @@
 
 #include <QStringView>
 
-// Which first letters, and which first two, a typed word may have.
+// Which letters may follow one another, and which Chinese characters there are: hashed,
+// so that what is there is always told, and what is not there mostly.
+struct SearchChain
+{
+    quint64 bits[2] = {};
+
+    bool has(const SearchChain &other) const
+    {
+        return (bits[0] & other.bits[0]) == other.bits[0] &&
+               (bits[1] & other.bits[1]) == other.bits[1];
+    }
+    void add(const SearchChain &other)
+    {
+        bits[0] |= other.bits[0];
+        bits[1] |= other.bits[1];
+    }
+    void add(quint8 bit) { bits[bit >> 6] |= quint64(1) << (bit & 63); }
+};
+
 struct SearchSignature
 {
+    // Which first letters, and which first two, a typed word may have, hashed as well.
     quint64 start = 0;  // at the beginning of a field
     quint64 inside = 0; // at the beginning of a later word or syllable
+    SearchChain chain;
 
     // In `start`: there are phone numbers.
     static constexpr quint64 HasPhones = quint64(1) << 63;
+};
 
-    // The bits that all entries have that a typed word finds, HasPhones aside. The
-    // word is folded and not empty.
-    static quint64 maskOf(QStringView word);
+// What the signature has of every entry that a typed word finds, phones aside. The
+// word is folded and not empty.
+struct SearchMask
+{
+    SearchMask() = default;
+    explicit SearchMask(QStringView word);
+
+    quint64 beginning = 0; // in start or inside
+    SearchChain chain;
 };
 
 struct SearchTraits
@@ -36,26 +63,11 @@ struct SearchTraits
     {
         return quint32(1) << (qMin(units, 15) + (withDigits ? 16 : 0));
     }
-    static quint32 lengthMaskOf(const QString &typed);
+    // The one of what was typed; 0 when there is something Chinese in it.
+    static quint32 lengthBitOf(const QString &typed);
 };
 
-// Makes the traits of many entries, one after another.
-class SearchTraitsMaker
-{
-public:
-    SearchTraits of(const SearchEntry &entry);
-
-private:
-    void addName(const QString &name);
-    void addText(QStringView text);
-    bool addAscii(QStringView text);
-    void addMail(const SearchEntry &entry);
-
-    SearchTraits m_traits;
-    // People of one company have it in common.
-    QString m_domain;
-    quint64 m_domainBits = 0;
-};
+SearchTraits searchTraits(const SearchEntry &entry);
 
 // The order of names as a text: syllables in small letters, all else folded.
 QString searchNameOrder(const QString &name);
