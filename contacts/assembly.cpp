@@ -6,6 +6,7 @@
 #include "contacts/friendtreeview.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
+#include "contacts/localdata.h"
 #include "contacts/rooms/mucwidget.h"
 #include "detail/caddfriendmannger.h"
 #include "detail/cdetailviewmanager.h"
@@ -182,6 +183,7 @@ void assemblePane()
     CAddFriendMannger::instance(); // the host's events may ask for a window
     CustomerChannels::instance();  // they are delivered before their page is shown
     [[maybe_unused]] static const bool connected = connectHub(actions);
+    startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

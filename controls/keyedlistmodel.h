@@ -60,7 +60,18 @@ public:
         follow(node, {});
     }
 
-    // The same for many: new rows that follow one another are inserted at once. The
+    // Adds a record unless there is one with its key: then false.
+    bool putNew(Record record)
+    {
+        const auto [node, isNew] = m_nodes.try_emplace(keyOf(record));
+        if (!isNew)
+            return false;
+        node->second.record = std::move(record);
+        follow(*node, {});
+        return true;
+    }
+
+    // Many at once: new rows that follow one another are inserted at once. The
     // last one of a key counts.
     void putAll(const QVector<Record> &records)
     {

@@ -209,8 +209,10 @@ void HostApplication::buildWindow()
                      [this] { loadPane(m_pluginFile); });
     QObject::connect(m_window->paneArea(), &PaneArea::fileChosen, m_window.get(),
                      [this](const QString &file) { loadPane(file); });
-    if (!m_core->notice().isEmpty())
-        m_window->showNote(m_core->notice());
+    for (const QString &notice : {m_core->notice(), m_context->notice()}) {
+        if (!notice.isEmpty())
+            m_window->showNote(notice);
+    }
 }
 
 void HostApplication::addChatLevers()
