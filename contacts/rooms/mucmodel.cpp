@@ -4,6 +4,8 @@
 #include "contacts/rooms/mucroles.h"
 #include "contacts/rooms/mucrules.h"
 
+#include <utility>
+
 namespace {
 QString countOrNone(const QString &count)
 {
@@ -86,7 +88,7 @@ bool MucModel::add(const MucData &room, const QString &headPath)
     row.classify = room.classify;
     row.forbidden = room.forbidden;
     m_addressBookCount += pageOf(row) == AddressBookPage;
-    put(row);
+    put(std::move(row));
     return true;
 }
 
