@@ -12,10 +12,12 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QRandomGenerator>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
 #include <memory>
+#include <vector>
 
 namespace {
 
@@ -55,10 +57,10 @@ struct ShownLatest
         page.show();
         for (const MessageData &message : messages(Conversations, Conversations))
             emit Hub::instance()->signal_latestFriend(true, message);
-        QElapsedTimer timer;
-        timer.start();
-        while (page.model()->rowCount() < Conversations && timer.elapsed() < 10000)
-            QApplication::processEvents();
+        QTimer tick; // the loop goes on even when nothing comes
+        tick.start(FrameMs);
+        for (int i = 0; i < 500 && page.model()->rowCount() < Conversations; ++i)
+            QApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     void burst(const QVector<MessageData> &list) const
     {
@@ -160,9 +162,13 @@ double roomsBare()
     std::sort(list.begin(), list.end(),
               [](const MucData &a, const MucData &b) { return a.roomName < b.roomName; });
     ShownBareModel shown;
+    std::vector<MucData> records; // a model without them could tell nothing but names
     const QObject receiver;
     QObject::connect(Hub::instance(), &Hub::signal_addMuc, &receiver,
-                     [&shown](const MucData &room, bool) { shown.model.append(room.roomName); });
+                     [&](const MucData &room, bool) {
+                         records.push_back(room);
+                         shown.model.append(room.roomName);
+                     });
     return Ratio::cpuPerUnit(Rooms, [&] {
         for (const MucData &room : list)
             emit Hub::instance()->signal_addMuc(room, true);

@@ -92,14 +92,11 @@ public:
         sqlite3_open(file.toUtf8().constData(), &m_base);
         m_list =
             prepare(LatestContactsTable::listStatement() + QStringLiteral(" LIMIT ? OFFSET ?"));
-        m_row = prepare(QStringLiteral(
-            "SELECT jid, displayname, icon, signature, time, onjob, accountNo, lastcontent, "
-            "issystemnotice, appkey, isTop FROM latestfriendnew WHERE jid = ?"));
         m_unread = prepare(QStringLiteral("SELECT jid, unread FROM latestunread"));
     }
     ~RawReader()
     {
-        for (sqlite3_stmt *statement : {m_list, m_row, m_unread})
+        for (sqlite3_stmt *statement : {m_list, m_unread})
             sqlite3_finalize(statement);
         sqlite3_close(m_base);
     }
@@ -112,7 +109,7 @@ public:
         sqlite3_bind_int(m_list, 1, limit);
         sqlite3_bind_int(m_list, 2, offset);
         while (sqlite3_step(m_list) == SQLITE_ROW)
-            records.append(row(text(m_list, 0)));
+            records.append(row());
         sqlite3_reset(m_list);
         QHash<QString, int> unread;
         while (sqlite3_step(m_unread) == SQLITE_ROW)
@@ -135,31 +132,25 @@ private:
         const auto *units = static_cast<const QChar *>(sqlite3_column_text16(statement, column));
         return QString(units, sqlite3_column_bytes16(statement, column) / int(sizeof(QChar)));
     }
-    DBFriendData row(const QString &jid)
+    DBFriendData row() const
     {
-        sqlite3_bind_text16(m_row, 1, jid.constData(), jid.size() * int(sizeof(QChar)),
-                            SQLITE_STATIC);
         DBFriendData record;
-        if (sqlite3_step(m_row) == SQLITE_ROW) {
-            record.jid = text(m_row, 0);
-            record.displayName = text(m_row, 1);
-            record.icon = text(m_row, 2);
-            record.signature = text(m_row, 3);
-            record.time = text(m_row, 4);
-            record.onJob = sqlite3_column_int(m_row, 5);
-            record.accountNo = text(m_row, 6);
-            record.lastContent = text(m_row, 7);
-            record.isSystemNotice = sqlite3_column_int(m_row, 8);
-            record.appKey = text(m_row, 9);
-            record.isTop = qint16(sqlite3_column_int(m_row, 10));
-        }
-        sqlite3_reset(m_row);
+        record.jid = text(m_list, 0);
+        record.displayName = text(m_list, 1);
+        record.icon = text(m_list, 2);
+        record.signature = text(m_list, 3);
+        record.time = text(m_list, 4);
+        record.onJob = sqlite3_column_int(m_list, 5);
+        record.accountNo = text(m_list, 6);
+        record.lastContent = text(m_list, 7);
+        record.isSystemNotice = sqlite3_column_int(m_list, 8);
+        record.appKey = text(m_list, 9);
+        record.isTop = qint16(sqlite3_column_int(m_list, 10));
         return record;
     }
 
     sqlite3 *m_base = nullptr;
     sqlite3_stmt *m_list = nullptr;
-    sqlite3_stmt *m_row = nullptr;
     sqlite3_stmt *m_unread = nullptr;
 };
 

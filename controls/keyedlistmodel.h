@@ -54,11 +54,7 @@ public:
     }
 
     // Adds a record, or takes it in the place of the one with its key.
-    void put(const Record &record)
-    {
-        Node &node = take(record);
-        follow(node, {});
-    }
+    void put(Record record) { follow(take(std::move(record)), {}); }
 
     // Adds a record unless there is one with its key: then false.
     bool putNew(Record record)
@@ -187,10 +183,10 @@ private:
     }
     int rowOf(const Node &node) const { return rowAt(node.second.place, node.first); }
 
-    Node &take(const Record &record)
+    Node &take(Record record)
     {
         Node &node = *m_nodes.try_emplace(keyOf(record)).first;
-        node.second.record = record;
+        node.second.record = std::move(record);
         return node;
     }
 
