@@ -144,6 +144,23 @@ QStringView CChCharacterToPP::syllable(QChar character)
     return QStringView(rows[size_t(rowOf(entry))].text, lengthOf(entry));
 }
 
+void CChCharacterToPP::syllableNumbers(QStringView text, qint16 *numbers)
+{
+    for (const QChar c : text)
+        *numbers++ = qint16(qMax(rowOf(entryOf(c.unicode())) - int(FirstSyllable), -1));
+}
+
+int CChCharacterToPP::syllableCount()
+{
+    return int(std::size(syllables));
+}
+
+QStringView CChCharacterToPP::syllableAt(int number)
+{
+    const ushort *text = rows[size_t(FirstSyllable + number)].text;
+    return QStringView(text); // up to its NUL
+}
+
 int CChCharacterToPP::tableSize()
 {
     return int(TableSize);

@@ -20,6 +20,12 @@ public:
     // Empty for everything but a GB2312 character. Static data, never freed.
     static QStringView syllable(QChar character);
 
+    // Where the syllable of a character stands in the alphabetical list of all of them,
+    // -1 for everything but a GB2312 character; of many characters by one call.
+    static void syllableNumbers(QStringView text, qint16 *numbers);
+    static int syllableCount();
+    static QStringView syllableAt(int number);
+
     // Bytes of read-only data behind the conversion.
     static int tableSize();
 };

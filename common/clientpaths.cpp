@@ -27,6 +27,9 @@ QString ClientPaths::normalized(const QString &path)
 
 QString ClientPaths::documentsFolder()
 {
+    const QString wanted = ctx().documentsFolder();
+    if (!wanted.isEmpty())
+        return normalized(wanted);
     const QString reported = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     QString folder = reported;
     if (folder.isEmpty()) {
@@ -43,6 +46,11 @@ QString ClientPaths::documentsFolder()
 QString ClientPaths::clientDataFolder()
 {
     return documentsFolder() + QLatin1String("/VeltraIm/");
+}
+
+QString ClientPaths::allUsersDatabaseFile()
+{
+    return QDir(clientDataFolder()).absolutePath() + QLatin1String("/UserInfo.db");
 }
 
 QString ClientPaths::versionFile()

@@ -7,8 +7,8 @@
 namespace {
 struct Plain
 {
-    quint8 unit;
-    FoldedText::Kind kind;
+    ushort unit = 0;
+    FoldedText::Kind kind = FoldedText::Separator;
 };
 
 constexpr auto makeAscii()
@@ -18,7 +18,7 @@ constexpr auto makeAscii()
         const bool isUpper = i >= 'A' && i <= 'Z';
         const bool isLower = i >= 'a' && i <= 'z';
         const bool isDigit = i >= '0' && i <= '9';
-        ascii[i].unit = quint8(isUpper ? i - 'A' + 'a' : i);
+        ascii[i].unit = ushort(isUpper ? i - 'A' + 'a' : i);
         ascii[i].kind = isDigit              ? FoldedText::Digit
                         : isUpper || isLower ? FoldedText::Letter
                                              : FoldedText::Separator;
@@ -43,6 +43,33 @@ FoldedText::Kind kindOf(QChar c)
     if (c.isLetter() || c.isSurrogate())
         return FoldedText::Letter;
     return c.isNumber() ? FoldedText::Digit : FoldedText::Separator;
+}
+
+QString foldedCharacter(const QChar *units, int count)
+{
+    QString result;
+    for (const QChar c : QString(units, count).normalized(QString::NormalizationForm_KD)) {
+        if (!c.isMark() && c.category() != QChar::Other_Format)
+            result += c;
+    }
+    return result.toCaseFolded();
+}
+
+// The letters with diacritics that are one letter without. Unit 0: it is not so simple.
+constexpr ushort LatinEnd = 0x180;
+const std::array<Plain, LatinEnd> &latin()
+{
+    static const auto table = [] {
+        std::array<Plain, LatinEnd> made;
+        for (ushort unit = 0x80; unit < LatinEnd; ++unit) {
+            const QChar c(unit);
+            const QString folded = foldedCharacter(&c, 1);
+            if (folded.size() == 1)
+                made[unit] = {folded.at(0).unicode(), kindOf(folded.at(0))};
+        }
+        return made;
+    }();
+    return table;
 }
 } // namespace
 
@@ -70,6 +97,9 @@ bool FoldedText::addPlain(QStringView text)
         } else if (isCommonHan(unit)) {
             m_units[m_size] = unit;
             m_kinds[m_size++] = Chinese;
+        } else if (unit < LatinEnd && latin()[unit].unit != 0) {
+            m_units[m_size] = latin()[unit].unit;
+            m_kinds[m_size++] = latin()[unit].kind;
         } else {
             return false;
         }
@@ -83,13 +113,7 @@ void FoldedText::addDecomposed(QStringView text)
         const bool isPair = text.at(from).isHighSurrogate() && from + 1 < text.size() &&
                             text.at(from + 1).isLowSurrogate();
         to = from + (isPair ? 2 : 1);
-        const QString character(text.data() + from, to - from);
-        QString units;
-        for (const QChar c : character.normalized(QString::NormalizationForm_KD)) {
-            if (!c.isMark() && c.category() != QChar::Other_Format)
-                units += c;
-        }
-        add(units.toCaseFolded(), from, to);
+        add(foldedCharacter(text.data() + from, to - from), from, to);
     }
 }
 

@@ -15,6 +15,7 @@ class SqliteConnection
 {
 public:
     explicit SqliteConnection(const QString &name) : m_name(name) {}
+    virtual ~SqliteConnection() = default;
     SqliteConnection(const SqliteConnection &) = delete;
     SqliteConnection &operator=(const SqliteConnection &) = delete;
 

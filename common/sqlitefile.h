@@ -27,7 +27,7 @@ public:
     // Adds a connection of this name, and takes it away in the end; one that exists is
     // used, and stays.
     SqliteFile(const QString &fileName, const QString &connectionName);
-    ~SqliteFile();
+    ~SqliteFile() override;
 
     // A name that no other connection of the process has.
     static QString freeConnectionName(const char *purpose);

@@ -8,11 +8,6 @@ namespace {
 // Places in the typed text: bit i says that its first i units are accounted for.
 using Places = quint64;
 
-bool isBetweenSyllables(QChar typed)
-{
-    return typed.isSpace() || typed == QLatin1Char('\'') || typed == QChar(0x2019);
-}
-
 // ü is V in the syllables. Who types knows it as v, as ü (u by now), and in üe,
 // where the syllable has U, as v again.
 bool sameLetter(QStringView syllable, int at, QChar typed)
@@ -76,7 +71,7 @@ private:
         if (m_text.kind(i) != FoldedText::Separator && !m_text.isStart(i))
             return;
         for (int at = 1; at < m_typed.size(); ++at) {
-            if (!isBetweenSyllables(m_typed.at(at)))
+            if (!TextPattern::isBetweenSyllables(m_typed.at(at)))
                 continue;
             for (Way *way : {&m_spelled, &m_abbreviated})
                 way->places |= (way->places >> at & 1) << 1 << at;
@@ -139,6 +134,11 @@ private:
     Way m_spelled, m_abbreviated;
 };
 } // namespace
+
+bool TextPattern::isBetweenSyllables(QChar typed)
+{
+    return typed.isSpace() || typed == QLatin1Char('\'') || typed == QChar(0x2019);
+}
 
 TextPattern::TextPattern(const QString &typed)
 {

@@ -38,6 +38,9 @@ public:
 
     explicit TextPattern(const QString &typed);
 
+    // Blanks and apostrophes.
+    static bool isBetweenSyllables(QChar typed);
+
     bool isEmpty() const { return m_text.isEmpty(); }
     const QString &text() const { return m_text; } // without case, width, diacritics
 

@@ -6,6 +6,7 @@
 #include "contacts/friendtreeview.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/friendwidget.h"
+#include "contacts/localdata.h"
 #include "contacts/rooms/mucwidget.h"
 #include "detail/caddfriendmannger.h"
 #include "detail/cdetailviewmanager.h"
@@ -17,6 +18,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/customerchannels.h"
 
 namespace {
 
@@ -179,7 +181,9 @@ void assemblePane()
     static auto *actions = new Actions;
     setPaneActions(actions);
     CAddFriendMannger::instance(); // the host's events may ask for a window
+    CustomerChannels::instance();  // they are delivered before their page is shown
     [[maybe_unused]] static const bool connected = connectHub(actions);
+    startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(
         []() -> QWidget * { return new FriendWidget; });
 }

@@ -176,14 +176,28 @@ void FriendWidget::leaveSearchFor(const SearchEntry &entry, bool inOrganisation)
 
 void FriendWidget::focusList()
 {
-    const auto lists = m_pages->currentWidget()->findChildren<QAbstractItemView *>();
-    for (QAbstractItemView *list : lists) {
-        if (list->isVisible()) {
-            list->setFocus(Qt::OtherFocusReason);
-            return;
-        }
+    auto *list = m_pages->currentWidget()->findChild<QAbstractItemView *>();
+    if (list && list->isVisible()) {
+        list->setFocus(Qt::OtherFocusReason);
+        return;
     }
     m_entries->setFocus(Qt::OtherFocusReason);
+    // Its page may be loading.
+    if (list && list != m_focusDue) {
+        m_focusDue = list;
+        list->installEventFilter(this);
+    }
+}
+
+bool FriendWidget::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_focusDue && event->type() == QEvent::Show) {
+        m_focusDue->removeEventFilter(this);
+        if (m_entries->hasFocus())
+            m_focusDue->setFocus(Qt::OtherFocusReason);
+        m_focusDue = nullptr;
+    }
+    return QWidget::eventFilter(watched, event);
 }
 
 void FriendWidget::showEvent(QShowEvent *event)

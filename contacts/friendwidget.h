@@ -44,6 +44,7 @@ public slots:
 protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void layOut();
@@ -65,6 +66,7 @@ private:
     SearchSources *m_sources;
     SearchPage *m_searchPage = nullptr;
     QPointer<QWidget> m_focusBefore; // where the focus was before the search
+    QPointer<QWidget> m_focusDue;    // the list that gets it when it is shown
     MucWidget *m_rooms = nullptr;
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;

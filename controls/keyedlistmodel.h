@@ -56,7 +56,18 @@ public:
     // Adds a record, or takes it in the place of the one with its key.
     void put(Record record) { follow(take(std::move(record)), {}); }
 
-    // The same for many: new rows that follow one another are inserted at once. The
+    // Adds a record unless there is one with its key: then false.
+    bool putNew(Record record)
+    {
+        const auto [node, isNew] = m_nodes.try_emplace(keyOf(record));
+        if (!isNew)
+            return false;
+        node->second.record = std::move(record);
+        follow(*node, {});
+        return true;
+    }
+
+    // Many at once: new rows that follow one another are inserted at once. The
     // last one of a key counts.
     void putAll(const QVector<Record> &records)
     {

@@ -3,27 +3,26 @@
 // here.
 #pragma once
 
-#include <QSqlDatabase>
-#include <QString>
+#include "common/sqlitefile.h"
 
 class ConversationStore
 {
 public:
-    // Opens or makes the file, readable by its owner only. A file that cannot be
-    // opened leaves the store closed: nothing is pinned or muted then.
+    // A file that cannot be opened leaves the store closed: nothing is pinned or
+    // muted then.
     explicit ConversationStore(const QString &fileName);
-    ~ConversationStore();
-    ConversationStore(const ConversationStore &) = delete;
-    ConversationStore &operator=(const ConversationStore &) = delete;
 
-    QSqlDatabase database() const; // not open when the file could not be had
+    // Not open when the file could not be had.
+    QSqlDatabase database() const { return m_file.database(); }
+    // The name under which a damaged file was kept; empty when there was none.
+    QString setAsideAs() const { return m_file.setAsideAs(); }
 
     bool isTop(const QString &jid) const;
     void setTop(const QString &jid, bool top);
     bool isMuted(const QString &jid) const;
 
 private:
-    QString flag(const char *statement, const QString &jid) const;
+    QString flag(const QString &statement, const QString &jid) const;
 
-    QString m_connection;
+    SqliteFile m_file;
 };

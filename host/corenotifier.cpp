@@ -160,6 +160,12 @@ void CoreNotifier::announcePresence()
     m_bus->notify(Inbound::PresenceChanged, m_core->allPresence());
 }
 
+void CoreNotifier::announceServices()
+{
+    if (m_started && m_core->isConnected())
+        m_bus->notify(Inbound::ConnectionChanged, true);
+}
+
 void CoreNotifier::startSession()
 {
     m_bus->notify(Inbound::LoginChanged, true);

@@ -22,6 +22,8 @@ public:
     // presence, rooms, channels and the messages that it has missed. Called once the
     // pane exists.
     void startSession();
+    // The web services can be had from now on: what asked for them in vain asks again.
+    void announceServices();
 
 private:
     void forwardRoster();

@@ -66,7 +66,7 @@ bool resetDataFolder(const QString &folder, QString *problem)
     }
     QFile::remove(folder + QLatin1String("/host.ini"));
     QFile::remove(folder + QLatin1String("/allurl.ini"));
-    for (const char *part : {"core", "users", "backend"}) {
+    for (const char *part : {"core", "users", "documents", "backend"}) {
         QDir directory(folder + QLatin1Char('/') + QLatin1String(part));
         if (directory.exists() && !directory.removeRecursively()) {
             *problem = QStringLiteral("\"%1\" could not be deleted.").arg(directory.path());

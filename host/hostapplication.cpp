@@ -194,6 +194,12 @@ void HostApplication::buildWindow()
     m_levers->setSimulating(m_options.simulation);
     startWithoutRoster();
 
+    const WebServices *services = m_services.get(); // it still tells while it is destroyed
+    CoreNotifier *notifier = m_notifier.get();
+    QObject::connect(services, &WebServices::changed, notifier, [services, notifier] {
+        if (services->state() == WebServices::Ready)
+            notifier->announceServices();
+    });
     QObject::connect(
         m_window.get(), &MainWindow::languageChosen, m_window.get(),
         [this](const QString &value) { HostPreferences(m_folder).setLanguage(value); });
@@ -203,8 +209,10 @@ void HostApplication::buildWindow()
                      [this] { loadPane(m_pluginFile); });
     QObject::connect(m_window->paneArea(), &PaneArea::fileChosen, m_window.get(),
                      [this](const QString &file) { loadPane(file); });
-    if (!m_core->notice().isEmpty())
-        m_window->showNote(m_core->notice());
+    for (const QString &notice : {m_core->notice(), m_context->notice()}) {
+        if (!notice.isEmpty())
+            m_window->showNote(notice);
+    }
 }
 
 void HostApplication::addChatLevers()

@@ -37,6 +37,7 @@ public:
 
     MainWindow *window() const { return m_window.get(); }
     LeverMenu *levers() const { return m_levers; }
+    HostContext *context() const { return m_context; }
     EmbeddedCore *core() const { return m_core.get(); }
     WebServices *services() const { return m_services.get(); }
     const HostOptions &options() const { return m_options; }

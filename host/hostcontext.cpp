@@ -4,6 +4,7 @@
 #include "common/displaytext.h"
 #include "common/logfilewriter.h"
 #include "host/conversationstore.h"
+#include "host/core/corestore.h"
 #include "host/filetransfers.h"
 #include "host/messagingcore.h"
 #include "host/weblog.h"
@@ -58,6 +59,11 @@ void HostContext::shutDown()
     m_thread->enqueue(3, CLogThread::location(__FILE__, __LINE__),
                       QStringLiteral("the log ends with the host"));
     m_thread->wait(qMax(qint64(100), deadline.remainingTime()));
+}
+
+QString HostContext::notice() const
+{
+    return CoreStore::damageNotice(m_conversations->setAsideAs());
 }
 
 void HostContext::setSessionTop(const QString &jid, bool top)

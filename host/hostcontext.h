@@ -32,6 +32,8 @@ public:
     void shutDown();
 
     QString logFile() const { return m_logFile; }
+    // For the user, when the settings of conversations were damaged; else empty.
+    QString notice() const;
     // Where the module keeps pictures that it has fetched.
     QString pictureFolder() const { return userFolder() + QLatin1String("/headImage"); }
     CServerSettings &settings() { return m_settings; }
@@ -83,6 +85,7 @@ public:
     // The data folder: the addresses of one host's back end are of no use to another.
     QString applicationFolder() const override { return m_dataFolder; }
     QString caFile() const override { return m_caFile; }
+    QString documentsFolder() const override { return m_dataFolder + QLatin1String("/documents"); }
     void webRequestFinished(const WebRequestRecord &record) override;
 
 private:

@@ -31,7 +31,7 @@ QString SamplePicture::draw(const QString &folder, const QString &fileName, cons
                             int variant)
 {
     QPixmap picture(Side, Side);
-    picture.fill(QColor::fromHsv(hueOf(fileName, variant), 130, 190));
+    picture.fill(QColor::fromHsv(hueOf(fileName, variant), 150, 150));
     QPainter painter(&picture);
     QFont font = painter.font();
     font.setPixelSize(Side / 2);

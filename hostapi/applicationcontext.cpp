@@ -112,6 +112,10 @@ QString ApplicationContext::applicationFolder() const
 {
     return QString();
 }
+QString ApplicationContext::documentsFolder() const
+{
+    return QString();
+}
 QString ApplicationContext::caFile() const
 {
     return QString();

@@ -96,6 +96,10 @@ public:
     // Called after each web request of the module, also a failed one.
     virtual void webRequestFinished(const WebRequestRecord &record);
 
+    // In the place of the user's documents folder, below which the client keeps what
+    // all its users share; empty: the platform's.
+    virtual QString documentsFolder() const;
+
     QString ownJid() const;     // userId@serverDomain; empty while nobody is logged in
     QString userFolder() const; // userBaseFolder/userId; empty when either is
 };

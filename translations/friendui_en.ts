@@ -511,6 +511,10 @@
         <translation>Loading…</translation>
     </message>
     <message>
+        <source>localDataDamaged</source>
+        <translation>Your local data could not be read. They were kept as %1, and new ones were begun.</translation>
+    </message>
+    <message>
         <source>localGroup</source>
         <translation>Local groups</translation>
     </message>

@@ -511,6 +511,10 @@
         <translation>正在加载…</translation>
     </message>
     <message>
+        <source>localDataDamaged</source>
+        <translation>本地数据已损坏，原文件已保存为 %1，并已新建数据文件。</translation>
+    </message>
+    <message>
         <source>localGroup</source>
         <translation>本地讨论组</translation>
     </message>

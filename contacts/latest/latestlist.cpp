@@ -279,7 +279,7 @@ void LatestList::reload()
     if (user != std::exchange(m_user, user))
         forgetUser();
     m_muted = SessionSettings::muted();
-    const int limit = std::max(PageSize, m_offset);
+    const int limit = std::max({PageSize, m_offset, m_entries.size()});
     m_offset = 0;
     QVector<DBFriendData> rows;
     if (!readPage(limit, &rows))

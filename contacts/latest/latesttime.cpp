@@ -8,6 +8,13 @@ QString storedForm()
     return QStringLiteral("yyyy-MM-dd hh:mm:ss");
 }
 
+// By its parts: an hour that summer time leaves out makes a time invalid, but what
+// stands in the table may come from elsewhere.
+bool isReadable(const QDateTime &time)
+{
+    return time.date().isValid() && time.time().isValid();
+}
+
 // The reading of the clock as a number: unlike the seconds since the epoch it does not
 // go back when summer ends, and orders as the stored texts do.
 qint64 clockReading(const QDateTime &time)
@@ -19,14 +26,15 @@ qint64 clockReading(const QDateTime &time)
 
 QString latestTimeText(const QDateTime &time, const QDateTime &now)
 {
-    if (!time.isValid())
+    if (!isReadable(time))
         return QString();
     if (time.date().year() != now.date().year())
-        return time.toString(QStringLiteral("yy-MM-dd"));
+        return time.date().toString(QStringLiteral("yy-MM-dd"));
     const qint64 days = time.date().daysTo(now.date());
     if (days == 1)
         return QObject::tr("yesterday");
-    return time.toString(days < 2 ? QStringLiteral("hh:mm") : QStringLiteral("MM-dd"));
+    return days < 2 ? time.time().toString(QStringLiteral("hh:mm"))
+                    : time.date().toString(QStringLiteral("MM-dd"));
 }
 
 QDateTime readStoredTime(const QString &text)
@@ -40,10 +48,10 @@ QDateTime readStoredTime(const QString &text)
 QString storableTime(const QString &text, const QDateTime &now)
 {
     const QDateTime time = readStoredTime(text);
-    return time.isValid() && time <= now.addDays(1) ? text : now.toString(storedForm());
+    return isReadable(time) && time <= now.addDays(1) ? text : now.toString(storedForm());
 }
 
 qint64 timeOrder(const QDateTime &time, const QDateTime &now)
 {
-    return time.isValid() ? qMin(clockReading(time), clockReading(now.addDays(1))) : 0;
+    return isReadable(time) ? qMin(clockReading(time), clockReading(now.addDays(1))) : 0;
 }

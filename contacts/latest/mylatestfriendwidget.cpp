@@ -1,13 +1,11 @@
 #include "contacts/latest/mylatestfriendwidget.h"
 
 #include "common/context.h"
-#include "common/displaytext.h"
 #include "common/logging.h"
 #include "contacts/latest/daywatch.h"
 #include "contacts/latest/latestlist.h"
 #include "contacts/latest/latesttime.h"
 #include "contacts/latest/latestview.h"
-#include "controls/avatarstore.h"
 #include "controls/skin.h"
 #include "controls/statepage.h"
 #include "controls/tipbox.h"
@@ -46,6 +44,8 @@ MyLatestFriendWidget::MyLatestFriendWidget(QWidget *parent)
     connect(rows, &QAbstractItemModel::modelReset, this, &MyLatestFriendWidget::showState);
     connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
             &MyLatestFriendWidget::slot_ScrollToBottom);
+    connect(m_view->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+            [this] { m_rowsComing = false; });
     connect(m_list, &LatestList::notStored, this, &MyLatestFriendWidget::tellNotStored);
     connect(m_dayWatch, &DayWatch::turned, model(), [this] { model()->timeTextsChanged(); });
     connectHub();
@@ -72,6 +72,13 @@ void MyLatestFriendWidget::connectHub()
     connect(hub, &Hub::signal_updateLatestContact, this, &Page::slot_updateLatestContact);
     connect(hub, &Hub::signal_removelatest, this, &Page::slot_removeLatest);
     connect(hub, &Hub::signal_clearlatest, this, &Page::slot_clearLatest);
+    connect(hub, &Hub::signal_addAllFriend, this, &Page::updateContacts);
+    connect(hub, &Hub::signal_addFriend, this, [this](const QString &jid) {
+        FriendData contact;
+        if (ctx().friendData(jid, &contact))
+            updateContacts({contact});
+    });
+    connect(hub, &Hub::signal_clearFriend, this, &Page::clearContent);
     connect(hub, &Hub::signal_delFriend, this, &Page::slot_delFriend);
     connect(hub, &Hub::signal_FriendVcardInfo, this, &Page::slot_updateFriend);
     connect(hub, &Hub::signal_FriendFullVcardInfo, this, &Page::slot_updateFriend);
@@ -83,6 +90,11 @@ void MyLatestFriendWidget::connectHub()
     connect(hub, &Hub::signal_notifyDownloadServiceIconResult, this,
             &Page::slot_notifyDownloadServiceIconResult);
     connect(hub, &Hub::signal_notifyUpdateChannelHead, this, &Page::slot_notifyUpdateChannelHead);
+    connect(
+        hub, &Hub::signal_notifyUpdateServiceNum, this,
+        [this](const QString &jid, const CServiceNumData &number) { rename(jid, number.name); });
+    connect(hub, &Hub::signal_notifyAddChannel, this,
+            [this](const CSChannelData &channel) { rename(channel.id, channel.name); });
     connect(hub, &Hub::signal_login, this, &Page::slot_login);
     connect(hub, &Hub::signal_logout, m_list, &LatestList::save);
     connect(hub, &Hub::signal_isConnected, m_list, [this](bool connected) {
@@ -178,8 +190,12 @@ void MyLatestFriendWidget::slot_login()
 void MyLatestFriendWidget::slot_ScrollToBottom(int nValue)
 {
     LOG_SCOPE("MyLatestFriendWidget::slot_ScrollToBottom(int nValue)");
-    if (nValue >= m_view->verticalScrollBar()->maximum())
-        m_list->loadMore();
+    // The end is only known again when the new rows are laid out.
+    if (m_rowsComing || nValue < m_view->verticalScrollBar()->maximum())
+        return;
+    const int before = model()->rowCount();
+    m_list->loadMore();
+    m_rowsComing = model()->rowCount() > before;
 }
 
 // --- Messages --------------------------------------------------------------------
@@ -223,7 +239,7 @@ void MyLatestFriendWidget::slot_updateLatestContact(QString &strContactJid, QStr
         if (!time.isEmpty())
             setLatestTime(&entry, time, now);
     };
-    m_list->changeStored(strContactJid, apply, LatestWriter::Row | LatestWriter::Unread);
+    m_list->changeStored(strContactJid, apply, LatestWriter::Row);
 }
 
 void MyLatestFriendWidget::slot_removeLatest(QString jid)
@@ -242,154 +258,4 @@ void MyLatestFriendWidget::slot_clearLatest()
 {
     LOG_SCOPE("MyLatestFriendWidget::slot_clearlatest()");
     m_list->clear();
-}
-
-// --- Rooms, service numbers, channels ----------------------------------------------
-
-void MyLatestFriendWidget::rename(const QString &jid, const QString &name)
-{
-    const LatestEntry *entry = m_list->find(jid);
-    const QString shown = displayText(name);
-    if (entry && !shown.trimmed().isEmpty() && entry->row.displayName != shown)
-        m_list->change(
-            jid, [&shown](LatestEntry &renamed) { renamed.row.displayName = shown; },
-            LatestWriter::Name);
-}
-
-void MyLatestFriendWidget::setIcon(const QString &jid, const QString &file)
-{
-    // The file may be the same with another picture in it.
-    AvatarStore::instance().refresh(file);
-    m_list->change(
-        jid, [&file](LatestEntry &entry) { entry.row.icon = file; }, LatestWriter::Icon);
-}
-
-void MyLatestFriendWidget::slot_updateRoomSubject(QString roomjid, QString roomsubject,
-                                                  QString strModifier)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_updateRoomSubject(QString roomjid, QString roomsubject, "
-              "QString strModifier)");
-    Q_UNUSED(strModifier)
-    rename(roomjid, roomsubject);
-}
-
-void MyLatestFriendWidget::slot_updateRoomHeadImage(QString strRootJid, QString strHeadPath)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_updateRoomHeadImage(QString strRootJid, QString "
-              "strHeadPath)");
-    setIcon(strRootJid, strHeadPath);
-}
-
-void MyLatestFriendWidget::slot_addMucItem(MucData room, bool bAdd)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_addMucItem(MucData data, bool bAdd)");
-    Q_UNUSED(bAdd)
-    const LatestEntry *entry = m_list->find(room.roomJid);
-    if (!entry)
-        return;
-    rename(room.roomJid, room.roomName);
-    const QString icon = latestIcon(room.roomJid, MessageData::Room);
-    if (!icon.isEmpty() && icon != entry->row.icon)
-        setIcon(room.roomJid, icon);
-    if (entry->forbidden != room.forbidden || entry->kind != MessageData::Room)
-        m_list->change(room.roomJid, [&room](LatestEntry &changed) {
-            changed.kind = MessageData::Room;
-            changed.forbidden = room.forbidden;
-        });
-}
-
-void MyLatestFriendWidget::slot_notifyDownloadServiceIconResult(QString strServiceCode,
-                                                                QString strIconPath)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_notifyDownloadServiceIconResult(QString strServiceCode, "
-              "QString strIconPath)");
-    AvatarStore::instance().refresh(strIconPath);
-    m_list->changeEach(
-        [&](LatestEntry &entry) {
-            const bool meant =
-                entry.kind == MessageData::ServiceNumber &&
-                (jidUser(entry.row.jid) == strServiceCode || entry.row.appKey == strServiceCode);
-            if (meant)
-                entry.row.icon = strIconPath;
-            return meant;
-        },
-        LatestWriter::Icon);
-}
-
-void MyLatestFriendWidget::slot_notifyUpdateChannelHead(QString strChannelId, QString strIconPath)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_notifyUpdateChannelHead(QString strChannelId, QString "
-              "strIconPath)");
-    setIcon(strChannelId, strIconPath);
-}
-
-// --- People ------------------------------------------------------------------------
-
-void MyLatestFriendWidget::slot_delFriend(QString friendJid)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_delFriend(QString friendJid)");
-    // What was written stays; whether the person is there is nobody's business now.
-    m_list->change(friendJid, [](LatestEntry &entry) {
-        entry.knowsPresence = false;
-        entry.presence = PresenceData();
-        entry.cooperates = false;
-    });
-}
-
-void MyLatestFriendWidget::slot_updateFriend(QString friendJid, VcardInfo v_info)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_updateFriend(QString friendJid, VcardInfo v_info)");
-    const LatestEntry *entry = m_list->find(friendJid);
-    if (!entry || entry->kind != MessageData::Person)
-        return;
-    rename(friendJid, latestPersonName(friendJid, entry->row.displayName, &v_info));
-    const QString icon = ctx().headPath(v_info.photoName);
-    if (!icon.isEmpty() && icon != entry->row.icon)
-        setIcon(friendJid, icon);
-}
-
-void MyLatestFriendWidget::slot_updateFriendRemarkName(QString strJid, QString strName)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_updateFriendRemarkName(QString strJid, QString strName)");
-    // Without a remark the person's own name comes back.
-    if (!displayText(strName).trimmed().isEmpty()) {
-        rename(strJid, strName);
-        return;
-    }
-    FriendData contact;
-    VcardInfo profile;
-    ctx().friendData(strJid, &contact);
-    ctx().vcard(strJid, &profile);
-    contact.jid = strJid;
-    contact.remark.clear();
-    rename(strJid, contactDisplayName(contact, profile));
-}
-
-void MyLatestFriendWidget::slot_updateFriendPresence(QMap<QString, PresenceData> presencDataMap)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_updateFriendPresence(QMap<QString,PresenceData> "
-              "presencDataMap)");
-    for (auto at = presencDataMap.cbegin(); at != presencDataMap.cend(); ++at) {
-        const LatestEntry *entry = m_list->find(at.key());
-        if (entry && entry->kind == MessageData::Person && !(entry->presence == at.value()))
-            m_list->change(at.key(), [&at](LatestEntry &person) { person.presence = at.value(); });
-    }
-}
-
-void MyLatestFriendWidget::slot_doAllOffline()
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_doAllOffline()");
-    m_list->changeEach([](LatestEntry &entry) {
-        const bool changes = entry.presence.isOnline();
-        entry.presence = PresenceData();
-        return changes;
-    });
-}
-
-void MyLatestFriendWidget::slot_notifyCooperate(QMap<QString, bool> mapCooperateRelation)
-{
-    LOG_SCOPE("MyLatestFriendWidget::slot_notifyCooperate(QMap<QString,bool> "
-              "mapCooperateRelation)");
-    for (auto at = mapCooperateRelation.cbegin(); at != mapCooperateRelation.cend(); ++at)
-        m_list->change(at.key(), [&at](LatestEntry &entry) { entry.cooperates = at.value(); });
 }

@@ -71,6 +71,8 @@ protected:
 private:
     void connectHub();
     void connectRooms();
+    void updateContacts(const QList<FriendData> &contacts);
+    void clearContent(const QString &jid);
     // Both leave who is not listed alone.
     void rename(const QString &jid, const QString &name);
     void setIcon(const QString &jid, const QString &file);
@@ -82,5 +84,6 @@ private:
     DayWatch *m_dayWatch;
     QStackedLayout *m_pages;
     StatePage *m_emptyPage;
+    bool m_rowsComing = false; // of another page
     bool m_notStoredTold = false;
 };

@@ -2,7 +2,6 @@
 
 #include "common/displaytext.h"
 #include "contacts/rooms/mucroles.h"
-#include "contacts/rooms/mucrules.h"
 
 #include <utility>
 
@@ -46,7 +45,7 @@ QVariant MucModel::data(const QModelIndex &index, int role) const
     case MucRole::HeadPath:
         return room.headPath;
     case MucRole::SortKey:
-        return room.sortKey;
+        return MucRules::sortKey(room.name, room.classify);
     case MucRole::Id:
         return room.jid;
     case MucRole::ShakeOffset:
@@ -77,18 +76,20 @@ void MucModel::setPage(Page page)
 
 bool MucModel::add(const MucData &room, const QString &headPath)
 {
-    if (room.roomJid.isEmpty() || find(room.roomJid))
+    if (room.roomJid.isEmpty())
         return false;
     MucRow row;
     row.jid = room.roomJid;
     row.name = room.roomName;
     row.memberCount = countOrNone(room.memberCount);
     row.headPath = headPath;
-    row.sortKey = MucRules::sortKey(room.roomName, room.classify);
+    row.place = MucRules::placeOf(room.roomName, room.classify);
     row.classify = room.classify;
     row.forbidden = room.forbidden;
-    m_addressBookCount += pageOf(row) == AddressBookPage;
-    put(std::move(row));
+    const bool inAddressBook = pageOf(row) == AddressBookPage;
+    if (!putNew(std::move(row)))
+        return false;
+    m_addressBookCount += inAddressBook;
     return true;
 }
 
@@ -114,7 +115,7 @@ bool MucModel::setName(const QString &jid, const QString &name)
         return false;
     return change(jid, [&name](MucRow &row) {
         row.name = name;
-        row.sortKey = MucRules::sortKey(name, row.classify);
+        row.place = MucRules::placeOf(name, row.classify);
     });
 }
 
@@ -127,7 +128,7 @@ bool MucModel::setClassify(const QString &jid, MucData::MucClassify classify)
                           int(MucRules::isAddressBookRoom(room->classify));
     return change(jid, [classify](MucRow &row) {
         row.classify = classify;
-        row.sortKey = MucRules::sortKey(row.name, classify);
+        row.place = MucRules::placeOf(row.name, classify);
     });
 }
 

@@ -2,10 +2,8 @@
 // book's or the local ones.
 #pragma once
 
+#include "contacts/rooms/mucrules.h"
 #include "controls/keyedlistmodel.h"
-#include "hostapi/roomrecords.h"
-
-#include <QPoint>
 
 struct MucRow
 {
@@ -13,13 +11,13 @@ struct MucRow
     QString name; // as it came
     QString memberCount;
     QString headPath;
-    QString sortKey; // follows name and classify
+    MucRules::Place place; // follows name and classify
     MucData::MucClassify classify = MucData::LocalRoom;
     bool forbidden = false;
     QPoint shake;
 };
 
-class MucModel : public KeyedListModel<MucRow, QString>
+class MucModel : public KeyedListModel<MucRow, MucRules::Place>
 {
 public:
     enum Page
@@ -54,7 +52,7 @@ public:
 
 protected:
     QString keyOf(const MucRow &room) const override { return room.jid; }
-    QString placeOf(const MucRow &room) const override { return room.sortKey; }
+    MucRules::Place placeOf(const MucRow &room) const override { return room.place; }
     bool isShown(const MucRow &room) const override { return pageOf(room) == m_page; }
 
 private:

@@ -11,6 +11,22 @@ namespace {
 constexpr qint32 OtherLocalRoom = 3;
 constexpr int Manager = 1;
 constexpr int Owner = 2;
+
+QChar blockOf(MucData::MucClassify classify)
+{
+    return QLatin1Char(classify == MucData::PreferredRoom ? '1' : '2');
+}
+
+QString lettersOf(const QString &name)
+{
+    QString letters = CChCharacterToPP().toPinyin(name, false);
+    // Pinyin is ASCII, and so cheaper to make small than any text.
+    for (QChar &letter : letters) {
+        if (letter >= QLatin1Char('A') && letter <= QLatin1Char('Z'))
+            letter.unicode() += u'a' - u'A';
+    }
+    return letters;
+}
 } // namespace
 
 bool isAddressBookRoom(MucData::MucClassify classify)
@@ -25,8 +41,25 @@ bool isKnown(MucData::MucClassify classify)
 
 QString sortKey(const QString &name, MucData::MucClassify classify)
 {
-    const QLatin1String block(classify == MucData::PreferredRoom ? "1|" : "2|");
-    return block + CChCharacterToPP().toPinyin(name, false).toLower();
+    return QString(blockOf(classify)) + QLatin1Char('|') + lettersOf(name);
+}
+
+Place placeOf(const QString &name, MucData::MucClassify classify)
+{
+    constexpr int Packed = 15; // characters behind the block's; none is beyond ASCII
+    const QString letters = lettersOf(name);
+    const auto packed = [&letters](int from, int count) {
+        quint64 word = 0;
+        for (int i = from; i < from + count; ++i)
+            word = word << 8 | (i < letters.size() ? letters.at(i).unicode() & 0xff : 0);
+        return word;
+    };
+    Place place;
+    place.first = quint64(blockOf(classify).unicode()) << 56 | packed(0, 7);
+    place.second = packed(7, 8);
+    if (letters.size() > Packed)
+        place.more = letters;
+    return place;
 }
 
 Rights rightsOf(int role)

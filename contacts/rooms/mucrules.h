@@ -18,6 +18,27 @@ bool isKnown(MucData::MucClassify classify);
 // "1|" for a preferred room, "2|" for any other, and the lower-case pinyin of the name.
 QString sortKey(const QString &name, MucData::MucClassify classify);
 
+// Where a sort key stands, cheap to compare: its first characters packed, and the
+// rest of it only when there is more.
+struct Place
+{
+    quint64 first = 0;
+    quint64 second = 0;
+    QString more;
+
+    friend bool operator<(const Place &a, const Place &b)
+    {
+        if (a.first != b.first)
+            return a.first < b.first;
+        return a.second != b.second ? a.second < b.second : a.more < b.more;
+    }
+    friend bool operator==(const Place &a, const Place &b)
+    {
+        return a.first == b.first && a.second == b.second && a.more == b.more;
+    }
+};
+Place placeOf(const QString &name, MucData::MucClassify classify);
+
 struct Rights
 {
     bool rename = false;

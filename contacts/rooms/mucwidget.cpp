@@ -105,12 +105,18 @@ void MucWidget::connectHub()
 {
     using Hub = FriendUISignalSender;
     const Hub *hub = Hub::instance();
-    connect(hub, &Hub::signal_addMuc, this, &MucWidget::slot_addMucItem);
+    // By reference: rooms come by the thousand, and each copy is one of 22 members.
+    connect(hub, &Hub::signal_addMuc, this, &MucWidget::addRoom);
     connect(hub, &Hub::signal_roomIsNull, this, &MucWidget::slot_roomIsNull);
     connect(hub, &Hub::signal_latestFriend, this, &MucWidget::messageArrived);
 }
 
 void MucWidget::slot_addMucItem(MucData room, bool)
+{
+    addRoom(room);
+}
+
+void MucWidget::addRoom(const MucData &room)
 {
     LOG_SCOPE("MucWidget::slot_addMucItem(MucData data, bool add)");
     m_list->addMuc(room);

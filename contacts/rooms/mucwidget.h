@@ -38,6 +38,7 @@ protected:
 
 private:
     void connectHub();
+    void addRoom(const MucData &room);
     void messageArrived(bool received, const MessageData &message);
     void createRoom();
     void showPage(bool addressBook);

@@ -1,8 +1,8 @@
 #include "contacts/search/searchindex.h"
 
 #include "contacts/search/searchindexquery.h"
-#include "contacts/search/searchindexsignature.h"
 #include "contacts/search/searchindexstore.h"
+#include "contacts/search/searchindextraits.h"
 #include "contacts/search/searchrank.h"
 
 // By slot: the signatures stand apart, so that a search reads nothing but them of
@@ -28,9 +28,11 @@ void SearchIndex::Private::place(int slot, const SearchEntry &entry)
         signatures.resize(size_t(store.slotCount()));
         orders.resize(signatures.size());
     }
-    signatures[size_t(slot)] = searchSignature(entry);
+    const SearchTraits traits = searchTraits(entry);
+    signatures[size_t(slot)] = traits.signature;
     SearchOrder &order = orders[size_t(slot)];
-    order.nameKey = searchNameKey(entry.name);
+    order.nameKey = traits.nameKey;
+    order.wholeLengths = traits.wholeLengths;
     order.recent = SearchOrder::NotRecent;
     order.isContact = entry.isContact;
     order.hasLeft = entry.hasLeft;
@@ -55,15 +57,19 @@ void SearchIndex::Private::markRecents()
 
 void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, SearchTop *top) const
 {
-    const SearchHit::Rank best = fromStart ? SearchHit::Exact : SearchHit::Inside;
+    const auto best = [&](const SearchOrder &order) {
+        if (!fromStart)
+            return SearchHit::Inside;
+        return query.mayBeWhole(order.wholeLengths) ? SearchHit::Exact : SearchHit::Prefix;
+    };
     for (size_t slot = 0; slot < signatures.size(); ++slot) {
         const SearchSignature &signature = signatures[slot];
         if (!query.mayAnswer(signature) || query.mayAnswerFromStart(signature) != fromStart ||
-            !top->wants(orders[slot], best))
+            !top->wants(orders[slot], best(orders[slot])))
             continue;
         SearchHit hit;
         hit.entry = int(slot);
-        if (query.answers(store.at(hit.entry), &hit))
+        if (query.answers(store.at(hit.entry), best(orders[slot]), &hit))
             top->add(orders[slot], hit);
     }
 }

@@ -38,14 +38,22 @@ QStringList wordsOf(const QString &typed)
     }
     return words;
 }
+
+int digitOf(QChar c)
+{
+    const ushort unit = c.unicode();
+    if (unit < 0x80)
+        return unit >= '0' && unit <= '9' ? unit - '0' : -1;
+    return c.digitValue();
+}
 } // namespace
 
 PhonePattern::PhonePattern(const QString &typed)
 {
     QString digits;
     for (const QChar c : typed) {
-        if (c.digitValue() >= 0)
-            digits += QChar('0' + c.digitValue());
+        if (digitOf(c) >= 0)
+            digits += QChar('0' + digitOf(c));
         else if (c.isLetter() || c.isSurrogate() || c == QLatin1Char('@'))
             return;
     }
@@ -73,7 +81,7 @@ TextMatch PhonePattern::matchNumber(const QString &phones, int start, int end) c
     int places[MostDigits];
     int count = 0;
     for (int i = start; i < end && count < MostDigits; ++i) {
-        const int digit = phones.at(i).digitValue();
+        const int digit = digitOf(phones.at(i));
         if (digit < 0)
             continue;
         digits[count] = QChar('0' + digit);
@@ -99,22 +107,23 @@ TextMatch PhonePattern::matchNumber(const QString &phones, int start, int end) c
 SearchQuery::Word::Word(const QString &typed) : text(typed), phone(typed)
 {
     if (!text.isEmpty())
-        mask = searchSignatureMask(text.text());
+        mask = SearchMask(text.text());
 }
 
 TextMatch SearchQuery::Word::match(const QString &field, SearchHit::Field which) const
 {
-    if (field.isEmpty())
-        return {};
     if (which != SearchHit::Phones)
-        return text.match(field);
+        return field.isEmpty() ? TextMatch() : text.match(field);
     return phone.isEmpty() ? TextMatch() : phone.match(field);
 }
 
-bool SearchQuery::Word::bestField(const SearchEntry &entry, SearchHit *hit) const
+bool SearchQuery::Word::bestField(const SearchEntry &entry, SearchHit::Rank enough,
+                                  SearchHit *hit) const
 {
     TextMatch::Kind best = TextMatch::None;
-    for (int i = SearchHit::Name; i <= SearchHit::Phones && best != TextMatch::Exact; ++i) {
+    for (int i = SearchHit::Name; i <= SearchHit::Phones; ++i) {
+        if (best != TextMatch::None && rankOf(best) <= enough)
+            break;
         const auto field = SearchHit::Field(i);
         const TextMatch::Kind kind = match(entry.*fields[i], field).kind;
         if (kind > best) {
@@ -130,24 +139,29 @@ SearchQuery::SearchQuery(const QString &typed)
     : m_phrase(wordsOf(typed).join(QLatin1Char(' '))), m_first(wordsOf(typed).value(0))
 {
     const QStringList words = wordsOf(typed);
+    // Not told of Chinese, nor of words that may each be another field.
+    m_wholeLength = SearchTraits::lengthBitOf(m_phrase.text.text());
+    m_isAnyLength = words.size() > 1 || !m_phrase.phone.isEmpty() || m_wholeLength == 0;
     if (words.size() < 2)
         return;
     for (const QString &word : words) {
         m_words.emplace_back(word);
-        m_allWords |= m_words.back().mask;
+        m_allWords.beginning |= m_words.back().mask.beginning;
+        m_allWords.chain.add(m_words.back().mask.chain);
     }
 }
 
-bool SearchQuery::mayAnswerByPhone(quint64 bits) const
+bool SearchQuery::mayAnswerByPhone(const SearchSignature &signature) const
 {
-    return m_phrase.mayBePhone(bits) ||
+    const quint64 bits = signature.start | signature.inside;
+    return m_phrase.mayBePhone(signature) ||
            std::all_of(m_words.begin(), m_words.end(),
-                       [bits](const Word &word) { return word.mayBeIn(bits); });
+                       [&](const Word &word) { return word.mayBeIn(bits, signature); });
 }
 
-bool SearchQuery::answers(const SearchEntry &entry, SearchHit *hit) const
+bool SearchQuery::answers(const SearchEntry &entry, SearchHit::Rank best, SearchHit *hit) const
 {
-    const bool asPhrase = m_phrase.bestField(entry, hit);
+    const bool asPhrase = m_phrase.bestField(entry, best, hit);
     if (m_words.empty() || (asPhrase && hit->rank == SearchHit::Exact))
         return asPhrase;
     SearchHit byWords;
@@ -166,7 +180,7 @@ bool SearchQuery::allWordsAnswer(const SearchEntry &entry, SearchHit *hit) const
     hit->rank = SearchHit::Exact;
     for (const Word &word : m_words) {
         SearchHit one;
-        if (!word.bestField(entry, &one))
+        if (!word.bestField(entry, SearchHit::Exact, &one))
             return false;
         hit->rank = qMax(hit->rank, one.rank);
         if (&word == &m_words.front() || one.rank < best) {

@@ -4,7 +4,7 @@
 
 #include "common/textmatch.h"
 #include "contacts/search/searchindexrecords.h"
-#include "contacts/search/searchindexsignature.h"
+#include "contacts/search/searchindextraits.h"
 
 #include <QStringList>
 #include <QVector>
@@ -35,22 +35,30 @@ public:
 
     bool isEmpty() const { return m_phrase.text.isEmpty() && m_phrase.phone.isEmpty(); }
 
-    // Whether an entry of that signature may answer, and whether it may do better than
-    // Inside. What is refused here does not answer.
+    // Whether an entry of that signature may answer at all, and whether it may do better
+    // than Inside. What is refused here does not answer.
     bool mayAnswer(const SearchSignature &signature) const
     {
         const quint64 bits = signature.start | signature.inside;
         if (m_words.empty())
-            return m_phrase.mayBeIn(bits);
-        return (bits & m_allWords) == m_allWords || mayAnswerByPhone(bits);
+            return m_phrase.mayBeIn(bits, signature);
+        return ((bits & m_allWords.beginning) == m_allWords.beginning &&
+                signature.chain.has(m_allWords.chain)) ||
+               mayAnswerByPhone(signature);
     }
     bool mayAnswerFromStart(const SearchSignature &signature) const
     {
-        return m_first.mayBeIn(signature.start) || m_phrase.mayBePhone(signature.start);
+        return m_first.mayBeIn(signature.start, signature) || m_phrase.mayBePhone(signature);
+    }
+    // Whether an entry of these lengths may answer with Exact.
+    bool mayBeWhole(quint32 wholeLengths) const
+    {
+        return m_isAnyLength || (wholeLengths & m_wholeLength) != 0;
     }
 
-    // False: it does not answer. Leaves hit->entry alone.
-    bool answers(const SearchEntry &entry, SearchHit *hit) const;
+    // False: it does not answer. Leaves hit->entry alone. The rank is known not to be
+    // better than `best`.
+    bool answers(const SearchEntry &entry, SearchHit::Rank best, SearchHit *hit) const;
 
     // What to highlight in a field, in order and without overlaps.
     QVector<TextMatch> highlights(const QString &text, SearchHit::Field field) const;
@@ -61,23 +69,30 @@ private:
         explicit Word(const QString &typed);
 
         TextMatch match(const QString &field, SearchHit::Field which) const;
-        bool bestField(const SearchEntry &entry, SearchHit *hit) const;
-        bool mayBePhone(quint64 bits) const
+        bool bestField(const SearchEntry &entry, SearchHit::Rank enough, SearchHit *hit) const;
+        bool mayBePhone(const SearchSignature &signature) const
         {
-            return !phone.isEmpty() && (bits & SearchSignature::HasPhones) != 0;
+            return !phone.isEmpty() && (signature.start & SearchSignature::HasPhones) != 0;
         }
-        bool mayBeIn(quint64 bits) const { return (bits & mask) == mask || mayBePhone(bits); }
+        bool mayBeIn(quint64 beginnings, const SearchSignature &signature) const
+        {
+            return ((beginnings & mask.beginning) == mask.beginning &&
+                    signature.chain.has(mask.chain)) ||
+                   mayBePhone(signature);
+        }
 
         TextPattern text;
         PhonePattern phone;
-        quint64 mask = 0;
+        SearchMask mask;
     };
 
-    bool mayAnswerByPhone(quint64 bits) const;
+    bool mayAnswerByPhone(const SearchSignature &signature) const;
     bool allWordsAnswer(const SearchEntry &entry, SearchHit *hit) const;
 
     Word m_phrase;
     Word m_first;              // of the words, or the phrase when it is but one
     std::vector<Word> m_words; // none when the phrase is but one
-    quint64 m_allWords = 0;
+    SearchMask m_allWords;
+    quint32 m_wholeLength = 0;
+    bool m_isAnyLength = true;
 };

@@ -11,6 +11,14 @@ uint hashOf(SearchEntry::Kind kind, const QString &id)
 {
     return qHash(id, uint(kind));
 }
+
+// What a text points at, without looking there.
+void fetchText(const QString &text)
+{
+    const char *data = reinterpret_cast<const char *>(const_cast<QString &>(text).data_ptr());
+    SearchIndexIds::fetch(data);
+    SearchIndexIds::fetch(data + 64);
+}
 } // namespace
 
 SearchIndexStore::SearchIndexStore() : m_batches(1) {}
@@ -18,6 +26,22 @@ SearchIndexStore::SearchIndexStore() : m_batches(1) {}
 void SearchIndexStore::clear()
 {
     *this = SearchIndexStore();
+}
+
+void SearchIndexStore::fetchTexts(const SearchEntry &entry)
+{
+    fetchText(entry.id);
+    fetchText(entry.name);
+    fetchText(entry.account);
+    fetchText(entry.employeeCode);
+    fetchText(entry.mail);
+}
+
+uint SearchIndexStore::fetchCell(const SearchEntry &entry) const
+{
+    const uint hash = hashOf(entry.kind, entry.id);
+    m_ids.fetch(hash);
+    return hash;
 }
 
 int SearchIndexStore::find(SearchEntry::Kind kind, const QString &id) const
@@ -49,10 +73,9 @@ int SearchIndexStore::beginBatch(const QVector<SearchEntry> &entries)
     return batch;
 }
 
-int SearchIndexStore::putAt(const SearchEntry &entry, Place place)
+int SearchIndexStore::putAt(const SearchEntry &entry, uint hash, Place place)
 {
     ++m_batches[size_t(place.batch)].inUse;
-    const uint hash = hashOf(entry.kind, entry.id);
     const int slot = findHashed(hash, entry.kind, entry.id);
     if (slot < 0)
         return takeSlot(hash, place);
@@ -60,9 +83,8 @@ int SearchIndexStore::putAt(const SearchEntry &entry, Place place)
     return slot;
 }
 
-int SearchIndexStore::putOwn(const SearchEntry &entry)
+int SearchIndexStore::putOwn(const SearchEntry &entry, uint hash)
 {
-    const uint hash = hashOf(entry.kind, entry.id);
     const int slot = findHashed(hash, entry.kind, entry.id);
     if (slot < 0)
         return takeSlot(hash, addOwn(entry));

@@ -20,9 +20,17 @@ public:
     {
         m_ids.reserve(entries.size());
         const int batch = beginBatch(entries);
-        for (int i = 0; i < entries.size(); ++i) {
+        uint hashes[Ahead] = {};
+        for (int i = -2 * Ahead; i < entries.size(); ++i) {
+            const uint hash = i < 0 ? 0 : hashes[i % Ahead];
+            if (i + 2 * Ahead < entries.size())
+                fetchTexts(entries.at(i + 2 * Ahead));
+            if (i >= -Ahead && i + Ahead < entries.size())
+                hashes[(i + Ahead) % Ahead] = fetchCell(entries.at(i + Ahead));
+            if (i < 0)
+                continue;
             const SearchEntry &entry = entries.at(i);
-            placed(batch == Own ? putOwn(entry) : putAt(entry, {batch, i}), entry);
+            placed(batch == Own ? putOwn(entry, hash) : putAt(entry, hash, {batch, i}), entry);
         }
         m_thinned.push_back(batch);
         dissolveThin();
@@ -49,14 +57,20 @@ private:
     };
     static constexpr int Own = 0; // the batch of everything that came alone
 
+    // Memory is fetched so many entries before its turn, texts twice as many: it lies all
+    // over the place, and waiting for each piece would take most of the time.
+    static constexpr int Ahead = 8;
+    static void fetchTexts(const SearchEntry &entry);
+    uint fetchCell(const SearchEntry &entry) const; // the hash
+
     const SearchEntry &entryAt(Place place) const
     {
         return m_batches[size_t(place.batch)].entries.constData()[place.index];
     }
     int findHashed(uint hash, SearchEntry::Kind kind, const QString &id) const;
     int beginBatch(const QVector<SearchEntry> &entries);
-    int putAt(const SearchEntry &entry, Place place);
-    int putOwn(const SearchEntry &entry);
+    int putAt(const SearchEntry &entry, uint hash, Place place);
+    int putOwn(const SearchEntry &entry, uint hash);
     int takeSlot(uint hash, Place place);
     Place addOwn(const SearchEntry &entry);
     void release(Place place);

@@ -6,6 +6,7 @@
 #include "contacts/search/searchresultmodel.h"
 #include "contacts/search/searchresultview.h"
 #include "contacts/search/searchsources.h"
+#include "controls/rowpainter.h"
 #include "controls/skin.h"
 #include "controls/statepage.h"
 #include "http/fileservices.h"
@@ -114,8 +115,8 @@ void SearchPage::connectView()
         if (!held && m_isStale)
             searchAgain();
     });
-    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this, [this](int value) {
-        if (value == m_view->verticalScrollBar()->maximum())
+    connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] {
+        if (isAtEnd())
             fetchMore();
     });
 }
@@ -198,6 +199,13 @@ void SearchPage::addFound(const QVector<SearchResult> &results)
         m_model->append(seen);
 }
 
+// Where the last row can be seen, at least in part.
+bool SearchPage::isAtEnd() const
+{
+    const QScrollBar *bar = m_view->verticalScrollBar();
+    return bar->value() > bar->maximum() - RowPainter::RowHeight;
+}
+
 void SearchPage::fetchMore()
 {
     if (!isVisible())
@@ -219,9 +227,7 @@ void SearchPage::fillLater()
     QMetaObject::invokeMethod(
         this,
         [this] {
-            const QScrollBar *bar = m_view->verticalScrollBar();
-            const bool canAdd = m_hasMoreLocal || m_people->state() == PeopleSearch::More;
-            if (canAdd && bar->value() == bar->maximum())
+            if (isAtEnd())
                 fetchMore();
         },
         Qt::QueuedConnection);

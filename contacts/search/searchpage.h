@@ -51,6 +51,7 @@ private:
     QVector<SearchResult> local();
     void searchAgain(); // the index has changed
     void addFound(const QVector<SearchResult> &results);
+    bool isAtEnd() const;
     void fetchMore();
     void fillLater(); // when the rows are laid out
     void open(const SearchEntry &entry);

@@ -7,19 +7,18 @@
 
 #include <vector>
 
-// The beginning of a name by pinyin, as a number: a smaller one comes first, and equal
-// ones may still differ.
-quint64 searchNameKey(const QString &name);
-
 // What the order of an entry follows from, whatever was typed.
 struct SearchOrder
 {
     static constexpr quint32 NotRecent = 0x3fffffff;
 
     quint64 nameKey = 0;
-    quint32 recent = NotRecent; // 0: the latest conversation
-    bool isContact = false;
-    bool hasLeft = false;
+    quint32 wholeLengths = 0; // both of SearchTraits
+    quint32 recent : 30;      // 0: the latest conversation
+    quint32 isContact : 1;
+    quint32 hasLeft : 1;
+
+    SearchOrder() : recent(NotRecent), isContact(false), hasLeft(false) {}
 
     // The smaller, the better; before nameKey.
     quint64 standing(SearchHit::Rank rank) const

@@ -46,7 +46,13 @@ SearchResult SearchResults::department(const OrgElement &element)
     result.entry.id = element.strId;
     result.entry.name = element.strName;
     result.entry.placeId = element.strParentId;
-    result.place = element.strReserved1;
+    // Some services end the path with the department itself.
+    QStringList place = element.strReserved1.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (QString &name : place)
+        name = name.trimmed();
+    if (!place.isEmpty() && place.last() == element.strName)
+        place.removeLast();
+    result.place = place.join(QStringLiteral(" / "));
     return result;
 }
 

@@ -16,6 +16,7 @@ constexpr int NameLine = 20; // height
 constexpr int SecondPixels = 12;
 constexpr int SecondLine = 17;
 constexpr int MarkOpacity = 64;     // of 255
+constexpr int BoldAllowance = 6;    // what marked letters may take more
 constexpr double SecondShare = 0.6; // of the line, at most, when there is a place, too
 constexpr int GlyphSize = 20;       // in the disc of who has no picture
 
@@ -83,7 +84,8 @@ public:
     // `area` as if text ran from left to right.
     void draw(const QRect &area, const MarkedText &line, Qt::TextElideMode mode) const
     {
-        const QString text = m_metrics.elidedText(line.text, mode, area.width());
+        const int room = line.marks.isEmpty() ? area.width() : area.width() - BoldAllowance;
+        const QString text = m_metrics.elidedText(line.text, mode, room);
         const bool whole = text == line.text;
         QTextLayout layout(text, m_font);
         QTextOption wrap(QStyle::visualAlignment(m_option.direction, Qt::AlignLeft));
@@ -108,6 +110,7 @@ private:
         marker.setAlpha(MarkOpacity);
         QTextCharFormat format;
         format.setBackground(marker);
+        format.setFontWeight(QFont::DemiBold); // seen on any ground, also a selected row's
         QVector<QTextLayout::FormatRange> ranges;
         for (const SearchMark &mark : marks) {
             const int length = qMin(mark.second, end - mark.first);

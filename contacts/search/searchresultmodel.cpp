@@ -109,6 +109,7 @@ void SearchResultModel::setResults(const QString &typed, const QVector<SearchRes
 {
     beginResetModel();
     m_query = SearchQuery(typed);
+    m_typed = typed;
     m_results.clear();
     m_rows.clear();
     m_namesakes.clear();
@@ -239,6 +240,12 @@ SearchResultModel::Shown SearchResultModel::work(const SearchResult &result) con
     else if (entry.hasLeft)
         add({QObject::tr("hasLeft"), {}}, &shown.second);
     addMatch(entry, shown.name.text, &shown.second);
+    // The service also finds what stands in the middle of a word.
+    if (result.isTold && shown.name.marks.isEmpty() && shown.second.marks.isEmpty()) {
+        const int at = shown.name.text.indexOf(m_typed, 0, Qt::CaseInsensitive);
+        if (at >= 0)
+            shown.name.marks.append({at, m_typed.size()});
+    }
     if (m_namesakes.value(shown.name.text) > 1)
         addIdentity(entry, &shown.second);
     switch (entry.kind) {

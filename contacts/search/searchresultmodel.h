@@ -76,6 +76,7 @@ private:
     void addPerson(const SearchResult &result, Shown *shown) const;
 
     const SearchIndex *m_index;
+    QString m_typed;
     SearchQuery m_query;
     QVector<SearchResult> m_results;
     mutable std::vector<std::optional<Shown>> m_shown; // of each row, once it was asked for

@@ -1,46 +1,13 @@
 #include "host/core/corestore.h"
 
-#include "common/logging.h"
-
 #include <QCoreApplication>
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
-#include <QSqlError>
 
 namespace {
-constexpr int BusyTimeout = 1000; // ms; the window stands still while it waits
-
-const char Integrity[] = "PRAGMA quick_check(1)";
-const char SetUp[] = "PRAGMA journal_mode=WAL";
-const char FasterSync[] = "PRAGMA synchronous=NORMAL";
 const char ReadVersion[] = "PRAGMA user_version";
 const char WriteVersion[] = "PRAGMA user_version=%1";
 const char CountTables[] = "SELECT count(*) FROM sqlite_master";
 const char ReadMeta[] = "SELECT value FROM meta WHERE key=?";
 const char WriteMeta[] = "INSERT OR REPLACE INTO meta(key,value) VALUES(?,?)";
-
-QString atomicNumber()
-{
-    static int number = 0;
-    return QString::number(++number);
-}
-
-// The columns take no NULL, which a null string would be.
-void bindAll(QSqlQuery *query, const QVariantList &values)
-{
-    for (const QVariant &value : values) {
-        const bool isNullText = value.type() == QVariant::String && value.toString().isNull();
-        query->addBindValue(isNullText ? QVariant(QString::fromLatin1("")) : value);
-    }
-}
-
-bool isDamage(const QSqlError &error)
-{
-    // SQLITE_CORRUPT and SQLITE_NOTADB
-    return error.nativeErrorCode() == QLatin1String("11") ||
-           error.nativeErrorCode() == QLatin1String("26");
-}
 } // namespace
 
 const QVector<QStringList> &CoreStore::schemaSteps()
@@ -97,94 +64,39 @@ const QVector<QStringList> &CoreStore::schemaSteps()
     return steps;
 }
 
-CoreStore::CoreStore(const QString &fileName)
-    : m_fileName(fileName), m_connection(QStringLiteral("core-") + atomicNumber())
-{
-}
-
-CoreStore::~CoreStore()
-{
-    close();
-}
-
-void CoreStore::close()
-{
-    if (!m_database.isValid())
-        return;
-    m_prepared.clear();
-    m_database.close();
-    m_database = QSqlDatabase();
-    QSqlDatabase::removeDatabase(m_connection);
-}
+CoreStore::CoreStore(const QString &fileName) : SqliteFile(fileName, freeConnectionName("core")) {}
 
 bool CoreStore::open(QString *problem)
 {
-    if (!QDir().mkpath(QFileInfo(m_fileName).absolutePath())) {
-        *problem = QStringLiteral("The folder %1 cannot be made.")
-                       .arg(QFileInfo(m_fileName).absolutePath());
-        return false;
-    }
-    Outcome outcome = tryOpen(problem);
-    if (outcome == Damaged) {
-        close();
-        if (!setAside(problem))
-            return false;
-        outcome = tryOpen(problem);
-    }
-    return outcome == Usable;
+    return SqliteFile::open([this](QString *why) { return prepareSchema(why); }, problem);
 }
 
-CoreStore::Outcome CoreStore::tryOpen(QString *problem)
+QString CoreStore::damageNotice(const QString &keptAs)
 {
-    // Made here, so that nobody else can read it for even a moment; the journal
-    // files take over the permissions.
-    QFile file(m_fileName);
-    if (!file.open(QIODevice::ReadWrite)) {
-        *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
-        return Refused;
-    }
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-    file.close();
-
-    m_database = QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), m_connection);
-    m_database.setDatabaseName(m_fileName);
-    m_database.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout));
-    if (!m_database.open()) {
-        *problem = QStringLiteral("%1: %2").arg(m_fileName, m_database.lastError().text());
-        return isDamage(m_database.lastError()) ? Damaged : Refused;
-    }
-    QSqlQuery query(m_database);
-    const auto failed = [&](const char *statement) {
-        if (query.exec(QString::fromLatin1(statement)))
-            return false;
-        *problem = QStringLiteral("%1: %2").arg(m_fileName, query.lastError().text());
-        return true;
-    };
-    if (failed(Integrity) || !query.next())
-        return isDamage(query.lastError()) ? Damaged : Refused;
-    if (query.value(0).toString() != QLatin1String("ok"))
-        return Damaged;
-    const Outcome outcome = prepareSchema(problem);
-    // Last, because it writes: a file that cannot serve stays as it is.
-    if (outcome == Usable && (failed(SetUp) || failed(FasterSync)))
-        return Refused;
-    return outcome;
+    if (keptAs.isEmpty())
+        return QString();
+    return QCoreApplication::translate(
+               "CoreStore",
+               "The data file was damaged. It was kept as %1, and a new one was begun.")
+        .arg(keptAs);
 }
 
-CoreStore::Outcome CoreStore::prepareSchema(QString *problem)
+SqliteFile::Outcome CoreStore::prepareSchema(QString *problem)
 {
     const QVariant stored = value(QString::fromLatin1(ReadVersion));
     const int version = stored.isValid() ? stored.toInt() : -1;
     if (version > schemaSteps().size()) {
         *problem =
-            QStringLiteral("%1 was made by a newer version of this program.").arg(m_fileName);
+            QStringLiteral("%1 was made by a newer version of this program.").arg(fileName());
         return Refused;
     }
     // Tables without a version: some other program's file.
-    if (version < 0 || (version == 0 && value(QString::fromLatin1(CountTables)).toInt() != 0))
+    if (version < 0 || (version == 0 && value(QString::fromLatin1(CountTables)).toInt() != 0)) {
+        *problem = QStringLiteral("%1 is of another program.").arg(fileName());
         return Damaged;
+    }
     if (version < schemaSteps().size() && !upgrade(version)) {
-        *problem = QStringLiteral("%1 cannot be upgraded.").arg(m_fileName);
+        *problem = QStringLiteral("%1 cannot be upgraded.").arg(fileName());
         return Refused;
     }
     return Usable;
@@ -192,7 +104,7 @@ CoreStore::Outcome CoreStore::prepareSchema(QString *problem)
 
 bool CoreStore::upgrade(int from)
 {
-    return inTransaction([this, from] {
+    const bool done = inTransaction([this, from] {
         for (int step = from; step < schemaSteps().size(); ++step) {
             for (const QString &statement : schemaSteps().at(step)) {
                 if (!run(statement))
@@ -201,88 +113,8 @@ bool CoreStore::upgrade(int from)
         }
         return run(QString::fromLatin1(WriteVersion).arg(schemaSteps().size()));
     });
-}
-
-bool CoreStore::setAside(QString *problem)
-{
-    const QString stem = m_fileName + QStringLiteral(".damaged-") +
-                         QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-hhmmss"));
-    QString target = stem;
-    for (int i = 2; QFile::exists(target); ++i)
-        target = stem + QLatin1Char('-') + QString::number(i);
-    if (!QFile::rename(m_fileName, target)) {
-        *problem = QStringLiteral("%1 is damaged and cannot be renamed.").arg(m_fileName);
-        return false;
-    }
-    // They belong to the damaged file and would be replayed into the new one.
-    for (const char *suffix : {"-wal", "-shm"}) {
-        const QString journal = m_fileName + QString::fromLatin1(suffix);
-        if (QFile::exists(journal))
-            QFile::rename(journal, target + QString::fromLatin1(suffix));
-    }
-    m_notice =
-        QCoreApplication::translate(
-            "CoreStore", "The data file was damaged. It was kept as %1, and a new one was begun.")
-            .arg(target);
-    LOG_ERROR("the core's data file was damaged and is kept as " << logText(target));
-    return true;
-}
-
-QSqlQuery CoreStore::prepared(const QString &statement) const
-{
-    const auto known = m_prepared.constFind(statement);
-    if (known != m_prepared.constEnd())
-        return *known;
-    QSqlQuery query(m_database);
-    query.setForwardOnly(true);
-    if (query.prepare(statement))
-        m_prepared.insert(statement, query);
-    else
-        LOG_ERROR("not prepared: " << statement << ": " << logText(query.lastError().text()));
-    return query;
-}
-
-bool CoreStore::run(QSqlQuery *query) const
-{
-    if (query->exec())
-        return true;
-    LOG_ERROR("failed: " << query->lastQuery() << ": " << logText(query->lastError().text()));
-    return false;
-}
-
-bool CoreStore::run(const QString &statement, const QVariantList &values) const
-{
-    QSqlQuery query = prepared(statement);
-    bindAll(&query, values);
-    return run(&query);
-}
-
-QVariant CoreStore::value(const QString &statement, const QVariantList &values) const
-{
-    QSqlQuery query = prepared(statement);
-    bindAll(&query, values);
-    QVariant result;
-    if (run(&query) && query.next())
-        result = query.value(0);
-    query.finish(); // an open read would keep the journal from being folded in
-    return result;
-}
-
-bool CoreStore::inTransaction(const std::function<bool()> &work)
-{
-    if (m_inTransaction)
-        return work();
-    if (!m_database.transaction()) {
-        LOG_ERROR("no transaction: " << logText(m_database.lastError().text()));
-        return false;
-    }
-    m_inTransaction = true;
-    const bool done = work();
-    m_inTransaction = false;
-    if (done && m_database.commit())
-        return true;
-    m_database.rollback();
-    return false;
+    forgetStatements();
+    return done;
 }
 
 QString CoreStore::meta(const QString &key) const

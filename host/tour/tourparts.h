@@ -14,3 +14,9 @@ std::vector<TourStep> organisationSteps();
 
 // Its other states; the web services run again at the end.
 std::vector<TourStep> organisationStateSteps();
+
+// Latest contacts, group chats, channels, the search; and what of them only a start
+// with other data shows.
+std::vector<TourStep> localSteps();
+std::vector<TourStep> searchSteps(); // a part of those
+std::vector<TourStep> localStateSteps();

@@ -12,6 +12,7 @@
 #include <QDialog>
 #include <QInputDialog>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QListView>
 #include <QMenu>
 #include <QTreeView>
@@ -51,7 +52,7 @@ MainWindow &TourStage::window() const
     return *m_host.window();
 }
 
-QTreeView *TourStage::shownTree(const char *className) const
+QTreeView *TourStage::list(const char *className) const
 {
     const QWidget *pane = window().paneArea()->pane();
     if (!pane)
@@ -66,12 +67,28 @@ QTreeView *TourStage::shownTree(const char *className) const
 
 QTreeView *TourStage::tree() const
 {
-    return shownTree("FriendTreeView");
+    return list("FriendTreeView");
 }
 
 QTreeView *TourStage::orgTree() const
 {
-    return shownTree("OrgStructureTreeView");
+    return list("OrgStructureTreeView");
+}
+
+QModelIndex TourStage::row(const char *className, int role, const QVariant &value) const
+{
+    const QTreeView *view = list(className);
+    for (int i = 0; view && i < view->model()->rowCount(); ++i) {
+        const QModelIndex index = view->model()->index(i, 0);
+        if (index.data(role) == value)
+            return index;
+    }
+    return QModelIndex();
+}
+
+QLineEdit *TourStage::searchBox() const
+{
+    return qobject_cast<QLineEdit *>(shownWidget(QStringLiteral("searchBox")));
 }
 
 void TourStage::openPage(const QString &entryId) const
@@ -210,10 +227,13 @@ QWidget *TourStage::shownWidget(const QString &objectName) const
 
 void TourStage::contextMenu(const QModelIndex &index) const
 {
-    QTreeView *view = tree();
-    if (!view || view->model() != index.model())
-        view = orgTree();
-    if (!view || view->model() != index.model())
+    QTreeView *view = nullptr;
+    const auto lists = window().findChildren<QTreeView *>();
+    for (QTreeView *candidate : lists) {
+        if (index.isValid() && candidate->model() == index.model() && candidate->isVisible())
+            view = candidate;
+    }
+    if (!view)
         return;
     view->scrollTo(index);
     const QPoint at = view->visualRect(index).center();
@@ -271,10 +291,18 @@ void TourStage::key(int code, const QString &text) const
     if (!tree())
         return;
     tree()->setFocus();
-    QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, text);
-    QApplication::sendEvent(tree(), &press);
-    QKeyEvent release(QEvent::KeyRelease, code, Qt::NoModifier, text);
-    QApplication::sendEvent(tree(), &release);
+    keyTo(tree(), code, text);
+}
+
+void TourStage::keyTo(QWidget *widget, int code, const QString &text,
+                      Qt::KeyboardModifiers modifiers)
+{
+    if (!widget)
+        return;
+    QKeyEvent press(QEvent::KeyPress, code, modifiers, text);
+    QApplication::sendEvent(widget, &press);
+    QKeyEvent release(QEvent::KeyRelease, code, modifiers, text);
+    QApplication::sendEvent(widget, &release);
 }
 
 void TourStage::closeEverything() const
@@ -288,6 +316,8 @@ void TourStage::closeEverything() const
         else
             widget->close();
     }
+    if (QLineEdit *box = searchBox())
+        box->clear();
     // What was typed into the tree to find somebody.
     key(Qt::Key_Escape);
 }

@@ -10,11 +10,13 @@
 #include <QModelIndex>
 #include <QPersistentModelIndex>
 #include <QString>
+#include <QVariant>
 
 class HostApplication;
 class MainWindow;
 class QAbstractButton;
 class QDialog;
+class QLineEdit;
 class QMenu;
 class QTreeView;
 class QWidget;
@@ -43,7 +45,11 @@ public:
     // --- The other pages ---
     // Makes an entry of the pane's column current, as a click does.
     void openPage(const QString &entryId) const;
-    QTreeView *orgTree() const; // null unless it is shown
+    QTreeView *orgTree() const;                   // null unless it is shown
+    QTreeView *list(const char *className) const; // of the pane; null unless it is shown
+    // The row of a list that answers so for the role.
+    QModelIndex row(const char *className, int role, const QVariant &value) const;
+    QLineEdit *searchBox() const;
 
     // --- Menus and dialogs ---
     QMenu *openMenu(const QString &objectName) const; // null unless it is shown
@@ -51,7 +57,7 @@ public:
     QDialog *openDialog(const char *className) const;
     QWidget *shownWidget(const QString &objectName) const;
 
-    void contextMenu(const QModelIndex &index) const; // of either tree
+    void contextMenu(const QModelIndex &index) const; // of any list that is shown
     // The action of that object name, in the menu or a menu below it; the menu
     // is closed as by a click.
     void trigger(QMenu *menu, const QString &action) const;
@@ -60,14 +66,14 @@ public:
     void fill(const QString &text) const;   // of an input dialog, left open
     void press(const char *dialogClass, const char *button) const;
     void key(int key, const QString &text = QString()) const; // to the tree
-    void closeEverything() const;                             // menus and dialogs
+    static void keyTo(QWidget *widget, int key, const QString &text = QString(),
+                      Qt::KeyboardModifiers modifiers = Qt::NoModifier);
+    void closeEverything() const; // menus, dialogs, search
 
     // What one move remembers for a later one.
     QString name, jid, target;
     int number = 0;
 
 private:
-    QTreeView *shownTree(const char *className) const;
-
     HostApplication &m_host;
 };

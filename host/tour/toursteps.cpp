@@ -374,8 +374,8 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part :
-             {hostSteps(), organisationSteps(), organisationStateSteps(), ownProcessSteps()})
+        for (const auto &part : {hostSteps(), organisationSteps(), organisationStateSteps(),
+                                 localSteps(), localStateSteps(), ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

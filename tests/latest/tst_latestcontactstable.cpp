@@ -10,7 +10,14 @@
 namespace {
 namespace Table = LatestContactsTable;
 
-const QString Time = QStringLiteral("2026-03-04 05:06:07");
+DBFriendData record(const QString &jid, const QString &name = QStringLiteral("n"))
+{
+    DBFriendData data;
+    data.jid = jid;
+    data.displayName = name;
+    data.time = QStringLiteral("2026-03-04 05:06:07");
+    return data;
+}
 
 QStringList jidsOf(const QVector<DBFriendData> &rows)
 {
@@ -116,8 +123,6 @@ private slots:
     void pagesTakeTheRowsInTheOrderOfTheIndex()
     {
         QFETCH(QString, end);
-        // The statement as it was run last.
-        Table::page(end.isEmpty() ? 0 : 100, end.isEmpty() ? 0 : 50);
         QSqlQuery query(LocalDatabase::instance().database());
         QVERIFY(query.exec(QStringLiteral("EXPLAIN QUERY PLAN ") + Table::listStatement() + end));
         QStringList plan;
@@ -127,6 +132,115 @@ private slots:
         QVERIFY2(text.contains(QLatin1String("latestfriendnew USING INDEX latestfriendnewbytime")),
                  qPrintable(text));
         QVERIFY2(!text.contains(QLatin1String("TEMP B-TREE")), qPrintable(text));
+    }
+
+    void whatIsStoredComesBack()
+    {
+        DBFriendData full = record(QStringLiteral("50%_o'brien@d"), QStringLiteral("o'\"b;--"));
+        full.accountNo = QStringLiteral("acc");
+        full.icon = QStringLiteral("/i.png");
+        full.signature = QStringLiteral("s");
+        full.appKey = QStringLiteral("k");
+        full.lastContent = QString::fromUtf8("内容 😀");
+        full.isTop = 1;
+        full.isLocalSession = 1;
+        full.unread = 3;
+        // A wildcard in a jid must not reach its neighbour.
+        QVERIFY(Table::store({full, record(QStringLiteral("50x_o'brien@d"))}));
+        DBFriendData found;
+        QVERIFY(Table::find(full.jid, &found));
+        QCOMPARE(DBFriendData::fieldsOf(found), DBFriendData::fieldsOf(full));
+        QCOMPARE(jidsOf(Table::pinned()), QStringList(full.jid));
+
+        // Again, with other values; an unknown name leaves the known one.
+        full.displayName.clear();
+        full.lastContent = QStringLiteral("later");
+        full.icon = QStringLiteral("/j.png");
+        full.onJob = 0;
+        full.isTop = 0;
+        full.unread = 0;
+        QVERIFY(Table::store({full}));
+        QVERIFY(Table::find(full.jid, &found));
+        full.displayName = QStringLiteral("o'\"b;--");
+        QCOMPARE(DBFriendData::fieldsOf(found), DBFriendData::fieldsOf(full));
+
+        QVERIFY(Table::rename(full.jid, QStringLiteral("x'y")));
+        QVERIFY(Table::setIcon(full.jid, QString()));
+        QVERIFY(Table::setTop(full.jid, true));
+        QVERIFY(Table::setUnread(full.jid, 7));
+        QVERIFY(Table::find(full.jid, &found));
+        QCOMPARE(found.displayName, QStringLiteral("x'y"));
+        QCOMPARE(found.icon, QString());
+        QCOMPARE(int(found.isTop), 1);
+        QCOMPARE(found.unread, 7);
+
+        QVERIFY(Table::remove(full.jid));
+        QVERIFY(!Table::find(full.jid, &found));
+        QCOMPARE(jidsOf(Table::page(0, 0)), QStringList(QStringLiteral("50x_o'brien@d")));
+        QVERIFY(Table::clear());
+        QVERIFY(Table::page(0, 0, Table::AlsoNameless).isEmpty());
+    }
+
+    // A null text would be NULL, which no query lists.
+    void nullTextsAreStoredAsEmptyOnes()
+    {
+        DBFriendData bare;
+        for (QString *text : {&bare.displayName, &bare.accountNo, &bare.icon, &bare.signature,
+                              &bare.time, &bare.lastContent, &bare.appKey})
+            *text = QString();
+        bare.jid = QStringLiteral("a@d");
+        QVERIFY(Table::store({bare}));
+        QCOMPARE(Table::page(0, 0, Table::AlsoNameless).size(), 1);
+    }
+
+    // A column of an older row that is NULL hides the row no longer.
+    void aMessageRepairsARowWithNulls()
+    {
+        exec(QStringLiteral("INSERT INTO latestfriendnew(jid) VALUES('a@d')"));
+        QVERIFY(Table::page(0, 0, Table::AlsoNameless).isEmpty());
+        QVERIFY(Table::store({record(QStringLiteral("a@d"))}));
+        QCOMPARE(Table::page(0, 0).size(), 1);
+    }
+
+    void contentsAreCutBetweenCharacters_data()
+    {
+        const QString face = QString::fromUtf8("😀");
+        const Rows<QString, int> row{"content", "stored"};
+        row("fits", QString(1000, QLatin1Char('a')), 1000);
+        row("too long", QString(1024 * 1024, QLatin1Char('a')), 1000);
+        row("pair across the end", QString(999, QLatin1Char('a')) + face, 999);
+        row("pair up to the end", QString(998, QLatin1Char('a')) + face + face, 1000);
+    }
+    void contentsAreCutBetweenCharacters()
+    {
+        QFETCH(QString, content);
+        QFETCH(int, stored);
+        DBFriendData data = record(QStringLiteral("a@d"));
+        data.lastContent = content;
+        QVERIFY(Table::store({data}));
+        DBFriendData found;
+        QVERIFY(Table::find(data.jid, &found));
+        QCOMPARE(found.lastContent, content.left(stored));
+    }
+
+    void pagesFollowTheTime()
+    {
+        QVector<DBFriendData> records;
+        for (int i = 0; i < 7; ++i) {
+            DBFriendData data = record(QString::number(i));
+            data.time = QStringLiteral("2026-01-0%1 00:00:00").arg((i * 3) % 7 + 1);
+            data.lastContent = data.time;
+            records.append(data);
+        }
+        QVERIFY(Table::store(records));
+        const QStringList newestFirst{"2", "4", "6", "1", "3", "5", "0"};
+        QCOMPARE(jidsOf(Table::page(0, 0)), newestFirst);
+        QCOMPARE(jidsOf(Table::page(3, 3)), newestFirst.mid(3, 3));
+        QCOMPARE(jidsOf(Table::page(3, 6)), newestFirst.mid(6));
+        QString time, content;
+        QVERIFY(Table::newest(&time, &content));
+        QCOMPARE(time, QStringLiteral("2026-01-07 00:00:00"));
+        QCOMPARE(content, time);
     }
 
 private:

@@ -13,7 +13,7 @@ public:
     // Notes "kind id" in the log, which outlives it.
     FakeOrgRequest(QStringList *log, QObject *parent) : OrgRequest(parent), m_log(log) {}
 
-    QString kind; // "children", "person", "department"
+    QString kind; // "children", "person", "department", "page N"
     QString id;
 
     void searchOrg(const QString &orgId, const QString &) override { begin("children", orgId); }
@@ -21,7 +21,10 @@ public:
     {
         begin(isOrg ? "department" : "person", who);
     }
-    void fuzzySearchOrg(const QString &, bool, int, int) override {}
+    void fuzzySearchOrg(const QString &searchText, bool, int pageNo, int) override
+    {
+        begin(qPrintable(QStringLiteral("page %1").arg(pageNo)), searchText);
+    }
 
 private:
     void begin(const char *what, const QString &whose)

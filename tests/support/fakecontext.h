@@ -50,6 +50,7 @@ public:
     QString productTeam;
     QString userPassword;
     QString programFolder;                 // where allurl.ini is looked for
+    QString documents;                     // in the place of the user's documents folder
     QString authorities;                   // PEM file
     QVector<WebRequestRecord> webRequests; // in the order in which they finished
 
@@ -104,6 +105,7 @@ public:
     QString productTeamJid() const override { return productTeam; }
     QString password() const override { return userPassword; }
     QString applicationFolder() const override { return programFolder; }
+    QString documentsFolder() const override { return documents; }
     QString caFile() const override { return authorities; }
     void webRequestFinished(const WebRequestRecord &record) override { webRequests.append(record); }
 

@@ -1,0 +1,73 @@
+// What an entry can be found by, in a few words of bits, and what its place among
+// equals follows from. Most entries are passed over by a look at these alone; what
+// passes has to be matched.
+#pragma once
+
+#include "contacts/search/searchindexrecords.h"
+
+#include <QStringView>
+
+// Which letters may follow one another, and which Chinese characters there are: hashed,
+// so that what is there is always told, and what is not there mostly.
+struct SearchChain
+{
+    quint64 bits[2] = {};
+
+    bool has(const SearchChain &other) const
+    {
+        return (bits[0] & other.bits[0]) == other.bits[0] &&
+               (bits[1] & other.bits[1]) == other.bits[1];
+    }
+    void add(const SearchChain &other)
+    {
+        bits[0] |= other.bits[0];
+        bits[1] |= other.bits[1];
+    }
+    void add(quint8 bit) { bits[bit >> 6] |= quint64(1) << (bit & 63); }
+};
+
+struct SearchSignature
+{
+    // Which first letters, and which first two, a typed word may have, hashed as well.
+    quint64 start = 0;  // at the beginning of a field
+    quint64 inside = 0; // at the beginning of a later word or syllable
+    SearchChain chain;
+
+    // In `start`: there are phone numbers.
+    static constexpr quint64 HasPhones = quint64(1) << 63;
+};
+
+// What the signature has of every entry that a typed word finds, phones aside. The
+// word is folded and not empty.
+struct SearchMask
+{
+    SearchMask() = default;
+    explicit SearchMask(QStringView word);
+
+    quint64 beginning = 0; // in start or inside
+    SearchChain chain;
+};
+
+struct SearchTraits
+{
+    SearchSignature signature;
+    // The beginning of the name by pinyin, as a number: a smaller one comes first, and
+    // equal ones may still differ.
+    quint64 nameKey = 0;
+    // Bit n: some field may be typed in full by n units, none of them Chinese, and
+    // blanks and apostrophes not counted. The last bit stands for everything longer,
+    // too; fields with digits stand apart in the upper half.
+    quint32 wholeLengths = 0;
+
+    static quint32 lengthBit(int units, bool withDigits)
+    {
+        return quint32(1) << (qMin(units, 15) + (withDigits ? 16 : 0));
+    }
+    // The one of what was typed; 0 when there is something Chinese in it.
+    static quint32 lengthBitOf(const QString &typed);
+};
+
+SearchTraits searchTraits(const SearchEntry &entry);
+
+// The order of names as a text: syllables in small letters, all else folded.
+QString searchNameOrder(const QString &name);

@@ -1,0 +1,34 @@
+// Stores rows in the local database of a user, one transaction each, and says the
+// number of each that is stored: what the tests kill, and run two of.
+//
+//     latestwriter <data folder> <user> <prefix of the jids> <number of rows>
+#include "contacts/latest/latestcontactstable.h"
+#include "tests/support/fakecontext.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication app(argc, argv);
+    const QStringList arguments = app.arguments();
+    if (arguments.size() != 5)
+        return 2;
+    FakeContext host;
+    host.baseFolder = arguments.at(1);
+    host.user = arguments.at(2);
+    const HostContextScope scope(&host);
+    for (int i = 0; i < arguments.at(4).toInt(); ++i) {
+        DBFriendData record;
+        record.jid = arguments.at(3) + QString::number(i);
+        record.displayName = QString(200, QLatin1Char('n'));
+        record.time = QStringLiteral("2026-01-01 00:00:00");
+        record.unread = 1;
+        if (!LatestContactsTable::store({record}))
+            return 1;
+        std::printf("%d\n", i);
+        std::fflush(stdout);
+    }
+    return 0;
+}
