@@ -9,7 +9,18 @@
 
 namespace {
 const QString ConnectionName = QStringLiteral("VeltraIMLocal");
+const QString MutedNobody = QStringLiteral("SELECT 1 FROM sessionsetting WHERE sessionJid IS NULL");
+const QString UnmuteNobody = QStringLiteral("DELETE FROM sessionsetting WHERE sessionJid IS NULL");
 constexpr int RetryMs = 5000; // trying takes a second while another process holds the file
+
+SqliteFile::Outcome prepareTables(SqliteConnection *base, QString *problem)
+{
+    const SqliteFile::Outcome outcome = bringUpToDate(base, LocalTables::all(), problem);
+    // Older tables allow it, and to "NOT IN" one NULL is everybody.
+    if (outcome == SqliteFile::Usable && base->value(MutedNobody).isValid())
+        base->run(UnmuteNobody, {}, "LocalDatabase::open");
+    return outcome;
+}
 } // namespace
 
 LocalDatabase::LocalDatabase() = default;
@@ -64,9 +75,8 @@ bool LocalDatabase::openOwn()
 {
     auto file = std::make_unique<SqliteFile>(m_source.file, ConnectionName);
     QString problem;
-    const bool done = file->open(
-        [&file](QString *why) { return bringUpToDate(file.get(), LocalTables::all(), why); },
-        &problem);
+    const bool done =
+        file->open([&file](QString *why) { return prepareTables(file.get(), why); }, &problem);
     const QString damaged = file->setAsideAs();
     if (!damaged.isEmpty()) {
         QMetaObject::invokeMethod(
@@ -81,7 +91,7 @@ bool LocalDatabase::takeGiven()
     // How it is opened, and what becomes of it when it is damaged, is the host's affair.
     m_connection = std::make_unique<SqliteConnection>(m_source.givenConnection);
     QString problem;
-    if (bringUpToDate(m_connection.get(), LocalTables::all(), &problem) == SqliteFile::Usable)
+    if (prepareTables(m_connection.get(), &problem) == SqliteFile::Usable)
         return true;
     LOG_ERROR(logText(problem));
     return false;

@@ -60,46 +60,66 @@ void SqliteFile::close()
 
 bool SqliteFile::open(const Schema &schema, QString *problem)
 {
+    close();
+    const bool done = openOrReplace(schema, problem);
+    if (!done) {
+        close();
+        LOG_ERROR(logText(*problem));
+    }
+    return done;
+}
+
+bool SqliteFile::openOrReplace(const Schema &schema, QString *problem)
+{
     const QString folder = QFileInfo(m_fileName).absolutePath();
     if (!QDir().mkpath(folder)) {
         *problem = QStringLiteral("The folder %1 cannot be made.").arg(folder);
         return false;
     }
-    const Outcome outcome = tryOpen(schema, problem);
-    if (outcome == Usable)
-        return true;
+    Outcome outcome = tryOpen(schema, problem);
+    if (outcome != Damaged)
+        return outcome == Usable;
     close();
-    if (outcome == Damaged && replaceDamaged(schema, problem))
-        return true;
-    LOG_ERROR(logText(*problem));
-    return false;
-}
-
-bool SqliteFile::make(QString *problem)
-{
-    // Before SQLite does: the journals take over the permissions.
-    if (!QFileInfo::exists(m_fileName)) {
-        QFile file(m_fileName);
-        // Another process may make it at this moment, which is as good.
-        if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly) &&
-            !QFileInfo::exists(m_fileName)) {
-            *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
-            return false;
-        }
-    }
-    QFile file(m_fileName);
-    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
-        *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
+    // Of two processes that find the damage, one makes the new file, which the
+    // other must not take away again.
+    QLockFile lock(m_fileName + QStringLiteral(".lock"));
+    if (!lock.tryLock(BusyTimeout)) {
+        *problem = QStringLiteral("%1 is damaged and in use.").arg(m_fileName);
         return false;
     }
+    outcome = tryOpen(schema, problem);
+    if (outcome == Damaged) {
+        close();
+        outcome = setAside(problem) ? tryOpen(schema, problem) : Refused;
+    }
+    return outcome == Usable;
+}
+
+SqliteFile::Outcome SqliteFile::make(QString *problem)
+{
+    // Before SQLite does: the journals take over the permissions.
+    QFile file(m_fileName);
+    // Another process may make it at this moment, which is as good.
+    if (!file.exists() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
+        file.close();
+    if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
+        *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
+        return Refused;
+    }
     Platform::restrictToOwner(m_fileName);
-    return true;
+    // Found here, and not by SQLite, which would take the journal away.
+    const QByteArray magic = QByteArrayLiteral("SQLite format 3\0");
+    if (file.size() == 0 || file.read(magic.size()) == magic)
+        return Usable;
+    *problem = QStringLiteral("%1 is no database.").arg(m_fileName);
+    return Damaged;
 }
 
 SqliteFile::Outcome SqliteFile::tryOpen(const Schema &schema, QString *problem)
 {
-    if (!make(problem))
-        return Refused;
+    const Outcome made = make(problem);
+    if (made != Usable)
+        return made;
     QSqlDatabase base = database();
     const auto failure = [this, problem](const QSqlError &error) {
         *problem = QStringLiteral("%1: %2").arg(m_fileName, error.text());
@@ -125,25 +145,6 @@ SqliteFile::Outcome SqliteFile::tryOpen(const Schema &schema, QString *problem)
         ((!query.exec(WriteAhead) && !isBusy(query.lastError())) || !query.exec(FasterSync)))
         return failure(query.lastError());
     return outcome;
-}
-
-bool SqliteFile::replaceDamaged(const Schema &schema, QString *problem)
-{
-    // Of two processes that find the damage, one makes the new file, which the
-    // other must not take away again.
-    QLockFile lock(m_fileName + QStringLiteral(".lock"));
-    if (!lock.tryLock(BusyTimeout)) {
-        *problem = QStringLiteral("%1 is damaged and in use.").arg(m_fileName);
-        return false;
-    }
-    Outcome outcome = tryOpen(schema, problem);
-    if (outcome == Damaged) {
-        close();
-        outcome = setAside(problem) ? tryOpen(schema, problem) : Refused;
-    }
-    if (outcome != Usable)
-        close();
-    return outcome == Usable;
 }
 
 bool SqliteFile::setAside(QString *problem)

@@ -4,6 +4,9 @@
 // opened in WAL mode, so that one process reads while another writes, and looked
 // through for damage. A damaged file is renamed and kept, with its journals, and a
 // new one is begun.
+//
+// Not for a file that this process has open already: looking at it would take the
+// other connection's locks away, as the system grants them to the process.
 #pragma once
 
 #include "common/sqliteconnection.h"
@@ -40,9 +43,9 @@ public:
     QString setAsideAs() const { return m_setAsideAs; }
 
 private:
-    bool make(QString *problem);
+    bool openOrReplace(const Schema &schema, QString *problem);
+    Outcome make(QString *problem);
     Outcome tryOpen(const Schema &schema, QString *problem);
-    bool replaceDamaged(const Schema &schema, QString *problem);
     bool setAside(QString *problem);
 
     const QString m_fileName;

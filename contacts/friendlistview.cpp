@@ -2,6 +2,7 @@
 
 #include "common/context.h"
 #include "controls/pictures.h"
+#include "controls/rowpainter.h"
 #include "controls/skin.h"
 
 #include <QMouseEvent>
@@ -55,7 +56,11 @@ public:
     {
         if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole && role != Qt::ToolTipRole)
             return QStandardItem::data(role);
-        return m_isKey ? QObject::tr(m_text) : QString::fromUtf8(m_text);
+        const QString text = m_isKey ? QObject::tr(m_text) : QString::fromUtf8(m_text);
+        const int unread = QStandardItem::data(EntryRole::Unread).toInt();
+        if (role == Qt::DisplayRole || unread == 0)
+            return text;
+        return QString(text + QStringLiteral(", ") + QObject::tr("unreadMessages").arg(unread));
     }
 
 private:
@@ -100,6 +105,12 @@ public:
         painter->drawPixmap(
             middle.x() - IconSize / 2, option.rect.top() + 10,
             loadPicture(icon, IconSize, painter->device()->devicePixelRatioF(), color));
+        const int unread = index.data(EntryRole::Unread).toInt();
+        const QRect badge(QPoint(middle.x() + IconSize / 4, option.rect.top() + 5),
+                          RowPainter::badgeSize(unread));
+        if (!badge.isEmpty())
+            RowPainter::drawBadge(painter, QStyle::visualRect(option.direction, option.rect, badge),
+                                  unread);
         painter->setFont(skinFont(TextPixels));
         painter->setPen(current ? colors.theme : colors.text);
         const QRect textArea(option.rect.left() + 3, option.rect.top() + 36,
@@ -160,14 +171,24 @@ FriendListView::FriendListView(QWidget *parent)
     connect(&Skin::instance(), &Skin::changed, this, recolor);
 }
 
+QModelIndex FriendListView::entry(const QString &id) const
+{
+    return m_model->match(m_model->index(0, 0), EntryRole::Id, id, 1, Qt::MatchExactly).value(0);
+}
+
 bool FriendListView::selectEntry(const QString &id)
 {
-    const QModelIndexList found =
-        m_model->match(m_model->index(0, 0), EntryRole::Id, id, 1, Qt::MatchExactly);
-    if (found.isEmpty())
-        return false;
-    setCurrentIndex(found.first());
-    return true;
+    const QModelIndex found = entry(id);
+    if (found.isValid())
+        setCurrentIndex(found);
+    return found.isValid();
+}
+
+void FriendListView::setUnread(const QString &id, int count)
+{
+    const QModelIndex found = entry(id);
+    if (found.isValid() && found.data(EntryRole::Unread).toInt() != count)
+        m_model->setData(found, count, EntryRole::Unread);
 }
 
 void FriendListView::announce(const QModelIndex &index)

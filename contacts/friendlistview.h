@@ -12,7 +12,8 @@ enum Role
     Id = Qt::UserRole + 2,
     SortKey = Qt::UserRole + 6,
     IsEntry = Qt::UserRole + 7, // always true
-    Type = Qt::UserRole + 24
+    Type = Qt::UserRole + 24,
+    Unread = Qt::UserRole + 80 // number of messages
 };
 } // namespace EntryRole
 
@@ -27,6 +28,9 @@ public:
     // Makes an entry current as a click would. False when there is no such entry.
     bool selectEntry(const QString &id);
 
+    // Shows at an entry how many messages are unread on its page.
+    void setUnread(const QString &id, int count);
+
     static constexpr int ColumnWidth = 80;
 
 signals:
@@ -37,6 +41,7 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
 
 private:
+    QModelIndex entry(const QString &id) const;
     void announce(const QModelIndex &index);
 
     QStandardItemModel *m_model;

@@ -4,6 +4,8 @@
 #include "contacts/friendlistview.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/latest/latestcontactstable.h"
+#include "contacts/latest/latestroles.h"
+#include "contacts/latest/latestview.h"
 #include "contacts/latest/mylatestfriendwidget.h"
 #include "contacts/rooms/mucwidget.h"
 #include "contacts/search/searchbox.h"
@@ -23,11 +25,11 @@
 #include <QHBoxLayout>
 #include <QShortcut>
 #include <QStackedWidget>
-#include <QTimer>
 
 namespace {
 // Until then the pane's first picture has been painted.
 constexpr int SourcesDelay = 1000; // ms
+constexpr int CountDelay = 100;    // ms; a burst of messages is counted once
 constexpr int RecentConversations = 100;
 
 QString friendsPage()
@@ -224,13 +226,36 @@ QWidget *FriendWidget::makePage(const QString &id)
     if (id == friendsPage())
         return m_friendTree;
     if (id == latestPage())
-        return new MyLatestFriendWidget(m_pages);
+        return makeLatestPage();
     if (id == roomsPage()) {
         m_rooms = new MucWidget(m_pages);
         return m_rooms;
     }
     auto *page = new QWidget(m_pages);
     page->setObjectName(id);
+    return page;
+}
+
+QWidget *FriendWidget::makeLatestPage()
+{
+    auto *page = new MyLatestFriendWidget(m_pages);
+    const QAbstractItemModel *rows = page->view()->model();
+    m_countDue.setSingleShot(true);
+    m_countDue.setInterval(CountDelay);
+    connect(&m_countDue, &QTimer::timeout, this, [this, rows] {
+        int unread = 0;
+        for (int row = 0; row < rows->rowCount(); ++row)
+            unread += rows->index(row, 0).data(LatestRole::Unread).toInt();
+        m_entries->setUnread(latestPage(), unread);
+    });
+    const auto countSoon = [this] {
+        if (!m_countDue.isActive())
+            m_countDue.start();
+    };
+    connect(rows, &QAbstractItemModel::dataChanged, this, countSoon);
+    connect(rows, &QAbstractItemModel::rowsInserted, this, countSoon);
+    connect(rows, &QAbstractItemModel::rowsRemoved, this, countSoon);
+    connect(rows, &QAbstractItemModel::modelReset, this, countSoon);
     return page;
 }
 

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 
 class CCustomerServerPage;
@@ -50,6 +51,7 @@ private:
     void layOut();
     void makePages();
     QWidget *makePage(const QString &id);
+    QWidget *makeLatestPage(); // tells the entry how much is unread
     template <class Page> Page *pageInPlace(const QString &id, Page *&page);
     void connectSearch();
     SearchPage *searchPage(); // made when something is first searched for
@@ -71,4 +73,5 @@ private:
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;
     QHash<QString, QWidget *> m_pageById;
+    QTimer m_countDue; // of the unread messages
 };

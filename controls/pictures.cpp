@@ -3,6 +3,7 @@
 #include "Resources/frienduiresources.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -19,6 +20,15 @@ QString resourcePath(const QString &relativePath)
         return beside;
     initFriendUiResources();
     return QStringLiteral(":/FriendUI/") + relativePath;
+}
+
+QString localPicture(const QString &path)
+{
+    const QString slashes = QDir::fromNativeSeparators(path);
+    const bool isLocal = QDir::isAbsolutePath(slashes) &&
+                         !slashes.startsWith(QLatin1String("//")) &&
+                         !slashes.startsWith(QLatin1Char(':')) && !slashes.contains(QChar::Null);
+    return isLocal ? path : QString();
 }
 
 QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio, const QColor &tint)

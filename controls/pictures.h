@@ -9,6 +9,10 @@
 // folder, beside the executable, or inside the module, in this order.
 QString resourcePath(const QString &relativePath);
 
+// A picture file that another person's record names, or empty when it is not one of
+// this machine: a share on the network would be told who the user is.
+QString localPicture(const QString &path);
+
 // A picture as a pixmap `size` device-independent pixels square, sharp at the
 // given pixel ratio; a valid colour replaces the colours of a glyph. Cached.
 QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio,

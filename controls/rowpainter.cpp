@@ -221,25 +221,36 @@ QString RowPainter::badgeText(int count)
     return count > 0 ? QString::number(count) : QString();
 }
 
+QSize RowPainter::badgeSize(int count)
+{
+    if (count <= 0)
+        return QSize();
+    const QFontMetrics metrics(skinFont(SmallPixels, QFont::DemiBold));
+    return QSize(qMax(BadgeHeight, metrics.horizontalAdvance(badgeText(count)) + 8), BadgeHeight);
+}
+
+void RowPainter::drawBadge(QPainter *painter, const QRect &area, int count)
+{
+    const Skin::Colors &colors = Skin::instance().colors();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(colors.danger);
+    painter->drawRoundedRect(area, BadgeHeight / 2.0, BadgeHeight / 2.0);
+    painter->setFont(skinFont(SmallPixels, QFont::DemiBold));
+    painter->setPen(colors.background);
+    painter->drawText(area, Qt::AlignCenter | Qt::TextSingleLine, badgeText(count));
+}
+
 void RowPainter::badge(int count)
 {
-    const QString text = badgeText(count);
-    if (text.isEmpty())
+    const QSize size = badgeSize(count);
+    if (size.isEmpty())
         return;
-    const Skin::Colors &colors = Skin::instance().colors();
-    const QFont font = skinFont(SmallPixels, QFont::DemiBold);
     const QRect line = secondLine();
-    const int width = qMax(BadgeHeight, QFontMetrics(font).horizontalAdvance(text) + 8);
-    const QRect area(line.right() - width + 1, line.top() + (line.height() - BadgeHeight) / 2,
-                     width, BadgeHeight);
-    m_painter->setRenderHint(QPainter::Antialiasing);
-    m_painter->setPen(Qt::NoPen);
-    m_painter->setBrush(colors.danger);
-    m_painter->drawRoundedRect(visual(area), BadgeHeight / 2.0, BadgeHeight / 2.0);
-    m_painter->setFont(font);
-    m_painter->setPen(colors.background);
-    m_painter->drawText(visual(area), Qt::AlignCenter | Qt::TextSingleLine, text);
-    m_secondTaken += width + SmallGap;
+    const QPoint corner(line.right() - size.width() + 1,
+                        line.top() + (line.height() - size.height()) / 2);
+    drawBadge(m_painter, visual(QRect(corner, size)), count);
+    m_secondTaken += size.width() + SmallGap;
 }
 
 void RowPainter::texts(const QString &first, const QString &second, bool faded)

@@ -50,6 +50,9 @@ public:
     void markInSecondLine(const QPixmap &glyph);
     // What a badge says.
     static QString badgeText(int count);
+    // A badge elsewhere: its size, which is empty for nothing unread, and itself.
+    static QSize badgeSize(int count);
+    static void drawBadge(QPainter *painter, const QRect &area, int count);
 
     // `second` may be empty; texts are cut with an ellipsis.
     void texts(const QString &first, const QString &second, bool faded);

@@ -167,8 +167,11 @@ void ChatLevers::burstOn()
     for (int i = 0; i < step; ++i) {
         const int number = m_burstLeft - i;
         // Far apart, so that neighbours of the list are not served one after the other.
-        const QString jid = colleagueJid(1 + int(qint64(number) * 7919 % m_burstPeople));
-        messages.append({jid, jid, SampleMessages::body(quint64(number) * 2654435761U, jid)});
+        const int index = 1 + int(qint64(number) * 7919 % m_burstPeople);
+        const QString jid = colleagueJid(index);
+        messages.append({jid, jid,
+                         SampleMessages::body(quint64(number) * 2654435761U,
+                                              m_core->company().person(index).name)});
     }
     m_burstLeft -= step;
     m_core->receiveMessages(messages);

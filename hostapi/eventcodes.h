@@ -49,12 +49,12 @@
     X(4275, OpenContactDetail, "QString jid", "open the contact-information dialog") \
     X(4281, ProfileFailed, "QString jid", "a profile could not be had") \
     X(4355, AllOffline, "", "every contact is offline from now on") \
-    X(4398, MessageReceived, "bool received, MessageData message", "a chat message was received or sent") \
+    X(4398, MessageReceived, "bool received, MessageData message", "a chat message was received or sent; also one of an earlier time that the plug-in has missed") \
     X(4403, StrangerRemoved, "QString jid", "a person who is no contact was removed") \
-    X(4430, RoomMembersChanged, "QString member, QString roomJid", "a room's members changed") \
+    X(4430, RoomMembersChanged, "QString member, QString roomJid", "a room's members changed; member: their number, as text") \
     X(4431, RoomAdded, "MucData room, bool add", "a room was added or delivered") \
     X(4452, RoomDismissed, "QString roomJid", "a room was dismissed") \
-    X(4453, RoomMuted, "QString roomJid, bool forbidden", "a room was muted for the user, or no longer") \
+    X(4453, RoomMuted, "QString roomJid, bool forbidden", "the user may no longer write in a room, or may again") \
     X(4460, NoRooms, "", "the user has no rooms") \
     X(4497, OwnStatusChanged, "", "the own presence changed") \
     X(4500, GroupListFailed, "", "the groups could not be had") \
@@ -65,7 +65,7 @@
     X(4564, MissedCallRemoved, "", "a missed call was seen") \
     X(4593, ShowAllRooms, "bool all", "whether all rooms are shown") \
     X(4594, OpenLeaderDetail, "QString jid", "open the card of a person's superior") \
-    X(4596, LocalRoomAdded, "QString roomJid, QString source", "a local room was added") \
+    X(4596, LocalRoomAdded, "QString roomJid, QString source", "a room that was not listed has become a local one, which the context knows; source: why, such as auto_save for a message that came in it") \
     X(4606, LatestContactChanged, "QString jid, QString lastContent, QString lastTime", "the newest entry of a conversation, which the user has read up to it; an empty content or time: as known") \
     X(4624, ServiceNumberSubscribed, "QString code, QString groupId, bool success, QString errorCode", "the answer to a subscription") \
     X(4625, ServiceNumberCancelled, "QString code, QString groupId, bool success", "the answer to a cancellation") \

@@ -1499,6 +1499,30 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>File transfers with %1 cancelled: %2</source>
         <translation>与 %1 的文件传输已取消：%2 个</translation>
     </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>文件名</translation>
+    </message>
+    <message>
+        <source>Kind</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>All files</source>
+        <translation>所有文件</translation>
+    </message>
+    <message>
+        <source>Send</source>
+        <translation>发送</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>ImportReport</name>

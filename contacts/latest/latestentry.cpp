@@ -84,6 +84,11 @@ QString givenIcon(const QString &icon)
 }
 } // namespace
 
+bool isOwnMessage(const MessageData &message)
+{
+    return isOwn(message.fromJid);
+}
+
 QString latestPersonName(const QString &jid, const QString &otherwise, const VcardInfo *profile)
 {
     FriendData contact;
@@ -181,8 +186,7 @@ DBFriendData latestRowOf(bool received, const MessageData &message, const QDateT
 void setLatestTime(LatestEntry *entry, const QString &stored, const QDateTime &now)
 {
     entry->row.time = stored;
-    entry->time = readStoredTime(stored);
-    entry->order = timeOrder(entry->time, now);
+    entry->order = timeOrder(stored, now);
 }
 
 LatestEntry makeLatestEntry(const DBFriendData &row, const QDateTime &now)

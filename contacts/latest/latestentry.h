@@ -13,8 +13,7 @@ struct LatestEntry
     // application key also tells service numbers and channels from people.
     DBFriendData row;
     MessageData::Kind kind = MessageData::Person;
-    QDateTime time;   // row.time
-    qint64 order = 0; // timeOrder()
+    qint64 order = 0; // timeOrder() of the row's time
     PresenceData presence;
     bool knowsPresence = false; // of contacts
     bool cooperates = false;
@@ -32,6 +31,9 @@ void setLatestTime(LatestEntry *entry, const QString &stored, const QDateTime &n
 // The row of a message's conversation; without a jid the message belongs to none.
 // `received`: by the user; else the user wrote it. Never more than the table takes.
 DBFriendData latestRowOf(bool received, const MessageData &message, const QDateTime &now);
+
+// Whether the user wrote it, if on another device.
+bool isOwnMessage(const MessageData &message);
 
 // A message body as the table takes it: of a longer one what its summary needs.
 QString storableContent(const QString &body);

@@ -18,7 +18,7 @@ bool LatestModel::isShown(const LatestEntry &entry) const
 
 QString LatestModel::timeText(const LatestEntry &entry) const
 {
-    return latestTimeText(entry.time, m_clock());
+    return latestTimeText(readStoredTime(entry.row.time), m_clock());
 }
 
 QVariant LatestModel::data(const QModelIndex &index, int role) const

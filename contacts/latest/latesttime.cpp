@@ -8,25 +8,43 @@ QString storedForm()
     return QStringLiteral("yyyy-MM-dd hh:mm:ss");
 }
 
-// By its parts: an hour that summer time leaves out makes a time invalid, but what
-// stands in the table may come from elsewhere.
-bool isReadable(const QDateTime &time)
+constexpr qint64 SecondsPerDay = 24 * 60 * 60;
+
+struct ClockTime
 {
-    return time.date().isValid() && time.time().isValid();
+    QDate date;
+    QTime time;
+
+    bool isValid() const { return date.isValid() && time.isValid(); }
+};
+
+// By its parts: an hour that summer time leaves out makes a QDateTime invalid, but what
+// stands in the table may come from elsewhere. To make a QDateTime also takes a look at
+// the time zone, which costs more than all else that is done with a message.
+ClockTime readClock(const QString &text)
+{
+    if (text.size() != 19 || text.at(10) != QLatin1Char(' '))
+        return {};
+    return {QDate::fromString(text.left(10), Qt::ISODate),
+            QTime::fromString(text.mid(11), Qt::ISODate)};
 }
 
 // The reading of the clock as a number: unlike the seconds since the epoch it does not
 // go back when summer ends, and orders as the stored texts do.
-qint64 clockReading(const QDateTime &time)
+qint64 readingOf(QDate date, QTime time)
 {
-    constexpr qint64 SecondsPerDay = 24 * 60 * 60;
-    return time.date().toJulianDay() * SecondsPerDay + time.time().msecsSinceStartOfDay() / 1000;
+    return date.toJulianDay() * SecondsPerDay + time.msecsSinceStartOfDay() / 1000;
+}
+
+qint64 dayAfter(const QDateTime &now)
+{
+    return readingOf(now.date(), now.time()) + SecondsPerDay;
 }
 } // namespace
 
 QString latestTimeText(const QDateTime &time, const QDateTime &now)
 {
-    if (!isReadable(time))
+    if (!time.date().isValid() || !time.time().isValid())
         return QString();
     if (time.date().year() != now.date().year())
         return time.date().toString(QStringLiteral("yy-MM-dd"));
@@ -39,19 +57,19 @@ QString latestTimeText(const QDateTime &time, const QDateTime &now)
 
 QDateTime readStoredTime(const QString &text)
 {
-    // Far quicker than by the form, which the length makes sure of.
-    if (text.size() != 19 || text.at(10) != QLatin1Char(' '))
-        return QDateTime();
-    return QDateTime::fromString(text, Qt::ISODate);
+    const ClockTime clock = readClock(text);
+    return clock.isValid() ? QDateTime(clock.date, clock.time) : QDateTime();
 }
 
 QString storableTime(const QString &text, const QDateTime &now)
 {
-    const QDateTime time = readStoredTime(text);
-    return isReadable(time) && time <= now.addDays(1) ? text : now.toString(storedForm());
+    const ClockTime clock = readClock(text);
+    const bool usable = clock.isValid() && readingOf(clock.date, clock.time) <= dayAfter(now);
+    return usable ? text : now.toString(storedForm());
 }
 
-qint64 timeOrder(const QDateTime &time, const QDateTime &now)
+qint64 timeOrder(const QString &text, const QDateTime &now)
 {
-    return isReadable(time) ? qMin(clockReading(time), clockReading(now.addDays(1))) : 0;
+    const ClockTime clock = readClock(text);
+    return clock.isValid() ? qMin(readingOf(clock.date, clock.time), dayAfter(now)) : 0;
 }

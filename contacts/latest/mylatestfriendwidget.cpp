@@ -42,8 +42,9 @@ MyLatestFriendWidget::MyLatestFriendWidget(QWidget *parent)
     connect(rows, &QAbstractItemModel::rowsInserted, this, &MyLatestFriendWidget::showState);
     connect(rows, &QAbstractItemModel::rowsRemoved, this, &MyLatestFriendWidget::showState);
     connect(rows, &QAbstractItemModel::modelReset, this, &MyLatestFriendWidget::showState);
+    // Queued: the view may move its bar from inside a change of the model.
     connect(m_view->verticalScrollBar(), &QScrollBar::valueChanged, this,
-            &MyLatestFriendWidget::slot_ScrollToBottom);
+            &MyLatestFriendWidget::slot_ScrollToBottom, Qt::QueuedConnection);
     connect(m_view->verticalScrollBar(), &QScrollBar::rangeChanged, this,
             [this] { m_rowsComing = false; });
     connect(m_list, &LatestList::notStored, this, &MyLatestFriendWidget::tellNotStored);
@@ -217,7 +218,7 @@ void MyLatestFriendWidget::slot_setLatestFriendUi(bool bRecv, MessageData messag
         LOG_ERROR("a message belongs to no conversation");
         return;
     }
-    m_list->message(record, bRecv);
+    m_list->message(record, bRecv && !isOwnMessage(message));
 }
 
 void MyLatestFriendWidget::slot_updateLatestContact(QString &strContactJid, QString &strLastContent,

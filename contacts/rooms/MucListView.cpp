@@ -3,11 +3,12 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "contacts/rooms/muclistdelegate.h"
+#include "contacts/rooms/mucmenu.h"
 #include "contacts/rooms/mucroles.h"
 #include "contacts/rooms/mucrules.h"
 #include "contacts/rooms/roomcommands.h"
 #include "controls/avatarstore.h"
-#include "controls/skinmenu.h"
+#include "controls/pictures.h"
 #include "controls/tipbox.h"
 #include "http/httpmgr.h"
 #include "plugin/frienduisignalsender.h"
@@ -19,7 +20,16 @@
 
 namespace {
 constexpr int ShakeIntervalMs = 210;
+
+// A host that knows no picture by that name may have named the file itself.
+QString headPathOf(const MucData &room)
+{
+    if (room.headImage.isEmpty())
+        return QString();
+    const QString known = ctx().headPath(room.headImage);
+    return known.isEmpty() ? localPicture(room.headImage) : known;
 }
+} // namespace
 
 MucListView::MucListView(QWidget *parent)
     : RowView(new MucModel, Qt::DisplayRole, parent),
@@ -51,7 +61,7 @@ MucListView::MucListView(QWidget *parent)
 MucListView::~MucListView()
 {
     m_menu->disconnect(this);
-    m_setMenu->disconnect(this);
+    m_menu->settings()->disconnect(this);
     m_menu->setParent(nullptr, m_menu->windowFlags());
     m_menu->deleteLater();
 }
@@ -86,6 +96,8 @@ void MucListView::login()
     m_shaking.clear();
     m_shakeTimer.stop();
     m_settingRooms.clear();
+    m_selected[MucModel::LocalPage].clear();
+    m_selected[MucModel::AddressBookPage].clear();
     m_menu->close();
     m_rooms->removeAll();
     countChanged();
@@ -99,9 +111,7 @@ bool MucListView::knows(const QString &jid) const
 void MucListView::addMuc(const MucData &room)
 {
     login();
-    // A host that knows no picture by that name may have named the file itself.
-    const QString known = room.headImage.isEmpty() ? QString() : ctx().headPath(room.headImage);
-    if (m_rooms->add(room, known.isEmpty() ? room.headImage : known))
+    if (m_rooms->add(room, headPathOf(room)))
         countChanged();
 }
 
@@ -135,9 +145,10 @@ void MucListView::slot_roomHeadChanged(const QString &strRoomJid, const QString 
               "strHeadPath)");
     if (!knows(strRoomJid))
         return;
+    const QString path = localPicture(strHeadPath);
     // The picture may have changed under the same name.
-    AvatarStore::instance().refresh(strHeadPath);
-    m_rooms->setHeadPath(strRoomJid, strHeadPath);
+    AvatarStore::instance().refresh(path);
+    m_rooms->setHeadPath(strRoomJid, path);
     viewport()->update();
 }
 
@@ -275,7 +286,7 @@ void MucListView::shakeRoom(const QString &jid)
 {
     if (m_shaking.contains(jid) || !knows(jid))
         return;
-    m_shaking.append(jid);
+    m_shaking.insert(jid);
     m_phase = 0;
     if (!m_shakeTimer.isActive())
         m_shakeTimer.start();
@@ -283,7 +294,7 @@ void MucListView::shakeRoom(const QString &jid)
 
 void MucListView::stopShake(const QString &jid)
 {
-    if (!m_shaking.removeOne(jid))
+    if (!m_shaking.remove(jid))
         return;
     m_rooms->setShake(jid, QPoint());
     if (m_shaking.isEmpty())
@@ -307,26 +318,9 @@ void MucListView::slot_shakeTimeOut()
 void MucListView::createMenu()
 {
     LOG_SCOPE("MucTreeView::createMenu()");
-    m_menu = new SkinMenu(QStringLiteral("mucMenu"), this);
-    m_menu->addKey("sendGroupMessage");
-    m_menu->addKey("sendFile");
-    m_menu->addKey("sendemail");
-    m_menu->addSeparator();
-    m_menu->addKey("msgrecord");
-    m_menu->addSeparator();
-    m_menu->addKey("modifyGroupName");
-    m_setMenu = m_menu->addSubMenu("messageSetting");
-    m_setMenu->addKey("reciveremind")->setCheckable(true);
-    m_setMenu->addKey("recivenoremind")->setCheckable(true);
-    m_menu->addKey("setGroupToppest");
-    m_menu->addKey("cancelGroupToppest");
-    m_addressBookAction = m_menu->addKey("saveToAddresslist");
-    m_menu->addSeparator();
-    m_menu->addKey("quitmuc");
-    m_menu->addKey("dismissmuc");
-    m_menu->addKey("changemanage");
+    m_menu = new MucMenu(this);
     connect(m_menu, &QMenu::triggered, this, &MucListView::slot_handleMucMenu);
-    connect(m_setMenu, &QMenu::triggered, this, &MucListView::slot_handleMucSetMenu);
+    connect(m_menu->settings(), &QMenu::triggered, this, &MucListView::slot_handleMucSetMenu);
 }
 
 void MucListView::contextMenuEvent(QContextMenuEvent *event)
@@ -344,47 +338,9 @@ void MucListView::slot_showMenu(QPoint pos)
     if (!index.isValid())
         return;
     setCurrentIndex(index);
-    prepareMenu(m_rooms->at(index.row()));
+    m_menuRoom = index.data(MucRole::Id).toString();
+    m_menu->prepare(m_rooms->at(index.row()), isOnline() && !m_settingRooms.contains(m_menuRoom));
     popUp(m_menu, pos);
-}
-
-void MucListView::prepareMenu(const MucRow &room)
-{
-    m_menuRoom = room.jid;
-    const ApplicationContext &host = ctx();
-    const auto offer = [this](const char *key, bool may) { m_menu->action(key)->setVisible(may); };
-    offer("sendGroupMessage", host.hasRight(ApplicationContext::Chat));
-    offer("sendFile", host.hasRight(ApplicationContext::SendFile));
-    offer("sendemail", host.hasRight(ApplicationContext::Mail));
-    offer("msgrecord", host.hasRight(ApplicationContext::History));
-
-    const bool pinned = host.isSessionTop(room.jid);
-    offer("setGroupToppest", !pinned);
-    offer("cancelGroupToppest", pinned);
-    const bool inAddressBook = MucModel::pageOf(room) == MucModel::AddressBookPage;
-    m_addressBookAction->setObjectName(inAddressBook ? QStringLiteral("deleteFromContact")
-                                                     : QStringLiteral("saveToAddresslist"));
-    m_addressBookAction->setText(inAddressBook ? QObject::tr("deleteFromContact")
-                                               : QObject::tr("saveToAddresslist"));
-
-    const MucRules::Rights rights = MucRules::rightsOf(host.mucRole(room.jid));
-    offer("modifyGroupName", rights.rename);
-    offer("quitmuc", rights.quit);
-    offer("dismissmuc", rights.dismiss);
-    offer("changemanage", rights.manage);
-
-    showSilent(host.sessionNotify(room.jid) != 0);
-    const bool settable = isOnline() && !m_settingRooms.contains(room.jid);
-    const QList<QAction *> settings = m_setMenu->actions();
-    for (QAction *setting : settings)
-        setting->setEnabled(settable);
-}
-
-void MucListView::showSilent(bool silent)
-{
-    m_menuSilent = silent;
-    m_setMenu->action("reciveremind")->setChecked(!silent);
-    m_setMenu->action("recivenoremind")->setChecked(silent);
 }
 
 void MucListView::slot_handleMucMenu(QAction *action)
@@ -409,8 +365,10 @@ void MucListView::slot_handleMucMenu(QAction *action)
         m_commands->dismiss(jid);
     } else if (key == QLatin1String("quitmuc")) {
         m_commands->quit(jid);
-    } else if (action == m_addressBookAction) {
-        m_commands->setInAddressBook(jid, key == QLatin1String("saveToAddresslist"));
+    } else if (key == QLatin1String("saveToAddresslist")) {
+        m_commands->setInAddressBook(jid, true);
+    } else if (key == QLatin1String("deleteFromContact")) {
+        m_commands->setInAddressBook(jid, false);
     } else if (key == QLatin1String("setGroupToppest")) {
         m_commands->pin(jid, true);
     } else if (key == QLatin1String("cancelGroupToppest")) {
@@ -423,9 +381,8 @@ void MucListView::slot_handleMucMenu(QAction *action)
 void MucListView::slot_handleMucSetMenu(QAction *action)
 {
     LOG_SCOPE("MucTreeView::slot_handleMucSetMenu(QAction* action)");
-    const bool silent = action == m_setMenu->action("recivenoremind");
-    // The click has toggled the mark; the setting changes with the service's answer.
-    showSilent(m_menuSilent);
+    const bool silent = action == m_menu->settings()->action("recivenoremind");
+    m_menu->showSetting();
     if (!action || !knows(m_menuRoom))
         return;
     m_settingRooms.insert(m_menuRoom);
@@ -447,5 +404,5 @@ void MucListView::slot_setMucMsgConfigFinish(bool ok, const QString &roomJid, co
         return;
     }
     if (roomJid == m_menuRoom)
-        showSilent(notHint);
+        m_menu->setSilent(notHint);
 }

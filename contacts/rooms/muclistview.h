@@ -7,12 +7,11 @@
 #include "hostapi/roomrecords.h"
 
 #include <QSet>
-#include <QStringList>
 #include <QTimer>
 
+class MucMenu;
 class QAction;
 class RoomCommands;
-class SkinMenu;
 
 class MucListView : public RowView
 {
@@ -33,6 +32,7 @@ public:
 
     // Plays once; a room that shakes already, and an unknown one, are left alone.
     void shakeRoom(const QString &jid);
+    bool isShaking(const QString &jid) const { return m_shaking.contains(jid); }
     void stopShake(const QString &jid);
 
 signals:
@@ -68,21 +68,16 @@ private:
     void createMenu();
     void connectHub();
     void login();
-    void prepareMenu(const MucRow &room);
-    void showSilent(bool silent);
     void countChanged();
     QString currentRoom() const; // empty: none
     bool knows(const QString &jid) const;
 
     MucModel *m_rooms;
     RoomCommands *m_commands;
-    SkinMenu *m_menu = nullptr;
-    SkinMenu *m_setMenu = nullptr;
-    QAction *m_addressBookAction = nullptr; // its object name says which way it goes
-    QString m_menuRoom;                     // the room that the menu is about
-    bool m_menuSilent = false;              // that room's setting, as far as it is known
-    QSet<QString> m_settingRooms;           // whose setting is on its way
-    QStringList m_shaking;
+    MucMenu *m_menu = nullptr;
+    QString m_menuRoom;           // the room that the menu is about
+    QSet<QString> m_settingRooms; // whose setting is on its way
+    QSet<QString> m_shaking;
     int m_phase = 0;
     QTimer m_shakeTimer;
     QString m_user;           // whose rooms these are

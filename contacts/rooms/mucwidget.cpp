@@ -151,6 +151,9 @@ void MucWidget::messageArrived(bool received, const MessageData &message)
     if (!received || message.kind != MessageData::Room)
         return;
     const QString room = message.sessionJid.isEmpty() ? message.fromJid : message.sessionJid;
+    // The host is asked only when it matters: messages come in bursts.
+    if (m_list->isShaking(room) || !m_list->rooms()->find(room))
+        return;
     // Whoever wants no notification of a room wants no row that calls for attention.
     if (ctx().sessionNotify(room) == 0)
         slot_shakeRoom(room);

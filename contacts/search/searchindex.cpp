@@ -64,12 +64,14 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
     };
     for (size_t slot = 0; slot < signatures.size(); ++slot) {
         const SearchSignature &signature = signatures[slot];
+        if (query.isPhone())
+            store.fetchPhones(slot + SearchIndexStore::Ahead);
         if (!query.mayAnswer(signature) || query.mayAnswerFromStart(signature) != fromStart ||
             !top->wants(orders[slot], best(orders[slot])))
             continue;
         SearchHit hit;
         hit.entry = int(slot);
-        if (query.answers(store.at(hit.entry), best(orders[slot]), &hit))
+        if (query.answers({store.at(hit.entry), signature, best(orders[slot])}, &hit))
             top->add(orders[slot], hit);
     }
 }
@@ -85,6 +87,12 @@ void SearchIndex::put(const SearchEntry &entry)
 
 void SearchIndex::putAll(const QVector<SearchEntry> &entries)
 {
+    // Exactly, for a first large list; else as vectors grow, lest many small ones copy all
+    // that there is each time.
+    if (size_t(entries.size()) > d->signatures.size()) {
+        d->signatures.reserve(d->signatures.size() + size_t(entries.size()));
+        d->orders.reserve(d->orders.size() + size_t(entries.size()));
+    }
     d->store.put(entries, [this](int slot, const SearchEntry &entry) { d->place(slot, entry); });
     d->areRecentsMarked = d->recents.isEmpty();
 }

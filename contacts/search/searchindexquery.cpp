@@ -117,15 +117,16 @@ TextMatch SearchQuery::Word::match(const QString &field, SearchHit::Field which)
     return phone.isEmpty() ? TextMatch() : phone.match(field);
 }
 
-bool SearchQuery::Word::bestField(const SearchEntry &entry, SearchHit::Rank enough,
-                                  SearchHit *hit) const
+bool SearchQuery::Word::bestField(const Candidate &candidate, SearchHit *hit) const
 {
+    const SearchSignature &signature = candidate.signature;
+    const bool mayBeText = this->mayBeText(signature.start | signature.inside, signature);
     TextMatch::Kind best = TextMatch::None;
-    for (int i = SearchHit::Name; i <= SearchHit::Phones; ++i) {
-        if (best != TextMatch::None && rankOf(best) <= enough)
+    for (int i = mayBeText ? SearchHit::Name : SearchHit::Phones; i <= SearchHit::Phones; ++i) {
+        if (best != TextMatch::None && rankOf(best) <= candidate.best)
             break;
         const auto field = SearchHit::Field(i);
-        const TextMatch::Kind kind = match(entry.*fields[i], field).kind;
+        const TextMatch::Kind kind = match(candidate.entry.*fields[i], field).kind;
         if (kind > best) {
             best = kind;
             hit->field = field;
@@ -139,7 +140,7 @@ SearchQuery::SearchQuery(const QString &typed)
     : m_phrase(wordsOf(typed).join(QLatin1Char(' '))), m_first(wordsOf(typed).value(0))
 {
     const QStringList words = wordsOf(typed);
-    // Not told of Chinese, nor of words that may each be another field.
+    // Words may each be all of another field.
     m_wholeLength = SearchTraits::lengthBitOf(m_phrase.text.text());
     m_isAnyLength = words.size() > 1 || !m_phrase.phone.isEmpty() || m_wholeLength == 0;
     if (words.size() < 2)
@@ -159,13 +160,13 @@ bool SearchQuery::mayAnswerByPhone(const SearchSignature &signature) const
                        [&](const Word &word) { return word.mayBeIn(bits, signature); });
 }
 
-bool SearchQuery::answers(const SearchEntry &entry, SearchHit::Rank best, SearchHit *hit) const
+bool SearchQuery::answers(const Candidate &candidate, SearchHit *hit) const
 {
-    const bool asPhrase = m_phrase.bestField(entry, best, hit);
+    const bool asPhrase = m_phrase.bestField(candidate, hit);
     if (m_words.empty() || (asPhrase && hit->rank == SearchHit::Exact))
         return asPhrase;
     SearchHit byWords;
-    const bool asWords = allWordsAnswer(entry, &byWords);
+    const bool asWords = allWordsAnswer(candidate, &byWords);
     if (asWords && (!asPhrase || byWords.rank < hit->rank)) {
         hit->rank = byWords.rank;
         hit->field = byWords.field;
@@ -173,14 +174,19 @@ bool SearchQuery::answers(const SearchEntry &entry, SearchHit::Rank best, Search
     return asPhrase || asWords;
 }
 
+bool SearchQuery::answers(const SearchEntry &entry, SearchHit *hit) const
+{
+    return answers({entry, searchTraits(entry).signature, SearchHit::Exact}, hit);
+}
+
 // As good as the word that is found worst.
-bool SearchQuery::allWordsAnswer(const SearchEntry &entry, SearchHit *hit) const
+bool SearchQuery::allWordsAnswer(const Candidate &candidate, SearchHit *hit) const
 {
     SearchHit::Rank best = SearchHit::Inside;
     hit->rank = SearchHit::Exact;
     for (const Word &word : m_words) {
         SearchHit one;
-        if (!word.bestField(entry, SearchHit::Exact, &one))
+        if (!word.bestField(candidate, &one))
             return false;
         hit->rank = qMax(hit->rank, one.rank);
         if (&word == &m_words.front() || one.rank < best) {

@@ -56,9 +56,18 @@ public:
         return m_isAnyLength || (wholeLengths & m_wholeLength) != 0;
     }
 
-    // False: it does not answer. Leaves hit->entry alone. The rank is known not to be
-    // better than `best`.
-    bool answers(const SearchEntry &entry, SearchHit::Rank best, SearchHit *hit) const;
+    // Whether phone numbers have to be looked at, which every other entry has.
+    bool isPhone() const { return !m_phrase.phone.isEmpty(); }
+
+    struct Candidate
+    {
+        const SearchEntry &entry;
+        const SearchSignature &signature;
+        SearchHit::Rank best; // it is known not to answer better
+    };
+    // False: it does not answer. Leaves hit->entry alone.
+    bool answers(const Candidate &candidate, SearchHit *hit) const;
+    bool answers(const SearchEntry &entry, SearchHit *hit) const;
 
     // What to highlight in a field, in order and without overlaps.
     QVector<TextMatch> highlights(const QString &text, SearchHit::Field field) const;
@@ -69,16 +78,19 @@ private:
         explicit Word(const QString &typed);
 
         TextMatch match(const QString &field, SearchHit::Field which) const;
-        bool bestField(const SearchEntry &entry, SearchHit::Rank enough, SearchHit *hit) const;
+        bool bestField(const Candidate &candidate, SearchHit *hit) const;
         bool mayBePhone(const SearchSignature &signature) const
         {
             return !phone.isEmpty() && (signature.start & SearchSignature::HasPhones) != 0;
         }
+        bool mayBeText(quint64 beginnings, const SearchSignature &signature) const
+        {
+            return (beginnings & mask.beginning) == mask.beginning &&
+                   signature.chain.has(mask.chain);
+        }
         bool mayBeIn(quint64 beginnings, const SearchSignature &signature) const
         {
-            return ((beginnings & mask.beginning) == mask.beginning &&
-                    signature.chain.has(mask.chain)) ||
-                   mayBePhone(signature);
+            return mayBeText(beginnings, signature) || mayBePhone(signature);
         }
 
         TextPattern text;
@@ -87,7 +99,7 @@ private:
     };
 
     bool mayAnswerByPhone(const SearchSignature &signature) const;
-    bool allWordsAnswer(const SearchEntry &entry, SearchHit *hit) const;
+    bool allWordsAnswer(const Candidate &candidate, SearchHit *hit) const;
 
     Word m_phrase;
     Word m_first;              // of the words, or the phrase when it is but one

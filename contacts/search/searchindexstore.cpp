@@ -37,6 +37,12 @@ void SearchIndexStore::fetchTexts(const SearchEntry &entry)
     fetchText(entry.mail);
 }
 
+void SearchIndexStore::fetchPhones(size_t slot) const
+{
+    if (slot < m_places.size() && m_places[slot].index != Nowhere)
+        fetchText(entryAt(m_places[slot]).phones);
+}
+
 uint SearchIndexStore::fetchCell(const SearchEntry &entry) const
 {
     const uint hash = hashOf(entry.kind, entry.id);
@@ -59,7 +65,8 @@ int SearchIndexStore::findHashed(uint hash, SearchEntry::Kind kind, const QStrin
 
 int SearchIndexStore::beginBatch(const QVector<SearchEntry> &entries)
 {
-    m_places.reserve(m_places.size() + size_t(entries.size()));
+    if (entries.size() > slotCount())
+        m_places.reserve(m_places.size() + size_t(entries.size()));
     if (entries.size() < SmallestBatch)
         return Own;
     int batch = int(m_batches.size());
@@ -120,7 +127,7 @@ int SearchIndexStore::remove(SearchEntry::Kind kind, const QString &id)
     m_ids.erase(hash, slot);
     m_freeSlots.push_back(slot);
     --m_size;
-    release(m_places[size_t(slot)]);
+    release(std::exchange(m_places[size_t(slot)], Place{Own, Nowhere}));
     dissolveThin();
     return slot;
 }
@@ -170,7 +177,8 @@ void SearchIndexStore::dissolveThin()
 
 void SearchIndexStore::dissolve(int batch)
 {
-    const QVector<SearchEntry> entries = std::exchange(m_batches[size_t(batch)], Batch()).entries;
+    // What has not moved yet is still looked up in its old place.
+    const QVector<SearchEntry> entries = m_batches[size_t(batch)].entries;
     for (int i = 0; i < entries.size(); ++i) {
         const int slot = find(entries.at(i).kind, entries.at(i).id);
         if (slot < 0)
@@ -179,5 +187,6 @@ void SearchIndexStore::dissolve(int batch)
         if (place.batch == batch && place.index == i)
             place = addOwn(entries.at(i));
     }
+    m_batches[size_t(batch)] = Batch();
     m_freeBatches.push_back(batch);
 }

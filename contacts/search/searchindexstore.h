@@ -44,6 +44,11 @@ public:
     int size() const { return m_size; }
     int slotCount() const { return int(m_places.size()); } // with the free ones
 
+    // Memory is fetched so many entries before its turn, texts twice as many: it lies all
+    // over the place, and waiting for each piece would take most of the time.
+    static constexpr int Ahead = 8;
+    void fetchPhones(size_t slot) const;
+
 private:
     struct Place
     {
@@ -55,11 +60,9 @@ private:
         QVector<SearchEntry> entries;
         int inUse = 0;
     };
-    static constexpr int Own = 0; // the batch of everything that came alone
+    static constexpr int Nowhere = -1; // the index in a free slot
+    static constexpr int Own = 0;      // the batch of everything that came alone
 
-    // Memory is fetched so many entries before its turn, texts twice as many: it lies all
-    // over the place, and waiting for each piece would take most of the time.
-    static constexpr int Ahead = 8;
     static void fetchTexts(const SearchEntry &entry);
     uint fetchCell(const SearchEntry &entry) const; // the hash
 

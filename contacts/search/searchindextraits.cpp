@@ -4,153 +4,16 @@
 #include "common/foldedtext.h"
 #include "common/pinyinreadings.h"
 #include "common/textmatch.h"
+#include "contacts/search/searchindexbits.h"
 
 #include <array>
 #include <utility>
 #include <vector>
 
 namespace {
-constexpr int PlaceCount = 36; // letters and digits
-constexpr int FirstHashed = PlaceCount;
-constexpr int HashedCount = 63 - FirstHashed;
-constexpr int BitsOfLetter = 5;
+using namespace SearchBits;
+
 constexpr int BitsOfKey = 60;
-
-constexpr quint64 hashedBit(uint value)
-{
-    return quint64(1) << (FirstHashed + (value * 2654435769u >> 16) * HashedCount / 65536);
-}
-
-// The place of a letter or digit, -1 for everything else.
-constexpr int placeOf(uint unit)
-{
-    if (unit >= 'a' && unit <= 'z')
-        return int(unit - 'a');
-    if (unit >= '0' && unit <= '9')
-        return int(unit - '0') + 26;
-    return -1;
-}
-
-constexpr auto makePairs()
-{
-    std::array<quint64, PlaceCount * PlaceCount> pairs{};
-    for (uint i = 0; i < pairs.size(); ++i)
-        pairs[i] = hashedBit(i + 0x10000);
-    return pairs;
-}
-constexpr auto pairs = makePairs();
-
-constexpr quint8 chainBit(uint value)
-{
-    return quint8((value * 2246822519u) >> 25);
-}
-constexpr auto makeChainBits()
-{
-    std::array<quint8, PlaceCount * PlaceCount> bits{};
-    for (uint i = 0; i < bits.size(); ++i)
-        bits[i] = chainBit(i + 0x10000);
-    return bits;
-}
-constexpr auto chainBits = makeChainBits();
-
-inline quint8 chainBit(int place, int next)
-{
-    return chainBits[size_t(place * PlaceCount + next)];
-}
-
-inline quint64 pairBit(int place, int next)
-{
-    return pairs[size_t(place * PlaceCount + next)];
-}
-
-inline quint64 unitBit(ushort unit)
-{
-    const int place = placeOf(unit);
-    return place < 0 ? hashedBit(unit) : quint64(1) << place;
-}
-
-// Never falls where the unit rises, so that keys have the order of the texts.
-quint64 letterOf(ushort unit)
-{
-    if (unit >= 'a' && unit <= 'z')
-        return quint64(4 + unit - 'a');
-    if (unit < '0')
-        return 1;
-    if (unit <= '9')
-        return 2;
-    return unit < 'a' ? 3 : unit < 0x80 ? 30 : 31;
-}
-
-struct Syllable
-{
-    quint64 bits = 0;    // its first letter, and its first two
-    quint64 letters = 0; // as they stand in a key
-    int size = 0;
-    int initial = 0; // the place of its first letter
-    SearchChain chain;
-    // The places of the letters behind which the next syllable may be typed: the
-    // initial, the h of zh, ch and sh, the last one.
-    int ends[4];
-    int endCount = 0;
-};
-
-constexpr int U = 'u' - 'a';
-constexpr int V = 'v' - 'a';
-
-// ü may be typed as u and as v.
-void addEnd(int place, bool mayBeU, Syllable *syllable)
-{
-    syllable->ends[syllable->endCount++] = place;
-    if (mayBeU && (place == U || place == V))
-        syllable->ends[syllable->endCount++] = place == U ? V : U;
-}
-
-void addChain(QStringView text, Syllable *syllable)
-{
-    for (int i = 1; i < text.size(); ++i) {
-        const int before = text.at(i - 1).unicode() - 'A';
-        const int place = text.at(i).unicode() - 'A';
-        syllable->chain.add(chainBit(before, place));
-        if (i == 1 && (place == U || place == V))
-            syllable->chain.add(chainBit(before, place == U ? V : U));
-        if (i == 2 && (before == U || before == V))
-            syllable->chain.add(chainBit(before == U ? V : U, place));
-    }
-    addEnd(syllable->initial, false, syllable);
-    if (text.size() > 2 && text.at(1) == QLatin1Char('H'))
-        addEnd('h' - 'a', false, syllable);
-    if (text.size() > 1)
-        addEnd(text.back().unicode() - 'A', text.size() == 2, syllable);
-}
-
-Syllable makeSyllable(QStringView text)
-{
-    Syllable syllable;
-    syllable.size = text.size();
-    syllable.initial = text.at(0).unicode() - 'A';
-    syllable.bits = quint64(1) << syllable.initial;
-    for (const QChar c : text)
-        syllable.letters = syllable.letters << BitsOfLetter | letterOf(c.unicode() | 0x20);
-    addChain(text, &syllable);
-    if (text.size() < 2)
-        return syllable;
-    const int second = text.at(1).unicode() - 'A';
-    syllable.bits |= pairBit(syllable.initial, second);
-    if (second == U || second == V)
-        syllable.bits |= pairBit(syllable.initial, second == U ? V : U);
-    return syllable;
-}
-
-const std::vector<Syllable> &syllables()
-{
-    static const std::vector<Syllable> all = [] {
-        std::vector<Syllable> made;
-        for (int i = 0; i < CChCharacterToPP::syllableCount(); ++i)
-            made.push_back(makeSyllable(CChCharacterToPP::syllableAt(i)));
-        return made;
-    }();
-    return all;
-}
 
 struct Ascii
 {
@@ -181,13 +44,13 @@ struct Following
     {
         quint64 bits = 0;
         for (int i = 0; i < count; ++i)
-            bits |= pairBit(place, places[i]);
+            bits |= ofPair(place, places[i]);
         return bits;
     }
     void chainTo(int place, SearchChain *chain) const
     {
         for (int i = 0; i < count; ++i)
-            chain->add(chainBit(place, places[i]));
+            chain->add(inChain(place, places[i]));
     }
     void chainTo(const Syllable &syllable, SearchChain *chain) const
     {
@@ -201,6 +64,12 @@ struct Following
         count = 1;
     }
 };
+
+// Of so many units, each separator typed or left out.
+quint32 lengthsUpTo(int size, int separators)
+{
+    return (quint32(2) << qMin(size, 15)) - (quint32(1) << qMin(size - separators, 15));
+}
 
 // Walks from the end of a text to its beginning: each unit has to know what follows.
 class Walk
@@ -222,6 +91,8 @@ public:
                 (i <= m_text.first() ? traits->signature.start : traits->signature.inside) |= bits;
         }
         traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+        if (m_hasChinese)
+            traits->wholeLengths |= lengthsUpTo(m_text.size(), m_separators) << 16;
         traits->signature.chain.add(m_chain);
     }
 
@@ -232,7 +103,7 @@ public:
         for (int i = 0; i < m_text.size() && room > 0; ++i) {
             const bool isSpelled = m_numbers[i] >= 0;
             const Syllable *syllable = isSpelled ? &m_syllables[size_t(m_numbers[i])] : nullptr;
-            const quint64 letters = isSpelled ? syllable->letters : letterOf(m_text.at(i));
+            const quint64 letters = isSpelled ? syllable->letters : letterOfKey(m_text.at(i));
             room -= BitsOfLetter * (isSpelled ? syllable->size : 1);
             key |= room >= 0 ? letters << room : letters >> -room;
         }
@@ -249,12 +120,13 @@ private:
             return chinese(i, lengths);
         const bool isSeparator = m_text.kind(i) == FoldedText::Separator;
         *lengths = lengthened(*lengths, 1) | (isSeparator ? *lengths : 0);
+        m_separators += isSeparator;
         m_hasDigits = m_hasDigits || m_text.kind(i) == FoldedText::Digit;
         const int place = placeOf(unit);
         if (place < 0) {
             if (!isSeparator)
                 m_following.count = 0;
-            return hashedBit(unit);
+            return ofUnit(unit);
         }
         const quint64 bits = quint64(1) << place | m_following.pairsWith(place);
         m_following.chainTo(place, &m_chain);
@@ -264,8 +136,9 @@ private:
 
     quint64 chinese(int i, quint32 *lengths)
     {
-        const quint64 bits = hashedBit(m_text.at(i));
-        m_chain.add(chainBit(m_text.at(i)));
+        const quint64 bits = ofUnit(m_text.at(i));
+        m_hasChinese = true;
+        m_chain.add(inChain(m_text.at(i)));
         if (PinyinReadings::hasMore(QChar(m_text.at(i))))
             return bits | readMoreWays(i, lengths);
         if (m_numbers[i] < 0) {
@@ -287,7 +160,7 @@ private:
         const quint32 before = std::exchange(*lengths, 0);
         Following following;
         for (const QStringView reading : PinyinReadings(m_text.text(), i, m_text.first())) {
-            const Syllable syllable = makeSyllable(reading);
+            const Syllable syllable(reading);
             *lengths |= lengthened(before, syllable.size);
             bits |= syllable.bits | m_following.pairsWith(syllable.initial);
             m_following.chainTo(syllable, &m_chain);
@@ -308,7 +181,9 @@ private:
     qint16 m_numbers[FoldedText::MaximumLength];
     Following m_following;
     SearchChain m_chain;
+    int m_separators = 0;
     bool m_hasDigits = false;
+    bool m_hasChinese = false;
 };
 
 // The same as by the walk, for what is not Chinese: forwards, so that a text can be
@@ -336,9 +211,7 @@ public:
         traits->signature.chain.add(m_chain);
         if (m_size == 0)
             return;
-        const int longest = qMin(m_size, 15);
-        const int shortest = qMin(m_size - m_separators, 15);
-        const quint32 lengths = (quint32(2) << longest) - (quint32(1) << shortest);
+        const quint32 lengths = lengthsUpTo(m_size, m_separators);
         traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
     }
 
@@ -347,16 +220,16 @@ private:
     {
         if (unit.kind == FoldedText::Separator) {
             if (m_size == 0)
-                m_start |= hashedBit(c);
+                m_start |= ofUnit(c);
             ++m_separators;
         } else {
             m_hasDigits |= unit.kind == FoldedText::Digit;
             // Of the word that has just begun.
             if (m_first >= 0)
-                *m_bits |= pairBit(m_first, unit.place);
+                *m_bits |= ofPair(m_first, unit.place);
             m_first = -1;
             if (m_before >= 0)
-                m_chain.add(chainBit(m_before, unit.place));
+                m_chain.add(inChain(m_before, unit.place));
             m_before = unit.place;
             if (unit.kind != m_kind)
                 beginWord(unit.place);
@@ -412,18 +285,18 @@ void addAccountAndMail(const SearchEntry &entry, SearchTraits *traits)
 }
 } // namespace
 
-SearchMask::SearchMask(QStringView word) : beginning(unitBit(word.at(0).unicode()))
+SearchMask::SearchMask(QStringView word) : beginning(ofUnit(word.at(0).unicode()))
 {
     int before = -1;
     for (int i = 0; i < word.size(); ++i) {
         const ushort unit = word.at(i).unicode();
         const int place = placeOf(unit);
         if (before >= 0 && place >= 0)
-            chain.add(chainBit(before, place));
+            chain.add(inChain(before, place));
         if (before >= 0 && place >= 0 && i == 1)
-            beginning |= pairBit(before, place);
+            beginning |= ofPair(before, place);
         if (word.at(i).script() == QChar::Script_Han)
-            chain.add(chainBit(unit));
+            chain.add(inChain(unit));
         before = place;
     }
 }
@@ -431,14 +304,16 @@ SearchMask::SearchMask(QStringView word) : beginning(unitBit(word.at(0).unicode(
 quint32 SearchTraits::lengthBitOf(const QString &typed)
 {
     int length = 0;
+    int chinese = 0;
     bool hasDigits = false;
     for (const QChar c : typed) {
-        if (c.script() == QChar::Script_Han)
-            return 0;
+        chinese += c.script() == QChar::Script_Han;
         hasDigits = hasDigits || c.isNumber();
         length += !TextPattern::isBetweenSyllables(c);
     }
-    return lengthBit(length, hasDigits);
+    if (chinese > 0 && chinese < length)
+        return 0;
+    return quint32(1) << (qMin(length, 15) + (hasDigits || chinese > 0 ? 16 : 0));
 }
 
 SearchTraits searchTraits(const SearchEntry &entry)

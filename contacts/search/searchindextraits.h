@@ -54,16 +54,12 @@ struct SearchTraits
     // The beginning of the name by pinyin, as a number: a smaller one comes first, and
     // equal ones may still differ.
     quint64 nameKey = 0;
-    // Bit n: some field may be typed in full by n units, none of them Chinese, and
-    // blanks and apostrophes not counted. The last bit stands for everything longer,
-    // too; fields with digits stand apart in the upper half.
+    // Bit n: some field may be typed in full by n units, blanks and apostrophes not
+    // counted. The last bit stands for everything longer, too. The upper half is for
+    // fields with digits, and for Chinese typed as it stands.
     quint32 wholeLengths = 0;
 
-    static quint32 lengthBit(int units, bool withDigits)
-    {
-        return quint32(1) << (qMin(units, 15) + (withDigits ? 16 : 0));
-    }
-    // The one of what was typed; 0 when there is something Chinese in it.
+    // The one of what was typed; 0: any may be it, for Chinese is mixed with letters.
     static quint32 lengthBitOf(const QString &typed);
 };
 

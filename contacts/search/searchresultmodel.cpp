@@ -297,7 +297,7 @@ void SearchResultModel::addMatch(const SearchEntry &entry, const QString &name,
     SearchEntry told;
     told.remark = name;
     for (const Candidate &candidate : candidates) {
-        if (m_query.answers(told, &hit))
+        if (m_query.answers(told, SearchHit::Exact, &hit))
             return;
         const QString &text = entry.*candidate.text;
         const MarkedText found = candidate.field == SearchHit::Phones

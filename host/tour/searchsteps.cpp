@@ -1,9 +1,11 @@
 #include "host/core/embeddedcore.h"
+#include "host/filetransfers.h"
 #include "host/hostapplication.h"
 #include "host/mainwindow.h"
 #include "host/tour/tourparts.h"
 #include "host/tour/tourstage.h"
 #include "host/webservices.h"
+#include "host/windows/hostwindows.h"
 
 #include <QLineEdit>
 #include <QTreeView>
@@ -126,6 +128,7 @@ std::vector<TourStep> searchSteps()
 {
     const TourMove light{"the window is light and Chinese",
                          [](Stage &s) {
+                             s.window().windows()->transfers()->cancelAll();
                              s.window().setSkin(QStringLiteral("light"));
                              s.window().setLanguage(QStringLiteral("zh_CN"));
                          },

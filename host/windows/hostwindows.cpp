@@ -13,6 +13,7 @@
 #include "host/windows/roommanagement.h"
 #include "hostapi/eventcodes.h"
 
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 
@@ -110,12 +111,18 @@ void HostWindows::openChat(const QString &jid, qint32 kind)
 
 void HostWindows::sendFile(const QStringList &jids, qint32 kind)
 {
-    auto *dialog = new QFileDialog(m_parent, tr("Send a file"));
+    auto *dialog = new QFileDialog(m_parent, tr("Send a file"), QDir::homePath());
     dialog->setObjectName(QStringLiteral("sendFileDialog"));
     // One that a test can drive, and that does not stop the window.
     dialog->setOption(QFileDialog::DontUseNativeDialog);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::ExistingFiles);
+    dialog->setLabelText(QFileDialog::LookIn, tr("Folder"));
+    dialog->setLabelText(QFileDialog::FileName, tr("Name"));
+    dialog->setLabelText(QFileDialog::FileType, tr("Kind"));
+    dialog->setNameFilter(tr("All files") + QLatin1String(" (*)"));
+    dialog->setLabelText(QFileDialog::Accept, tr("Send"));
+    dialog->setLabelText(QFileDialog::Reject, tr("Cancel"));
     connect(dialog, &QFileDialog::filesSelected, this,
             [this, jids, kind](const QStringList &files) {
                 startTransfers(jids, kindOf(kind), files);

@@ -76,6 +76,9 @@ private slots:
         QVERIFY(!model.remove(QStringLiteral("c3")));
         QCOMPARE(model.indexOf(QStringLiteral("d4")).row(), 2);
         QVERIFY(!model.indexOf(QStringLiteral("c3")).isValid());
+        QVERIFY(!model.putNew({QStringLiteral("d4"), 70, false}));
+        QVERIFY(model.putNew({QStringLiteral("c3"), 8, false}));
+        QCOMPARE(model.shown(), QStringLiteral("f6 b2 d4 e5 c3 a1"));
     }
 
     void nothingMovesWhileFrozen()

@@ -227,6 +227,7 @@ private slots:
         const Rows<int, int> row{"step", "left"};
         row("another message", 0, 3);
         row("the user writes", 1, 0);
+        row("the user writes elsewhere", 5, 0);
         row("the chat is opened", 2, 0);
         row("the host says it was read", 3, 0);
         row("another chat is opened", 4, 2);
@@ -246,6 +247,8 @@ private slots:
             receive("a", "5 10:02");
         else if (step == 1)
             emit Hub::instance()->signal_latestFriend(false, sent);
+        else if (step == 5)
+            emit Hub::instance()->signal_latestFriend(true, sent);
         else if (step == 2)
             FriendUIEventProcess::openChat(jid("a"), MessageData::Person);
         else if (step == 3)

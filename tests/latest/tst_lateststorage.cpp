@@ -2,6 +2,7 @@
 // while they store, two at once, locks, full disks.
 #include "contacts/latest/latestcontactstable.h"
 #include "tests/support/localuser.h"
+#include "tests/support/smallfilesystem.h"
 #include "tests/support/testrunner.h"
 
 #include <QCoreApplication>
@@ -21,7 +22,7 @@ class Writer : public QProcess
 public:
     Writer(const LocalUser &user, const QString &prefix, int rows)
     {
-        start(QCoreApplication::applicationDirPath() + QLatin1String("/latestwriter"),
+        start(QCoreApplication::applicationDirPath() + QLatin1String("/storingprocess"),
               {user.folder.path(), user.host.user, prefix, QString::number(rows)});
     }
     ~Writer() override
@@ -164,19 +165,12 @@ private slots:
 
     void aFullDiskLosesOnlyWhatDoesNotFit()
     {
-#ifdef Q_OS_UNIX
-        const QString folder = m_user->folder.filePath(QStringLiteral("small"));
-        QVERIFY(QDir().mkpath(folder));
-        if (QProcess::execute(QStringLiteral("mount"),
-                              {QStringLiteral("-t"), QStringLiteral("tmpfs"), QStringLiteral("-o"),
-                               QStringLiteral("size=400k"), QStringLiteral("friendui"), folder}) !=
-            0)
+        const SmallFileSystem disk(m_user->folder.filePath(QStringLiteral("small")),
+                                   QStringLiteral("400k"));
+        if (!disk.isMounted())
             QSKIP("this user may mount no file system");
-        const auto unmount = qScopeGuard([&] {
-            LocalDatabase::instance().close();
-            QProcess::execute(QStringLiteral("umount"), {folder});
-        });
-        m_user->host.baseFolder = folder;
+        const auto letGo = qScopeGuard([] { LocalDatabase::instance().close(); });
+        m_user->host.baseFolder = disk.folder();
         QVERIFY(LocalDatabase::instance().isOpen());
 
         int stored = 0;
@@ -196,9 +190,6 @@ private slots:
         DBFriendData found;
         QVERIFY(Table::find(jid(stored - 1), &found));
         QVERIFY(!Table::find(jid(stored), &found));
-#else
-        QSKIP("there is no small file system to be had");
-#endif
     }
 
 private:

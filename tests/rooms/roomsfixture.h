@@ -117,7 +117,7 @@ private:
     void make()
     {
         widget = std::make_unique<MucWidget>();
-        widget->resize(284, 500);
+        widget->resize(280, 500); // as wide as the pane leaves
         widget->show();
         widget->activateWindow();
         view = widget->findChild<MucListView *>();

@@ -229,11 +229,12 @@ private slots:
     void hostTakesThePageAway_data()
     {
         const Rows<QString> row{"key"};
-        for (const char *key : {"sendGroupMessage", "quitmuc", "setGroupToppest"})
+        for (const char *key :
+             {"sendGroupMessage", "quitmuc", "setGroupToppest", "double click", "Enter"})
             row(key, QString::fromLatin1(key));
     }
 
-    // Inside the request that a menu has made.
+    // Inside the request that the user has made.
     void hostTakesThePageAway()
     {
         QFETCH(QString, key);
@@ -244,10 +245,17 @@ private slots:
             page.tester.reset();
             page.widget.reset();
         };
-        page.openMenu("r1");
-        QAction *action = page.menu()->action(key.toLatin1().constData());
-        page.menu()->setActiveAction(action);
-        QTest::keyClick(page.menu(), Qt::Key_Return);
+        page.view->select(roomJid("r1"));
+        if (key == QLatin1String("Enter")) {
+            QTest::keyClick(page.view, Qt::Key_Return);
+        } else if (key == QLatin1String("double click")) {
+            QTest::mouseDClick(page.view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                               page.middleOf("r1"));
+        } else {
+            page.openMenu("r1");
+            page.menu()->setActiveAction(page.menu()->action(key.toLatin1().constData()));
+            QTest::keyClick(page.menu(), Qt::Key_Return);
+        }
         QVERIFY(!page.widget);
         RoomsFixture::settle();
     }

@@ -42,6 +42,7 @@ private slots:
         page.addressBookTab()->setFocus();
         QTest::keyClick(page.addressBookTab(), Qt::Key_Right);
         QVERIFY(page.localTab()->hasFocus());
+        QCOMPARE(page.localTab()->isChecked(), page.model->page() == MucModel::LocalPage);
         QTest::keyClick(page.localTab(), Qt::Key_Space);
         QCOMPARE(page.rows(), QStringList{QStringLiteral("Delta")});
     }
@@ -238,14 +239,50 @@ private slots:
                  1);
     }
 
-    void picturesComeFromTheHost()
+    void pictures_data()
     {
+        const Rows<QString, QString> row{"named", "path"};
+        row("known to the host", QStringLiteral("id5"), QStringLiteral("/id5.png"));
+        row("a file", QStringLiteral("/heads/r5.png"), QStringLiteral("/heads/r5.png"));
+        row("a share", QStringLiteral("//evil.example/share/x.png"), QString());
+        row("a share of Windows", QStringLiteral("\\\\evil.example\\share\\x.png"), QString());
+        row("an address", QStringLiteral("http://evil.example/x.png"), QString());
+        row("in the module", QStringLiteral(":/FriendUI/x.png"), QString());
+        row("climbing", QStringLiteral("../../x.png"), QString());
+    }
+
+    // Delivered with the room, and changed later.
+    void pictures()
+    {
+        QFETCH(QString, named);
         RoomsFixture page;
         page.host.context.headPaths.insert(QStringLiteral("id5"), QStringLiteral("/id5.png"));
         MucData room = makeRoom("r5", QStringLiteral("e"));
-        room.headImage = QStringLiteral("id5");
+        room.headImage = named;
         page.add(room);
-        QCOMPARE(page.row("r5").data(258).toString(), QStringLiteral("/id5.png"));
+        QTEST(page.row("r5").data(258).toString(), "path");
+        if (named == QLatin1String("id5"))
+            return;
+        emit page.hub()->signal_mucChatHeadChanged(roomJid("r1"), named);
+        QTEST(page.row("r1").data(258).toString(), "path");
+    }
+
+    // Which support people look for.
+    void logTexts()
+    {
+        RoomsFixture page;
+        LogCapture log(page.host.context);
+        const MucListView another;
+        QTest::mouseClick(page.view->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(10, 400));
+        page.widget->slot_shakeRoom(roomJid("r1"));
+        for (const char *text :
+             {"[MucListView.cpp:", "entry fun MucTreeView::createMenu()",
+              "exit fun MucTreeView::createMenu()",
+              "entry fun MucTreeView::slot_clicked(QModelIndex index)", ": item is null",
+              "exit fun MucTreeView::slot_clicked("
+              "QModelIndex index)",
+              "entry fun MucWidget::slot_shakeRoom(QString roomJid)"})
+            QVERIFY2(!log.linesWith(text).isEmpty(), text);
     }
 
     // Labels do not follow each of many rooms.

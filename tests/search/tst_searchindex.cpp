@@ -1,6 +1,10 @@
 // Who is found by what, in which order, and what is left when entries go.
+#include "common/pinyinreadings.h"
 #include "contacts/search/searchindex.h"
 #include "tests/support/testrunner.h"
+
+#include <QRandomGenerator>
+#include <QSet>
 
 namespace {
 SearchEntry person(const char *id, const char *name)
@@ -17,6 +21,70 @@ QString idsOf(const SearchIndex &index, const char *typed, int limit = 50)
     for (const SearchHit &hit : index.search(QString::fromUtf8(typed), limit))
         ids << index.at(hit.entry).id;
     return ids.join(QLatin1Char(' '));
+}
+
+QString randomText(QRandomGenerator *random, const QString &letters, int most)
+{
+    QString text;
+    for (int size = random->bounded(1, most + 1); size > 0; --size)
+        text += letters.at(random->bounded(letters.size()));
+    return text;
+}
+
+bool isSeparator(QChar c)
+{
+    return !c.isLetterOrNumber();
+}
+
+// Whether the rest of what was typed can be read from the text on.
+bool naivelyReads(const QString &text, int i, const QString &typed, int j)
+{
+    if (j == typed.size())
+        return true;
+    if (i == text.size())
+        return false;
+    const QChar c = text.at(i);
+    const bool isHan = c.script() == QChar::Script_Han;
+    const bool isStart = isHan || i == 0 || isSeparator(c) || isSeparator(text.at(i - 1)) ||
+                         text.at(i - 1).script() == QChar::Script_Han ||
+                         text.at(i - 1).isNumber() != c.isNumber();
+    if (j > 0 && isStart && typed.at(j) == QLatin1Char('\'') && naivelyReads(text, i, typed, j + 1))
+        return true;
+    if (c == typed.at(j) && naivelyReads(text, i + 1, typed, j + 1))
+        return true;
+    if (isSeparator(c))
+        return j > 0 && naivelyReads(text, i + 1, typed, j);
+    for (const QStringView reading : PinyinReadings(text, i)) {
+        QString syllable = reading.toString().toLower();
+        // As it stands in LV, and as it is typed.
+        for (int form = 0; form < 2; ++form, syllable.replace(QLatin1Char('v'), QLatin1Char('u'))) {
+            for (int k = 1; k <= syllable.size() && typed.midRef(j, k) == syllable.leftRef(k);
+                 ++k) {
+                const bool mayStop = k == 1 || k == syllable.size() || j + k == typed.size() ||
+                                     (k == 2 && syllable.at(1) == QLatin1Char('h'));
+                if (mayStop && naivelyReads(text, i + 1, typed, j + k))
+                    return true;
+            }
+        }
+    }
+    return false;
+}
+
+bool naivelyFinds(QString text, QString typed)
+{
+    text.replace(QChar(0xE9), QLatin1Char('e'));
+    while (typed.size() > 1 && typed.endsWith(QLatin1Char('\'')))
+        typed.chop(1);
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text.at(i);
+        const bool isStart = i == 0 || c.script() == QChar::Script_Han ||
+                             (!isSeparator(c) && (isSeparator(text.at(i - 1)) ||
+                                                  text.at(i - 1).script() == QChar::Script_Han ||
+                                                  text.at(i - 1).isNumber() != c.isNumber()));
+        if (isStart && naivelyReads(text, i, typed, 0))
+            return true;
+    }
+    return false;
 }
 } // namespace
 
@@ -108,6 +176,108 @@ private slots:
         QCOMPARE(idsOf(index, "zhs", 1), QStringLiteral("recent1"));
         index.setRecent({QStringLiteral("later")});
         QCOMPARE(idsOf(index, "zhangsan", 3), QStringLiteral("exact later contact"));
+    }
+
+    // Against a matcher that tries everything, and against itself without a limit.
+    void findsWhatANaiveMatcherFinds()
+    {
+        QRandomGenerator random(7);
+        SearchIndex index;
+        QVector<SearchEntry> entries;
+        for (int i = 0; i < 300; ++i) {
+            SearchEntry entry;
+            entry.id = QString::number(i);
+            entry.name =
+                randomText(&random, QString::fromUtf8("张三李四王西安线中国二绿 -ab1·é"), 5);
+            entry.account = randomText(&random, QStringLiteral("zhangsli.1-2"), 6);
+            entry.hasLeft = random.bounded(4) == 0;
+            entry.isContact = random.bounded(3) == 0;
+            entries.append(entry);
+        }
+        index.putAll(entries);
+        index.setRecent({QStringLiteral("7"), QStringLiteral("90"), QStringLiteral("250")});
+        int found = 0;
+        for (int round = 0; round < 600; ++round) {
+            const QString typed = randomText(&random, QString::fromUtf8("zhangsliwexov'1三"), 5);
+            QSet<QString> expected, actual;
+            for (const SearchEntry &entry : entries) {
+                if (naivelyFinds(entry.name, typed) || naivelyFinds(entry.account, typed))
+                    expected.insert(entry.id);
+            }
+            const QVector<SearchHit> all = index.search(typed, entries.size());
+            for (const SearchHit &hit : all)
+                actual.insert(index.at(hit.entry).id);
+            QVERIFY2(actual == expected, qPrintable(typed));
+            found += all.size();
+            const QVector<SearchHit> best = index.search(typed, 5);
+            QCOMPARE(best.size(), qMin(5, all.size()));
+            for (int i = 0; i < best.size(); ++i)
+                QCOMPARE(best.at(i).entry, all.at(i).entry);
+        }
+        QVERIFY(found > 600);
+    }
+
+    void hostileTexts()
+    {
+        SearchIndex index;
+        SearchEntry entry = person("long", "");
+        entry.name = QString(10000, QChar(0x5F20));
+        entry.phones = QString(10000, QLatin1Char('7'));
+        index.put(entry);
+        index.put(person("empty", ""));
+        entry = person("lone", "");
+        entry.name = QString(QChar(0xD83D)) + QLatin1Char('x') + QChar(0xDE00);
+        index.put(entry);
+        QCOMPARE(idsOf(index, "zzz"), QStringLiteral("long"));
+        QCOMPARE(idsOf(index, "77777"), QStringLiteral("long"));
+        QCOMPARE(index.search(QString(200, QLatin1Char('z')), 9).size(), 1);
+        QCOMPARE(index.search(QString(QChar(0xD83D)), 9).size(), 1);
+        QCOMPARE(index.search(QStringLiteral("z ").repeated(100), 9).size(), 1);
+        QCOMPARE(index.search(QStringLiteral("z"), 0).size(), 0);
+    }
+
+    void churnLeavesNothingBehind()
+    {
+        constexpr int Count = 200;
+        QVector<SearchEntry> list;
+        for (int i = 0; i < Count; ++i)
+            list.append(person(qPrintable(QString::number(i)), "张三"));
+        SearchIndex index;
+        for (int round = 0; round < 20; ++round) {
+            index.putAll(list);
+            QVERIFY(!list.isDetached());
+            index.putAll(list); // as when a department is loaded again
+            QCOMPARE(index.size(), Count);
+            for (int i = round % 2; i < Count; i += 2)
+                QVERIFY(index.remove(SearchEntry::Person, QString::number(i)));
+            index.put(person("0", "李四"));
+            index.remove(SearchEntry::Person, QStringLiteral("1"));
+            const QVector<SearchHit> hits = index.search(QStringLiteral("zs"), Count);
+            QCOMPARE(hits.size(), Count / 2 - 1);
+            for (const SearchHit &hit : hits)
+                QVERIFY(hit.entry < Count);
+        }
+        // The list that came goes when hardly anything of it is in use.
+        QVERIFY(list.isDetached());
+    }
+
+    void highlights()
+    {
+        const auto marked = [](const char *typed, const char *text, SearchHit::Field field) {
+            QString result = QString::fromUtf8(text);
+            const auto matches = searchHighlights(QString::fromUtf8(typed), result, field);
+            for (auto match = matches.rbegin(); match != matches.rend(); ++match) {
+                result.insert(match->start + match->length, QLatin1Char(']'));
+                result.insert(match->start, QLatin1Char('['));
+            }
+            return result;
+        };
+        QCOMPARE(marked("san zhang", "张三", SearchHit::Name), QString::fromUtf8("[张][三]"));
+        QCOMPARE(marked("zhang san", "张三丰", SearchHit::Name), QString::fromUtf8("[张三]丰"));
+        QCOMPARE(marked("z zhang", "张三", SearchHit::Name), QString::fromUtf8("[张]三"));
+        QCOMPARE(marked("38001", "138-0013;21", SearchHit::Phones),
+                 QStringLiteral("1[38-001]3;21"));
+        QCOMPARE(marked("x", "张三", SearchHit::Name), QString::fromUtf8("张三"));
     }
 
     void entriesComeAndGo()

@@ -5,6 +5,7 @@
 #include "common/localdatabase.h"
 #include "tests/support/fakecontext.h"
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 
 class LocalUser
@@ -16,7 +17,12 @@ public:
         host.baseFolder = folder.path();
         LocalDatabase::instance().close();
     }
-    ~LocalUser() { LocalDatabase::instance().close(); }
+    ~LocalUser()
+    {
+        LocalDatabase::instance().close();
+        // Signals that the next test would take for its own.
+        QCoreApplication::removePostedEvents(&LocalDatabase::instance());
+    }
 
     QString file() const { return folder.path() + QLatin1String("/u1/localData.db"); }
 

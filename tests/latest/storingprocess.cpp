@@ -1,7 +1,7 @@
 // Stores rows in the local database of a user, one transaction each, and says the
 // number of each that is stored: what the tests kill, and run two of.
 //
-//     latestwriter <data folder> <user> <prefix of the jids> <number of rows>
+//     storingprocess <data folder> <user> <prefix of the jids> <number of rows>
 #include "contacts/latest/latestcontactstable.h"
 #include "tests/support/fakecontext.h"
 

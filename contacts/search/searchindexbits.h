@@ -1,0 +1,60 @@
+// The bits of a signature, and what a syllable adds to them.
+#pragma once
+
+#include "contacts/search/searchindextraits.h"
+
+#include <vector>
+
+namespace SearchBits {
+
+constexpr int PlaceCount = 36; // letters and digits
+
+// The place of a letter or digit, -1 for everything else.
+constexpr int placeOf(uint unit)
+{
+    if (unit >= 'a' && unit <= 'z')
+        return int(unit - 'a');
+    if (unit >= '0' && unit <= '9')
+        return int(unit - '0') + 26;
+    return -1;
+}
+
+// In the beginnings: a unit, and a first letter with the second. All but letters and
+// digits are hashed.
+quint64 ofUnit(ushort unit);
+quint64 ofPair(int place, int next);
+
+// In the chain: two letters or digits that follow one another, a Chinese character.
+quint8 inChain(int place, int next);
+quint8 inChain(ushort chinese);
+
+constexpr int BitsOfLetter = 5;
+
+// A letter of a name's key. Never falls where the unit rises, so that keys have the
+// order of the texts.
+quint64 letterOfKey(ushort unit);
+
+struct Syllable
+{
+    explicit Syllable(QStringView capitals);
+
+    quint64 bits = 0;    // its first letter, and its first two
+    quint64 letters = 0; // as they stand in a key
+    SearchChain chain;
+    int size = 0;
+    int initial = 0; // the place of its first letter
+    // The places of the letters behind which the next syllable may be typed: the
+    // initial, the h of zh, ch and sh, the last one.
+    int ends[4];
+    int endCount = 0;
+
+private:
+    void addSecond(int second);
+    void addChain(QStringView capitals);
+    void addEnd(int place, bool mayBeU);
+};
+
+// By CChCharacterToPP::syllableNumbers().
+const std::vector<Syllable> &syllables();
+
+} // namespace SearchBits
