@@ -187,19 +187,24 @@ bool storeOne(const DBFriendData &record)
     return stored && storeUnread(jid, record.unread, caller);
 }
 
-// As LIKE '%word%' finds it: only A to Z without regard to case.
-bool hasWord(const QString &text, const char *word)
+// As LIKE '%word%' finds them: only A to Z without regard to case.
+bool isPseudoContact(const QString &jid)
 {
     const auto lower = [](QChar c) {
-        return c >= QLatin1Char('A') && c <= QLatin1Char('Z') ? QChar(c.unicode() + 32) : c;
+        const ushort code = c.unicode();
+        return code >= 'A' && code <= 'Z' ? ushort(code + ('a' - 'A')) : code;
     };
-    const int length = int(qstrlen(word));
-    for (int from = 0; from + length <= text.size(); ++from) {
-        int at = 0;
-        while (at < length && lower(text.at(from + at)) == lower(QLatin1Char(word[at])))
-            ++at;
-        if (at == length)
-            return true;
+    const QChar *const end = jid.constData() + jid.size();
+    for (const QChar *at = jid.constData(); at != end; ++at) {
+        for (const char *word : {"system", "cnotify", "friend", "kfcnl", "vroom"}) {
+            const QChar *c = at;
+            while (*word != 0 && c != end && lower(*c) == ushort(*word)) {
+                ++c;
+                ++word;
+            }
+            if (*word == 0)
+                return true;
+        }
     }
     return false;
 }
@@ -313,10 +318,6 @@ bool LatestContactsTable::clear()
 
 bool LatestContactsTable::isListable(const DBFriendData &record, bool muted, Names names)
 {
-    for (const char *word : {"system", "cnotify", "friend", "KFCNL", "vroom"}) {
-        if (hasWord(record.jid, word))
-            return false;
-    }
     return record.isSystemNotice == 0 && record.onJob == 1 && !muted &&
-           (names == AlsoNameless || !record.displayName.isEmpty());
+           (names == AlsoNameless || !record.displayName.isEmpty()) && !isPseudoContact(record.jid);
 }

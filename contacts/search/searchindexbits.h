@@ -1,9 +1,28 @@
 // The bits of a signature, and what a syllable adds to them.
 #pragma once
 
-#include "contacts/search/searchindextraits.h"
+#include <QStringView>
 
 #include <vector>
+
+// Which letters may follow one another, and which Chinese characters there are: hashed,
+// so that what is there is always told, and what is not there mostly.
+struct SearchChain
+{
+    quint64 bits[2] = {};
+
+    bool has(const SearchChain &other) const
+    {
+        return (bits[0] & other.bits[0]) == other.bits[0] &&
+               (bits[1] & other.bits[1]) == other.bits[1];
+    }
+    void add(const SearchChain &other)
+    {
+        bits[0] |= other.bits[0];
+        bits[1] |= other.bits[1];
+    }
+    void add(quint8 bit) { bits[bit >> 6] |= quint64(1) << (bit & 63); }
+};
 
 namespace SearchBits {
 

@@ -4,7 +4,6 @@
 #include "common/foldedtext.h"
 #include "common/pinyinreadings.h"
 #include "common/textmatch.h"
-#include "contacts/search/searchindexbits.h"
 
 #include <array>
 #include <utility>

@@ -3,28 +3,10 @@
 // passes has to be matched.
 #pragma once
 
+#include "contacts/search/searchindexbits.h"
 #include "contacts/search/searchindexrecords.h"
 
 #include <QStringView>
-
-// Which letters may follow one another, and which Chinese characters there are: hashed,
-// so that what is there is always told, and what is not there mostly.
-struct SearchChain
-{
-    quint64 bits[2] = {};
-
-    bool has(const SearchChain &other) const
-    {
-        return (bits[0] & other.bits[0]) == other.bits[0] &&
-               (bits[1] & other.bits[1]) == other.bits[1];
-    }
-    void add(const SearchChain &other)
-    {
-        bits[0] |= other.bits[0];
-        bits[1] |= other.bits[1];
-    }
-    void add(quint8 bit) { bits[bit >> 6] |= quint64(1) << (bit & 63); }
-};
 
 struct SearchSignature
 {

@@ -2,12 +2,14 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
-#include "contacts/search/searchindex.h"
 #include "controls/presencetext.h"
 #include "http/fileservices.h"
 
 #include <QFileInfo>
 #include <QSet>
+
+#include <algorithm>
+#include <numeric>
 
 namespace {
 
@@ -73,7 +75,7 @@ QString pictureOf(const QString &jid, const QString &photoName)
 } // namespace
 
 SearchResultModel::SearchResultModel(const SearchIndex *index, QObject *parent)
-    : QAbstractListModel(parent), m_index(index), m_query(QString())
+    : QAbstractListModel(parent), m_index(index)
 {
 }
 
@@ -108,8 +110,11 @@ QVector<SearchResult> SearchResultModel::taken(const QVector<SearchResult> &resu
 void SearchResultModel::setResults(const QString &typed, const QVector<SearchResult> &results)
 {
     beginResetModel();
-    m_query = SearchQuery(typed);
     m_typed = typed;
+    m_words.clear();
+    const QStringList words = typed.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &word : words)
+        m_words.emplace_back(word);
     m_results.clear();
     m_rows.clear();
     m_namesakes.clear();
@@ -273,7 +278,7 @@ SearchResultModel::Shown SearchResultModel::work(const SearchResult &result) con
 MarkedText SearchResultModel::marked(const QString &text, SearchHit::Field field) const
 {
     MarkedText line{text, {}};
-    const QVector<TextMatch> matches = m_query.highlights(text, field);
+    const QVector<TextMatch> matches = searchHighlights(m_typed, text, field);
     for (const TextMatch &match : matches)
         line.marks.append({match.start, match.length});
     return line;
@@ -293,21 +298,33 @@ void SearchResultModel::addMatch(const SearchEntry &entry, const QString &name,
                                         {&SearchEntry::employeeCode, SearchHit::EmployeeCode},
                                         {&SearchEntry::mail, SearchHit::Mail},
                                         {&SearchEntry::phones, SearchHit::Phones}};
-    SearchHit hit;
-    SearchEntry told;
-    told.remark = name;
+    std::vector<int> missing(m_words.size());
+    std::iota(missing.begin(), missing.end(), 0);
+    strike(name, &missing);
     for (const Candidate &candidate : candidates) {
-        if (m_query.answers(told, SearchHit::Exact, &hit))
+        if (missing.empty())
             return;
         const QString &text = entry.*candidate.text;
-        const MarkedText found = candidate.field == SearchHit::Phones
-                                     ? oneNumber(marked(text, candidate.field))
-                                     : marked(displayText(text), candidate.field);
-        if (found.marks.isEmpty() || found.text == name)
-            continue;
-        told.*candidate.text = text;
-        add(found, line);
+        const bool isPhone = candidate.field == SearchHit::Phones;
+        const MarkedText found = isPhone ? oneNumber(marked(text, candidate.field))
+                                         : marked(displayText(text), candidate.field);
+        const size_t before = missing.size();
+        if (!isPhone)
+            strike(found.text, &missing);
+        if (!found.marks.isEmpty() && (isPhone || missing.size() < before))
+            add(found, line);
     }
+}
+
+void SearchResultModel::strike(const QString &text, std::vector<int> *missing) const
+{
+    const auto isThere = [&](int word) {
+        return m_words.at(size_t(word)).match(text).kind != TextMatch::None;
+    };
+    // Typed with blanks between its syllables, a name is found as a whole.
+    if (TextPattern(m_typed).match(text).kind != TextMatch::None)
+        missing->clear();
+    missing->erase(std::remove_if(missing->begin(), missing->end(), isThere), missing->end());
 }
 
 // What tells namesakes apart.

@@ -3,7 +3,8 @@
 // worked out when it is first painted.
 #pragma once
 
-#include "contacts/search/searchindexquery.h"
+#include "common/textmatch.h"
+#include "contacts/search/searchindex.h"
 #include "contacts/search/searchresult.h"
 
 #include <QAbstractListModel>
@@ -11,8 +12,6 @@
 
 #include <optional>
 #include <vector>
-
-class SearchIndex;
 
 namespace SearchRole {
 enum Role
@@ -70,6 +69,8 @@ private:
     QVector<SearchResult> taken(const QVector<SearchResult> &results);
     Shown work(const SearchResult &result) const;
     void addMatch(const SearchEntry &entry, const QString &name, MarkedText *line) const;
+    // Takes off the list the numbers of those words that are in the text.
+    void strike(const QString &text, std::vector<int> *missing) const;
     MarkedText marked(const QString &text, SearchHit::Field field) const;
     void addIdentity(const SearchEntry &entry, MarkedText *line) const;
     QString place(const SearchResult &result, const VcardInfo &profile) const;
@@ -77,7 +78,7 @@ private:
 
     const SearchIndex *m_index;
     QString m_typed;
-    SearchQuery m_query;
+    std::vector<TextPattern> m_words; // of what was typed
     QVector<SearchResult> m_results;
     mutable std::vector<std::optional<Shown>> m_shown; // of each row, once it was asked for
     QHash<Key, int> m_rows;

@@ -94,7 +94,7 @@ private slots:
         for (int i = 0; i < Messages / 10; ++i) {
             if (i % 100 == 50)
                 QCoreApplication::sendPostedEvents();
-            if (i % 100 == 70)
+            if (i % 250 == 70)
                 FakeHost::send(Inbound::ConnectionChanged, true);
             send(i);
         }

@@ -277,6 +277,24 @@ private slots:
         QTRY_COMPARE(rows(), "a b c");
     }
 
+    // Nobody touches anything at midnight.
+    void timesTurnOverByThemselves()
+    {
+        m_page->now = QDateTime(QDate(2026, 3, 5), QTime(23, 59, 59, 900));
+        m_page->make();
+        receive("a", "5 23:58");
+        QTRY_COMPARE(rows(), "a");
+        QCOMPARE(timeText("a"), QStringLiteral("23:58"));
+        bool told = false;
+        connect(m_page->model(), &QAbstractItemModel::dataChanged, m_page->widget.get(),
+                [&told](const QModelIndex &, const QModelIndex &, const QVector<int> &roles) {
+                    told = told || roles.contains(LatestRole::TimeText);
+                });
+        m_page->now = m_page->now.addSecs(1);
+        QTRY_VERIFY(told);
+        QCOMPARE(timeText("a"), QStringLiteral("yesterday"));
+    }
+
     void displayFlag()
     {
         receive("a", "5 10:00");
@@ -348,6 +366,10 @@ private:
     void receive(const char *user, const char *when) const
     {
         m_page->receive(jid(user), QStringLiteral("text"), QLatin1String(when));
+    }
+    QString timeText(const char *user) const
+    {
+        return m_page->of(jid(user), LatestRole::TimeText).toString();
     }
     QString rows() const { return m_page->rows().join(QLatin1Char(' ')); }
     QStringList everything() const
