@@ -96,6 +96,12 @@ FriendWidget::FriendWidget(QWidget *parent)
     setTabOrder(m_searchBox, m_friendTree);
 }
 
+// The focus leaves, and the pages go, when only the base class is left.
+FriendWidget::~FriendWidget()
+{
+    qApp->disconnect(this);
+}
+
 void FriendWidget::layOut()
 {
     m_body->addWidget(m_pages);
@@ -252,10 +258,10 @@ QWidget *FriendWidget::makeLatestPage()
         if (!m_countDue.isActive())
             m_countDue.start();
     };
-    connect(rows, &QAbstractItemModel::dataChanged, this, countSoon);
-    connect(rows, &QAbstractItemModel::rowsInserted, this, countSoon);
-    connect(rows, &QAbstractItemModel::rowsRemoved, this, countSoon);
-    connect(rows, &QAbstractItemModel::modelReset, this, countSoon);
+    connect(rows, &QAbstractItemModel::dataChanged, &m_countDue, countSoon);
+    connect(rows, &QAbstractItemModel::rowsInserted, &m_countDue, countSoon);
+    connect(rows, &QAbstractItemModel::rowsRemoved, &m_countDue, countSoon);
+    connect(rows, &QAbstractItemModel::modelReset, &m_countDue, countSoon);
     return page;
 }
 
