@@ -96,10 +96,12 @@ FriendWidget::FriendWidget(QWidget *parent)
     setTabOrder(m_searchBox, m_friendTree);
 }
 
-// The focus leaves, and the pages go, when only the base class is left.
 FriendWidget::~FriendWidget()
 {
-    qApp->disconnect(this);
+    // What goes with the pages still tells of the focus and the like: not to one that
+    // is half gone.
+    disconnect(qApp, nullptr, this, nullptr);
+    delete m_body;
 }
 
 void FriendWidget::layOut()
@@ -258,10 +260,10 @@ QWidget *FriendWidget::makeLatestPage()
         if (!m_countDue.isActive())
             m_countDue.start();
     };
-    connect(rows, &QAbstractItemModel::dataChanged, &m_countDue, countSoon);
-    connect(rows, &QAbstractItemModel::rowsInserted, &m_countDue, countSoon);
-    connect(rows, &QAbstractItemModel::rowsRemoved, &m_countDue, countSoon);
-    connect(rows, &QAbstractItemModel::modelReset, &m_countDue, countSoon);
+    connect(rows, &QAbstractItemModel::dataChanged, this, countSoon);
+    connect(rows, &QAbstractItemModel::rowsInserted, this, countSoon);
+    connect(rows, &QAbstractItemModel::rowsRemoved, this, countSoon);
+    connect(rows, &QAbstractItemModel::modelReset, this, countSoon);
     return page;
 }
 
