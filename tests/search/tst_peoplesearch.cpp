@@ -34,8 +34,7 @@ private slots:
 
     void whenItIsAsked_data()
     {
-        const Rows<QString, bool, bool, int> row{"text", "online", "right",
-                                                                 "state"};
+        const Rows<QString, bool, bool, int> row{"text", "online", "right", "state"};
         row("one letter", "a", true, true, PeopleSearch::Idle);
         row("two letters", "an", true, true, PeopleSearch::Searching);
         row("one Chinese character", QString::fromUtf8("张"), true, true, PeopleSearch::Searching);
