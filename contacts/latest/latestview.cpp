@@ -124,7 +124,6 @@ void LatestView::slot_menuClick(QAction *action)
     } else if (action == m_menu->action("setGroupToppest") ||
                action == m_menu->action("cancelGroupToppest")) {
         FriendUIEventProcess::pinConversation(jid, action == m_menu->action("setGroupToppest"));
-        emit hub->signal_latestSessionReceived();
     } else if (action == m_menu->action("viewdetail") && actions) {
         actions->openContactDetail(jid);
     } else if (action == m_menu->action("locateEntry")) {
