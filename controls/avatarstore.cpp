@@ -95,6 +95,15 @@ QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
     return QPixmap();
 }
 
+QPixmap AvatarStore::roomAvatar(const QString &file, int size, qreal pixelRatio)
+{
+    const QPixmap own = picture(file, size, pixelRatio);
+    return own.isNull() ? loadRoundPicture(
+                              QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
+                              size, pixelRatio)
+                        : own;
+}
+
 void AvatarStore::refresh(const QString &file)
 {
     const QString prefix = file + QLatin1Char('|');

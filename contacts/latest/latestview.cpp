@@ -73,7 +73,10 @@ void LatestView::prepareMenu(const QModelIndex &index)
     m_settingMenu->action("recivenoremind")->setChecked(silent);
     m_menu->action("viewdetail")->setVisible(kind == MessageData::Person && actions);
     m_menu->action("viewdetail")->setEnabled(actions && actions->canOpenContactDetail());
-    m_menu->action("locateEntry")->setEnabled(actions);
+    // Not a group chat that the user has left, whose conversation stays.
+    MucData room;
+    const bool isThere = kind != MessageData::Room || ctx().mucData(m_menuJid, &room);
+    m_menu->action("locateEntry")->setEnabled(actions && isThere);
 }
 
 void LatestView::contextMenuEvent(QContextMenuEvent *event)

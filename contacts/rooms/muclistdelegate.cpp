@@ -13,16 +13,6 @@ constexpr int CountPixels = 12;
 constexpr int Gap = 4;
 constexpr int ForbiddenSize = 16; // with its rim
 
-QPixmap portrait(const QString &file, qreal ratio)
-{
-    const QPixmap picture = AvatarStore::instance().picture(file, RowPainter::AvatarSize, ratio);
-    return picture.isNull()
-               ? loadRoundPicture(
-                     QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
-                     RowPainter::AvatarSize, ratio)
-               : picture;
-}
-
 // Over the lower right of the avatar.
 void paintForbidden(QPainter *painter, const QRect &avatar, qreal ratio)
 {
@@ -84,7 +74,9 @@ void MucListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     RowPainter row(painter, option);
     row.background();
     painter->translate(shake);
-    row.avatar(portrait(index.data(MucRole::HeadPath).toString(), ratio), false);
+    row.avatar(AvatarStore::instance().roomAvatar(index.data(MucRole::HeadPath).toString(),
+                                                  RowPainter::AvatarSize, ratio),
+               false);
     if (index.data(MucRole::Forbidden).toBool())
         paintForbidden(painter, row.avatarArea(), ratio);
     painter->translate(-shake);
