@@ -99,14 +99,6 @@ private slots:
         QCOMPARE(page.host.last(4251).payload, FakeHost::encode(roomJid("r1"), 1));
     }
 
-    void clickBesideTheRows()
-    {
-        const RoomsFixture page;
-        page.click("r2");
-        QTest::mouseClick(page.view->viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(10, 400));
-        QVERIFY(!page.view->selectionModel()->hasSelection());
-    }
-
     // --- Renaming --------------------------------------------------------------------
 
     void rename_data()

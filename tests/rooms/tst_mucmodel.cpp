@@ -86,21 +86,6 @@ private slots:
         QCOMPARE(model.rowCount(), 0);
     }
 
-    void whatIsSoAlreadyChangesNothing()
-    {
-        MucModel model;
-        model.add(makeRoom("r1", QStringLiteral("a")), QString());
-        const QSignalSpy changes(&model, &QAbstractItemModel::dataChanged);
-        const QString jid = roomJid("r1");
-        QVERIFY(!model.setName(jid, QStringLiteral("a")));
-        QVERIFY(!model.setClassify(jid, Book));
-        QVERIFY(!model.setMemberCount(jid, QString()));
-        QVERIFY(!model.setForbidden(jid, false));
-        QVERIFY(!model.setShake(jid, QPoint()));
-        QVERIFY(!model.setHeadPath(jid, QString()));
-        QCOMPARE(changes.size(), 0);
-    }
-
     void textsFromOthers_data()
     {
         const QString markup = QStringLiteral("<img src=/etc/passwd>&amp;");
