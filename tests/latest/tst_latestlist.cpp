@@ -332,15 +332,44 @@ private slots:
         FakeHost::send(Inbound::LoginChanged, false);
         m_page->host.context.user = QStringLiteral("other");
         FakeHost::send(Inbound::LoginChanged, true);
-        QTRY_COMPARE(rows(), "");
-        receive("b", "5 11:00");
+        receive("b", "5 11:00"); // within the same turn
         QTRY_COMPARE(rows(), "b");
+        QCOMPARE(m_page->stored(jid("b")).unread, 1);
         // Without a word of the log-out, what is left over is nobody's.
         receive("c", "5 11:00");
         m_page->host.context.user = QStringLiteral("me");
         FakeHost::send(Inbound::LoginChanged, true);
         QTRY_COMPARE(rows(), "a");
         QCOMPARE(m_page->of(jid("a"), LatestRole::Unread).toInt(), 2);
+    }
+
+    // While the list is on screen, its file is damaged, and the host or the plug-in has
+    // begun another.
+    void aNewFileGetsWhatIsListed_data()
+    {
+        const Rows<bool> row{"byReload"};
+        row("the file is opened anew", false);
+        row("and found when the list is read", true);
+    }
+    void aNewFileGetsWhatIsListed()
+    {
+        QFETCH(bool, byReload);
+        receive("a", "5 10:00");
+        receive("b", "5 11:00");
+        m_page->settle();
+        LocalDatabase::instance().close();
+        QFile file(m_page->folder.filePath(QStringLiteral("me/localData.db")));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("no database") > 0);
+        file.close();
+        if (byReload)
+            FakeHost::send(Inbound::ConnectionChanged, true);
+        else
+            QVERIFY(LocalDatabase::instance().isOpen());
+        m_page->settle();
+        QTRY_COMPARE(m_page->stored(jid("a")).unread, 1);
+        QCOMPARE(rows(), "b a");
+        m_page->make();
+        QTRY_COMPARE(rows(), "b a");
     }
 
     // The folder of the user is a file: there is no database to be had.
