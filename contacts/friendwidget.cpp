@@ -96,6 +96,14 @@ FriendWidget::FriendWidget(QWidget *parent)
     setTabOrder(m_searchBox, m_friendTree);
 }
 
+FriendWidget::~FriendWidget()
+{
+    // What goes with the pages still tells of the focus and the like: not to one that
+    // is half gone.
+    disconnect(qApp, nullptr, this, nullptr);
+    delete m_body;
+}
+
 void FriendWidget::layOut()
 {
     m_body->addWidget(m_pages);

@@ -25,6 +25,7 @@ class FriendWidget : public QWidget
 
 public:
     explicit FriendWidget(QWidget *parent = nullptr);
+    ~FriendWidget() override;
 
     FriendTreeWidget *friendTree() const { return m_friendTree; }
     MucWidget *rooms() const { return m_rooms; } // null for a user who has no such entry

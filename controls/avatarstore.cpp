@@ -95,7 +95,7 @@ QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
     return QPixmap();
 }
 
-QPixmap AvatarStore::roomAvatar(const QString &file, int size, qreal pixelRatio)
+QPixmap AvatarStore::groupPortrait(const QString &file, int size, qreal pixelRatio)
 {
     const QPixmap own = picture(file, size, pixelRatio);
     return own.isNull() ? loadRoundPicture(

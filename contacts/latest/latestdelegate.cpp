@@ -5,7 +5,7 @@
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
 #include "controls/skin.h"
-#include "hostapi/hostrecords.h"
+#include "hostapi/roomrecords.h"
 
 #include <QWidget>
 
@@ -20,10 +20,11 @@ QPixmap avatar(const QModelIndex &index, qreal ratio)
 {
     const QString file = index.data(LatestRole::Icon).toString();
     AvatarStore &store = AvatarStore::instance();
-    if (index.data(LatestRole::Kind).toInt() == MessageData::Room)
-        return store.roomAvatar(file, RowPainter::AvatarSize, ratio);
-    return store.avatar(file, index.data(LatestRole::Id).toString(),
-                        index.data(LatestRole::Name).toString(), RowPainter::AvatarSize, ratio);
+    return index.data(LatestRole::Kind).toInt() == MessageData::Room
+               ? store.groupPortrait(file, RowPainter::AvatarSize, ratio)
+               : store.avatar(file, index.data(LatestRole::Id).toString(),
+                              index.data(LatestRole::Name).toString(), RowPainter::AvatarSize,
+                              ratio);
 }
 } // namespace
 

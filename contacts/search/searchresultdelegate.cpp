@@ -79,7 +79,8 @@ public:
     {
     }
 
-    int width(const QString &text) const { return m_metrics.horizontalAdvance(text); }
+    // In which the text is not cut.
+    int width(const QString &text) const { return m_metrics.horizontalAdvance(text) + 1; }
 
     // `area` as if text ran from left to right.
     void draw(const QRect &area, const MarkedText &line, Qt::TextElideMode mode) const

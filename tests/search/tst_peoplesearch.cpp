@@ -34,8 +34,7 @@ private slots:
 
     void whenItIsAsked_data()
     {
-        const Rows<QString, bool, bool, int> row{"text", "online", "right",
-                                                                 "state"};
+        const Rows<QString, bool, bool, int> row{"text", "online", "right", "state"};
         row("one letter", "a", true, true, PeopleSearch::Idle);
         row("two letters", "an", true, true, PeopleSearch::Searching);
         row("one Chinese character", QString::fromUtf8("张"), true, true, PeopleSearch::Searching);
@@ -134,6 +133,15 @@ private slots:
         m_search->fetchMore();
         m_service->answer(1, users);
         QCOMPARE(m_search->state(), PeopleSearch::Done);
+    }
+
+    void moreThanWasAskedFor()
+    {
+        ask("us");
+        m_service->answer(
+            0, PeopleService::users(QStringLiteral("us"), 3 * PeopleSearch::MostPerAnswer));
+        QCOMPARE(m_found.size(), int(PeopleSearch::MostPerAnswer));
+        QCOMPARE(m_search->state(), PeopleSearch::More);
     }
 
     void whenTheConnectionComesBack()
