@@ -363,10 +363,10 @@ void LatestList::loadMore()
     if (!m_wasRead)
         return;
     QVector<DBFriendData> rows;
-    const int before = m_model->rowCount();
+    const int before = m_entries.size();
     const auto next = [this] { return LatestContactsTable::pageBehind(m_readTo, PageSize); };
     // A page may hold nobody new: those whom a message has brought up before.
-    while (m_hasMore && m_model->rowCount() == before && m_displayed) {
+    while (m_hasMore && m_entries.size() == before && m_displayed) {
         if (!readPage(next, PageSize, &rows))
             return;
         adopt(rows, false);

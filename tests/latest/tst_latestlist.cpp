@@ -1,6 +1,7 @@
 // What the list of latest contacts holds, and in which order; that it is the same
 // after a restart.
 #include "common/sessionsettings.h"
+#include "controls/rowpainter.h"
 #include "http/httpmgr.h"
 #include "plugin/frienduieventprocess.h"
 #include "tests/latest/latestfixture.h"
@@ -171,6 +172,8 @@ private slots:
         m_page->make();
         QTRY_COMPARE(m_page->rows().size(), 101);
         QCOMPARE(m_page->model()->at(0).row.jid, user(840)); // pinned, far down
+        // Pages come also under the pointer, where no row may move.
+        m_page->model()->setOrderFrozen(true);
         // A row less does not make the next page leave one out.
         emit Hub::instance()->signal_removelatest(user(3));
         scrollUntil(700);
@@ -179,6 +182,7 @@ private slots:
         emit HttpMgr::instance()->signal_clientSettingsLoaded(true);
         QTRY_VERIFY(!m_page->model()->indexOf(user(650)).isValid());
         QVERIFY(m_page->rows().size() >= 699);
+        m_page->model()->setOrderFrozen(false);
         scrollUntil(count - 2);
         QStringList expected{m_page->rows().first()};
         for (int i = 0; i < count; ++i) {
@@ -430,14 +434,19 @@ private:
         }
         return texts;
     }
+    // By the key and the bar in turn.
     void scrollUntil(int rows) const
     {
         QScrollBar *bar = m_page->view()->verticalScrollBar();
         for (int before = 0; m_page->rows().size() < rows;) {
             before = m_page->rows().size();
-            QTRY_VERIFY(bar->maximum() > bar->value());
-            bar->setValue(bar->maximum());
+            QTRY_VERIFY(bar->maximum() > bar->value() + RowPainter::RowHeight);
+            if (before % 200 < 100)
+                bar->setValue(bar->maximum());
+            else
+                QTest::keyClick(m_page->view(), Qt::Key_End);
             QTRY_VERIFY(m_page->rows().size() > before);
+            QVERIFY(m_page->rows().size() <= before + 100);
         }
     }
     // Rows u0000..., in the order of the list; every seventy of them of the same second.
