@@ -122,7 +122,11 @@ private slots:
         row("+86 (138) 0013-8000", SearchHit::Exact, SearchHit::Phones);
         row("８０００", SearchHit::Inside, SearchHit::Phones);
         row("800", -1, 0);
-        row("80008621", -1, 0); // across two numbers
+        row("80008621", -1, 0);                                  // across two numbers
+        row("+86 138-00", SearchHit::Prefix, SearchHit::Phones); // on the way to all of it
+        row("0086 1380", SearchHit::Prefix, SearchHit::Phones);
+        row("86 138-00", -1, 0);
+        row("021 138 0013 8000", SearchHit::Exact, SearchHit::Phones);
         row("hang", -1, 0);
         row("an", -1, 0);
         row("zhang li", -1, 0);
@@ -277,6 +281,8 @@ private slots:
         QCOMPARE(marked("z zhang", "张三", SearchHit::Name), QString::fromUtf8("[张]三"));
         QCOMPARE(marked("38001", "138-0013;21", SearchHit::Phones),
                  QStringLiteral("1[38-001]3;21"));
+        QCOMPARE(marked("+86 138-00", "86;138-0013", SearchHit::Phones),
+                 QStringLiteral("86;[138-00]13"));
         QCOMPARE(marked("x", "张三", SearchHit::Name), QString::fromUtf8("张三"));
     }
 
