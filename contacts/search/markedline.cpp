@@ -57,7 +57,8 @@ MarkedText MarkedLine::fitted(const MarkedText &line, int width, Qt::TextElideMo
 {
     if (this->width(line) <= width)
         return line;
-    const int room = qMax(0, width - marksWidth(line));
+    // Less one for each of two roundings.
+    const int room = qMax(0, width - marksWidth(line) - 2);
     MarkedText cut = line;
     if (mode == Qt::ElideRight && !line.marks.isEmpty()) {
         const int end = line.marks.first().first + line.marks.first().second;
