@@ -180,6 +180,10 @@ private slots:
         QCOMPARE(idsOf(index, "zhs", 1), QStringLiteral("recent1"));
         index.setRecent({QStringLiteral("later")});
         QCOMPARE(idsOf(index, "zhangsan", 3), QStringLiteral("exact later contact"));
+        // Longer than any length that is told apart.
+        index.putAll({person("longer", "欧阳长江中山"), person("whole", "欧阳长江中")});
+        index.setRecent({QStringLiteral("longer")});
+        QCOMPARE(idsOf(index, "ouyangchangjiangzhong", 1), QStringLiteral("whole"));
     }
 
     // Against a matcher that tries everything, and against itself without a limit.
