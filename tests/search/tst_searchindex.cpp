@@ -298,13 +298,17 @@ private slots:
         room.kind = SearchEntry::Room;
         index.put(room);
         QCOMPARE(index.size(), 2);
-        index.put(person("a", "李四"));
+        SearchEntry contact = person("a", "李四");
+        contact.isContact = true;
+        index.put(contact);
+        QCOMPARE(index.contacts(), QStringList{contact.id});
         QCOMPARE(index.size(), 2);
         QCOMPARE(index.search(QStringLiteral("zs"), 9).size(), 0);
         QCOMPARE(idsOf(index, "ls"), QStringLiteral("a"));
         QCOMPARE(index.find(SearchEntry::Room, QStringLiteral("a"))->name, room.name);
         QVERIFY(index.remove(SearchEntry::Person, QStringLiteral("a")));
         QVERIFY(!index.remove(SearchEntry::Person, QStringLiteral("a")));
+        QCOMPARE(index.contacts(), QStringList());
         QCOMPARE(index.search(QStringLiteral("ls"), 9).size(), 0);
         QVERIFY(!index.find(SearchEntry::Person, QStringLiteral("a")));
         QCOMPARE(index.size(), 1);
