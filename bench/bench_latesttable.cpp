@@ -70,15 +70,35 @@ double readPages(int pages)
 
 double readIndexed()
 {
-    const bool indexed =
-        exec("CREATE INDEX IF NOT EXISTS latestfriendnewbytime ON latestfriendnew (time)");
+    const bool indexed = exec(
+        "CREATE INDEX IF NOT EXISTS latestfriendnewinorder ON latestfriendnew (time, jid DESC)");
     LatestContactsTable::page(1, 0);
     return indexed ? readPages(Pages) : -1;
 }
 
 double readUnindexed()
 {
-    return exec("DROP INDEX IF EXISTS latestfriendnewbytime") ? readPages(1) : -1;
+    return exec("DROP INDEX IF EXISTS latestfriendnewinorder") ? readPages(1) : -1;
+}
+
+// The last page but one, whose place is known, and by counting the rows before it.
+double readFarDown()
+{
+    const DBFriendData last = contact(Rows - 2 * Page - 1);
+    int rows = 0;
+    const double cost = Ratio::cpuPerUnit(Pages, [&] {
+        for (int i = 0; i < Pages; ++i)
+            rows += LatestContactsTable::pageBehind({last.time, last.jid}, Page).size();
+    });
+    return rows == Pages * Page ? cost : -1;
+}
+
+double countFarDown()
+{
+    int rows = 0;
+    const double cost = Ratio::cpuPerUnit(
+        1, [&rows] { rows = LatestContactsTable::page(Page, Rows - 2 * Page).size(); });
+    return rows == Page ? cost : -1;
 }
 
 // --- Without the toolkit -----------------------------------------------------------
@@ -242,6 +262,9 @@ const bool registered[] = {
         {"First page of 100,000 latest contacts, without the index on time", "page",
          Ratio::timesFaster(100)},
         [] { return withHistory(readIndexed, [](const LocalUser &) { return readUnindexed(); }); }),
+    Ratio::add(
+        {"Page far down of 100,000 latest contacts, by OFFSET", "page", Ratio::timesFaster(50)},
+        [] { return withHistory(readFarDown, [](const LocalUser &) { return countFarDown(); }); }),
     Ratio::add({"First page of 100,000 latest contacts, the library without the toolkit", "page",
                 Ratio::atMostTimes(2)},
                [] {

@@ -93,12 +93,16 @@ bool CAllUserInfoDB::run(QSqlQuery *query, const QString &statement, const char 
                          const QString &key)
 {
     query->setForwardOnly(true);
-    if (query->exec(statement))
-        return true;
+    return told(*query, query->exec(statement), caller, key);
+}
+
+bool CAllUserInfoDB::told(const QSqlQuery &query, bool done, const char *caller, const QString &key)
+{
     // Not the statement: it holds phone numbers.
-    LOG_ERROR(caller << "(),ERROR:" << logText(query->lastError().text())
-                     << ".uid=" << logText(key));
-    return false;
+    if (!done)
+        LOG_ERROR(caller << "(),ERROR:" << logText(query.lastError().text())
+                         << ".uid=" << logText(key));
+    return done;
 }
 
 bool CAllUserInfoDB::save(const QString &uid, const QString &enterprise, const QString &account,
@@ -118,8 +122,10 @@ bool CAllUserInfoDB::save(const QString &uid, const QString &enterprise, const Q
                            assignments(enterprise, account, phone) + OfUid + quoted(uid),
                        caller, uid);
         }
-        return m_file->run(Insert + Table + InsertColumns, {uid, enterprise, account, phone},
-                           caller);
+        query.prepare(Insert + Table + InsertColumns);
+        for (const QString &value : {uid, enterprise, account, phone})
+            query.addBindValue(value.isNull() ? QStringLiteral("") : value);
+        return told(query, query.exec(), caller, uid);
     });
 }
 

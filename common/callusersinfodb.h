@@ -39,6 +39,8 @@ public:
 private:
     SqliteFile::Outcome makeTable(QString *problem);
     bool run(QSqlQuery *query, const QString &statement, const char *caller, const QString &key);
+    // Logs what was not done, and returns `done`.
+    bool told(const QSqlQuery &query, bool done, const char *caller, const QString &key);
     bool removeWhere(const QString &condition, const char *caller, const QString &key);
 
     std::unique_ptr<SqliteFile> m_file;

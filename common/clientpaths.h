@@ -16,7 +16,7 @@ QString normalized(const QString &path);
 
 QString documentsFolder();
 QString clientDataFolder();      // ends with "/"
-QString allUsersDatabaseFile(); // absolute
+QString allUsersDatabaseFile();  // absolute
 QString versionFile();           // of the installed client
 QString clientInformationFile(); // shared by all users of the client
 QString applicationDataFolder();

@@ -11,14 +11,21 @@ namespace {
 const QString ConnectionName = QStringLiteral("VeltraIMLocal");
 const QString MutedNobody = QStringLiteral("SELECT 1 FROM sessionsetting WHERE sessionJid IS NULL");
 const QString UnmuteNobody = QStringLiteral("DELETE FROM sessionsetting WHERE sessionJid IS NULL");
+const QString Timeless = QStringLiteral("SELECT 1 FROM latestfriendnew WHERE time IS NULL");
+const QString EmptyTime = QStringLiteral("UPDATE latestfriendnew SET time = '' WHERE time IS NULL");
 constexpr int RetryMs = 5000; // trying takes a second while another process holds the file
 
 SqliteFile::Outcome prepareTables(SqliteConnection *base, QString *problem)
 {
     const SqliteFile::Outcome outcome = bringUpToDate(base, LocalTables::all(), problem);
+    if (outcome != SqliteFile::Usable)
+        return outcome;
     // Older tables allow it, and to "NOT IN" one NULL is everybody.
-    if (outcome == SqliteFile::Usable && base->value(MutedNobody).isValid())
+    if (base->value(MutedNobody).isValid())
         base->run(UnmuteNobody, {}, "LocalDatabase::open");
+    // A page is read from a time on, and NULL is neither before nor behind one.
+    if (base->value(Timeless).isValid())
+        base->run(EmptyTime, {}, "LocalDatabase::open");
     return outcome;
 }
 } // namespace

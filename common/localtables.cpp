@@ -16,7 +16,8 @@ const QVector<SqliteTable> &LocalTables::all()
          "VARCHAR(100), signature VARCHAR(100), time VARCHAR(100), lastcontent VARCHAR(1000), "
          "onjob VARCHAR(100), issystemnotice INT, appkey VARCHAR(100), isTop INT, isLocalSession "
          "INT)",
-         {"CREATE INDEX IF NOT EXISTS latestfriendnewbytime ON latestfriendnew (time)",
+         // With the jid, so that rows of one second have an order, and the list's own.
+         {"CREATE INDEX IF NOT EXISTS latestfriendnewinorder ON latestfriendnew (time, jid DESC)",
           "CREATE INDEX IF NOT EXISTS latestfriendnewtop ON latestfriendnew (time) WHERE isTop = "
           "1"}},
         {"deletedfriendnew",

@@ -13,6 +13,7 @@ const QString UpdateAll =
     QStringLiteral("UPDATE sessionsetting SET isNotHint = 'F' WHERE isNotHint = 'T'");
 const QString InsertOne =
     QStringLiteral("INSERT INTO sessionsetting (sessionJid, isNotHint) VALUES (?, ?)");
+const QString SetPinned = QStringLiteral("UPDATE latestfriendnew SET isTop = ? WHERE jid = ?");
 
 // Not "INSERT OR REPLACE": the host may have columns of its own in the row.
 bool store(const QString &jid, bool muted)
@@ -71,4 +72,10 @@ QSet<QString> SessionSettings::muted()
             jids.insert(query.value(0).toString());
     }
     return jids;
+}
+
+bool SessionSettings::setPinned(const QString &jid, bool pinned)
+{
+    return LocalDatabase::instance().run(SetPinned, {pinned ? 1 : 0, jid},
+                                         "SessionSettings::setPinned");
 }

@@ -159,7 +159,7 @@ bool SqliteFile::setAside(QString *problem)
         return false;
     }
     // They belong to the damaged file and would be replayed into the new one.
-    for (const char *suffix : {"-wal", "-shm"}) {
+    for (const char *suffix : {"-wal", "-shm", "-journal"}) {
         const QString journal = m_fileName + QString::fromLatin1(suffix);
         if (QFile::exists(journal))
             QFile::rename(journal, target + QString::fromLatin1(suffix));

@@ -30,8 +30,11 @@ Changes missingIn(const SqliteConnection &file, const QVector<SqliteTable> &tabl
         const QString name = QString::fromLatin1(table.name);
         QSqlQuery query(file.database());
         QSet<QString> present; // in lower case: SQLite minds none
-        if (!query.exec(QLatin1String("PRAGMA table_info(") + name + QLatin1Char(')')))
+        if (!query.exec(QLatin1String("PRAGMA table_info(") + name + QLatin1Char(')'))) {
+            // With the first: each would wait for the same lock.
             changes.isKnown = false;
+            return changes;
+        }
         while (query.next())
             present.insert(query.value(1).toString().toLower());
         if (present.isEmpty()) {
@@ -72,8 +75,13 @@ bool runAll(const SqliteConnection &file, const QStringList &statements,
 SqliteFile::Outcome bringUpToDate(SqliteConnection *file, const QVector<SqliteTable> &tables,
                                   QString *problem)
 {
+    const QString name = file->database().databaseName();
     Changes changes = missingIn(*file, tables);
-    if (changes.isKnown && changes.statements.isEmpty() && runAll(*file, {}, tables))
+    if (!changes.isKnown) {
+        *problem = QStringLiteral("%1 cannot be read.").arg(name);
+        return SqliteFile::Refused;
+    }
+    if (changes.statements.isEmpty() && runAll(*file, {}, tables))
         return SqliteFile::Usable;
     // Once more, now that no other process can be at the same work.
     const bool done = file->inTransaction([&] {
@@ -84,7 +92,6 @@ SqliteFile::Outcome bringUpToDate(SqliteConnection *file, const QVector<SqliteTa
     file->forgetStatements();
     if (done)
         return SqliteFile::Usable;
-    const QString name = file->database().databaseName();
     *problem = changes.foreignTable.isEmpty()
                    ? QStringLiteral("%1 cannot be upgraded.").arg(name)
                    : QStringLiteral("%1: the table %2 is of another program.")

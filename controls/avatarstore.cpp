@@ -92,6 +92,15 @@ QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
     return QPixmap();
 }
 
+QPixmap AvatarStore::groupPortrait(const QString &file, int size, qreal pixelRatio)
+{
+    const QPixmap own = picture(file, size, pixelRatio);
+    return own.isNull() ? loadRoundPicture(
+                              QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
+                              size, pixelRatio)
+                        : own;
+}
+
 void AvatarStore::refresh(const QString &file)
 {
     m_cache.remove(file);

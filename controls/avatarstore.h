@@ -30,6 +30,9 @@ public:
     // The picture alone; null until it is there, and when there is none.
     QPixmap picture(const QString &file, int size, qreal pixelRatio);
 
+    // A group chat's picture, or the portrait of all that have none.
+    QPixmap groupPortrait(const QString &file, int size, qreal pixelRatio);
+
     // Forgets what is known of a file, because it was written anew.
     void refresh(const QString &file);
 

@@ -22,6 +22,8 @@ InputBox *InputBox::ask(QWidget *parent, const QString &title, const QString &la
     box->setTextValue(preset);
     box->m_check = check;
     box->m_accepted = accepted;
+    if (auto *edit = box->findChild<QLineEdit *>())
+        edit->selectAll(); // typing replaces what is there
     box->resize(320, box->sizeHint().height());
     box->open();
     return box;

@@ -253,11 +253,16 @@ void RowPainter::badge(int count)
     m_secondTaken += size.width() + SmallGap;
 }
 
+QColor RowPainter::secondaryColor() const
+{
+    const bool selected = m_option.state.testFlag(QStyle::State_Selected);
+    return m_secondary.isValid() && !selected ? m_secondary : Skin::instance().quietText(selected);
+}
+
 void RowPainter::texts(const QString &first, const QString &second, bool faded)
 {
     const Skin::Colors &colors = Skin::instance().colors();
-    const QColor quiet =
-        Skin::instance().quietText(m_option.state.testFlag(QStyle::State_Selected));
+    const bool selected = m_option.state.testFlag(QStyle::State_Selected);
     const QFont firstFont = skinFont(NamePixels);
     const QFont secondFont = skinFont(SecondPixels);
     const QFontMetrics firstMetrics(firstFont);
@@ -270,12 +275,12 @@ void RowPainter::texts(const QString &first, const QString &second, bool faded)
         upper = firstLine();
         const QRect lower = secondLine();
         m_painter->setFont(secondFont);
-        m_painter->setPen(quiet);
+        m_painter->setPen(secondaryColor());
         m_painter->drawText(visual(lower), int(side) | Qt::TextSingleLine,
                             secondMetrics.elidedText(second, Qt::ElideRight, lower.width()));
     }
     m_painter->setFont(firstFont);
-    m_painter->setPen(faded ? quiet : colors.text);
+    m_painter->setPen(faded ? Skin::instance().quietText(selected) : colors.text);
     m_painter->drawText(visual(upper), int(side) | Qt::TextSingleLine,
                         firstMetrics.elidedText(first, Qt::ElideRight, upper.width()));
 }

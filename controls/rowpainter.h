@@ -54,6 +54,11 @@ public:
     static QSize badgeSize(int count);
     static void drawBadge(QPainter *painter, const QRect &area, int count);
 
+    // The colour of a row's less important texts instead of the skin's. On a selected
+    // row it gives way to what can be read there.
+    void setSecondaryColor(const QColor &color) { m_secondary = color; }
+    QColor secondaryColor() const;
+
     // `second` may be empty; texts are cut with an ellipsis.
     void texts(const QString &first, const QString &second, bool faded);
 
@@ -74,6 +79,7 @@ private:
     const QStyleOptionViewItem &m_option;
     QRect m_left; // the part of the row that nothing was painted on yet
     QRect m_avatar;
+    QColor m_secondary;    // invalid: the skin's
     int m_firstTaken = 0;  // pixels at the right of the first line
     int m_secondTaken = 0; // and of the second
 };

@@ -72,6 +72,20 @@ void ChatLevers::newLocalRoom()
         m_core->receiveMessage(people.first(), room, tr("I have made a group chat for us."));
 }
 
+void ChatLevers::somebodyWrites()
+{
+    const MucData room = nextRoom([](const MucData &) { return true; });
+    const QList<MucMemberData> members = m_core->roomMembers(room.roomJid);
+    for (int i = 0; i < members.size(); ++i) {
+        const MucMemberData &member = members.at((m_turn + i) % members.size());
+        if (member.jid == m_core->ownJid())
+            continue;
+        m_core->receiveMessage(member.jid, room.roomJid,
+                               SampleMessages::body(quint64(m_turn), member.name));
+        return;
+    }
+}
+
 void ChatLevers::somebodyJoins()
 {
     const MucData room = nextRoom([](const MucData &) { return true; });
@@ -86,6 +100,8 @@ void ChatLevers::somebodyJoins()
 void ChatLevers::addRoomLevers()
 {
     const auto any = [](const MucData &) { return true; };
+    addLever("roomWritten", QT_TR_NOOP("Somebody writes in a group chat"),
+             [this] { somebodyWrites(); });
     addLever("roomForbidden", QT_TR_NOOP("Forbid writing in a group chat"),
              [this] { switchForbidden(true); });
     addLever("roomAllowed", QT_TR_NOOP("Allow writing in a group chat again"),

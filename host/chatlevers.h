@@ -41,6 +41,7 @@ private:
     QString nextChannel();
     void switchForbidden(bool forbidden);
     void newLocalRoom();
+    void somebodyWrites();
     void somebodyJoins();
     void burstOn();
     void retranslate();

@@ -39,6 +39,24 @@ QIcon icon(bool cross)
     return pixmap;
 }
 
+// The toolkit's frames are darker than the window, which is not seen in the dark.
+void drawFrame(QStyle::PrimitiveElement element, const QStyleOption *option, QPainter *painter)
+{
+    const bool focused =
+        element == QStyle::PE_FrameLineEdit && option->state & QStyle::State_HasFocus;
+    if (focused || option->palette.color(QPalette::Window).lightness() > 127)
+        return;
+    constexpr qreal Radius = 2;
+    QColor frame = option->palette.color(QPalette::PlaceholderText);
+    frame.setAlpha(element == QStyle::PE_FrameLineEdit ? 90 : 200);
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(frame);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
+    painter->restore();
+}
+
 } // namespace
 
 HostStyle::HostStyle() : QProxyStyle(QStringLiteral("Fusion"))
@@ -51,6 +69,8 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
 {
     if (element != PE_IndicatorTabClose) {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (element == PE_IndicatorCheckBox || element == PE_FrameLineEdit)
+            drawFrame(element, option, painter);
         return;
     }
     const bool hovered = option->state & State_Enabled && option->state & State_MouseOver;

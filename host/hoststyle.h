@@ -1,5 +1,6 @@
-// Fusion, with the few signs that it draws in black whatever the palette, and
-// without pictures on the buttons of dialogs, which desktops switch on or off.
+// Fusion, with the few signs that it draws in black whatever the palette, with frames
+// that are seen in the dark, and without pictures on the buttons of dialogs, which
+// desktops switch on or off.
 #pragma once
 
 #include <QProxyStyle>

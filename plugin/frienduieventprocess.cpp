@@ -1,6 +1,7 @@
 #include "plugin/frienduieventprocess.h"
 
 #include "common/logging.h"
+#include "common/sessionsettings.h"
 #include "hostapi/baseevent.h"
 #include "hostapi/eventcatalogue.h"
 #include "plugin/frienduimessageprocess.h"
@@ -132,7 +133,10 @@ void FriendUIEventProcess::cancelTransfers(const QString &jid)
 
 void FriendUIEventProcess::pinConversation(const QString &jid, bool top)
 {
+    // Before the lists ask: they may not have read this conversation's row yet.
+    SessionSettings::setPinned(jid, top);
     request(Outbound::PinConversation, jid, top);
+    emit FriendUISignalSender::instance()->signal_latestSessionReceived();
 }
 
 void FriendUIEventProcess::showPicture(const QString &jid, const QString &path)

@@ -67,6 +67,7 @@ public:
     static void openHistory(const QString &jid, MessageData::Kind kind);
     static void createGroupChat(const QStringList &jids); // empty: just the dialog
     static void cancelTransfers(const QString &jid);
+    // Also tells the lists, by signal_latestSessionReceived, to ask for the pins again.
     static void pinConversation(const QString &jid, bool top);
     static void showPicture(const QString &jid, const QString &path); // path: a local file
     static void openTopicPage(const QString &jid);

@@ -35,7 +35,8 @@ CCustomerServerPage::CCustomerServerPage(QWidget *parent)
     m_title->setFont(skinFont(TitlePixels));
     m_title->setFixedHeight(TitleHeight);
     m_title->setContentsMargins(12, 0, 12, 0);
-    followSkin(m_title);
+    colourTitle();
+    connect(&Skin::instance(), &Skin::changed, this, &CCustomerServerPage::colourTitle);
     m_emptyPage->setObjectName(QStringLiteral("nocustomer"));
     m_pages->addWidget(m_emptyPage);
     m_pages->addWidget(m_list);
@@ -129,6 +130,14 @@ void CCustomerServerPage::retranslate()
 {
     m_title->setText(QObject::tr("customer"));
     m_list->setAccessibleName(m_title->text());
+}
+
+void CCustomerServerPage::colourTitle()
+{
+    QPalette palette = Skin::instance().palette();
+    if (!Skin::instance().isDark())
+        palette.setColor(QPalette::WindowText, QColor(49, 49, 49));
+    m_title->setPalette(palette);
 }
 
 void CCustomerServerPage::changeEvent(QEvent *event)

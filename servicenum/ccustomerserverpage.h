@@ -36,6 +36,7 @@ private:
     void readPins();
     void showState();
     void retranslate();
+    void colourTitle();
 
     QLabel *m_title;
     QStackedWidget *m_pages;

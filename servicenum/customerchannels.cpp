@@ -1,6 +1,7 @@
 #include "servicenum/customerchannels.h"
 
 #include "common/context.h"
+#include "common/localdatabase.h"
 #include "common/logging.h"
 #include "controls/avatarstore.h"
 #include "plugin/frienduisignalsender.h"
@@ -15,6 +16,21 @@ QString knownPicture(const CSChannelData &data)
 {
     const QString file = data.photoName.isEmpty() ? QString() : ctx().headPath(data.photoName);
     return file.isEmpty() ? ctx().headPath(data.id) : file;
+}
+
+// What the list of latest contacts has stored in an earlier session, or while the
+// channel was away.
+int storedUnread(const QString &id)
+{
+    LocalDatabase &database = LocalDatabase::instance();
+    QSqlQuery query =
+        database.prepared(QStringLiteral("SELECT unread FROM latestunread WHERE jid = ?"));
+    query.bindValue(0, id);
+    const bool known =
+        database.isOpen() && database.run(&query, "CustomerChannels::add") && query.next();
+    const int unread = known ? qMax(0, query.value(0).toInt()) : 0;
+    query.finish();
+    return unread;
 }
 } // namespace
 
@@ -57,7 +73,8 @@ void CustomerChannels::add(const CSChannelData &data)
     }
     const auto known = m_channels.find(data.id);
     if (known == m_channels.end()) {
-        m_channels.insert(data.id, {data, knownPicture(data), m_delivered++, 0});
+        m_channels.insert(data.id,
+                          {data, knownPicture(data), m_delivered++, storedUnread(data.id)});
     } else if (sameFields(known->data, data)) {
         return;
     } else {

@@ -38,6 +38,7 @@ void CustomerServerListDelegate::paint(QPainter *painter, const QStyleOptionView
     if (isPinned)
         panel.backgroundBrush = skin.colors().side;
     RowPainter row(painter, panel);
+    row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
     row.background();
     row.avatar(AvatarStore::instance().avatar(index.data(ChannelRole::Picture).toString(),
                                               index.data(ChannelRole::Id).toString(), name,

@@ -516,7 +516,7 @@
     </message>
     <message>
         <source>localGroup</source>
-        <translation>Local groups</translation>
+        <translation>Local</translation>
     </message>
     <message>
         <source>locateEntry</source>
@@ -2009,6 +2009,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Somebody has come into &quot;%1&quot;.</source>
         <translation>Somebody has come into &quot;%1&quot;.</translation>
+    </message>
+    <message>
+        <source>Somebody writes in a group chat</source>
+        <translation>Somebody writes in a group chat</translation>
     </message>
     <message>
         <source>Forbid writing in a group chat</source>

@@ -476,7 +476,7 @@
     </message>
     <message>
         <source>kindRoom</source>
-        <translation>群聊</translation>
+        <translation>讨论组</translation>
     </message>
     <message>
         <source>kindServiceNumber</source>
@@ -1437,11 +1437,11 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
     <message>
         <source>New group chat</source>
-        <translation>新建群聊</translation>
+        <translation>创建讨论组</translation>
     </message>
     <message>
         <source>Subject</source>
-        <translation>群聊名称</translation>
+        <translation>讨论组名称</translation>
     </message>
     <message>
         <source>There is no file transfer with %1 to cancel.</source>
@@ -2011,6 +2011,10 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>“%1”有新成员加入。</translation>
     </message>
     <message>
+        <source>Somebody writes in a group chat</source>
+        <translation>有人在讨论组中发言</translation>
+    </message>
+    <message>
         <source>Forbid writing in a group chat</source>
         <translation>在一个讨论组中被禁言</translation>
     </message>
@@ -2083,7 +2087,7 @@ The people of the sample company come, go and answer by themselves; the event mo
     <name>RoomManagement</name>
     <message>
         <source>%1 (owner)</source>
-        <translation>%1（群主）</translation>
+        <translation>%1（所有者）</translation>
     </message>
     <message>
         <source>%1 (manager)</source>
@@ -2091,7 +2095,7 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
     <message>
         <source>You own this group chat.</source>
-        <translation>您是群主。</translation>
+        <translation>您是所有者。</translation>
     </message>
     <message>
         <source>You are one of the managers.</source>
@@ -2115,7 +2119,7 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
     <message>
         <source>%1 will own the group chat, and you will be a member. Only the new owner can undo this.</source>
-        <translation>%1 将成为群主，您将成为普通成员。只有新群主才能撤销。</translation>
+        <translation>%1 将成为所有者，您将成为普通成员。只有新的所有者才能撤销。</translation>
     </message>
     <message>
         <source>Hand over</source>

@@ -22,9 +22,13 @@ constexpr int MaximumContent = 1000; // characters
 
 // The columns of the list, and the others of the full row: one statement reads both. The
 // plan is the same, and a page takes a fifth of the time of looking up each listed jid.
-const QString FullRow =
-    QStringLiteral("SELECT jid, displayname, icon, signature, time, onjob, accountNo, lastcontent, "
-                   "issystemnotice, appkey, isTop FROM " TABLE);
+#define FULL_ROW                                                                                   \
+    "SELECT jid, displayname, icon, signature, time, onjob, accountNo, lastcontent, "              \
+    "issystemnotice, appkey, isTop FROM "
+const QString FullRow = QStringLiteral(FULL_ROW TABLE);
+// An OFFSET counts its way there through the whole filter, row for row.
+const QString FullRowBehind =
+    QStringLiteral(FULL_ROW "(SELECT * FROM " TABLE " WHERE time <= ? AND (time < ? OR jid > ?))");
 const QString FilterNamed = QStringLiteral(FILTER_START FILTER_NAMED FILTER_END);
 const QString FilterAll = QStringLiteral(FILTER_START FILTER_END);
 const QString OfJid = QStringLiteral(" WHERE jid = ?");
@@ -48,7 +52,6 @@ const QString UpdateRest =
                    "appkey = ?, isTop = ? WHERE jid = ?");
 const QString Rename = QStringLiteral("UPDATE " TABLE " SET displayname = ? WHERE jid = ?");
 const QString SetIcon = QStringLiteral("UPDATE " TABLE " SET icon = ? WHERE jid = ?");
-const QString SetTop = QStringLiteral("UPDATE " TABLE " SET isTop = ? WHERE jid = ?");
 const QString DeleteOne = QStringLiteral("DELETE FROM " TABLE " WHERE jid = ?");
 const QString DeleteAll = QStringLiteral("DELETE FROM " TABLE);
 
@@ -229,6 +232,19 @@ QVector<DBFriendData> LatestContactsTable::page(int limit, int offset, Names nam
     return rows;
 }
 
+QVector<DBFriendData> LatestContactsTable::pageBehind(const Place &place, int limit)
+{
+    QVector<DBFriendData> rows = rowsOf(
+        statementBehind(), {place.time, place.time, place.jid, limit}, "LatestContactsTable::page");
+    addUnread(&rows);
+    return rows;
+}
+
+QString LatestContactsTable::statementBehind()
+{
+    return FullRowBehind + FilterNamed + QStringLiteral(" LIMIT ?");
+}
+
 QVector<DBFriendData> LatestContactsTable::pinned()
 {
     // By isListable() and not by the filter: this way the index of the pinned rows
@@ -289,11 +305,6 @@ bool LatestContactsTable::rename(const QString &jid, const QString &name)
 bool LatestContactsTable::setIcon(const QString &jid, const QString &icon)
 {
     return base().run(SetIcon, {storable(icon), jid}, "LatestContactsTable::setIcon");
-}
-
-bool LatestContactsTable::setTop(const QString &jid, bool top)
-{
-    return base().run(SetTop, {top ? 1 : 0, jid}, "LatestContactsTable::setTop");
 }
 
 bool LatestContactsTable::setUnread(const QString &jid, int count)

@@ -19,6 +19,14 @@ enum Names
 // Rows `offset`.. of those that may be listed, the newest first, complete records;
 // limit 0: all. The order is by time alone: pinned ones are not first.
 QVector<DBFriendData> page(int limit, int offset, Names names = Named);
+// Where a row stands among those that page() lists: by its time as stored, the rows of
+// one second by the jid.
+struct Place
+{
+    QString time, jid;
+};
+// The next ones behind that place, which takes the same time however far down it is.
+QVector<DBFriendData> pageBehind(const Place &place, int limit);
 // The pinned ones of those that may be listed.
 QVector<DBFriendData> pinned();
 bool find(const QString &jid, DBFriendData *out);
@@ -30,7 +38,6 @@ bool newest(QString *time, QString *content);
 bool store(const QVector<DBFriendData> &records);
 bool rename(const QString &jid, const QString &name);
 bool setIcon(const QString &jid, const QString &icon);
-bool setTop(const QString &jid, bool top);
 bool setUnread(const QString &jid, int count); // in a table of its own
 bool remove(const QString &jid);
 bool clear(); // every row, listed or not
@@ -39,7 +46,9 @@ bool clear(); // every row, listed or not
 // come.
 bool isListable(const DBFriendData &record, bool muted, Names names = Named);
 
-// The query of page() without its limit, for who asks how it is carried out.
+// The queries of page(), without its limit, and of pageBehind(), for who asks how they
+// are carried out.
 QString listStatement(Names names = Named);
+QString statementBehind();
 
 } // namespace LatestContactsTable

@@ -5,6 +5,7 @@
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
 #include "controls/skin.h"
+#include "hostapi/roomrecords.h"
 
 #include <QWidget>
 
@@ -13,6 +14,17 @@ QPixmap glyph(const char *name, qreal ratio, const QColor &color)
 {
     return loadPicture(QStringLiteral("Resources/images/icon/%1.png").arg(QLatin1String(name)),
                        RowPainter::SmallMarkSize, ratio, color);
+}
+
+QPixmap avatar(const QModelIndex &index, qreal ratio)
+{
+    const QString file = index.data(LatestRole::Icon).toString();
+    AvatarStore &store = AvatarStore::instance();
+    return index.data(LatestRole::Kind).toInt() == MessageData::Room
+               ? store.groupPortrait(file, RowPainter::AvatarSize, ratio)
+               : store.avatar(file, index.data(LatestRole::Id).toString(),
+                              index.data(LatestRole::Name).toString(), RowPainter::AvatarSize,
+                              ratio);
 }
 } // namespace
 
@@ -42,10 +54,7 @@ void LatestDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
         panel.backgroundBrush = colors.side;
     RowPainter row(painter, panel);
     row.background();
-    row.avatar(AvatarStore::instance().avatar(index.data(LatestRole::Icon).toString(),
-                                              index.data(LatestRole::Id).toString(), name,
-                                              RowPainter::AvatarSize, ratio),
-               false);
+    row.avatar(avatar(index, ratio), false);
     if (index.data(LatestRole::ShowsPresence).toBool())
         row.presence(presence);
     if (index.data(LatestRole::Muted).toBool())

@@ -3,9 +3,8 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "contacts/latest/latesttime.h"
+#include "controls/pictures.h"
 #include "messages/messagebody.h"
-
-#include <QFileInfo>
 
 namespace {
 constexpr int MaximumContent = 1000; // characters of the table's column
@@ -76,11 +75,7 @@ QString givenIcon(const QString &icon)
     if (icon.isEmpty())
         return QStringLiteral("");
     const QString known = ctx().headPath(icon);
-    if (!known.isEmpty())
-        return known;
-    const bool local = QFileInfo(icon).isAbsolute() && !icon.startsWith(QLatin1String("//")) &&
-                       !icon.startsWith(QLatin1String("\\\\"));
-    return local ? icon : QStringLiteral("");
+    return known.isEmpty() ? localPicture(icon) : known;
 }
 } // namespace
 

@@ -14,8 +14,20 @@
 
 namespace {
 constexpr int FrameMs = 16;
-// How far beyond the rows that were read pins are looked for.
-constexpr int PinSearchRows = 3 * LatestList::PageSize;
+// Of rows that are read anew at once: what takes no longer than a frame.
+constexpr int MostReadAnew = 5 * LatestList::PageSize;
+
+using Place = LatestContactsTable::Place;
+
+Place placeOf(const DBFriendData &row)
+{
+    return {row.time, row.jid};
+}
+
+bool standsBehind(const Place &place, const Place &other)
+{
+    return place.time != other.time ? place.time < other.time : place.jid > other.jid;
+}
 } // namespace
 
 LatestList::LatestList(QObject *parent)
@@ -93,9 +105,9 @@ void LatestList::showChanges()
 
 // --- Changes ---------------------------------------------------------------------
 
-LatestEntry LatestList::makeEntry(const DBFriendData &row) const
+LatestEntry LatestList::makeEntry(const DBFriendData &row, const QDateTime &now) const
 {
-    LatestEntry entry = makeLatestEntry(row, now());
+    LatestEntry entry = makeLatestEntry(row, now);
     entry.muted = m_muted.contains(row.jid);
     return entry;
 }
@@ -109,7 +121,7 @@ LatestEntry *LatestList::entryOf(const QString &jid)
     if (!LatestContactsTable::find(jid, &stored))
         return nullptr;
     m_changed.insert(jid); // it has no row yet
-    return &*m_entries.insert(jid, makeEntry(stored));
+    return &*m_entries.insert(jid, makeEntry(stored, now()));
 }
 
 void LatestList::message(const DBFriendData &row, bool received)
@@ -118,7 +130,7 @@ void LatestList::message(const DBFriendData &row, bool received)
         m_user = ctx().ownJid();
     LatestEntry *entry = entryOf(row.jid);
     if (!entry)
-        entry = &*m_entries.insert(row.jid, makeEntry(row));
+        entry = &*m_entries.insert(row.jid, makeEntry(row, now()));
     DBFriendData renewed = row;
     renewed.isTop = entry->row.isTop;
     renewed.unread = received ? entry->row.unread + 1 : 0;
@@ -189,8 +201,6 @@ bool LatestList::remove(const QString &jid)
     drop(jid);
     if (!LatestContactsTable::remove(jid))
         emit notStored();
-    // One row less stands before what was not read yet.
-    m_offset = std::max(0, m_offset - 1);
     if (m_model->rowCount() < PageSize / 2)
         loadMore();
     return true;
@@ -209,7 +219,7 @@ void LatestList::forgetUser()
     m_changed.clear();
     m_writer.forgetAll();
     m_model->clear();
-    m_offset = 0;
+    m_readTo = Place();
     m_hasMore = true;
     m_wasRead = false;
 }
@@ -221,21 +231,14 @@ void LatestList::setMuted(const QString &jid, bool muted)
     else
         m_muted.remove(jid);
     const auto apply = [muted](LatestEntry &entry) { entry.muted = muted; };
-    if (changeStored(jid, apply, 0) && muted)
-        m_offset = std::max(0, m_offset - 1);
+    changeStored(jid, apply, 0);
 }
 
 void LatestList::readPins()
 {
     // Somebody may have been pinned who was not read yet.
-    if (m_hasMore) {
-        save();
-        const QVector<DBFriendData> further = LatestContactsTable::page(PinSearchRows, m_offset);
-        QVector<DBFriendData> pinned;
-        std::copy_if(further.begin(), further.end(), std::back_inserter(pinned),
-                     [](const DBFriendData &row) { return ctx().isSessionTop(row.jid); });
-        adopt(pinned, false);
-    }
+    if (m_hasMore)
+        adopt(LatestContactsTable::pinned(), false);
     changeEach(
         [](LatestEntry &entry) {
             const qint16 top = ctx().isSessionTop(entry.row.jid) ? 1 : 0;
@@ -246,25 +249,28 @@ void LatestList::readPins()
 
 // --- The table -------------------------------------------------------------------
 
-bool LatestList::readPage(int limit, QVector<DBFriendData> *rows)
+bool LatestList::readPage(const std::function<QVector<DBFriendData>()> &read, int limit,
+                          QVector<DBFriendData> *rows)
 {
     save();
     if (!LocalDatabase::instance().isOpen())
         return false;
-    *rows = LatestContactsTable::page(limit, m_offset);
-    m_offset += rows->size();
+    *rows = read();
     m_hasMore = rows->size() == limit;
+    if (!rows->isEmpty())
+        m_readTo = placeOf(rows->last());
     m_wasRead = true;
     return true;
 }
 
 void LatestList::adopt(const QVector<DBFriendData> &rows, bool replace)
 {
+    const QDateTime when = now();
     for (const DBFriendData &row : rows) {
         // What has not been stored yet is newer than what was read.
         if (m_entries.contains(row.jid) && (!replace || m_writer.isPending(row.jid)))
             continue;
-        const LatestEntry entry = makeEntry(row);
+        const LatestEntry entry = makeEntry(row, when);
         m_entries.insert(row.jid, entry);
         if (entry.row.isTop != row.isTop)
             m_writer.note(row.jid, LatestWriter::Top);
@@ -273,27 +279,60 @@ void LatestList::adopt(const QVector<DBFriendData> &rows, bool replace)
     showChanges();
 }
 
+void LatestList::reloadSoon()
+{
+    // Messages may follow at once, and belong to the new user.
+    if (m_user != ctx().ownJid()) {
+        reload();
+        return;
+    }
+    if (std::exchange(m_reloadPosted, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (m_reloadPosted)
+                reload();
+        },
+        Qt::QueuedConnection);
+}
+
 void LatestList::reload()
 {
+    m_reloadPosted = false;
     const QString user = ctx().ownJid();
     if (user != std::exchange(m_user, user))
         forgetUser();
     m_muted = SessionSettings::muted();
-    const int limit = std::max({PageSize, m_offset, m_entries.size()});
-    m_offset = 0;
+    const Place readBefore = m_wasRead ? m_readTo : Place();
+    const bool hadMore = m_hasMore;
+    const int limit = std::clamp(m_entries.size(), PageSize, MostReadAnew);
     QVector<DBFriendData> rows;
-    if (!readPage(limit, &rows))
+    if (!readPage([limit] { return LatestContactsTable::page(limit, 0); }, limit, &rows))
         return;
+    const Place readTo = m_readTo;
     rows += LatestContactsTable::pinned();
     QSet<QString> present;
     for (const DBFriendData &row : std::as_const(rows))
         present.insert(row.jid);
     const QStringList known = m_entries.keys();
     for (const QString &jid : known) {
-        if (!present.contains(jid) && !m_writer.isPending(jid))
+        if (present.contains(jid) || m_writer.isPending(jid))
+            continue;
+        LatestEntry &entry = m_entries[jid];
+        if (!m_hasMore || !standsBehind(placeOf(entry.row), readTo)) {
             drop(jid);
+            continue;
+        }
+        // Read before, further down than now.
+        entry.muted = m_muted.contains(jid);
+        m_changed.insert(jid);
     }
     adopt(rows, true);
+    if (m_hasMore && !readBefore.jid.isEmpty() && standsBehind(readBefore, readTo)) {
+        m_readTo = readBefore;
+        m_hasMore = hadMore;
+    }
 }
 
 void LatestList::databaseOpened()
@@ -314,11 +353,14 @@ void LatestList::storeAll()
 
 void LatestList::loadMore()
 {
+    if (!m_wasRead)
+        return;
     QVector<DBFriendData> rows;
     const int before = m_model->rowCount();
+    const auto next = [this] { return LatestContactsTable::pageBehind(m_readTo, PageSize); };
     // A page may hold nobody new: those whom a message has brought up before.
     while (m_hasMore && m_model->rowCount() == before && m_displayed) {
-        if (!readPage(PageSize, &rows))
+        if (!readPage(next, PageSize, &rows))
             return;
         adopt(rows, false);
     }

@@ -3,6 +3,7 @@
 // however many there are.
 #pragma once
 
+#include "contacts/latest/latestcontactstable.h"
 #include "contacts/latest/latestmodel.h"
 #include "contacts/latest/latestwriter.h"
 
@@ -54,6 +55,9 @@ public:
 
     // Reads the table anew, as far as it was read; another user's from its beginning.
     void reload();
+    // At the end of this turn of the event loop, however often it is asked for; for
+    // another user at once.
+    void reloadSoon();
     // Reads another page, if there is one.
     void loadMore();
     // Stores now what waits.
@@ -65,7 +69,7 @@ signals:
 
 private:
     LatestEntry *entryOf(const QString &jid); // from the table when need be, or null
-    LatestEntry makeEntry(const DBFriendData &row) const;
+    LatestEntry makeEntry(const DBFriendData &row, const QDateTime &now) const;
     void adopt(const QVector<DBFriendData> &rows, bool replace);
     void drop(const QString &jid);
     void forgetUser();
@@ -73,7 +77,8 @@ private:
     void storeAll();
     void touch(const QString &jid);
     void showChanges();
-    bool readPage(int limit, QVector<DBFriendData> *rows);
+    bool readPage(const std::function<QVector<DBFriendData>()> &read, int limit,
+                  QVector<DBFriendData> *rows);
 
     LatestModel *m_model;
     LatestWriter m_writer;
@@ -83,8 +88,9 @@ private:
     QSet<QString> m_muted;
     QSet<QString> m_changed; // whose rows are behind their entries
     QTimer m_frame;
-    int m_offset = 0; // rows of the table that were read
+    LatestContactsTable::Place m_readTo; // the last row of the table that was read
     bool m_hasMore = true;
+    bool m_reloadPosted = false;
     bool m_wasRead = false; // this user's table
     bool m_displayed = true;
 };

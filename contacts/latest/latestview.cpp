@@ -73,7 +73,10 @@ void LatestView::prepareMenu(const QModelIndex &index)
     m_settingMenu->action("recivenoremind")->setChecked(silent);
     m_menu->action("viewdetail")->setVisible(kind == MessageData::Person && actions);
     m_menu->action("viewdetail")->setEnabled(actions && actions->canOpenContactDetail());
-    m_menu->action("locateEntry")->setEnabled(actions);
+    // Not a group chat that the user has left, whose conversation stays.
+    MucData room;
+    const bool isThere = kind != MessageData::Room || ctx().mucData(m_menuJid, &room);
+    m_menu->action("locateEntry")->setEnabled(actions && isThere);
 }
 
 void LatestView::contextMenuEvent(QContextMenuEvent *event)
@@ -124,7 +127,6 @@ void LatestView::slot_menuClick(QAction *action)
     } else if (action == m_menu->action("setGroupToppest") ||
                action == m_menu->action("cancelGroupToppest")) {
         FriendUIEventProcess::pinConversation(jid, action == m_menu->action("setGroupToppest"));
-        emit hub->signal_latestSessionReceived();
     } else if (action == m_menu->action("viewdetail") && actions) {
         actions->openContactDetail(jid);
     } else if (action == m_menu->action("locateEntry")) {

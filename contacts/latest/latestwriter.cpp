@@ -2,6 +2,7 @@
 
 #include "common/localdatabase.h"
 #include "common/logging.h"
+#include "common/sessionsettings.h"
 #include "contacts/latest/latestcontactstable.h"
 
 namespace {
@@ -18,7 +19,8 @@ LatestWriter::LatestWriter(const Find &find, QObject *parent) : QObject(parent),
 void LatestWriter::note(const QString &jid, int parts)
 {
     m_pending[jid] |= parts;
-    if (m_posted)
+    // Waiting for a locked file stops the window: not with every message.
+    if (m_posted || m_retry.isActive())
         return;
     m_posted = true;
     QMetaObject::invokeMethod(
@@ -37,7 +39,7 @@ bool LatestWriter::storeParts(const QString &jid, const DBFriendData &record, in
         return false;
     if ((parts & Icon) && !setIcon(jid, record.icon))
         return false;
-    if ((parts & Top) && !setTop(jid, record.isTop != 0))
+    if ((parts & Top) && !SessionSettings::setPinned(jid, record.isTop != 0))
         return false;
     return !(parts & Unread) || setUnread(jid, record.unread);
 }
@@ -63,6 +65,7 @@ bool LatestWriter::flush()
         return true;
     });
     if (stored) {
+        m_retry.stop();
         m_pending.clear();
         m_failing = false;
         return true;

@@ -1,5 +1,6 @@
 // Stores what changes among the latest contacts: everything of one turn of the event
-// loop in one transaction at the turn's end. What cannot be stored is tried again.
+// loop in one transaction at the turn's end. What cannot be stored is tried again
+// after five seconds, with what has come meanwhile.
 #pragma once
 
 #include "plugin/sharedrecords.h"

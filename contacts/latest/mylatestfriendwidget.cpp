@@ -52,7 +52,7 @@ MyLatestFriendWidget::MyLatestFriendWidget(QWidget *parent)
     connectHub();
     connectRooms();
     // The database is opened when the pane stands on the screen.
-    QMetaObject::invokeMethod(m_list, &LatestList::reload, Qt::QueuedConnection);
+    m_list->reloadSoon();
 }
 
 MyLatestFriendWidget::~MyLatestFriendWidget()
@@ -100,7 +100,7 @@ void MyLatestFriendWidget::connectHub()
     connect(hub, &Hub::signal_logout, m_list, &LatestList::save);
     connect(hub, &Hub::signal_isConnected, m_list, [this](bool connected) {
         if (connected)
-            m_list->reload();
+            m_list->reloadSoon();
     });
     connect(hub, &Hub::signal_latestSessionReceived, m_list, &LatestList::readPins);
     connect(hub, &Hub::signal_paintDelegateMsgCount, m_list, &LatestList::markRead);
@@ -126,7 +126,7 @@ void MyLatestFriendWidget::connectRooms()
             });
     connect(http, &HttpMgr::signal_clientSettingsLoaded, m_list, [this](bool ok) {
         if (ok)
-            m_list->reload();
+            m_list->reloadSoon();
     });
 }
 
@@ -185,7 +185,7 @@ void MyLatestFriendWidget::slot_login()
 {
     LOG_SCOPE("MyLatestFriendWidget::slot_login()");
     m_notStoredTold = false;
-    m_list->reload();
+    m_list->reloadSoon();
 }
 
 void MyLatestFriendWidget::slot_ScrollToBottom(int nValue)

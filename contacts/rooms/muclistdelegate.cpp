@@ -11,37 +11,12 @@ namespace {
 constexpr int NamePixels = 14;
 constexpr int CountPixels = 12;
 constexpr int Gap = 4;
-constexpr int ForbiddenSize = 16; // with its rim
-
-QPixmap portrait(const QString &file, qreal ratio)
-{
-    const QPixmap picture = AvatarStore::instance().picture(file, RowPainter::AvatarSize, ratio);
-    return picture.isNull()
-               ? loadRoundPicture(
-                     QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
-                     RowPainter::AvatarSize, ratio)
-               : picture;
-}
-
-// Over the lower right of the avatar.
-void paintForbidden(QPainter *painter, const QRect &avatar, qreal ratio)
-{
-    const Skin::Colors &colors = Skin::instance().colors();
-    const QRect disc(avatar.right() - ForbiddenSize + 4, avatar.bottom() - ForbiddenSize + 4,
-                     ForbiddenSize, ForbiddenSize);
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(colors.background);
-    painter->drawEllipse(disc);
-    const QRect glyph = disc.adjusted(2, 2, -2, -2);
-    painter->drawPixmap(glyph, loadPicture(QStringLiteral("Resources/images/icon/glyph_mute.png"),
-                                           glyph.width(), ratio, colors.danger));
-}
 
 // The name, cut where it must be, and behind it how many members there are.
-void paintTexts(QPainter *painter, const QStyleOptionViewItem &option, const QRect &area,
+void paintTexts(QPainter *painter, const QStyleOptionViewItem &option, const RowPainter &row,
                 const QString &name, const QString &count)
 {
+    const QRect area = row.rest();
     const QFont nameFont = skinFont(NamePixels);
     const QFont countFont = skinFont(CountPixels);
     // A number of members takes half of the row at most, whatever the host calls one.
@@ -63,7 +38,7 @@ void paintTexts(QPainter *painter, const QStyleOptionViewItem &option, const QRe
                           Qt::AlignCenter | Qt::TextSingleLine, text);
     };
     draw(nameFont, Skin::instance().colors().text, nameArea, shown);
-    draw(countFont, QColor(0x8f, 0x8f, 0x8f), countArea, shownCount);
+    draw(countFont, row.secondaryColor(), countArea, shownCount);
 }
 } // namespace
 
@@ -82,14 +57,19 @@ void MucListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const qreal ratio = painter->device()->devicePixelRatioF();
     const QPoint shake = index.data(MucRole::ShakeOffset).toPoint();
     RowPainter row(painter, option);
+    row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
     row.background();
     painter->translate(shake);
-    row.avatar(portrait(index.data(MucRole::HeadPath).toString(), ratio), false);
+    row.avatar(AvatarStore::instance().groupPortrait(index.data(MucRole::HeadPath).toString(),
+                                                     RowPainter::AvatarSize, ratio),
+               false);
     if (index.data(MucRole::Forbidden).toBool())
-        paintForbidden(painter, row.avatarArea(), ratio);
+        row.overlay(loadPicture(QStringLiteral("Resources/images/icon/glyph_mute.png"),
+                                RowPainter::SmallMarkSize, ratio,
+                                Skin::instance().colors().danger));
     painter->translate(-shake);
     const QString count = ::displayText(index.data(MucRole::MemberCount).toString());
-    paintTexts(painter, option, row.rest(), index.data(Qt::DisplayRole).toString(),
+    paintTexts(painter, option, row, index.data(Qt::DisplayRole).toString(),
                QString::fromUtf8("(%1人)").arg(count));
     painter->restore();
 }

@@ -10,9 +10,9 @@
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduisignalsender.h"
 
+#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QPushButton>
 #include <QStackedWidget>
@@ -21,6 +21,7 @@ namespace {
 constexpr int TabPixels = 16;
 constexpr int TabHeight = 44;
 constexpr int TabPadding = 20; // of both sides together
+constexpr int TabMargin = 2;
 constexpr int LineHeight = 2;
 
 class TabButton : public QPushButton
@@ -66,6 +67,7 @@ MucWidget::MucWidget(QWidget *parent)
     : QWidget(parent),
       m_addressBookTab(new TabButton("btnAddressBookMuc", this)),
       m_localTab(new TabButton("btnLocalMuc", this)),
+      m_tabs(new QBoxLayout(QBoxLayout::LeftToRight)),
       m_pages(new QStackedWidget(this)),
       m_list(new MucListView(m_pages)),
       m_emptyPage(new MucEmptyPage(m_pages))
@@ -74,16 +76,14 @@ MucWidget::MucWidget(QWidget *parent)
     setObjectName(QStringLiteral("MucWidget"));
     setAutoFillBackground(true);
     followSkin(this);
-    auto *tabs = new QHBoxLayout;
-    tabs->setContentsMargins(2, 0, 2, 0);
-    tabs->setSpacing(0);
-    tabs->addWidget(m_addressBookTab);
-    tabs->addWidget(m_localTab);
-    tabs->addStretch();
+    m_tabs->setContentsMargins(TabMargin, 0, TabMargin, 0);
+    m_tabs->setSpacing(0);
+    m_tabs->addWidget(m_addressBookTab, 0, Qt::AlignLeft);
+    m_tabs->addWidget(m_localTab, 1, Qt::AlignLeft);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addLayout(tabs);
+    layout->addLayout(m_tabs);
     layout->addWidget(m_pages, 1);
     m_pages->addWidget(m_list);
     m_pages->addWidget(m_emptyPage);
@@ -169,6 +169,20 @@ void MucWidget::labelTabs()
     };
     label(m_addressBookTab, QObject::tr("groupChat"), m_list->rooms()->addressBookCount());
     label(m_localTab, QObject::tr("localGroup"), m_list->rooms()->localCount());
+    arrangeTabs();
+}
+
+// One below the other where they are too wide together.
+void MucWidget::arrangeTabs()
+{
+    const bool fit = m_addressBookTab->width() + m_localTab->width() + 2 * TabMargin <= width();
+    m_tabs->setDirection(fit ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
+}
+
+void MucWidget::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    arrangeTabs();
 }
 
 void MucWidget::slot_updateFrequentlyRoomSize()

@@ -8,6 +8,7 @@
 
 class MucEmptyPage;
 class MucListView;
+class QBoxLayout;
 class QPushButton;
 class QStackedWidget;
 
@@ -35,6 +36,7 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void connectHub();
@@ -43,9 +45,11 @@ private:
     void createRoom();
     void showPage(bool addressBook);
     void labelTabs();
+    void arrangeTabs();
 
     QPushButton *m_addressBookTab;
     QPushButton *m_localTab;
+    QBoxLayout *m_tabs;
     QStackedWidget *m_pages;
     MucListView *m_list;
     MucEmptyPage *m_emptyPage;

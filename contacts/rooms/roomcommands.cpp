@@ -130,10 +130,8 @@ void RoomCommands::setInAddressBook(const QString &jid, bool inAddressBook)
 
 void RoomCommands::pin(const QString &jid, bool top)
 {
-    if (!isKnown(jid))
-        return;
-    FriendUIEventProcess::pinConversation(jid, top);
-    emit FriendUISignalSender::instance()->signal_latestSessionReceived();
+    if (isKnown(jid))
+        FriendUIEventProcess::pinConversation(jid, top);
 }
 
 void RoomCommands::setSilent(const QString &jid, bool silent)

@@ -121,11 +121,14 @@ void PeopleSearch::arrived(const SearchResponseData &response, int departments,
     m_isDue = false;
     m_delay.stop();
     m_page = page;
+    const int people = std::min(response.userList.size(), MostPerAnswer);
+    if (people < response.userList.size())
+        LOG_ERROR("the people search answers with more than was asked for");
     QVector<SearchResult> results;
-    for (const SearchUserData &user : response.userList)
-        results.append(SearchResults::person(user));
-    for (const OrgElement &element : elements)
-        results.append(SearchResults::department(element));
+    for (int i = 0; i < people; ++i)
+        results.append(SearchResults::person(response.userList.at(i)));
+    for (int i = 0; i < std::min(elements.size(), MostPerAnswer); ++i)
+        results.append(SearchResults::department(elements.at(i)));
     const int before = m_seen.size();
     for (const SearchResult &result : qAsConst(results))
         m_seen.insert(QString::number(result.entry.kind) + result.entry.id);

@@ -17,6 +17,9 @@ class PeopleSearch : public QObject
 public:
     static constexpr int Delay = 300; // ms, after the last letter
     static constexpr int PageSize = 50;
+    // Of an answer that is longer than what was asked for; what more there is would hold
+    // the window up, and nobody reads on so far.
+    static constexpr int MostPerAnswer = 1000;
     static constexpr int FewestLetters = 2; // one Chinese character is enough
     static constexpr int MostRequests = 2;  // at a time; the newest text waits for one
     // ms; longer than all attempts of a request take. Some replies end without a word.

@@ -154,6 +154,10 @@ QString ChatPage::nameOf(const MessagingCore &core, const QString &jid)
     CServiceNumData number;
     if (core.serviceNumber(jid, &number) && !number.name.isEmpty())
         return number.name;
+    // A room that the user has left is still called what it was.
+    const QList<MessageData> last = core.messages(jid, 1);
+    if (!last.isEmpty() && !last.first().displayName.isEmpty())
+        return last.first().displayName;
     const QString user = jid.section(QLatin1Char('@'), 0, 0);
     return user.isEmpty() ? jid : user;
 }
@@ -261,6 +265,12 @@ bool ChatPage::eventFilter(QObject *watched, QEvent *event)
     return QWidget::eventFilter(watched, event);
 }
 
+QString ChatPage::roomState() const
+{
+    const int members = m_core->roomMembers(m_jid).size();
+    return members > 0 ? tr("%1 members").arg(members) : tr("no longer available");
+}
+
 QString ChatPage::channelState() const
 {
     CSChannelData channel;
@@ -279,7 +289,7 @@ void ChatPage::showState()
     else if (m_kind == MessageData::Person)
         text = PresenceWords::of(m_core->presence(m_jid));
     else if (m_kind == MessageData::Room)
-        text = tr("%1 members").arg(m_core->roomMembers(m_jid).size());
+        text = roomState();
     else if (m_kind == MessageData::Channel)
         text = channelState();
     m_state->setText(text);

@@ -44,6 +44,7 @@ private:
     void retranslate();
     void showState();
     void showRights();
+    QString roomState() const;
     QString channelState() const;
     void sendLink();
     void connectCore();

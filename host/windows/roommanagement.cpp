@@ -165,6 +165,7 @@ void RoomManagement::askHandOver()
     box->setAttribute(Qt::WA_DeleteOnClose);
     box->button(QMessageBox::Ok)->setText(tr("Hand over"));
     box->button(QMessageBox::Cancel)->setText(tr("Cancel"));
+    box->setDefaultButton(QMessageBox::Cancel);
     connect(box, &QDialog::accepted, this,
             [this, jid = chosenJid()] { m_core->handOverRoom(m_roomJid, jid); });
     box->open();

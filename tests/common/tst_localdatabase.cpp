@@ -163,19 +163,26 @@ private slots:
         QCOMPARE(told.first().first().toString(), kept);
     }
 
+    void aJournalGoesWithItsDamagedFile_data()
+    {
+        const Rows<QString> row{"suffix"};
+        row("write-ahead", "-wal");
+        row("of an older version", "-journal");
+    }
     // What a journal holds that belongs to another file must not get into the new one.
     void aJournalGoesWithItsDamagedFile()
     {
+        QFETCH(QString, suffix);
         QVERIFY(SessionSettings::setMuted(QStringLiteral("a@d"), true));
         const QByteArray journal = contentOf(m_user->file() + QLatin1String("-wal"));
         QVERIFY(!journal.isEmpty());
         base().close();
         writeFile(m_user->file(), QByteArray("a text").repeated(1000));
-        writeFile(m_user->file() + QLatin1String("-wal"), journal);
+        writeFile(m_user->file() + suffix, journal);
         QVERIFY(base().isOpen());
         QVERIFY(SessionSettings::muted().isEmpty());
         const QDir folder = QFileInfo(m_user->file()).dir();
-        const QStringList kept = folder.entryList({QStringLiteral("*.damaged-*-wal")});
+        const QStringList kept = folder.entryList({QStringLiteral("*.damaged-*") + suffix});
         QCOMPARE(kept.size(), 1);
         QCOMPARE(contentOf(folder.filePath(kept.first())), journal);
     }

@@ -1,7 +1,14 @@
 // The pane on screen under a flood of events, half of them well-formed and half
-// spoiled, while a user goes on using it.
+// spoiled, while a user goes on using it, page by page.
+#include "common/localdatabase.h"
+#include "contacts/latest/latestmodel.h"
+#include "contacts/latest/latestroles.h"
+#include "contacts/latest/mylatestfriendwidget.h"
+#include "contacts/rooms/muclistview.h"
+#include "contacts/search/searchbox.h"
 #include "controls/basedialog.h"
 #include "controls/inputbox.h"
+#include "controls/rowview.h"
 #include "tests/contacts/panefixture.h"
 #include "tests/plugin/samplepayload.h"
 #include "tests/plugin/spoiledpayload.h"
@@ -78,8 +85,10 @@ private slots:
     void paneSurvivesTheFlood();
 
 private:
+    static void watchModels(PaneFixture &fixture);
     // What a user does between two frames, and closes again by the next.
-    static void use(const PaneFixture &fixture, QRandomGenerator &random);
+    static void use(PaneFixture &fixture, TreeValues &values, QRandomGenerator &random);
+    static void useList(RowView *list, QRandomGenerator &random);
     static void closeWhatIsOpen(const PaneFixture &fixture);
     static void stillWorks(PaneFixture &fixture);
 };
@@ -99,17 +108,27 @@ void TstHostileEvents::closeWhatIsOpen(const PaneFixture &fixture)
     }
 }
 
-void TstHostileEvents::use(const PaneFixture &fixture, QRandomGenerator &random)
+// With the tester's way of reporting that costs nothing as long as all is well.
+void TstHostileEvents::watchModels(PaneFixture &fixture)
+{
+    fixture.tester.reset();
+    const auto models = fixture.pane->findChildren<QAbstractItemModel *>();
+    for (QAbstractItemModel *model : models)
+        new QAbstractItemModelTester(model, QAbstractItemModelTester::FailureReportingMode::Fatal,
+                                     model);
+}
+
+void TstHostileEvents::useList(RowView *list, QRandomGenerator &random)
 {
     static const int keys[] = {Qt::Key_Down, Qt::Key_Up,     Qt::Key_End,  Qt::Key_Return,
                                Qt::Key_F2,   Qt::Key_Delete, Qt::Key_Left, Qt::Key_Escape};
-    const QPoint where(random.bounded(fixture.view->viewport()->width()),
-                       random.bounded(fixture.view->viewport()->height()));
+    const QPoint where(random.bounded(list->viewport()->width()),
+                       random.bounded(list->viewport()->height()));
     switch (random.bounded(5)) {
     case 0: {
         QContextMenuEvent event(QContextMenuEvent::Mouse, where,
-                                fixture.view->viewport()->mapToGlobal(where));
-        QApplication::sendEvent(fixture.view->viewport(), &event);
+                                list->viewport()->mapToGlobal(where));
+        QApplication::sendEvent(list->viewport(), &event);
         break;
     }
     case 1: // an action of the menu that another turn has opened
@@ -119,20 +138,57 @@ void TstHostileEvents::use(const PaneFixture &fixture, QRandomGenerator &random)
         }
         break;
     case 2:
-        QTest::mouseClick(fixture.view->viewport(), Qt::LeftButton,
+        QTest::mouseClick(list->viewport(), Qt::LeftButton,
                           random.bounded(2) ? Qt::ControlModifier : Qt::NoModifier, where);
         break;
     case 3:
-        QTest::keyClicks(fixture.view, QStringLiteral("zh"));
+        QTest::keyClicks(list, QStringLiteral("zh"));
         break;
     default:
-        QTest::keyClick(fixture.view, Qt::Key(keys[random.bounded(8)]));
+        QTest::keyClick(list, Qt::Key(keys[random.bounded(8)]));
+    }
+}
+
+void TstHostileEvents::use(PaneFixture &fixture, TreeValues &values, QRandomGenerator &random)
+{
+    static const char *const pages[] = {"friends", "latestContact", "groupChat", "customer"};
+    switch (random.bounded(16)) {
+    case 0:
+        fixture.pane->findChild<SearchBox *>()->setText(values.text());
+        return;
+    case 1:
+    case 2:
+        fixture.pane->raisePage(QLatin1String(pages[random.bounded(4)]));
+        return;
+    case 3:
+        fixture.host.context.user = random.bounded(2) ? QStringLiteral("me") : values.text();
+        FakeHost::send(Inbound::LoginChanged, true);
+        return;
+    case 4: {
+        QEvent event(QEvent::LanguageChange);
+        QApplication::sendEvent(qApp, &event);
+        return;
+    }
+    case 5:
+        LocalDatabase::instance().close();
+        return;
+    default:
+        break;
+    }
+    const auto lists = fixture.pane->findChildren<RowView *>();
+    for (RowView *list : lists) {
+        if (list->isVisible()) {
+            useList(list, random);
+            return;
+        }
     }
 }
 
 void TstHostileEvents::stillWorks(PaneFixture &fixture)
 {
     closeWhatIsOpen(fixture);
+    fixture.host.context.user = QStringLiteral("me");
+    FakeHost::send(Inbound::LoginChanged, true);
     FakeHost::send(Inbound::HideOfflineInitialised, false);
     FakeHost::send(Inbound::GroupCreated, QStringLiteral("late"), QStringLiteral("Late"), true,
                    true);
@@ -149,6 +205,19 @@ void TstHostileEvents::stillWorks(PaneFixture &fixture)
     QCOMPARE(index.data(FriendTreeRole::Name).toString(), QStringLiteral("Anna again"));
     QCOMPARE(fixture.view->currentIndex(), index);
     QVERIFY(fixture.view->viewport()->rect().intersects(fixture.view->visualRect(index)));
+
+    MessageData message;
+    message.sessionJid = anna.jid;
+    message.fromJid = anna.jid;
+    message.body = QStringLiteral("late");
+    FakeHost::send(Inbound::MessageReceived, true, message);
+    MucData room;
+    room.roomJid = QStringLiteral("late");
+    FakeHost::send(Inbound::RoomAdded, room, true);
+    PaneFixture::settle();
+    const auto *latest = fixture.pane->findChild<MyLatestFriendWidget *>()->model();
+    QTRY_COMPARE(latest->indexOf(anna.jid).data(LatestRole::Content).toString(), message.body);
+    QVERIFY(fixture.pane->findChild<MucListView *>()->rooms()->find(room.roomJid));
 }
 
 void TstHostileEvents::paneSurvivesTheFlood()
@@ -157,6 +226,7 @@ void TstHostileEvents::paneSurvivesTheFlood()
     QRandomGenerator random(Seed);
     TreeValues values(random);
     PaneFixture fixture;
+    watchModels(fixture);
     TipBox::setNextAnswers(TipBox::Sure);
     const int count = hostileEventCount();
     for (int i = 0; i < count; ++i) {
@@ -171,12 +241,13 @@ void TstHostileEvents::paneSurvivesTheFlood()
         PaneFixture::settle();
         if (random.bounded(3) == 0)
             closeWhatIsOpen(fixture);
-        use(fixture, random);
+        use(fixture, values, random);
         if (i % (EventsPerFrame * FramesPerPane) > 0)
             continue;
         fixture.destroy();
         FakeHost::sendRaw(info.code, payload);
         fixture.make();
+        watchModels(fixture);
     }
     stillWorks(fixture);
 }

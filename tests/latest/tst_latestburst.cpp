@@ -1,5 +1,6 @@
 // Many messages, messages that mean no good, and a pointer that rests on a row.
 #include "tests/latest/latestfixture.h"
+#include "tests/support/logcapture.h"
 #include "tests/support/rows.h"
 #include "tests/support/testrunner.h"
 
@@ -106,6 +107,12 @@ private slots:
         for (const DBFriendData &row : rows)
             stored += row.unread;
         QCOMPARE(stored, Messages / 10);
+        // However often it is asked for in a turn.
+        ChangeCounter counter(m_page->model());
+        for (int i = 0; i < 20; ++i)
+            FakeHost::send(Inbound::ConnectionChanged, true);
+        QTRY_VERIFY(counter.greatest() > 0);
+        QCOMPARE(counter.greatest(), 1);
     }
 
     void nothingMovesUnderThePointer()
@@ -158,12 +165,16 @@ private slots:
     void hostileBodies()
     {
         QFETCH(QString, body);
+        QFETCH(QString, content);
+        LogCapture log(m_page->host.context);
         m_page->receive(jid("a"), body, QStringLiteral("5 10:00"));
         QTRY_COMPARE(rows(), "a");
-        QTEST(m_page->of(jid("a"), LatestRole::Content).toString(), "content");
+        QCOMPARE(m_page->of(jid("a"), LatestRole::Content).toString(), content);
         m_page->make();
         QTRY_COMPARE(rows(), "a");
-        QTEST(m_page->of(jid("a"), LatestRole::Content).toString(), "content");
+        QCOMPARE(m_page->of(jid("a"), LatestRole::Content).toString(), content);
+        QVERIFY(log.lines().size() > 5);
+        QVERIFY(content.isEmpty() || log.linesWith(content.toUtf8().constData()).isEmpty());
     }
 
     void largeBodies_data()

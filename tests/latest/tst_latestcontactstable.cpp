@@ -116,21 +116,24 @@ private slots:
 
     void pagesTakeTheRowsInTheOrderOfTheIndex_data()
     {
-        const Rows<QString> row{"end"};
-        row("all", "");
-        row("page", " LIMIT 100 OFFSET 50");
+        const Rows<QString, QString> row{"statement", "plan"};
+        const QString index = QStringLiteral("latestfriendnew USING INDEX latestfriendnewinorder");
+        row("all", Table::listStatement(), index);
+        row("page", Table::listStatement() + QStringLiteral(" LIMIT 100 OFFSET 50"), index);
+        row("behind", Table::statementBehind().replace(QLatin1Char('?'), QLatin1Char('1')),
+            QStringLiteral("SEARCH %1 (time<?)").arg(index));
     }
     void pagesTakeTheRowsInTheOrderOfTheIndex()
     {
-        QFETCH(QString, end);
+        QFETCH(QString, statement);
+        QFETCH(QString, plan);
         QSqlQuery query(LocalDatabase::instance().database());
-        QVERIFY(query.exec(QStringLiteral("EXPLAIN QUERY PLAN ") + Table::listStatement() + end));
-        QStringList plan;
+        QVERIFY(query.exec(QStringLiteral("EXPLAIN QUERY PLAN ") + statement));
+        QStringList steps;
         while (query.next())
-            plan.append(query.value(3).toString());
-        const QString text = plan.join(QLatin1Char('\n'));
-        QVERIFY2(text.contains(QLatin1String("latestfriendnew USING INDEX latestfriendnewbytime")),
-                 qPrintable(text));
+            steps.append(query.value(3).toString());
+        const QString text = steps.join(QLatin1Char('\n'));
+        QVERIFY2(text.contains(plan), qPrintable(text));
         QVERIFY2(!text.contains(QLatin1String("TEMP B-TREE")), qPrintable(text));
     }
 
@@ -166,7 +169,7 @@ private slots:
 
         QVERIFY(Table::rename(full.jid, QStringLiteral("x'y")));
         QVERIFY(Table::setIcon(full.jid, QString()));
-        QVERIFY(Table::setTop(full.jid, true));
+        QVERIFY(SessionSettings::setPinned(full.jid, true));
         QVERIFY(Table::setUnread(full.jid, 7));
         QVERIFY(Table::find(full.jid, &found));
         QCOMPARE(found.displayName, QStringLiteral("x'y"));
@@ -194,12 +197,16 @@ private slots:
     }
 
     // A column of an older row that is NULL hides the row no longer.
-    void aMessageRepairsARowWithNulls()
+    void rowsWithNullsAreRepaired()
     {
         exec(QStringLiteral("INSERT INTO latestfriendnew(jid) VALUES('a@d')"));
-        QVERIFY(Table::page(0, 0, Table::AlsoNameless).isEmpty());
+        exec(QStringLiteral("INSERT INTO latestfriendnew(jid,displayname,onjob,issystemnotice) "
+                            "VALUES('timeless@d','n','',0)"));
+        LocalDatabase::instance().close();
+        QCOMPARE(jidsOf(Table::pageBehind({QStringLiteral("2026-01-01 00:00:00"), QString()}, 9)),
+                 QStringList("timeless@d"));
         QVERIFY(Table::store({record(QStringLiteral("a@d"))}));
-        QCOMPARE(Table::page(0, 0).size(), 1);
+        QCOMPARE(jidsOf(Table::page(0, 0)), (QStringList{"a@d", "timeless@d"}));
     }
 
     void contentsAreCutBetweenCharacters_data()
@@ -241,6 +248,18 @@ private slots:
         QVERIFY(Table::newest(&time, &content));
         QCOMPARE(time, QStringLiteral("2026-01-07 00:00:00"));
         QCOMPARE(content, time);
+
+        // Rows of one second come by the jid, and none of them twice or not at all.
+        for (DBFriendData &data : records)
+            data.time = QStringLiteral("2026-01-0%1 00:00:00").arg(data.jid < "5" ? 1 : 2);
+        QVERIFY(Table::store(records));
+        const QStringList byJid{"5", "6", "0", "1", "2", "3", "4"};
+        QCOMPARE(jidsOf(Table::page(0, 0)), byJid);
+        QVector<DBFriendData> page = Table::page(2, 0);
+        QStringList read;
+        for (; !page.isEmpty(); page = Table::pageBehind({page.last().time, page.last().jid}, 2))
+            read += jidsOf(page);
+        QCOMPARE(read, byJid);
     }
 
 private:

@@ -136,10 +136,8 @@ private slots:
         QCOMPARE(box->labelText(), QStringLiteral("name"));
         auto *edit = box->findChild<QLineEdit *>();
         QCOMPARE(edit->text(), old.left(200));
-        if (!typed.isEmpty()) {
-            edit->clear();
-            edit->insert(typed);
-        }
+        if (!typed.isEmpty())
+            QTest::keyClicks(edit, typed); // in the place of all that was there
         QTest::keyClick(edit, Qt::Key_Return);
         QCOMPARE(page.host.requests.size(), sent.isEmpty() ? 0 : 1);
         if (!sent.isEmpty())

@@ -68,6 +68,27 @@ private slots:
         QVERIFY(exact());
     }
 
+    void tabsAreSeenWhole_data()
+    {
+        const Rows<int, bool> row{"width", "isBeside"};
+        row("wide", 320, true);
+        row("narrow", 200, false);
+    }
+
+    void tabsAreSeenWhole()
+    {
+        QFETCH(int, width);
+        QFETCH(bool, isBeside);
+        const RoomsFixture page;
+        page.widget->resize(width, 500);
+        RoomsFixture::settle();
+        const QRect first = page.addressBookTab()->geometry();
+        const QRect second = page.localTab()->geometry();
+        QVERIFY(!first.intersects(second));
+        QVERIFY(page.widget->rect().contains(first.united(second)));
+        QCOMPARE(first.top() == second.top(), isBeside);
+    }
+
     void emptyPages()
     {
         const RoomsFixture page(false);

@@ -135,6 +135,15 @@ private slots:
         QCOMPARE(m_search->state(), PeopleSearch::Done);
     }
 
+    void moreThanWasAskedFor()
+    {
+        ask("us");
+        m_service->answer(
+            0, PeopleService::users(QStringLiteral("us"), 3 * PeopleSearch::MostPerAnswer));
+        QCOMPARE(m_found.size(), int(PeopleSearch::MostPerAnswer));
+        QCOMPARE(m_search->state(), PeopleSearch::More);
+    }
+
     void whenTheConnectionComesBack()
     {
         m_host->context.settings.setConnected(false);

@@ -100,8 +100,10 @@ private slots:
         QFETCH(QString, how);
         QFETCH(int, times);
         ChannelFixture f({A, B});
+        const LogCapture log(f.host.context);
         act(&f, how);
         QCOMPARE(f.host.count(Outbound::OpenChat), times);
+        QCOMPARE(log.linesWith("selected is null").size(), how == QLatin1String("beside") ? 1 : 0);
         if (times > 0) {
             const auto [id, kind] = f.host.arguments<QString, qint32>(Outbound::OpenChat);
             QCOMPARE(id, B);
@@ -128,14 +130,6 @@ private slots:
         act(&f, how);
         QVERIFY(!f.page);
         f.settle();
-    }
-
-    void clickBesideTheRows()
-    {
-        ChannelFixture f({A});
-        const LogCapture log(f.host.context);
-        act(&f, QStringLiteral("beside"));
-        QCOMPARE(log.linesWith("selected is null").size(), 1);
     }
 
     void menuOfARow_data()
@@ -179,14 +173,6 @@ private slots:
         QCOMPARE(f.rows(), QStringLiteral("B a"));
     }
 
-    void noMenuBesideTheRows()
-    {
-        ChannelFixture f({A});
-        QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(10, 300));
-        QApplication::sendEvent(f.list->viewport(), &event);
-        QVERIFY(!QApplication::activePopupWidget());
-    }
-
     void removedWhileItsMenuIsOpen()
     {
         ChannelFixture f({A, B});
@@ -222,15 +208,6 @@ private slots:
         QCOMPARE(f.rows(), QStringLiteral("A B c"));
     }
 
-    void typingFinds()
-    {
-        ChannelFixture f;
-        f.deliver(f.channel(A, QString::fromUtf8("人事服务台")));
-        f.deliver(f.channel(B, QString::fromUtf8("网络报修")));
-        QTest::keyClicks(f.list, QStringLiteral("wangl"));
-        QCOMPARE(f.list->currentIndex(), f.row(B));
-    }
-
     void unread_data()
     {
         const Rows<QString, int> row{"events", "unread"};
@@ -254,6 +231,20 @@ private slots:
         QCOMPARE(f.row(B).data(ChannelRole::Unread).toInt(), 0);
         const QString spoken = f.row(A).data(Qt::AccessibleTextRole).toString();
         QCOMPARE(spoken.contains(QLatin1String("channelUnread")), unread > 0);
+    }
+
+    // As the list of latest contacts has counted them before.
+    void unreadOfAnEarlierSession()
+    {
+        ChannelFixture f;
+        QVERIFY(LocalDatabase::instance().run(
+            QStringLiteral("INSERT INTO latestunread (jid, unread) VALUES (?, ?)"), {A, 3},
+            "test"));
+        f.deliver(A);
+        f.deliver(B);
+        tellOf("received", A);
+        QCOMPARE(f.row(A).data(ChannelRole::Unread).toInt(), 4);
+        QCOMPARE(f.row(B).data(ChannelRole::Unread).toInt(), 0);
     }
 
     void pictures()

@@ -120,6 +120,7 @@ private slots:
             const QRect row = f.list->visualRect(f.row(pinned));
             const QRect edge(row.right() - 8, row.top(), 8, row.height());
             QVERIFY(!hasColour(after, edge, Skin::instance().colors().text));
+            QVERIFY(hasColour(after, row.adjusted(50, 20, -60, 0), QColor(0x8f, 0x8f, 0x8f)));
         }
     }
 };

@@ -75,8 +75,6 @@ private slots:
         const Rows<QVariant, QStringList> row{"stored", "ids"};
         row("null", QVariant(QVariant::String), {});
         row("commas", QStringLiteral(",,a,,b,a,"), {QStringLiteral("a"), QStringLiteral("b")});
-        row("a number", 7, {QStringLiteral("7")});
-        row("bytes", QByteArray("\xff\xfe"), {QString::fromUtf8("\xff\xfe")});
     }
 
     void damagedRow()
