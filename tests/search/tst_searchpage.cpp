@@ -279,6 +279,8 @@ private slots:
         const QStringList seen = f.names();
         add("ana");
         QCOMPARE(f.names(), seen);
+        QTest::keyClick(f.page->view(), Qt::Key_Up);
+        QCOMPARE(f.names().size(), 4);
     }
 
     void thePaneIsTakenAway()
