@@ -1,5 +1,6 @@
 #include "common/foldedtext.h"
 
+#include <QHash>
 #include <QString>
 
 #include <array>
@@ -45,14 +46,29 @@ FoldedText::Kind kindOf(QChar c)
     return c.isNumber() ? FoldedText::Digit : FoldedText::Separator;
 }
 
+// What people type for letters that do not decompose.
+QString withoutStroke(QChar letter)
+{
+    static const QHash<QChar, QString> letters{
+        {QChar(u'ł'), QStringLiteral("l")},  {QChar(u'ø'), QStringLiteral("o")},
+        {QChar(u'đ'), QStringLiteral("d")},  {QChar(u'ð'), QStringLiteral("d")},
+        {QChar(u'ħ'), QStringLiteral("h")},  {QChar(u'ŧ'), QStringLiteral("t")},
+        {QChar(u'ı'), QStringLiteral("i")},  {QChar(u'æ'), QStringLiteral("ae")},
+        {QChar(u'œ'), QStringLiteral("oe")}, {QChar(u'þ'), QStringLiteral("th")}};
+    return letters.value(letter, letter);
+}
+
 QString foldedCharacter(const QChar *units, int count)
 {
-    QString result;
+    QString kept;
     for (const QChar c : QString(units, count).normalized(QString::NormalizationForm_KD)) {
         if (!c.isMark() && c.category() != QChar::Other_Format)
-            result += c;
+            kept += c;
     }
-    return result.toCaseFolded();
+    QString result;
+    for (const QChar c : kept.toCaseFolded())
+        result += withoutStroke(c);
+    return result;
 }
 
 // The letters with diacritics that are one letter without. Unit 0: it is not so simple.
@@ -97,6 +113,7 @@ bool FoldedText::addPlain(QStringView text)
         } else if (isCommonHan(unit)) {
             m_units[m_size] = unit;
             m_kinds[m_size++] = Chinese;
+            m_hasChinese = true;
         } else if (unit < LatinEnd && latin()[unit].unit != 0) {
             m_units[m_size] = latin()[unit].unit;
             m_kinds[m_size++] = latin()[unit].kind;
@@ -122,6 +139,7 @@ void FoldedText::add(QStringView units, int sourceStart, int sourceEnd)
     for (const QChar c : units.left(MaximumLength - m_size)) {
         m_units[m_size] = c.unicode();
         m_kinds[m_size] = kindOf(c);
+        m_hasChinese = m_hasChinese || m_kinds[m_size] == Chinese;
         m_starts[m_size] = quint8(sourceStart);
         m_ends[m_size++] = quint8(sourceEnd);
     }

@@ -25,6 +25,8 @@ public:
     ushort at(int i) const { return m_units[i]; }
     Kind kind(int i) const { return m_kinds[i]; }
 
+    bool hasChinese() const { return m_hasChinese; }
+
     // Behind the separators at the beginning; 0 when there is nothing else.
     int first() const { return m_first; }
     // A word begins behind a separator, and where the script changes.
@@ -46,6 +48,7 @@ private:
 
     int m_size = 0;
     int m_first = 0;
+    bool m_hasChinese = false;
     bool m_isPlain = true; // the units stand where they stood
     ushort m_units[MaximumLength];
     Kind m_kinds[MaximumLength];

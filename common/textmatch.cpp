@@ -133,6 +133,29 @@ private:
     const FoldedText &m_text;
     Way m_spelled, m_abbreviated;
 };
+
+// The same for a plain pattern and a text without Chinese, in which a letter matches or
+// does not.
+TextMatch plainMatch(const QString &typed, const FoldedText &text, int start)
+{
+    int place = 0;
+    int i = start;
+    for (; i < text.size() && place < typed.size(); ++i) {
+        if (text.at(i) == typed.at(place).unicode())
+            ++place;
+        else if (place == 0 || text.kind(i) != FoldedText::Separator)
+            return {};
+    }
+    if (place < typed.size())
+        return {};
+    TextMatch match;
+    match.start = text.sourceStart(start);
+    match.length = text.sourceEnd(i - 1) - match.start;
+    while (i < text.size() && text.kind(i) == FoldedText::Separator)
+        ++i;
+    match.kind = i == text.size() ? TextMatch::Exact : TextMatch::Prefix;
+    return match;
+}
 } // namespace
 
 bool TextPattern::isBetweenSyllables(QChar typed)
@@ -150,6 +173,12 @@ TextPattern::TextPattern(const QString &typed)
     while (size > 1 && isBetweenSyllables(text.at(size - 1)))
         --size;
     m_text = text.left(size).toString();
+    const FoldedText kinds(m_text);
+    for (int i = 0; i < kinds.size(); ++i) {
+        const bool isOuter = i == 0 || i == kinds.size() - 1;
+        if (isBetweenSyllables(m_text.at(i)) || (isOuter && kinds.kind(i) == FoldedText::Separator))
+            m_isPlain = false;
+    }
 }
 
 TextMatch TextPattern::match(QStringView text) const
@@ -162,10 +191,11 @@ TextMatch TextPattern::match(const FoldedText &text) const
     TextMatch best;
     if (m_text.isEmpty())
         return best;
+    const bool isPlain = m_isPlain && !text.hasChinese();
     for (int i = 0; i < text.size(); ++i) {
         if (i > 0 && !text.isStart(i))
             continue;
-        TextMatch match = Walk(m_text, text).from(i);
+        TextMatch match = isPlain ? plainMatch(m_text, text, i) : Walk(m_text, text).from(i);
         if (match.kind == TextMatch::None)
             continue;
         if (i <= text.first())

@@ -51,4 +51,5 @@ public:
 
 private:
     QString m_text;
+    bool m_isPlain = true; // the one way to read it in a text without Chinese is from left to right
 };

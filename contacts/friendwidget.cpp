@@ -10,6 +10,7 @@
 #include "contacts/rooms/mucwidget.h"
 #include "contacts/search/searchbox.h"
 #include "contacts/search/searchcommands.h"
+#include "contacts/search/searchentries.h"
 #include "contacts/search/searchpage.h"
 #include "contacts/search/searchsources.h"
 #include "controls/skin.h"
@@ -18,6 +19,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/customerchannels.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -91,6 +93,10 @@ FriendWidget::FriendWidget(QWidget *parent)
                     actions->locateInOrganisation(id, isOrganisation);
             });
     connectSearch();
+    // Delivered to a pane that has gone.
+    const auto channels = CustomerChannels::instance().channels();
+    for (const CustomerChannels::Channel &channel : channels)
+        m_sources->index().put(SearchEntries::channel(channel.data));
     raisePage(friendsPage());
     setTabOrder(m_entries, m_searchBox);
     setTabOrder(m_searchBox, m_friendTree);

@@ -12,15 +12,12 @@
 #include <QTextBoundaryFinder>
 #include <QtMath>
 
+#include <algorithm>
+#include <memory>
+
 namespace {
 
 constexpr int CacheKilobytes = 16 * 1024;
-
-QString cacheKey(const QString &what, int size, qreal pixelRatio)
-{
-    return what + QLatin1Char('|') + QString::number(size) + QLatin1Char('|') +
-           QString::number(pixelRatio);
-}
 
 int costInKilobytes(const QPixmap &pixmap)
 {
@@ -80,18 +77,18 @@ QPixmap AvatarStore::avatar(const QString &file, const QString &id, const QStrin
                             qreal pixelRatio)
 {
     const QPixmap known = picture(file, size, pixelRatio);
-    return known.isNull() ? generated(id, name, size, pixelRatio) : known;
+    return known.isNull() ? generated(id, name, {size, pixelRatio}) : known;
 }
 
 QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
 {
     if (file.isEmpty())
         return QPixmap();
-    const QString key = cacheKey(file, size, pixelRatio);
-    if (const QPixmap *known = m_cache.object(key))
-        return *known;
-    if (!m_pending.contains(key))
-        decode(file, key, size, pixelRatio);
+    const Form form{size, pixelRatio};
+    if (const Picture *known = find(file, form))
+        return known->pixmap;
+    if (!m_pending.value(file).contains(form))
+        decode(file, form);
     return QPixmap();
 }
 
@@ -106,41 +103,63 @@ QPixmap AvatarStore::groupPortrait(const QString &file, int size, qreal pixelRat
 
 void AvatarStore::refresh(const QString &file)
 {
-    const QString prefix = file + QLatin1Char('|');
-    const QList<QString> keys = m_cache.keys();
-    for (const QString &key : keys) {
-        if (key.startsWith(prefix))
-            m_cache.remove(key);
-    }
+    m_cache.remove(file);
     // What is being decoded may still be the old file; it is asked for again and
     // comes after that.
-    const QSet<QString> pending = m_pending;
-    for (const QString &key : pending) {
-        if (key.startsWith(prefix))
-            m_pending.remove(key);
-    }
+    m_pending.remove(file);
 }
 
-void AvatarStore::decode(const QString &file, const QString &key, int size, qreal pixelRatio)
+const AvatarStore::Picture *AvatarStore::find(const QString &what, const Form &form) const
 {
-    m_pending.insert(key);
-    const int pixels = qCeil(size * pixelRatio);
+    const Pictures *pictures = m_cache.object(what);
+    if (!pictures)
+        return nullptr;
+    const auto known = std::find_if(pictures->begin(), pictures->end(),
+                                    [&](const Picture &one) { return one.form == form; });
+    return known == pictures->end() ? nullptr : &*known;
+}
+
+void AvatarStore::keep(const QString &what, const Picture &picture)
+{
+    auto pictures = std::unique_ptr<Pictures>(m_cache.take(what));
+    if (!pictures)
+        pictures = std::make_unique<Pictures>();
+    const auto known = std::find_if(pictures->begin(), pictures->end(),
+                                    [&](const Picture &one) { return one.form == picture.form; });
+    if (known != pictures->end())
+        *known = picture;
+    else
+        pictures->append(picture);
+    int cost = 0;
+    for (const Picture &one : qAsConst(*pictures))
+        cost += costInKilobytes(one.pixmap);
+    m_cache.insert(what, pictures.release(), cost);
+}
+
+void AvatarStore::decode(const QString &file, const Form &form)
+{
+    m_pending[file].append(form);
+    const int pixels = qCeil(form.size * form.pixelRatio);
     m_pool.start(new DecodeTask(file, pixels, [=](const QImage &image) {
         QMetaObject::invokeMethod(
-            this, [=] { store(file, key, image, pixelRatio); }, Qt::QueuedConnection);
+            this, [=] { store(file, form, image); }, Qt::QueuedConnection);
     }));
 }
 
-void AvatarStore::store(const QString &file, const QString &key, const QImage &image,
-                        qreal pixelRatio)
+void AvatarStore::store(const QString &file, const Form &form, const QImage &image)
 {
-    m_pending.remove(key);
-    auto *pixmap = new QPixmap;
-    if (!image.isNull()) {
-        *pixmap = rounded(QPixmap::fromImage(image));
-        pixmap->setDevicePixelRatio(pixelRatio);
+    const auto pending = m_pending.find(file);
+    if (pending != m_pending.end()) {
+        pending->removeOne(form);
+        if (pending->isEmpty())
+            m_pending.erase(pending);
     }
-    m_cache.insert(key, pixmap, costInKilobytes(*pixmap));
+    Picture picture{form, QPixmap()};
+    if (!image.isNull()) {
+        picture.pixmap = rounded(QPixmap::fromImage(image));
+        picture.pixmap.setDevicePixelRatio(form.pixelRatio);
+    }
+    keep(file, picture);
     emit pictureReady(file);
 }
 
@@ -190,27 +209,25 @@ QString AvatarStore::monogram(const QString &name)
     return letters.isEmpty() ? text.left(1) : letters;
 }
 
-QPixmap AvatarStore::generated(const QString &id, const QString &name, int size, qreal pixelRatio)
+QPixmap AvatarStore::generated(const QString &id, const QString &name, const Form &form)
 {
     const QString letters = monogram(name);
-    const QString key =
-        cacheKey(QLatin1Char('\1') + id + QLatin1Char('\1') + letters, size, pixelRatio);
-    if (const QPixmap *known = m_cache.object(key))
-        return *known;
-    const int pixels = qCeil(size * pixelRatio);
-    auto *pixmap = new QPixmap(pixels, pixels);
-    pixmap->fill(Qt::transparent);
-    QPainter painter(pixmap);
+    const QString key = QLatin1Char('\1') + id + QLatin1Char('\1') + letters;
+    if (const Picture *known = find(key, form))
+        return known->pixmap;
+    const int pixels = qCeil(form.size * form.pixelRatio);
+    QPixmap pixmap(pixels, pixels);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     painter.setBrush(colorOf(id));
-    painter.drawEllipse(pixmap->rect());
+    painter.drawEllipse(pixmap.rect());
     painter.setPen(Qt::white);
     painter.setFont(skinFont(qMax(1, pixels * 2 / 5)));
-    painter.drawText(pixmap->rect(), Qt::AlignCenter, letters);
+    painter.drawText(pixmap.rect(), Qt::AlignCenter, letters);
     painter.end();
-    pixmap->setDevicePixelRatio(pixelRatio);
-    const QPixmap result = *pixmap;
-    m_cache.insert(key, pixmap, costInKilobytes(result));
-    return result;
+    pixmap.setDevicePixelRatio(form.pixelRatio);
+    keep(key, {form, pixmap});
+    return pixmap;
 }

@@ -3,11 +3,12 @@
 #pragma once
 
 #include <QCache>
+#include <QHash>
 #include <QImage>
 #include <QObject>
 #include <QPixmap>
-#include <QSet>
 #include <QThreadPool>
+#include <QVector>
 
 class AvatarStore : public QObject
 {
@@ -51,12 +52,30 @@ signals:
     void pictureReady(const QString &file);
 
 private:
-    AvatarStore();
-    QPixmap generated(const QString &id, const QString &name, int size, qreal pixelRatio);
-    void decode(const QString &file, const QString &key, int size, qreal pixelRatio);
-    void store(const QString &file, const QString &key, const QImage &image, qreal pixelRatio);
+    struct Form
+    {
+        int size;
+        qreal pixelRatio;
+        bool operator==(const Form &other) const
+        {
+            return size == other.size && pixelRatio == other.pixelRatio;
+        }
+    };
+    struct Picture
+    {
+        Form form;
+        QPixmap pixmap; // null: the file has no usable picture
+    };
+    using Pictures = QVector<Picture>; // one file in all forms asked for
 
-    QCache<QString, QPixmap> m_cache; // a null pixmap: the file has no usable picture
-    QSet<QString> m_pending;
+    AvatarStore();
+    QPixmap generated(const QString &id, const QString &name, const Form &form);
+    const Picture *find(const QString &what, const Form &form) const;
+    void keep(const QString &what, const Picture &picture);
+    void decode(const QString &file, const Form &form);
+    void store(const QString &file, const Form &form, const QImage &image);
+
+    QCache<QString, Pictures> m_cache; // by file, or by what it was generated of
+    QHash<QString, QVector<Form>> m_pending;
     QThreadPool m_pool;
 };

@@ -55,6 +55,8 @@ void SearchIndex::Private::markRecents()
     areRecentsMarked = true;
 }
 
+// Some candidates at a time: their texts lie all over the memory, which brings those of
+// one while others are looked at.
 void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, SearchTop *top) const
 {
     const auto best = [&](const SearchOrder &order) {
@@ -62,18 +64,31 @@ void SearchIndex::Private::scan(const SearchQuery &query, bool fromStart, Search
             return SearchHit::Inside;
         return query.mayBeWhole(order.wholeLengths) ? SearchHit::Exact : SearchHit::Prefix;
     };
+    size_t candidates[SearchIndexStore::Ahead];
+    int count = 0;
+    const auto match = [&] {
+        for (int i = 0; i < count; ++i) {
+            const size_t slot = candidates[i];
+            const SearchHit::Rank rank = best(orders[slot]);
+            SearchHit hit;
+            hit.entry = int(slot);
+            if (top->wants(orders[slot], rank) &&
+                query.answers({store.at(hit.entry), signatures[slot], rank}, &hit))
+                top->add(orders[slot], hit);
+        }
+        count = 0;
+    };
     for (size_t slot = 0; slot < signatures.size(); ++slot) {
         const SearchSignature &signature = signatures[slot];
-        if (query.isPhone())
-            store.fetchPhones(slot + SearchIndexStore::Ahead);
         if (!query.mayAnswer(signature) || query.mayAnswerFromStart(signature) != fromStart ||
             !top->wants(orders[slot], best(orders[slot])))
             continue;
-        SearchHit hit;
-        hit.entry = int(slot);
-        if (query.answers({store.at(hit.entry), signature, best(orders[slot])}, &hit))
-            top->add(orders[slot], hit);
+        store.fetchTexts(int(slot), query.isPhone());
+        candidates[count++] = slot;
+        if (count == SearchIndexStore::Ahead)
+            match();
     }
+    match();
 }
 
 SearchIndex::SearchIndex() : d(new Private) {}
@@ -103,6 +118,7 @@ bool SearchIndex::remove(SearchEntry::Kind kind, const QString &id)
     if (slot < 0)
         return false;
     d->signatures[size_t(slot)] = SearchSignature();
+    d->orders[size_t(slot)] = SearchOrder();
     return true;
 }
 
@@ -127,6 +143,16 @@ const SearchEntry *SearchIndex::find(SearchEntry::Kind kind, const QString &id) 
 const SearchEntry &SearchIndex::at(int entry) const
 {
     return d->store.at(entry);
+}
+
+QStringList SearchIndex::contacts() const
+{
+    QStringList jids;
+    for (size_t slot = 0; slot < d->orders.size(); ++slot) {
+        if (d->orders[slot].isContact)
+            jids.append(d->store.at(int(slot)).id);
+    }
+    return jids;
 }
 
 void SearchIndex::setRecent(const QStringList &ids)

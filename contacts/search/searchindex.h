@@ -37,6 +37,8 @@ public:
     // Good until the next change.
     const SearchEntry &at(int entry) const;
 
+    QStringList contacts() const; // jids, in no order
+
     // Whose conversations are the latest, the newest first: they come first among
     // equals.
     void setRecent(const QStringList &ids);

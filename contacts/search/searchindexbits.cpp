@@ -12,9 +12,12 @@ constexpr quint64 hashedBit(uint value)
 {
     return quint64(1) << (PlaceCount + (value * 2654435769u >> 16) * HashedCount / 65536);
 }
-constexpr quint8 hashedInChain(uint value)
+constexpr SearchChain hashedInChain(uint value)
 {
-    return quint8((value * 2246822519u) >> 25);
+    SearchChain chain;
+    for (const uint bit : {(value * 2246822519u) >> 25, (value * 3266489917u) >> 25})
+        chain.bits[bit >> 6] |= quint64(1) << (bit & 63);
+    return chain;
 }
 
 // Apart from the characters, which are hashed as well.
@@ -28,7 +31,7 @@ template <class Bit, class Hash> constexpr auto makePairs(Hash hash)
     return pairs;
 }
 constexpr auto pairs = makePairs<quint64>(hashedBit);
-constexpr auto chainPairs = makePairs<quint8>(hashedInChain);
+constexpr auto chainPairs = makePairs<SearchChain>(hashedInChain);
 
 constexpr int U = 'u' - 'a';
 constexpr int V = 'v' - 'a';
@@ -55,14 +58,14 @@ quint64 ofPair(int place, int next)
     return pairs[size_t(place * PlaceCount + next)];
 }
 
-quint8 inChain(int place, int next)
+const SearchChain &inChain(int place, int next)
 {
     return chainPairs[size_t(place * PlaceCount + next)];
 }
 
-quint8 inChain(ushort chinese)
+SearchChain inChain(ushort unit)
 {
-    return hashedInChain(chinese);
+    return hashedInChain(unit);
 }
 
 quint64 letterOfKey(ushort unit)

@@ -21,7 +21,6 @@ struct SearchChain
         bits[0] |= other.bits[0];
         bits[1] |= other.bits[1];
     }
-    void add(quint8 bit) { bits[bit >> 6] |= quint64(1) << (bit & 63); }
 };
 
 namespace SearchBits {
@@ -43,9 +42,10 @@ constexpr int placeOf(uint unit)
 quint64 ofUnit(ushort unit);
 quint64 ofPair(int place, int next);
 
-// In the chain: two letters or digits that follow one another, a Chinese character.
-quint8 inChain(int place, int next);
-quint8 inChain(ushort chinese);
+// In the chain, two bits each: letters or digits that follow one another; a Chinese
+// character, or what is no letter at the beginning of a field.
+const SearchChain &inChain(int place, int next);
+SearchChain inChain(ushort unit);
 
 constexpr int BitsOfLetter = 5;
 

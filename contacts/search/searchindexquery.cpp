@@ -3,9 +3,8 @@
 #include <algorithm>
 
 namespace {
-constexpr int FewestDigits = 4;
 constexpr int LeastWholeNumber = 7; // digits of a number without its area or country
-constexpr int MostDigits = 64;
+constexpr int LongestCountry = 3;   // digits of its code
 
 const QString SearchEntry::*const fields[] = {&SearchEntry::name,    &SearchEntry::remark,
                                               &SearchEntry::account, &SearchEntry::employeeCode,
@@ -50,58 +49,81 @@ int digitOf(QChar c)
 
 PhonePattern::PhonePattern(const QString &typed)
 {
-    QString digits;
+    Places places[10] = {};
+    int size = 0;
     for (const QChar c : typed) {
-        if (digitOf(c) >= 0)
-            digits += QChar('0' + digitOf(c));
+        if (const int digit = digitOf(c); digit >= 0 && size < MostDigits)
+            places[digit] |= Places(1) << size++;
         else if (c.isLetter() || c.isSurrogate() || c == QLatin1Char('@'))
             return;
     }
-    if (digits.size() >= FewestDigits)
-        m_digits = digits;
+    if (size < FewestDigits)
+        return;
+    std::copy(std::begin(places), std::end(places), std::begin(m_places));
+    m_size = size;
+    const QString begin = typed.trimmed();
+    if (begin.startsWith(QLatin1Char('+')) || begin.startsWith(QChar(0xFF0B)))
+        m_country = LongestCountry;
+    else if ((places[0] & 3) == 3)
+        m_country = 2 + LongestCountry;
+}
+
+void PhonePattern::read(int digit, int end, Number *number) const
+{
+    ++number->size;
+    const Places last = Places(1) << (m_size - 1);
+    const Places reached = number->next & m_places[digit];
+    const Places reachedOfEnd = number->nextOfEnd & m_places[digit];
+    number->next = reached << 1 | 1;
+    number->nextOfEnd = reachedOfEnd << 1;
+    number->isEnd = (reachedOfEnd & last) != 0;
+    if (number->kind != TextMatch::None)
+        return;
+    if ((reached & last) != 0)
+        number->matched = m_size;
+    else if (number->isEnd && mayLackFront(number->size))
+        number->matched = number->size;
+    else
+        return;
+    number->kind = number->matched == number->size ? TextMatch::Prefix : TextMatch::Inside;
+    number->end = end;
+}
+
+// Somebody may type the country or the area that the number leaves out.
+bool PhonePattern::isWhole(const Number &number) const
+{
+    return number.isEnd &&
+           (number.size == m_size || number.size >= LeastWholeNumber || mayLackFront(number.size));
 }
 
 TextMatch PhonePattern::match(const QString &phones) const
 {
     TextMatch best;
-    for (int start = 0, end = 0; start < phones.size(); start = end + 1) {
-        end = phones.indexOf(QLatin1Char(';'), start);
-        if (end < 0)
-            end = phones.size();
-        const TextMatch match = matchNumber(phones, start, end);
-        if (match.kind > best.kind)
-            best = match;
+    Number number;
+    const auto endNumber = [&](int end) {
+        if (isWhole(number)) {
+            number.kind = TextMatch::Exact;
+            number.matched = number.size;
+            number.end = end;
+        }
+        if (number.kind > best.kind) {
+            best.kind = number.kind;
+            best.start = number.end;
+            for (int left = number.matched; left > 0;)
+                left -= digitOf(phones.at(--best.start)) >= 0;
+            best.length = number.end - best.start;
+        }
+        number = Number();
+    };
+    int end = 0; // behind the last digit
+    for (int i = 0; i < phones.size(); ++i) {
+        if (phones.at(i) == QLatin1Char(';'))
+            endNumber(end);
+        else if (const int digit = digitOf(phones.at(i)); digit >= 0)
+            read(digit, end = i + 1, &number);
     }
+    endNumber(end);
     return best;
-}
-
-TextMatch PhonePattern::matchNumber(const QString &phones, int start, int end) const
-{
-    QChar digits[MostDigits];
-    int places[MostDigits];
-    int count = 0;
-    for (int i = start; i < end && count < MostDigits; ++i) {
-        const int digit = digitOf(phones.at(i));
-        if (digit < 0)
-            continue;
-        digits[count] = QChar('0' + digit);
-        places[count++] = i;
-    }
-    const QStringView number(digits, count);
-    int from = int(number.indexOf(m_digits));
-    int to = from + m_digits.size();
-    // Somebody may type the country that the number leaves out.
-    if (from < 0 && count >= LeastWholeNumber && QStringView(m_digits).endsWith(number)) {
-        from = 0;
-        to = count;
-    }
-    if (from < 0)
-        return {};
-    TextMatch match;
-    match.kind = from > 0 ? TextMatch::Inside : to == count ? TextMatch::Exact : TextMatch::Prefix;
-    match.start = places[from];
-    match.length = places[to - 1] + 1 - match.start;
-    return match;
 }
 
 SearchQuery::Word::Word(const QString &typed) : text(typed), phone(typed)

@@ -12,20 +12,42 @@
 #include <vector>
 
 // Digits of a phone number, from four on: found anywhere in a number, however either
-// is formatted.
+// is formatted. What was typed may begin with a country or an area that the number
+// leaves out.
 class PhonePattern
 {
 public:
     explicit PhonePattern(const QString &typed);
 
-    bool isEmpty() const { return m_digits.isEmpty(); }
+    bool isEmpty() const { return m_size == 0; }
     // Exact: a whole number; Prefix: its beginning.
     TextMatch match(const QString &phones) const;
 
 private:
-    TextMatch matchNumber(const QString &phones, int start, int end) const;
+    using Places = quint64; // in what was typed: bit i is its i-th digit
 
-    QString m_digits;
+    struct Number // as far as it has been read
+    {
+        int size = 0; // digits
+        // Which digit has to come next, for what was typed to stand here; and for the
+        // number to be the end of what was typed.
+        Places next = 1;
+        Places nextOfEnd = ~Places();
+        bool isEnd = false;
+        TextMatch::Kind kind = TextMatch::None;
+        int matched = 0; // digits
+        int end = 0;     // of the match, in the text
+    };
+    void read(int digit, int end, Number *number) const;
+    bool isWhole(const Number &number) const;
+    bool mayLackFront(int size) const { return size >= FewestDigits && m_size - size <= m_country; }
+
+    static constexpr int FewestDigits = 4;
+    static constexpr int MostDigits = 64;
+
+    Places m_places[10] = {}; // of each digit
+    int m_size = 0;
+    int m_country = 0; // how many digits may be its code
 };
 
 class SearchQuery

@@ -37,10 +37,11 @@ void SearchIndexStore::fetchTexts(const SearchEntry &entry)
     fetchText(entry.mail);
 }
 
-void SearchIndexStore::fetchPhones(size_t slot) const
+void SearchIndexStore::fetchTexts(int slot, bool withPhones) const
 {
-    if (slot < m_places.size() && m_places[slot].index != Nowhere)
-        fetchText(entryAt(m_places[slot]).phones);
+    fetchTexts(at(slot));
+    if (withPhones)
+        fetchText(at(slot).phones);
 }
 
 uint SearchIndexStore::fetchCell(const SearchEntry &entry) const

@@ -47,7 +47,7 @@ public:
     // Memory is fetched so many entries before its turn, texts twice as many: it lies all
     // over the place, and waiting for each piece would take most of the time.
     static constexpr int Ahead = 8;
-    void fetchPhones(size_t slot) const;
+    void fetchTexts(int slot, bool withPhones) const;
 
 private:
     struct Place

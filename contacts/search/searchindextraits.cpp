@@ -64,10 +64,25 @@ struct Following
     }
 };
 
+// The lengths of SearchTraits: a bit for each in its part, the last for all from then on.
+constexpr int BitsOfLengths = 10;
+constexpr int Longest = BitsOfLengths - 1;
+enum LengthsPart
+{
+    OfLetters = 0,
+    WithDigits = BitsOfLengths,
+    OfChinese = 2 * BitsOfLengths
+};
+
+quint32 lengthBit(int length)
+{
+    return quint32(1) << qMin(length, Longest);
+}
+
 // Of so many units, each separator typed or left out.
 quint32 lengthsUpTo(int size, int separators)
 {
-    return (quint32(2) << qMin(size, 15)) - (quint32(1) << qMin(size - separators, 15));
+    return 2 * lengthBit(size) - lengthBit(size - separators);
 }
 
 // Walks from the end of a text to its beginning: each unit has to know what follows.
@@ -89,9 +104,9 @@ public:
             if (isStart)
                 (i <= m_text.first() ? traits->signature.start : traits->signature.inside) |= bits;
         }
-        traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+        traits->wholeLengths |= lengths << (m_hasDigits ? WithDigits : OfLetters);
         if (m_hasChinese)
-            traits->wholeLengths |= lengthsUpTo(m_text.size(), m_separators) << 16;
+            traits->wholeLengths |= lengthsUpTo(m_text.size(), m_separators) << OfChinese;
         traits->signature.chain.add(m_chain);
     }
 
@@ -125,6 +140,8 @@ private:
         if (place < 0) {
             if (!isSeparator)
                 m_following.count = 0;
+            else if (i == 0)
+                m_chain.add(inChain(unit));
             return ofUnit(unit);
         }
         const quint64 bits = quint64(1) << place | m_following.pairsWith(place);
@@ -172,7 +189,9 @@ private:
     static quint32 lengthened(quint32 lengths, int by)
     {
         const quint32 longer = lengths << by;
-        return (longer & 0xffff) | (longer >> 16 ? 0x8000 : 0) | (lengths & 0x8000);
+        const quint32 longest = lengthBit(Longest);
+        const bool isLongest = longer >= longest || (lengths & longest) != 0;
+        return (longer & (longest - 1)) | (isLongest ? longest : 0);
     }
 
     const FoldedText &m_text;
@@ -211,15 +230,17 @@ public:
         if (m_size == 0)
             return;
         const quint32 lengths = lengthsUpTo(m_size, m_separators);
-        traits->wholeLengths |= lengths << (m_hasDigits ? 16 : 0);
+        traits->wholeLengths |= lengths << (m_hasDigits ? WithDigits : OfLetters);
     }
 
 private:
     void add(Ascii unit, ushort c)
     {
         if (unit.kind == FoldedText::Separator) {
-            if (m_size == 0)
+            if (m_size == 0) {
                 m_start |= ofUnit(c);
+                m_chain.add(inChain(c));
+            }
             ++m_separators;
         } else {
             m_hasDigits |= unit.kind == FoldedText::Digit;
@@ -294,7 +315,8 @@ SearchMask::SearchMask(QStringView word) : beginning(ofUnit(word.at(0).unicode()
             chain.add(inChain(before, place));
         if (before >= 0 && place >= 0 && i == 1)
             beginning |= ofPair(before, place);
-        if (word.at(i).script() == QChar::Script_Han)
+        if (word.at(i).script() == QChar::Script_Han ||
+            (i == 0 && FoldedText(word).kind(0) == FoldedText::Separator))
             chain.add(inChain(unit));
         before = place;
     }
@@ -312,7 +334,7 @@ quint32 SearchTraits::lengthBitOf(const QString &typed)
     }
     if (chinese > 0 && chinese < length)
         return 0;
-    return quint32(1) << (qMin(length, 15) + (hasDigits || chinese > 0 ? 16 : 0));
+    return lengthBit(length) << (chinese > 0 ? OfChinese : hasDigits ? WithDigits : OfLetters);
 }
 
 SearchTraits searchTraits(const SearchEntry &entry)

@@ -36,9 +36,9 @@ struct SearchTraits
     // The beginning of the name by pinyin, as a number: a smaller one comes first, and
     // equal ones may still differ.
     quint64 nameKey = 0;
-    // Bit n: some field may be typed in full by n units, blanks and apostrophes not
-    // counted. The last bit stands for everything longer, too. The upper half is for
-    // fields with digits, and for Chinese typed as it stands.
+    // How many units some field may be typed in full by, blanks and apostrophes not
+    // counted: a bit for each number, in three parts, for fields without digits, with
+    // digits, and for Chinese typed as it stands.
     quint32 wholeLengths = 0;
 
     // The one of what was typed; 0: any may be it, for Chinese is mixed with letters.

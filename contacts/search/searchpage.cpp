@@ -96,6 +96,8 @@ void SearchPage::connectView()
     connect(m_view, &SearchResultView::leftUpwards, this, [this] {
         m_view->setCurrentIndex(QModelIndex());
         m_box->setFocus(Qt::BacktabFocusReason);
+        if (m_isStale)
+            searchAgain();
     });
     connect(m_view, &SearchResultView::typed, this, [this](const QString &text) {
         m_box->setFocus(Qt::OtherFocusReason);

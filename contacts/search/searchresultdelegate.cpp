@@ -1,5 +1,6 @@
 #include "contacts/search/searchresultdelegate.h"
 
+#include "contacts/search/markedline.h"
 #include "contacts/search/searchresultmodel.h"
 #include "controls/avatarstore.h"
 #include "controls/pictures.h"
@@ -7,7 +8,6 @@
 #include "controls/skin.h"
 
 #include <QStyle>
-#include <QTextLayout>
 
 namespace {
 
@@ -15,8 +15,6 @@ constexpr int NamePixels = 14;
 constexpr int NameLine = 20; // height
 constexpr int SecondPixels = 12;
 constexpr int SecondLine = 17;
-constexpr int MarkOpacity = 64;     // of 255
-constexpr int BoldAllowance = 6;    // what marked letters may take more
 constexpr double SecondShare = 0.6; // of the line, at most, when there is a place, too
 constexpr int GlyphSize = 20;       // in the disc of who has no picture
 
@@ -67,96 +65,45 @@ QPixmap kindPicture(SearchEntry::Kind kind, qreal ratio)
     return disc;
 }
 
-class Line
-{
-public:
-    Line(QPainter *painter, const QStyleOptionViewItem &option, int pixels, const QColor &color)
-        : m_painter(painter),
-          m_option(option),
-          m_font(skinFont(pixels)),
-          m_metrics(m_font),
-          m_color(color)
-    {
-    }
-
-    // In which the text is not cut.
-    int width(const QString &text) const { return m_metrics.horizontalAdvance(text) + 1; }
-
-    // `area` as if text ran from left to right.
-    void draw(const QRect &area, const MarkedText &line, Qt::TextElideMode mode) const
-    {
-        const int room = line.marks.isEmpty() ? area.width() : area.width() - BoldAllowance;
-        const QString text = m_metrics.elidedText(line.text, mode, room);
-        const bool whole = text == line.text;
-        QTextLayout layout(text, m_font);
-        QTextOption wrap(QStyle::visualAlignment(m_option.direction, Qt::AlignLeft));
-        wrap.setWrapMode(QTextOption::NoWrap);
-        wrap.setTextDirection(m_option.direction);
-        layout.setTextOption(wrap);
-        layout.setFormats(formats(line.marks, whole ? text.size() : text.size() - 1));
-        layout.beginLayout();
-        QTextLine row = layout.createLine();
-        row.setLineWidth(area.width());
-        layout.endLayout();
-        const QRect place = QStyle::visualRect(m_option.direction, m_option.rect, area);
-        m_painter->setPen(m_color);
-        layout.draw(m_painter,
-                    QPointF(place.left(), place.top() + (place.height() - row.height()) / 2));
-    }
-
-private:
-    QVector<QTextLayout::FormatRange> formats(const SearchMarks &marks, int end) const
-    {
-        QColor marker = Skin::instance().colors().theme;
-        marker.setAlpha(MarkOpacity);
-        QTextCharFormat format;
-        format.setBackground(marker);
-        format.setFontWeight(QFont::DemiBold); // seen on any ground, also a selected row's
-        QVector<QTextLayout::FormatRange> ranges;
-        for (const SearchMark &mark : marks) {
-            const int length = qMin(mark.second, end - mark.first);
-            if (length > 0)
-                ranges.append({mark.first, length, format});
-        }
-        return ranges;
-    }
-
-    QPainter *m_painter;
-    const QStyleOptionViewItem &m_option;
-    const QFont m_font;
-    const QFontMetrics m_metrics;
-    const QColor m_color;
-};
-
 void drawTexts(QPainter *painter, const QStyleOptionViewItem &option, const QRect &rest,
                const SearchResultModel::Shown &shown, bool faded)
 {
+    // `area` as if text ran from left to right; returns what the line takes of it.
+    const auto draw = [&](const MarkedLine &line, const QRect &area, const MarkedText &text,
+                          Qt::TextElideMode mode) {
+        const MarkedText fitted = line.fitted(text, area.width(), mode);
+        line.paint(painter, QStyle::visualRect(option.direction, option.rect, area), fitted,
+                   option.direction);
+        return line.width(fitted);
+    };
     const QColor quiet = Skin::instance().quietText(option.state.testFlag(QStyle::State_Selected));
-    const QColor text = faded ? quiet : Skin::instance().colors().text;
-    const Line first(painter, option, NamePixels, text);
-    const bool hasSecond = !shown.second.text.isEmpty() || !shown.place.isEmpty();
-    if (!hasSecond) {
-        first.draw(rest, shown.name, Qt::ElideRight);
+    painter->setPen(faded ? quiet : Skin::instance().colors().text);
+    const MarkedLine first(skinFont(NamePixels));
+    if (shown.second.text.isEmpty() && shown.place.isEmpty()) {
+        draw(first, rest, shown.name, Qt::ElideRight);
         return;
     }
     const int top = rest.center().y() - (NameLine + SecondLine) / 2;
-    first.draw(QRect(rest.left(), top, rest.width(), NameLine), shown.name, Qt::ElideRight);
+    draw(first, QRect(rest.left(), top, rest.width(), NameLine), shown.name, Qt::ElideRight);
 
-    const Line second(painter, option, SecondPixels, quiet);
-    const QRect area(rest.left(), top + NameLine, rest.width(), SecondLine);
+    painter->setPen(quiet);
+    const MarkedLine second(skinFont(SecondPixels));
+    QRect area(rest.left(), top + NameLine, rest.width(), SecondLine);
+    const MarkedText place{shown.place, {}};
     if (shown.place.isEmpty()) {
-        second.draw(area, shown.second, Qt::ElideRight);
+        draw(second, area, shown.second, Qt::ElideRight);
         return;
     }
+    if (!shown.second.text.isEmpty()) {
+        const MarkedText separator{QStringLiteral(" · "), {}};
+        const int both = area.width() - second.width(separator);
+        const int most = qMax(both - second.width(place), int(both * SecondShare));
+        const QRect before(area.left(), area.top(), most, area.height());
+        area.setLeft(area.left() + draw(second, before, shown.second, Qt::ElideRight));
+        area.setLeft(area.left() + draw(second, area, separator, Qt::ElideRight));
+    }
     // Of a long path the end tells most.
-    MarkedText before = shown.second;
-    if (!before.text.isEmpty())
-        before.text += QStringLiteral(" · ");
-    const int room = area.width() - second.width(shown.place);
-    const int width = qMin(second.width(before.text), qMax(room, int(area.width() * SecondShare)));
-    if (width > 0)
-        second.draw(QRect(area.left(), area.top(), width, area.height()), before, Qt::ElideRight);
-    second.draw(area.adjusted(width, 0, 0, 0), {shown.place, {}}, Qt::ElideLeft);
+    draw(second, area, place, Qt::ElideLeft);
 }
 
 } // namespace

@@ -357,9 +357,7 @@ QString SearchResultModel::place(const SearchResult &result, const VcardInfo &pr
         return names.join(QStringLiteral(" / "));
     if (!result.place.isEmpty())
         return displayText(result.place);
-    names = QStringList{displayText(profile.orgName), displayText(profile.duty)};
-    names.removeAll(QString());
-    return names.join(separator());
+    return displayText(profile.orgName.isEmpty() ? profile.duty : profile.orgName);
 }
 
 void SearchResultModel::addPerson(const SearchResult &result, Shown *shown) const

@@ -19,15 +19,6 @@ SearchResultView::SearchResultView(SearchResultModel *model, QWidget *parent)
     buildMenu();
 }
 
-// The host may destroy the pane inside a request that an action has made; QMenu
-// does not survive its own end while it tells of that action.
-SearchResultView::~SearchResultView()
-{
-    m_menu->disconnect(this);
-    m_menu->setParent(nullptr, m_menu->windowFlags());
-    m_menu->deleteLater();
-}
-
 SearchEntry SearchResultView::entryAt(const QModelIndex &index) const
 {
     return m_model->at(index.row()).entry;

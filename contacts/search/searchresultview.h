@@ -13,7 +13,6 @@ class SearchResultView : public RowView
 
 public:
     explicit SearchResultView(SearchResultModel *model, QWidget *parent = nullptr);
-    ~SearchResultView() override;
 
     void keyboardSearch(const QString &typed) override;
 

@@ -162,6 +162,13 @@ void SearchSources::loggedIn()
         m_tasks.clear();
         m_index.clear();
         emit cleared();
+    } else {
+        // Who was taken off the list while nobody was logged in.
+        enqueue(m_index.contacts(), [this](const QString &jid) {
+            FriendData contact;
+            if (!ctx().friendData(jid, &contact))
+                removeContact(jid);
+        });
     }
     load();
 }

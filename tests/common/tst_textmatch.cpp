@@ -35,7 +35,8 @@ private slots:
         row("#Debugger", "debug|#debug", "bug");
         row("東方", "東|東f|東方", "d|dong|f|方");
         row("café 2号", "cafe|2h|2号|2hao|hao", "e 2|ao");
-        row("Łódź", "łodz|łódź", "odz");
+        row("Łódź", "łodz|łódź|lodz", "odz");
+        row("Åse Sørbæk", "ase so|sorbaek|sørbæk", "orb");
         row("A😀b", "a😀|a😀b", "😀b|b");
         row("单于雄信", "chanyu|cyxx|danyu|shan", "chanx");
         row("单雄信", "shan|shanx|dan|sxx", "chan");

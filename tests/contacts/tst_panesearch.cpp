@@ -135,9 +135,12 @@ private slots:
         QVERIFY(list->hasFocus());
     }
 
-    void locatesAChannel()
+    void locatesAChannelOfAnEarlierPane()
     {
         emit FriendUISignalSender::instance()->signal_notifyAddChannel(channel());
+        m_pane->destroy();
+        m_pane->make();
+        m_box = m_pane->pane->findChild<SearchBox *>();
         search("quarry");
         QTest::keyClick(m_box, Qt::Key_Return, Qt::ControlModifier);
         QCOMPARE(m_pane->pane->currentPage(), QStringLiteral("customer"));

@@ -122,7 +122,11 @@ private slots:
         row("+86 (138) 0013-8000", SearchHit::Exact, SearchHit::Phones);
         row("８０００", SearchHit::Inside, SearchHit::Phones);
         row("800", -1, 0);
-        row("80008621", -1, 0); // across two numbers
+        row("80008621", -1, 0);                                  // across two numbers
+        row("+86 138-00", SearchHit::Prefix, SearchHit::Phones); // on the way to all of it
+        row("0086 1380", SearchHit::Prefix, SearchHit::Phones);
+        row("86 138-00", -1, 0);
+        row("021 138 0013 8000", SearchHit::Exact, SearchHit::Phones);
         row("hang", -1, 0);
         row("an", -1, 0);
         row("zhang li", -1, 0);
@@ -176,6 +180,10 @@ private slots:
         QCOMPARE(idsOf(index, "zhs", 1), QStringLiteral("recent1"));
         index.setRecent({QStringLiteral("later")});
         QCOMPARE(idsOf(index, "zhangsan", 3), QStringLiteral("exact later contact"));
+        // Longer than any length that is told apart.
+        index.putAll({person("longer", "欧阳长江中山"), person("whole", "欧阳长江中")});
+        index.setRecent({QStringLiteral("longer")});
+        QCOMPARE(idsOf(index, "ouyangchangjiangzhong", 1), QStringLiteral("whole"));
     }
 
     // Against a matcher that tries everything, and against itself without a limit.
@@ -277,6 +285,8 @@ private slots:
         QCOMPARE(marked("z zhang", "张三", SearchHit::Name), QString::fromUtf8("[张]三"));
         QCOMPARE(marked("38001", "138-0013;21", SearchHit::Phones),
                  QStringLiteral("1[38-001]3;21"));
+        QCOMPARE(marked("+86 138-00", "86;138-0013", SearchHit::Phones),
+                 QStringLiteral("86;[138-00]13"));
         QCOMPARE(marked("x", "张三", SearchHit::Name), QString::fromUtf8("张三"));
     }
 
@@ -288,13 +298,17 @@ private slots:
         room.kind = SearchEntry::Room;
         index.put(room);
         QCOMPARE(index.size(), 2);
-        index.put(person("a", "李四"));
+        SearchEntry contact = person("a", "李四");
+        contact.isContact = true;
+        index.put(contact);
+        QCOMPARE(index.contacts(), QStringList{contact.id});
         QCOMPARE(index.size(), 2);
         QCOMPARE(index.search(QStringLiteral("zs"), 9).size(), 0);
         QCOMPARE(idsOf(index, "ls"), QStringLiteral("a"));
         QCOMPARE(index.find(SearchEntry::Room, QStringLiteral("a"))->name, room.name);
         QVERIFY(index.remove(SearchEntry::Person, QStringLiteral("a")));
         QVERIFY(!index.remove(SearchEntry::Person, QStringLiteral("a")));
+        QCOMPARE(index.contacts(), QStringList());
         QCOMPARE(index.search(QStringLiteral("ls"), 9).size(), 0);
         QVERIFY(!index.find(SearchEntry::Person, QStringLiteral("a")));
         QCOMPARE(index.size(), 1);
