@@ -22,17 +22,19 @@ InputBox *InputBox::ask(QWidget *parent, const QString &title, const QString &la
     box->setTextValue(preset);
     box->m_check = check;
     box->m_accepted = accepted;
+    box->resize(320, box->sizeHint().height());
+    box->open(); // makes the line
     if (auto *edit = box->findChild<QLineEdit *>())
         edit->selectAll(); // typing replaces what is there
-    box->resize(320, box->sizeHint().height());
-    box->open();
     return box;
 }
 
 void InputBox::setMaximumLength(int length)
 {
-    if (auto *edit = findChild<QLineEdit *>())
+    if (auto *edit = findChild<QLineEdit *>()) {
         edit->setMaxLength(length);
+        edit->selectAll(); // which the line forgets with its limit
+    }
 }
 
 void InputBox::done(int result)

@@ -79,7 +79,9 @@ public:
             else
                 wait(node);
         }
-        if (!m_frozen)
+        if (m_frozen)
+            appendWaiting();
+        else
             settleWaiting();
     }
 
@@ -236,6 +238,25 @@ private:
                 added.push_back(node);
             }
         }
+        insertAll(&added);
+    }
+
+    // What stands behind all rows comes in between none: a further page is seen at
+    // once, also by who points at the list.
+    void appendWaiting()
+    {
+        const auto isInside = [this](Node *node) {
+            Entry &entry = node->second;
+            if (entry.hasRow || !isShown(entry.record))
+                return true;
+            entry.place = placeOf(entry.record);
+            return !m_rows.empty() && stands(node, m_rows.back());
+        };
+        const auto behind = std::partition(m_waiting.begin(), m_waiting.end(), isInside);
+        std::vector<Node *> added(behind, m_waiting.end());
+        m_waiting.erase(behind, m_waiting.end());
+        for (Node *node : added)
+            node->second.waits = false;
         insertAll(&added);
     }
 

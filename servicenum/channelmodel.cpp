@@ -3,7 +3,7 @@
 #include "common/displaytext.h"
 #include "servicenum/customerserverroles.h"
 
-#include <QSet>
+#include <utility>
 
 namespace {
 
@@ -36,7 +36,7 @@ QStringList workGroups(const CSChannelData &data)
 
 QString secondLine(const CSChannelData &data)
 {
-    const QString groups = workGroups(data).join(QStringLiteral(", "));
+    const QString groups = workGroups(data).join(QObject::tr("listSeparator"));
     const QString state = stateOf(data);
     return groups.isEmpty() ? state : state + QString::fromUtf8(" · ") + groups;
 }
@@ -104,16 +104,9 @@ void ChannelModel::repin(const QString &id)
 
 void ChannelModel::setPins(const QStringList &pins)
 {
-    const QStringList before = m_pins;
-    m_pins = pins;
-    // From the rows that stand lowest to the highest, so that none steps aside for
-    // one that is about to leave.
-    for (const QString &id : before) {
-        if (pinOf(id) == 0)
-            repin(id);
-    }
-    for (auto id = pins.crbegin(); id != pins.crend(); ++id)
-        repin(*id);
+    const QStringList before = std::exchange(m_pins, pins);
+    for (const QString &id : before + pins)
+        repin(id);
 }
 
 QVariant ChannelModel::data(const QModelIndex &index, int role) const

@@ -503,6 +503,10 @@
         <translation>Reports to</translation>
     </message>
     <message>
+        <source>listSeparator</source>
+        <translation>, </translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>Loading failed. Click to try again</translation>
     </message>

@@ -503,6 +503,10 @@
         <translation>负责人</translation>
     </message>
     <message>
+        <source>listSeparator</source>
+        <translation>、</translation>
+    </message>
+    <message>
         <source>loadErrorAndCrazyRetry</source>
         <translation>加载失败，点击重试</translation>
     </message>

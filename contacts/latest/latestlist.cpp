@@ -14,7 +14,7 @@
 
 namespace {
 constexpr int FrameMs = 16;
-// Of rows that are read anew at once: what takes no longer than a frame.
+// Of rows that are read anew at once, however many were read before.
 constexpr int MostReadAnew = 5 * LatestList::PageSize;
 
 using Place = LatestContactsTable::Place;
@@ -47,9 +47,7 @@ LatestList::LatestList(QObject *parent)
     connect(&m_frame, &QTimer::timeout, this, &LatestList::showChanges);
     connect(&m_writer, &LatestWriter::failed, this, &LatestList::notStored);
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &LatestList::save);
-    const LocalDatabase *database = &LocalDatabase::instance();
-    connect(database, &LocalDatabase::opened, this, &LatestList::databaseOpened);
-    connect(database, &LocalDatabase::fileSetAside, this, &LatestList::storeAll);
+    connect(&LocalDatabase::instance(), &LocalDatabase::opened, this, &LatestList::databaseOpened);
 }
 
 LatestList::~LatestList()
@@ -310,6 +308,8 @@ void LatestList::reload()
     QVector<DBFriendData> rows;
     if (!readPage([limit] { return LatestContactsTable::page(limit, 0); }, limit, &rows))
         return;
+    if (rows.isEmpty() && storeInNewFile())
+        return;
     const Place readTo = m_readTo;
     rows += LatestContactsTable::pinned();
     QSet<QString> present;
@@ -337,18 +337,25 @@ void LatestList::reload()
 
 void LatestList::databaseOpened()
 {
-    if (!m_wasRead || m_user != ctx().ownJid())
+    if (!m_wasRead || m_user != ctx().ownJid()) {
         reload();
-    else
-        save();
+        return;
+    }
+    storeInNewFile();
+    save();
 }
 
-// The new file holds nothing of what the list still knows.
-void LatestList::storeAll()
+// Where a damaged file was set aside the new one, the plug-in's or the host's, holds
+// nothing of what the list still knows.
+bool LatestList::storeInNewFile()
 {
+    QString time, content;
+    if (m_entries.isEmpty() || LatestContactsTable::newest(&time, &content))
+        return false;
     const QStringList known = m_entries.keys();
     for (const QString &jid : known)
         m_writer.note(jid, LatestWriter::Row);
+    return true;
 }
 
 void LatestList::loadMore()
@@ -356,10 +363,10 @@ void LatestList::loadMore()
     if (!m_wasRead)
         return;
     QVector<DBFriendData> rows;
-    const int before = m_model->rowCount();
+    const int before = m_entries.size();
     const auto next = [this] { return LatestContactsTable::pageBehind(m_readTo, PageSize); };
     // A page may hold nobody new: those whom a message has brought up before.
-    while (m_hasMore && m_model->rowCount() == before && m_displayed) {
+    while (m_hasMore && m_entries.size() == before && m_displayed) {
         if (!readPage(next, PageSize, &rows))
             return;
         adopt(rows, false);

@@ -74,7 +74,7 @@ private:
     void drop(const QString &jid);
     void forgetUser();
     void databaseOpened();
-    void storeAll();
+    bool storeInNewFile();
     void touch(const QString &jid);
     void showChanges();
     bool readPage(const std::function<QVector<DBFriendData>()> &read, int limit,

@@ -6,6 +6,7 @@
 #include "contacts/latest/latestlist.h"
 #include "contacts/latest/latesttime.h"
 #include "contacts/latest/latestview.h"
+#include "controls/rowpainter.h"
 #include "controls/skin.h"
 #include "controls/statepage.h"
 #include "controls/tipbox.h"
@@ -191,8 +192,10 @@ void MyLatestFriendWidget::slot_login()
 void MyLatestFriendWidget::slot_ScrollToBottom(int nValue)
 {
     LOG_SCOPE("MyLatestFriendWidget::slot_ScrollToBottom(int nValue)");
-    // The end is only known again when the new rows are laid out.
-    if (m_rowsComing || nValue < m_view->verticalScrollBar()->maximum())
+    // The end is only known again when the new rows are laid out. Keys bring the last row
+    // into view, which is not quite the end.
+    const int end = m_view->verticalScrollBar()->maximum() - RowPainter::RowHeight;
+    if (m_rowsComing || nValue < end)
         return;
     const int before = model()->rowCount();
     m_list->loadMore();

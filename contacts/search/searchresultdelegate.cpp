@@ -50,7 +50,7 @@ QPixmap kindPicture(SearchEntry::Kind kind, qreal ratio)
     const KindPicture picture = pictureOf(kind);
     const QString path = QString::fromLatin1(picture.path);
     if (!picture.isGlyph)
-        return loadPicture(path, RowPainter::AvatarSize, ratio);
+        return loadRoundPicture(path, RowPainter::AvatarSize, ratio);
     const Skin::Colors &colors = Skin::instance().colors();
     QPixmap disc(QSize(RowPainter::AvatarSize, RowPainter::AvatarSize) * ratio);
     disc.setDevicePixelRatio(ratio);

@@ -18,7 +18,11 @@ public:
     // A line of the program's own, such as a failure.
     void addNote(const QString &text);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    QTextCharFormat coloured(QPalette::ColorRole role) const;
     void addLine(const QString &text, const QTextCharFormat &format, int topMargin);
     void keepAtEnd(bool wasAtEnd);
     bool isAtEnd() const;

@@ -232,6 +232,17 @@ private slots:
         QSqlDatabase::removeDatabase(QStringLiteral("given"));
     }
 
+    void ofATransactionThatFailsNothingStays()
+    {
+        QVERIFY(!base().inTransaction([] {
+            SessionSettings::setMuted(QStringLiteral("a@d"), true);
+            base().inTransaction([] { return false; });
+            return true; // the part has failed it
+        }));
+        QVERIFY(!SessionSettings::isMuted(QStringLiteral("a@d")));
+        QVERIFY(SessionSettings::setMuted(QStringLiteral("b@d"), true));
+    }
+
     void withoutADatabaseTheLogSaysSo()
     {
         m_user->host.baseFolder = m_user->folder.filePath(QStringLiteral("plain"));

@@ -107,12 +107,6 @@ private slots:
         for (const DBFriendData &row : rows)
             stored += row.unread;
         QCOMPARE(stored, Messages / 10);
-        // However often it is asked for in a turn.
-        ChangeCounter counter(m_page->model());
-        for (int i = 0; i < 20; ++i)
-            FakeHost::send(Inbound::ConnectionChanged, true);
-        QTRY_VERIFY(counter.greatest() > 0);
-        QCOMPARE(counter.greatest(), 1);
     }
 
     void nothingMovesUnderThePointer()

@@ -72,6 +72,7 @@ public:
         : m_base(QSqlDatabase::addDatabase(QStringLiteral("QSQLITE"), QStringLiteral("other")))
     {
         m_base.setDatabaseName(file);
+        m_base.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=0"));
         m_base.open();
     }
     ~Other()
@@ -160,6 +161,18 @@ private slots:
             QCOMPARE(Table::page(0, 0).size(), 1); // reading goes on
         }
         QVERIFY(Table::store({record(QStringLiteral("after"))}));
+        QCOMPARE(Table::page(0, 0).size(), 2);
+    }
+
+    // A transaction that has read cannot wait for who has written since.
+    void nobodyWritesBetweenReadingAndStoring()
+    {
+        QVERIFY(Table::store({record(QStringLiteral("before"))}));
+        Other other(m_user->file());
+        QVERIFY(LocalDatabase::instance().inTransaction([&other] {
+            return Table::page(0, 0).size() == 1 && !other.exec("DELETE FROM latestfriendnew") &&
+                   Table::store({record(QStringLiteral("after"))});
+        }));
         QCOMPARE(Table::page(0, 0).size(), 2);
     }
 

@@ -80,6 +80,7 @@ private slots:
         QFETCH(int, width);
         QFETCH(bool, isBeside);
         const RoomsFixture page;
+        page.widget->setMinimumWidth(1); // as in the pane, which gives what it has
         page.widget->resize(width, 500);
         RoomsFixture::settle();
         const QRect first = page.addressBookTab()->geometry();
