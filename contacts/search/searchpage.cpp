@@ -169,8 +169,10 @@ void SearchPage::searchAgain()
     if (m_isStale || m_typed.isEmpty())
         return;
     const QVector<SearchResult> found = local();
-    if (m_model->renew(found))
+    if (m_model->renew(found)) {
+        showState();
         return;
+    }
     QVector<SearchResult> told;
     for (const SearchResult &result : m_model->results()) {
         if (result.isTold)
@@ -266,7 +268,7 @@ void SearchPage::showState()
     const bool hasRows = m_model->rowCount() > 0;
     if (hasRows)
         m_states->setCurrentWidget(m_view);
-    else if (state == PeopleSearch::Searching)
+    else if (state == PeopleSearch::Searching || m_sources->isBusy())
         m_states->setCurrentWidget(statePage(m_searchingPage, "searchSearching",
                                              "Resources/images/SearchFriend/qora_Loading.gif",
                                              nullptr));

@@ -98,6 +98,20 @@ private slots:
         QVERIFY(visible(f, "searchNothing"));
     }
 
+    void nothingFoundYet()
+    {
+        SearchFixture f;
+        f.host.context.deniedRights = {ApplicationContext::Org};
+        f.make();
+        QList<FriendData> many;
+        for (int i = 0; i < 3000; ++i)
+            many.append(contactNamed(QStringLiteral("u%1").arg(i), QStringLiteral("Udo%1").arg(i)));
+        emit FriendUISignalSender::instance()->signal_addAllFriend(many);
+        QTest::keyClicks(f.box, QStringLiteral("zzz"));
+        QVERIFY(f.sources->isBusy() && visible(f, "searchSearching"));
+        QTRY_VERIFY(visible(f, "searchNothing"));
+    }
+
     void furtherPagesAsSomebodyScrolls()
     {
         PeopleService service;
