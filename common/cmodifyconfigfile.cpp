@@ -1,6 +1,7 @@
 #include "common/cmodifyconfigfile.h"
 
 #include "common/logging.h"
+#include "common/postroutine.h"
 #include "common/settingsfile.h"
 
 #include <QCoreApplication>
@@ -46,7 +47,7 @@ CModifyConfigFile &CModifyConfigFile::instance()
     static CModifyConfigFile *writer = [] {
         // For an application that ends without aboutToQuit(): no thread may run on
         // while the process takes itself apart.
-        qAddPostRoutine([] { instance().finish(); });
+        static const PostRoutine finishing([] { instance().finish(); });
         return new CModifyConfigFile;
     }();
     return *writer;

@@ -3,8 +3,8 @@
 #include "common/clientpaths.h"
 #include "common/localtables.h"
 #include "common/logging.h"
+#include "common/postroutine.h"
 
-#include <QCoreApplication>
 #include <QSqlDriver>
 
 namespace {
@@ -37,7 +37,7 @@ LocalDatabase &LocalDatabase::instance()
 {
     static auto *only = [] {
         // While Qt's own list of connections still stands.
-        qAddPostRoutine([] { instance().close(); });
+        static const PostRoutine closing([] { instance().close(); });
         return new LocalDatabase;
     }();
     return *only;

@@ -1,9 +1,9 @@
 #include "controls/avatarstore.h"
 
+#include "common/postroutine.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 
-#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QFileInfo>
 #include <QImageReader>
@@ -67,7 +67,7 @@ AvatarStore::AvatarStore() : m_cache(CacheKilobytes)
     m_pool.setMaxThreadCount(1);
     // A picture that is decoded while the process takes itself apart would find its
     // reader gone.
-    qAddPostRoutine([] {
+    static const PostRoutine drain([] {
         instance().m_pool.clear();
         instance().m_pool.waitForDone();
     });

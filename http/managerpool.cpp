@@ -1,6 +1,7 @@
 #include "http/managerpool.h"
 
-#include <QCoreApplication>
+#include "common/postroutine.h"
+
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>
 
@@ -51,7 +52,7 @@ ManagerPool::ManagerPool()
     m_rest.setInterval(KeptIdle);
     m_rest.setSingleShot(true);
     QObject::connect(&m_rest, &QTimer::timeout, [this] { clear(); });
-    qAddPostRoutine(close);
+    static const PostRoutine closing(close);
 }
 
 ManagerLease ManagerPool::lend()

@@ -1,5 +1,7 @@
 #include "org/organswer.h"
 
+#include "common/postroutine.h"
+
 #include <QCoreApplication>
 #include <QRunnable>
 #include <QThreadPool>
@@ -12,7 +14,7 @@ QThreadPool &readers()
         auto *made = new QThreadPool;
         made->setMaxThreadCount(1);
         // Nothing may be read while the process takes itself apart.
-        qAddPostRoutine([] {
+        static const PostRoutine drain([] {
             readers().clear();
             readers().waitForDone();
         });

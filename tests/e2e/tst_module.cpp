@@ -3,6 +3,7 @@
 #include "hostapi/baseevent.h"
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
+#include "tests/support/rows.h"
 #include "tests/support/testrunner.h"
 
 #include <QAbstractItemView>
@@ -148,6 +149,16 @@ void runChild()
     std::printf("ended: %d\n", QApplication::exec());
 }
 
+// Only makes the plug-in, and lets go of its code long before the process ends.
+void runUnloadingChild()
+{
+    QPluginLoader loader(Module);
+    loader.setLoadHints(QLibrary::LoadHints());
+    const bool isPlugin = qobject_cast<PluginInterface *>(loader.instance());
+    std::printf("let go: %d\n", isPlugin && loader.unload());
+    std::printf("ended: 0\n");
+}
+
 } // namespace
 
 class TstModule : public QObject
@@ -159,7 +170,10 @@ private slots:
     {
         if (!qEnvironmentVariableIsSet(ChildVariable))
             return;
-        runChild();
+        if (qgetenv(ChildVariable) == "unload")
+            runUnloadingChild();
+        else
+            runChild();
         QSKIP("the child has done its part");
     }
 
@@ -304,18 +318,27 @@ private slots:
         QCOMPARE(own.payload, encode(false));
     }
 
+    void endsQuietly_data()
+    {
+        const Rows<QString, QString> row{"child", "says"};
+        row("used to the end", "use", "ended: 0");
+        row("unloaded again", "unload", "let go: 1");
+    }
+
     void endsQuietly()
     {
-        QProcess child;
+        QFETCH(QString, child);
+        QFETCH(QString, says);
+        QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QLatin1String(ChildVariable), QStringLiteral("1"));
-        child.setProcessEnvironment(environment);
-        child.start(QCoreApplication::applicationFilePath(), {QStringLiteral("TstModule")});
-        QVERIFY(child.waitForFinished(60000));
-        const QByteArray output = child.readAllStandardOutput();
-        QVERIFY2(child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0,
-                 child.readAllStandardError().constData());
-        QVERIFY2(output.contains("ended: 0"), output.constData());
+        environment.insert(QLatin1String(ChildVariable), child);
+        process.setProcessEnvironment(environment);
+        process.start(QCoreApplication::applicationFilePath(), {QStringLiteral("TstModule")});
+        QVERIFY(process.waitForFinished(60000));
+        const QByteArray output = process.readAllStandardOutput();
+        QVERIFY2(process.exitStatus() == QProcess::NormalExit && process.exitCode() == 0,
+                 process.readAllStandardError().constData());
+        QVERIFY2(output.contains(says.toUtf8()), output.constData());
         QVERIFY2(!output.contains("loaded:"), output.constData());
     }
 
