@@ -43,11 +43,11 @@ void HttpMgr::loadClientSettings()
 {
     LOG_SCOPE("HttpMgr::loadClientSettings()");
     const QString user = ctx().userId();
-    const int load = ++m_settingLoads;
     const int changes = m_settingChanges;
-    ServiceCall::start({"/ClientSetting/settingUrl"}, this, HERE, [=](const ServiceReply &reply) {
-        if (load != m_settingLoads) // asked again meanwhile
-            return;
+    // An older one tells nothing that this one will not.
+    delete m_settingsLoading;
+    const auto take = [=](const ServiceReply &reply) {
+        m_settingsLoading.clear();
         if (!reply.ok || ctx().userId() != user) {
             LOG_ERROR(
                 "the settings of conversations were not loaded: " << QString::number(reply.code));
@@ -59,5 +59,6 @@ void HttpMgr::loadClientSettings()
             emit signal_clientSettingsLoaded(
                 SessionSettings::replaceMuted(ClientSettings::silentSessions(reply.data())));
         }
-    });
+    };
+    m_settingsLoading = ServiceCall::start({"/ClientSetting/settingUrl"}, this, HERE, take);
 }

@@ -5,10 +5,12 @@
 #include "http/orgrecords.h"
 
 #include <QObject>
+#include <QPointer>
 
 #include <functional>
 
 class OrgRequest;
+class ServiceCall;
 
 class HttpMgr : public QObject
 {
@@ -60,5 +62,5 @@ private:
 
     OrgRequestFactory m_makeOrgRequest;
     int m_settingChanges = 0; // of conversations, that the service has agreed to
-    int m_settingLoads = 0;
+    QPointer<ServiceCall> m_settingsLoading;
 };
