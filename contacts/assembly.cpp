@@ -120,6 +120,11 @@ public:
     {
         missing("virtual teams", teamId);
     }
+    void locateTeam(const QString &teamId) override
+    {
+        raisePage(QStringLiteral("virtureteam"));
+        missing("virtual teams", teamId);
+    }
     void openServiceNumber(const QString &code) override { missing("service numbers", code); }
     void openServiceNumberSearch() override
     {

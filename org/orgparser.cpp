@@ -2,7 +2,7 @@
 
 #include "common/cchcharactertopp.h"
 #include "http/jsonreader.h"
-#include "org/orgpresence.h"
+#include "http/servicepresence.h"
 
 #include <QHash>
 
@@ -67,7 +67,7 @@ constexpr Field employeeFields[] = {{"duty", &OrgElement::strDuty, true},
 
 void readPresence(const Json::Value &entries, OrgElement *element)
 {
-    const OrgPresence presence = orgPresence(entries);
+    const ServicePresence presence = servicePresence(entries);
     element->nStatus = presence.status;
     element->nDevice = presence.device;
 }
@@ -171,7 +171,7 @@ SearchUserData searchHit(const Json::Value &entry)
                                                          {"leaderName", &user.leaderName}};
     for (const auto &[key, field] : fields)
         *field = JsonReader::text(entry, key);
-    const OrgPresence presence = searchPresence(JsonReader::array(entry, "presenceList"));
+    const ServicePresence presence = searchPresence(JsonReader::array(entry, "presenceList"));
     user.nStatus = presence.status;
     user.nDevice = presence.device;
     return user;

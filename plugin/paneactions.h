@@ -56,6 +56,8 @@ public:
     // to join; type "join": open the join window of the team.
     virtual void virtualTeamEvent(const QString &type, const QString &teamId,
                                   const QString &member) = 0;
+    // Shows the page of teams, the team opened and its row selected.
+    virtual void locateTeam(const QString &teamId) = 0;
     // Opens the detail of a service number.
     virtual void openServiceNumber(const QString &code) = 0;
     virtual void openServiceNumberSearch() = 0;

@@ -54,6 +54,7 @@ public:
     {
         record("virtualTeamEvent", {type, teamId, member});
     }
+    void locateTeam(Text teamId) override { record("locateTeam", {teamId}); }
     void openServiceNumber(Text code) override { record("openServiceNumber", {code}); }
     void openServiceNumberSearch() override { record("openServiceNumberSearch", {}); }
     void reloadChannels() override { record("reloadChannels", {}); }

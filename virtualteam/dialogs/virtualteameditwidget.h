@@ -1,0 +1,30 @@
+// Asks for one line: the name of a team or sub-group, a nick name, a post. It stays
+// open, and cannot be confirmed twice, until finish() tells what became of it, so that
+// nothing typed is lost by a failure.
+#pragma once
+
+#include "controls/basedialog.h"
+
+class VirtualTeamEditWidget : public BaseDialog
+{
+    Q_OBJECT
+
+public:
+    enum Mode
+    {
+        AddGroup,    // "addTeamGroupName"
+        RenameGroup, // "modifyTeamGroupName"
+        NickName,    // "editNickName"
+        Post,        // "virtemModPostName"
+        TeamName     // "virtemModGrpName"
+    };
+
+    VirtualTeamEditWidget(Mode mode, const QString &preset, QWidget *parent);
+
+    // Closes the dialog, or lets the user try again.
+    void finish(bool ok);
+
+signals:
+    // Trimmed; not empty except a post or nick name; 16 characters at most.
+    void signal_sure(const QString &text);
+};

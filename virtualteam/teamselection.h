@@ -1,0 +1,14 @@
+// What a menu or a key is about: a team or sub-group, or members of one team.
+#pragma once
+
+#include "virtualteam/teamrecords.h"
+
+struct TeamSelection
+{
+    CVirtualTeamSimpleInfo team; // with the user's role
+    // The sub-group that the rows are or are in; "0" and empty for the team itself.
+    QString groupId = rootGroupId();
+    QString groupName;
+    int level = 0;                         // of that group
+    QList<CVirtualTeamMemberInfo> members; // empty: it is about the group
+};
