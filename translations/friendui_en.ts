@@ -1067,6 +1067,14 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1 members</translation>
+    </message>
+    <message>
         <source>teamNameNotempty</source>
         <translation>The team name must not be empty.</translation>
     </message>
@@ -1077,6 +1085,14 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>Sub-administrator</translation>
     </message>
     <message>
         <source>tip</source>

@@ -1067,6 +1067,14 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1人</translation>
+    </message>
+    <message>
         <source>teamNameNotempty</source>
         <translation>团队名称不能为空。</translation>
     </message>
@@ -1077,6 +1085,14 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>子管理员</translation>
     </message>
     <message>
         <source>tip</source>
