@@ -1059,6 +1059,10 @@
         <translation>The team is being changed at the moment. Please try again.</translation>
     </message>
     <message>
+        <source>teamChangeFailed</source>
+        <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>Please select at least two members.</translation>
     </message>

@@ -1059,6 +1059,10 @@
         <translation>团队正在修改中，请稍后重试。</translation>
     </message>
     <message>
+        <source>teamChangeFailed</source>
+        <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>请至少选择两名成员。</translation>
     </message>
