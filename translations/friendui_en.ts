@@ -1089,6 +1089,12 @@
     <message>
         <source>teamCompany</source>
         <translation>Company</translation>
+        <source>teamBusy</source>
+        <translation>The team is being changed at the moment. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>That did not work. Please try again.</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1113,6 +1119,8 @@
     <message>
         <source>teamName</source>
         <translation>Team name</translation>
+        <source>teamMembersNotAdded</source>
+        <translation>People who could not be added: %1</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1133,6 +1141,8 @@
     <message>
         <source>teamRefused</source>
         <translation>Declined</translation>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
     </message>
     <message>
         <source>tip</source>

@@ -1089,6 +1089,12 @@
     <message>
         <source>teamCompany</source>
         <translation>企业</translation>
+        <source>teamBusy</source>
+        <translation>团队正在修改中，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>操作失败，请重试。</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1113,6 +1119,8 @@
     <message>
         <source>teamName</source>
         <translation>团队名称</translation>
+        <source>teamMembersNotAdded</source>
+        <translation>有 %1 人未能添加。</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1133,6 +1141,8 @@
     <message>
         <source>teamRefused</source>
         <translation>已拒绝</translation>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
     </message>
     <message>
         <source>tip</source>
