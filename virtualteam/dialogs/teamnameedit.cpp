@@ -7,7 +7,7 @@
 
 namespace {
 
-// Takes everything but lone surrogates.
+// Takes everything but lone surrogates, and control characters as blanks.
 class WholeCharacters : public QValidator
 {
 public:
@@ -21,6 +21,8 @@ public:
             } else if (text.at(i).isSurrogate()) {
                 text.remove(i, 1);
                 cursor -= cursor > i ? 1 : 0;
+            } else if (text.at(i).category() == QChar::Other_Control) {
+                text[i] = QLatin1Char(' ');
             }
         }
         return Acceptable;
