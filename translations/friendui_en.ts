@@ -1075,6 +1075,14 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1 members</translation>
+    </message>
+    <message>
         <source>teamMembersNotAdded</source>
         <translation>People who could not be added: %1</translation>
     </message>
@@ -1089,6 +1097,14 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>Sub-administrator</translation>
     </message>
     <message>
         <source>teamSaving</source>

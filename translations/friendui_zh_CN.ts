@@ -1075,6 +1075,14 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1人</translation>
+    </message>
+    <message>
         <source>teamMembersNotAdded</source>
         <translation>有 %1 人未能添加。</translation>
     </message>
@@ -1089,6 +1097,14 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>子管理员</translation>
     </message>
     <message>
         <source>teamSaving</source>
