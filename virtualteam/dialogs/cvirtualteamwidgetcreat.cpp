@@ -11,19 +11,21 @@
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/memberpicker.h"
+#include "virtualteam/dialogs/namelimit.h"
 #include "virtualteam/dialogs/reasonedit.h"
-#include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPointer>
 
 namespace {
 constexpr int WindowWidth = 400; // device-independent pixels
-constexpr int ReasonLines = 4;   // to be seen without scrolling
+constexpr int ButtonWidth = 84;
+constexpr int ReasonLines = 4; // to be seen without scrolling
 } // namespace
 
 CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(QWidget *parent)
@@ -96,7 +98,12 @@ QLayout *CVirtualTeamWidgetCreat::buildName()
         name->setText(displayText(m_team.vtName));
         layout->addWidget(name);
     } else {
-        m_name = new TeamNameEdit(this);
+        m_name = new QLineEdit(this);
+        m_name->setObjectName(QStringLiteral("teamNameEdit"));
+        m_name->setPlaceholderText(QString::fromUtf8("16字以内"));
+        m_name->setFont(skinFont(13));
+        limitLength(m_name, TeamLimits::Name);
+        followSkinAsField(m_name);
         m_nameCaption->setBuddy(m_name);
         layout->addWidget(m_name);
     }
@@ -120,9 +127,11 @@ QLayout *CVirtualTeamWidgetCreat::buildReason()
 
 QLayout *CVirtualTeamWidgetCreat::buildButtons()
 {
-    m_sure->setObjectName(QStringLiteral("sureButton"));
+    m_sure->setObjectName(QStringLiteral("btnSure"));
     m_sure->setDefault(true);
-    m_cancel->setObjectName(QStringLiteral("cancelButton"));
+    m_cancel->setObjectName(QStringLiteral("btnCancel"));
+    for (SkinButton *button : {m_sure, m_cancel})
+        button->setMinimumWidth(ButtonWidth);
     auto *layout = new QHBoxLayout;
     layout->setSpacing(8);
     layout->addStretch(1);
@@ -153,7 +162,7 @@ void CVirtualTeamWidgetCreat::showLength(int length)
 bool CVirtualTeamWidgetCreat::isComplete()
 {
     const int picked = m_picker->userIds().size();
-    if (m_name && m_name->name().isEmpty()) {
+    if (m_name && asName(m_name->text()).isEmpty()) {
         m_name->setFocus();
         TipBox::tell(this, QObject::tr("teamNameNotempty"));
     } else if (!m_invites && picked < TeamLimits::FewestMembers) {
@@ -181,7 +190,7 @@ void CVirtualTeamWidgetCreat::slot_sure()
     if (m_invites)
         invite(m_picker->userIds(), reason);
     else
-        create(m_name->name(), m_picker->userIds(), reason);
+        create(asName(m_name->text()), m_picker->userIds(), reason);
 }
 
 // The requests outlive the dialog, which may be closed while they run; what comes after
