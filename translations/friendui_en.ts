@@ -1055,6 +1055,10 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamChangeFailed</source>
+        <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>Please select at least two members.</translation>
     </message>

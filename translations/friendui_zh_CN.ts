@@ -1055,6 +1055,10 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamChangeFailed</source>
+        <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>请至少选择两名成员。</translation>
     </message>
