@@ -263,6 +263,10 @@
         <translation>Start group chat</translation>
     </message>
     <message>
+        <source>createVirtualTeam</source>
+        <translation>Create a virtual team</translation>
+    </message>
+    <message>
         <source>customer</source>
         <translation>Customer service</translation>
     </message>
@@ -875,6 +879,14 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>Refreshing failed: this may be out of date.</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>Refresh the teams</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>Decline</translation>
     </message>
@@ -937,6 +949,18 @@
     <message>
         <source>searchSearching</source>
         <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>Some teams could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>Search team members</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>The teams could not be searched.</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
