@@ -1079,6 +1079,10 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamBusy</source>
+        <translation>The team is being changed at the moment. Please try again.</translation>
+    </message>
+    <message>
         <source>teamChangeFailed</source>
         <translation>That did not work. Please try again.</translation>
     </message>
@@ -1095,6 +1099,10 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamMembersNotAdded</source>
+        <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
         <source>teamNameNotempty</source>
         <translation>The team name must not be empty.</translation>
     </message>
@@ -1105,6 +1113,10 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
     </message>
     <message>
         <source>tip</source>

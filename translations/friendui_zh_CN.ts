@@ -1079,6 +1079,10 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamBusy</source>
+        <translation>团队正在修改中，请稍后重试。</translation>
+    </message>
+    <message>
         <source>teamChangeFailed</source>
         <translation>操作失败，请重试。</translation>
     </message>
@@ -1095,6 +1099,10 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamMembersNotAdded</source>
+        <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
         <source>teamNameNotempty</source>
         <translation>团队名称不能为空。</translation>
     </message>
@@ -1105,6 +1113,10 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
     </message>
     <message>
         <source>tip</source>
