@@ -63,6 +63,10 @@
         <translation>请选择要邀请的企业成员。</translation>
     </message>
     <message>
+        <source>addMember</source>
+        <translation>添加</translation>
+    </message>
+    <message>
         <source>addOutsideFriendslimited</source>
         <translation>您的外部联系人数量已达上限。</translation>
     </message>
@@ -447,6 +451,10 @@
         <translation>邀请外企业</translation>
     </message>
     <message>
+        <source>invitedMembers</source>
+        <translation>受邀成员</translation>
+    </message>
+    <message>
         <source>inviteReasion</source>
         <translation>请输入邀请理由（100字以内）</translation>
     </message>
@@ -807,6 +815,14 @@
         <translation>个人号</translation>
     </message>
     <message>
+        <source>pickMembers</source>
+        <translation>按账号或手机号搜索，至少添加两名成员。</translation>
+    </message>
+    <message>
+        <source>pickOtherCompanies</source>
+        <translation>按账号或手机号搜索外企业成员并添加。</translation>
+    </message>
+    <message>
         <source>pinned</source>
         <translation>已置顶</translation>
     </message>
@@ -913,6 +929,10 @@
     <message>
         <source>removeLatest</source>
         <translation>移除该会话</translation>
+    </message>
+    <message>
+        <source>removeMember</source>
+        <translation>移除</translation>
     </message>
     <message>
         <source>renameMuc</source>
@@ -1079,6 +1099,16 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>已同意</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>虚拟团队审批</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>企业</translation>
         <source>teamBusy</source>
         <translation>团队正在修改中，请稍后重试。</translation>
     </message>
@@ -1095,10 +1125,20 @@
         <translation>创建分组失败，请重试！</translation>
     </message>
     <message>
+        <source>teamDecided</source>
+        <translation>该申请已处理。</translation>
+    </message>
+    <message>
         <source>teamexisted</source>
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>团队成员</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
         <source>teamMembersNotAdded</source>
         <translation>有 %1 人未能添加。</translation>
     </message>
@@ -1115,6 +1155,12 @@
         <translation>分组名称不能为空。</translation>
     </message>
     <message>
+        <source>teamReason</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>teamRefused</source>
+        <translation>已拒绝</translation>
         <source>teamSaving</source>
         <translation>正在保存…</translation>
     </message>

@@ -3,7 +3,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/presencetext.h"
-#include "http/fileservices.h"
+#include "virtualteam/memberpicture.h"
 
 #include <algorithm>
 
@@ -139,7 +139,7 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Id:
         return member.userId;
     case TeamRowRole::Photo:
-        return PictureFiles::instance().ofPerson(makeJid(member.userId), member.photoName);
+        return memberPicture(member.userId, member.photoName);
     case TeamRowRole::Role:
         return member.role;
     case TeamRowRole::Presence:
