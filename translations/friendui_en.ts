@@ -895,6 +895,14 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>Refreshing failed: this may be out of date.</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>Refresh the teams</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>Decline</translation>
     </message>
@@ -961,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>Some teams could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>Search team members</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>The teams could not be searched.</translation>
     </message>
     <message>
         <source>searchTooMuch</source>

@@ -895,6 +895,14 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>刷新失败，显示的可能不是最新内容。</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>刷新虚拟团队</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>拒绝</translation>
     </message>
@@ -961,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>正在搜索…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>部分团队搜索失败。</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>搜索团队成员</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>搜索团队成员失败。</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
