@@ -1055,6 +1055,22 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>Choose where to move %1 members.</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>Choose who is to manage the team.</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>Chosen: %1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>%1 chosen</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>Please select at least two members.</translation>
     </message>
@@ -1067,6 +1083,10 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
+    </message>
+    <message>
         <source>teamNameNotempty</source>
         <translation>The team name must not be empty.</translation>
     </message>
@@ -1077,6 +1097,10 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>

@@ -1055,6 +1055,22 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>请选择要移入%1位成员的分组</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>请选择新的管理者</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>已选择：%1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>已选择%1人</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>请至少选择两名成员。</translation>
     </message>
@@ -1067,6 +1083,10 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamMembersHere</source>
+        <translation>成员已在此分组中</translation>
+    </message>
+    <message>
         <source>teamNameNotempty</source>
         <translation>团队名称不能为空。</translation>
     </message>
@@ -1077,6 +1097,10 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
     </message>
     <message>
         <source>tip</source>

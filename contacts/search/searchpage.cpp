@@ -1,12 +1,12 @@
 #include "contacts/search/searchpage.h"
 
 #include "contacts/search/peoplesearch.h"
-#include "contacts/search/searchbox.h"
 #include "contacts/search/searchcommands.h"
 #include "contacts/search/searchresultmodel.h"
 #include "contacts/search/searchresultview.h"
 #include "contacts/search/searchsources.h"
 #include "controls/rowpainter.h"
+#include "controls/searchbox.h"
 #include "controls/skin.h"
 #include "controls/statepage.h"
 #include "http/fileservices.h"
