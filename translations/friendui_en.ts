@@ -1099,6 +1099,22 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>Choose where to move %1 members.</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>Choose who is to manage the team.</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>Chosen: %1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>%1 chosen</translation>
+    </message>
+    <message>
         <source>teamAgreed</source>
         <translation>Agreed</translation>
     </message>
@@ -1137,6 +1153,10 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>Members</translation>
     </message>
@@ -1169,6 +1189,10 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>teamReason</source>

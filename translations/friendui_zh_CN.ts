@@ -1099,6 +1099,22 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>请选择要移入%1位成员的分组</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>请选择新的管理者</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>已选择：%1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>已选择%1人</translation>
+    </message>
+    <message>
         <source>teamAgreed</source>
         <translation>已同意</translation>
     </message>
@@ -1137,6 +1153,10 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamMembersHere</source>
+        <translation>成员已在此分组中</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>团队成员</translation>
     </message>
@@ -1169,6 +1189,10 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
     </message>
     <message>
         <source>teamReason</source>
