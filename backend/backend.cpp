@@ -6,6 +6,7 @@
 #include "backend/dispatcher.h"
 #include "backend/filestore.h"
 #include "backend/levers.h"
+#include "backend/peopleindex.h"
 #include "backend/routes/routes.h"
 #include "backend/transfers.h"
 #include "backend/webserver.h"
@@ -41,12 +42,18 @@ void BackEnd::Private::addServices()
     services = Services();
     addPassportServices(&services, context);
     addOrganisationServices(&services, context);
-    addPeopleSearch(&services, context);
+    const auto index = std::make_shared<const PeopleIndex>(context.people);
+    addPeopleSearch(&services, context, index);
     addSettingsServices(&services, context);
     const auto store = std::make_shared<FileStore>(context);
     addFileServices(&services, store);
     addMultipartServices(&services, std::make_shared<Transfers>(context, store));
     addMonitoringServices(&services);
+    addTeamServices(&services, context);
+    addTeamFoundingServices(&services, context);
+    addTeamPeopleServices(&services, context, index);
+    addEventServices(&services, context);
+    addCompanyServices(&services, context);
 }
 
 bool BackEnd::Private::open(QString *problem)
@@ -68,6 +75,7 @@ bool BackEnd::Private::open(QString *problem)
     addServices();
     if (options.controlPort >= 0 && !control.start(options.controlPort, problem))
         return false;
+    context.teamBell.setOn(true);
     dispatcher = std::make_unique<Dispatcher>(services, context, levers, options.log);
     server.run(*dispatcher);
     return true;
@@ -89,6 +97,7 @@ bool BackEnd::start(QString *problem)
 void BackEnd::stop()
 {
     d->levers.stop();
+    d->context.teamBell.setOn(false);
     d->control.stop();
     d->server.stop();
     d->context.database.close();
