@@ -8,6 +8,7 @@
 #include "backend/levers.h"
 #include "backend/peopleindex.h"
 #include "backend/routes/routes.h"
+#include "backend/teamcontrol.h"
 #include "backend/transfers.h"
 #include "backend/webserver.h"
 
@@ -65,6 +66,12 @@ bool BackEnd::Private::open(QString *problem)
         !context.database.open(context.folder.path(QStringLiteral("backend.sqlite")), problem))
         return false;
     context.sessions.tidy();
+    if (options.teamApproval)
+        requireTeamApproval(&context);
+    if (options.teamSize > 0 && !provideTeam(options.teamSize, &context)) {
+        *problem = QStringLiteral("there are not enough people for the team");
+        return false;
+    }
     const CertificateOptions *special =
         options.specialCertificate ? &*options.specialCertificate : nullptr;
     const Certificates::Files files = Certificates::provide(context.folder, special, problem);
