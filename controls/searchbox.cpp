@@ -1,4 +1,4 @@
-#include "contacts/search/searchbox.h"
+#include "controls/searchbox.h"
 
 #include "controls/pictures.h"
 #include "controls/skin.h"
@@ -45,6 +45,12 @@ SearchBox::SearchBox(QWidget *parent)
     retranslate();
 }
 
+void SearchBox::setPlaceholderKey(const char *key)
+{
+    m_placeholder = key;
+    retranslate();
+}
+
 void SearchBox::dress()
 {
     const Skin::Colors &colors = Skin::instance().colors();
@@ -59,8 +65,8 @@ void SearchBox::dress()
 
 void SearchBox::retranslate()
 {
-    setPlaceholderText(QObject::tr("search…"));
-    setAccessibleName(QObject::tr("search…"));
+    setPlaceholderText(QObject::tr(m_placeholder));
+    setAccessibleName(placeholderText());
     m_clear->setText(QObject::tr("clearSearch"));
     m_clear->setToolTip(QObject::tr("clearSearch"));
 }

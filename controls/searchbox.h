@@ -11,6 +11,9 @@ class SearchBox : public QLineEdit
 public:
     explicit SearchBox(QWidget *parent = nullptr);
 
+    // What it says while it is empty, as a translation key; "search…" at first.
+    void setPlaceholderKey(const char *key);
+
 signals:
     void downPressed();
     // `locate`: Ctrl+Enter.
@@ -26,6 +29,7 @@ private:
     void dress(); // in the skin's colours
     void retranslate();
 
+    const char *m_placeholder = "search…";
     QAction *m_glass;
     QAction *m_clear;
 };
