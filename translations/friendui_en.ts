@@ -1759,10 +1759,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 contacts in %2 groups, %3 people online</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI reference host</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>&amp;Session</translation>
     </message>
@@ -1813,6 +1809,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1 (%2) - FriendUI reference host</translation>
     </message>
 </context>
 <context>
@@ -2047,10 +2047,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1 It is started once more.</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>There is no password for the web services.</translation>
@@ -2309,6 +2305,28 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1 It is started once more.</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>The host whose back end was used has ended.</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>There is no host whose back end could be used; it is waited for.</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>The file %1, by which other hosts find the back end, cannot be written.</translation>
     </message>
 </context>
 </TS>
