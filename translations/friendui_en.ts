@@ -1156,7 +1156,7 @@
     </message>
     <message>
         <source>teamMemberCount</source>
-        <translation>%1 members</translation>
+        <translation>Members: %1</translation>
     </message>
     <message>
         <source>teamMembers</source>
@@ -1204,7 +1204,7 @@
     </message>
     <message>
         <source>teamSubAdministrator</source>
-        <translation>Sub-administrator</translation>
+        <translation>Sub-admin</translation>
     </message>
     <message>
         <source>teamWorking</source>
