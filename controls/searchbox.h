@@ -9,7 +9,8 @@ class SearchBox : public QLineEdit
     Q_OBJECT
 
 public:
-    explicit SearchBox(QWidget *parent = nullptr);
+    // `placeholderKey`: translation key of what it says while it is empty.
+    explicit SearchBox(QWidget *parent = nullptr, const char *placeholderKey = "search…");
 
 signals:
     void downPressed();
@@ -26,6 +27,7 @@ private:
     void dress(); // in the skin's colours
     void retranslate();
 
+    const char *const m_placeholderKey;
     QAction *m_glass;
     QAction *m_clear;
 };

@@ -1,4 +1,4 @@
-#include "contacts/search/searchbox.h"
+#include "controls/searchbox.h"
 
 #include "controls/pictures.h"
 #include "controls/skin.h"
@@ -24,8 +24,9 @@ QIcon glyph(const QString &path, const QColor &color)
 }
 } // namespace
 
-SearchBox::SearchBox(QWidget *parent)
+SearchBox::SearchBox(QWidget *parent, const char *placeholderKey)
     : QLineEdit(parent),
+      m_placeholderKey(placeholderKey),
       m_glass(addAction(QIcon(), LeadingPosition)),
       m_clear(addAction(QIcon(), TrailingPosition))
 {
@@ -59,8 +60,8 @@ void SearchBox::dress()
 
 void SearchBox::retranslate()
 {
-    setPlaceholderText(QObject::tr("search…"));
-    setAccessibleName(QObject::tr("search…"));
+    setPlaceholderText(QObject::tr(m_placeholderKey));
+    setAccessibleName(placeholderText());
     m_clear->setText(QObject::tr("clearSearch"));
     m_clear->setToolTip(QObject::tr("clearSearch"));
 }
