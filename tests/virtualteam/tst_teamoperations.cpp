@@ -145,8 +145,9 @@ private slots:
         QNetworkAccessManager manager;
         QNetworkReply *reply = manager.get(QNetworkRequest(QUrl(QStringLiteral("x:"))));
         QTRY_VERIFY(reply->isFinished());
-        QVERIFY(QMetaObject::invokeMethod(running.operation, c.slotName,
-                                          Q_ARG(QNetworkReply *, reply)));
+        for (int i = 0; i < 2; ++i)
+            QVERIFY(QMetaObject::invokeMethod(running.operation, c.slotName,
+                                              Q_ARG(QNetworkReply *, reply)));
         const QStringList failed{
             QString::fromUtf8(c.failure).replace(QLatin1String("%1"), QLatin1String("0"))};
         QCOMPARE(running.told, failed);
