@@ -23,7 +23,8 @@
 
 namespace {
 constexpr int WindowWidth = 400; // device-independent pixels
-constexpr int ReasonLines = 4;   // to be seen without scrolling
+constexpr int ButtonWidth = 84;
+constexpr int ReasonLines = 4; // to be seen without scrolling
 } // namespace
 
 CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(QWidget *parent)
@@ -120,9 +121,11 @@ QLayout *CVirtualTeamWidgetCreat::buildReason()
 
 QLayout *CVirtualTeamWidgetCreat::buildButtons()
 {
-    m_sure->setObjectName(QStringLiteral("sureButton"));
+    m_sure->setObjectName(QStringLiteral("btnSure"));
     m_sure->setDefault(true);
-    m_cancel->setObjectName(QStringLiteral("cancelButton"));
+    m_cancel->setObjectName(QStringLiteral("btnCancel"));
+    for (SkinButton *button : {m_sure, m_cancel})
+        button->setMinimumWidth(ButtonWidth);
     auto *layout = new QHBoxLayout;
     layout->setSpacing(8);
     layout->addStretch(1);
