@@ -38,6 +38,17 @@ inline TeamSelection teamSelection(const QList<CVirtualTeamMemberInfo> &members 
     return selection;
 }
 
+// All that the commands tell the tree, as words.
+class Told : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit Told(TeamCommands *commands);
+
+    QStringList words;
+};
+
 class CommandsFixture
 {
 public:
@@ -52,10 +63,8 @@ public:
         line->insert(text);
         QTest::keyClick(line, Qt::Key_Return);
     }
-    QPushButton *sure() const
-    {
-        return editor()->findChild<QPushButton *>(QStringLiteral("sureButton"));
-    }
+    // A command by its name, as the menus give it; what is asked for is typed.
+    void give(const QString &command) const;
     bool isBusy() const { return commands->isBusy(QStringLiteral("t")); }
     void setOnline(bool online) { service.host.context.settings.setConnected(online); }
     // The answers to what has been sent are there and have been dealt with.

@@ -1,91 +1,7 @@
 // What is sent for each command, what the user is told, and what the tree hears.
-#include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/commandsfixture.h"
 #include "virtualteam/teammessages.h"
-
-namespace {
-
-// All that the commands tell the tree, as words.
-class Told : public QObject
-{
-public:
-    explicit Told(TeamCommands *commands)
-    {
-        const auto add = [this](const char *what, const QString &rest = QString()) {
-            words.append(QLatin1String(what) + (rest.isEmpty() ? rest : u' ' + rest));
-        };
-        const auto join = [](const QStringList &ids) { return ids.join(u'+'); };
-        connect(commands, &TeamCommands::teamsChanged, this, [=] { add("teams"); });
-        connect(commands, &TeamCommands::teamOutdated, this, [=] { add("outdated"); });
-        connect(commands, &TeamCommands::teamLeft, this, [=](auto &id) { add("left", id); });
-        connect(commands, &TeamCommands::levelChanged, this,
-                [=](auto &, auto &group) { add("level", group); });
-        connect(commands, &TeamCommands::teamRenamed, this,
-                [=](auto &, auto &name) { add("team", name); });
-        connect(commands, &TeamCommands::groupRenamed, this,
-                [=](auto &, auto &id, auto &name) { add("group", id + u' ' + name); });
-        connect(commands, &TeamCommands::groupDeleted, this,
-                [=](auto &, auto &id) { add("deleted", id); });
-        connect(commands, &TeamCommands::groupAdded, this,
-                [=](auto &, auto &parent, auto &id, auto &name) {
-                    add("added", QStringList{parent, id, name}.join(u' '));
-                });
-        connect(commands, &TeamCommands::nickNameChanged, this,
-                [=](auto &, auto &id, auto &name) { add("nick", id + u' ' + name); });
-        connect(commands, &TeamCommands::postChanged, this,
-                [=](auto &, auto &id, auto &post) { add("post", id + u' ' + post); });
-        connect(commands, &TeamCommands::membersDeleted, this,
-                [=](auto &, auto &ids) { add("gone", join(ids)); });
-        connect(commands, &TeamCommands::membersMoved, this,
-                [=](auto &, auto &group, auto &ids) { add("moved", group + u' ' + join(ids)); });
-        connect(commands, &TeamCommands::administratorsChanged, this,
-                [=](auto &, auto &added, auto &removed) {
-                    add("admins", u'+' + join(added) + u'-' + join(removed));
-                });
-    }
-
-    QStringList words;
-};
-
-// The commands by name, as the menus give them.
-void give(CommandsFixture &team, const QString &command)
-{
-    TeamCommands *commands = team.commands;
-    const TeamSelection one = teamSelection({teamMember("u2")});
-    const TeamSelection two = teamSelection({teamMember("u2"), teamMember("u3")});
-    const std::map<QString, std::function<void()>> table{
-        {QStringLiteral("addGroup"), [=] { commands->addGroup(one); }},
-        {QStringLiteral("renameGroup"), [=] { commands->renameGroup(one); }},
-        {QStringLiteral("deleteGroup"), [=] { commands->deleteGroup(one); }},
-        {QStringLiteral("renameTeam"), [=] { commands->renameTeam(one.team); }},
-        {QStringLiteral("quit"), [=] { commands->quit(one.team); }},
-        {QStringLiteral("dissolve"), [=] { commands->dissolve(one.team); }},
-        {QStringLiteral("nick"), [=] { commands->editNickName(one); }},
-        {QStringLiteral("post"), [=] { commands->editPost(one); }},
-        {QStringLiteral("promote"), [=] { commands->toggleAdministrator(one); }},
-        {QStringLiteral("demote"),
-         [=] { commands->toggleAdministrator(teamSelection({teamMember("u2", 1)})); }},
-        {QStringLiteral("delete"), [=] { commands->deleteMembers(one); }},
-        {QStringLiteral("deleteTwo"), [=] { commands->deleteMembers(two); }},
-        {QStringLiteral("move"),
-         [=] {
-             commands->moveMembersTo(one.team.vtId, QStringLiteral("9"), {QStringLiteral("u2")});
-         }},
-        {QStringLiteral("add"), [=] { commands->addMembers(one, {}); }},
-        {QStringLiteral("addPicked"),
-         [=] {
-             commands->addPicked(one.team.vtId, one.groupId,
-                                 {QStringLiteral("u5@corp.example"), QStringLiteral("u1"),
-                                  QStringLiteral("u6"), QStringLiteral("u5")});
-         }},
-    };
-    table.at(command)();
-    if (team.editor())
-        team.type(QStringLiteral("new & name"));
-}
-
-} // namespace
 
 class TstTeamCommands : public QObject
 {
@@ -174,12 +90,12 @@ private slots:
         const QByteArray name = service.toLatin1();
         team.service.answer(name.constData(), R"({"groupId":"8"})");
         const int boxes = TipBox::count();
-        give(team, command); // answered with "cancel"
+        team.give(command); // answered with "cancel"
         QCOMPARE(team.isBusy(), question.isEmpty());
         if (!question.isEmpty()) {
             QCOMPARE(TipBox::lastText(), question);
             TipBox::setNextAnswers(TipBox::Sure);
-            give(team, command);
+            team.give(command);
         }
         QVERIFY(team.isBusy());
         QVERIFY(team.settle());
@@ -205,7 +121,7 @@ private slots:
         else
             team.service.answer(name.constData(), "{}", code);
         TipBox::setNextAnswers(TipBox::Sure);
-        give(team, command);
+        team.give(command);
         QVERIFY(team.settle());
         QTEST(TipBox::lastText(), "text");
         // Nothing is changed, but looked at again when the service knows better.
@@ -227,7 +143,7 @@ private slots:
         CommandsFixture team;
         team.setOnline(false);
         TipBox::setNextAnswers(TipBox::Sure);
-        give(team, command);
+        team.give(command);
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QVERIFY(!team.editor());
         QVERIFY(!team.isBusy());
@@ -248,14 +164,14 @@ private slots:
         CommandsFixture team;
         team.view->show();
         TipBox::setNextAnswers(TipBox::ShowBox);
-        give(team, QStringLiteral("delete"));
+        team.give(QStringLiteral("delete"));
         auto *box = team.view->findChild<TipBox *>();
         QVERIFY(box && box->isVisible());
         QAbstractButton *sure = box->buttons().first();
         QCOMPARE(sure->text(), QStringLiteral("sure"));
         TipBox::setNextAnswers(TipBox::Cancel);
         if (what == QLatin1String("busy"))
-            give(team, QStringLiteral("move"));
+            team.give(QStringLiteral("move"));
         team.setOnline(what != QLatin1String("offline"));
         sure->click();
         if (what == QLatin1String("twice"))
@@ -296,44 +212,15 @@ private slots:
         CommandsFixture team;
         const QSignalSpy busy(team.commands, &TeamCommands::busyChanged);
         TipBox::setNextAnswers(TipBox::Sure);
-        give(team, command);
-        give(team, command);
-        give(team, QStringLiteral("quit")); // nor anything else with this team
+        team.give(command);
+        team.give(command);
+        team.give(QStringLiteral("quit")); // nor anything else with this team
         QCOMPARE(team.view->findChildren<VirtualTeamEditWidget *>().size(),
                  command == QLatin1String("nick") ? 1 : 0);
         QVERIFY(team.settle());
         QCOMPARE(team.service.count(service.toLatin1().constData()), 1);
         QCOMPARE(team.service.count("quitVirtualTeam"), 0);
         QCOMPARE(busy.size(), 2);
-    }
-
-    void refusals_data()
-    {
-        const Rows<QList<int>, QString> row{"roles", "own"};
-        row("sub-administrator", {1}, {});
-        row("owner", {2}, {});
-        row("one of several", {0, 1, 0}, {});
-        row("the owner among several", {0, 2}, {});
-        row("oneself", {0}, QStringLiteral("m0"));
-        row("oneself among several", {0, 0}, QStringLiteral("m1"));
-    }
-
-    void refusals()
-    {
-        QFETCH(QList<int>, roles);
-        QFETCH(QString, own);
-        CommandsFixture team;
-        if (!own.isEmpty())
-            team.service.host.context.user = own;
-        QList<CVirtualTeamMemberInfo> members;
-        for (int role : qAsConst(roles))
-            members.append(teamMember(qPrintable(QStringLiteral("m%1").arg(members.size())), role));
-        TipBox::setNextAnswers(TipBox::Sure);
-        const int boxes = TipBox::count();
-        team.commands->deleteMembers(teamSelection(members));
-        QCOMPARE(TipBox::lastText(), QString::fromUtf8("所选成员包含子管理员不能被删除！"));
-        QCOMPARE(TipBox::count() - boxes, 1);
-        QVERIFY(!team.isBusy());
     }
 
     void tenthLevel()
@@ -372,88 +259,6 @@ private slots:
         QCOMPARE(told.words, QStringList{QStringLiteral("outdated")});
     }
 
-    void ownerIsNoSubAdministrator()
-    {
-        CommandsFixture team;
-        TipBox::setNextAnswers(TipBox::Sure);
-        team.commands->toggleAdministrator(teamSelection({teamMember("u2", 2)}));
-        QCOMPARE(TipBox::lastText(), QStringLiteral("notmodify"));
-        QVERIFY(!team.isBusy());
-    }
-
-    // --- The picker ------------------------------------------------------------------
-
-    void picker()
-    {
-        CommandsFixture team;
-        team.service.answer("getMembers", R"({"members":[{"userId":"u1"},{"userId":"u2"}]})");
-        team.commands->addMembers(teamSelection(), {QStringLiteral("u2"), QStringLiteral("u9")});
-        QTRY_COMPARE(team.service.host.count(Outbound::PickTeamMembers), 1);
-        const auto [vtId, group, present] =
-            team.service.host.arguments<QString, int, QStringList>(Outbound::PickTeamMembers);
-        QCOMPARE(vtId, QStringLiteral("t"));
-        QCOMPARE(group, 7);
-        QCOMPARE(present.join(u','), QStringLiteral("u2,u9,u1"));
-        QVERIFY(team.settle());
-    }
-
-    void pickerEndsTheView()
-    {
-        CommandsFixture team;
-        team.service.host.onRequest = [&team](const FakeHost::Request &) { team.view.reset(); };
-        team.commands->addMembers(teamSelection(), {});
-        QTRY_COMPARE(team.service.host.count(Outbound::PickTeamMembers), 1);
-        QVERIFY(!team.view);
-    }
-
-    void groupWithoutNumber()
-    {
-        CommandsFixture team;
-        TeamSelection group = teamSelection();
-        group.groupId = QStringLiteral("99999999999");
-        team.commands->addMembers(group, {});
-        QCOMPARE(TipBox::lastText(), TeamMessages::failed());
-        QVERIFY(!team.isBusy());
-    }
-
-    void notAllAdded()
-    {
-        CommandsFixture team;
-        const Told told(team.commands);
-        team.service.answer("batchAddVirtualTeamMember", R"({"failNumber":2})");
-        give(team, QStringLiteral("addPicked"));
-        QVERIFY(team.settle());
-        QCOMPARE(TipBox::lastText(), QStringLiteral("teamMembersNotAdded"));
-        QCOMPARE(told.words.join(u','), QStringLiteral("level 7,teams"));
-        team.commands->addPicked(QStringLiteral("t"), QStringLiteral("7"), {QStringLiteral("u1")});
-        QVERIFY(!team.isBusy()); // nobody but oneself
-    }
-
-    // --- Talking -----------------------------------------------------------------------
-
-    void talking()
-    {
-        CommandsFixture team;
-        RecordingActions actions;
-        setPaneActions(&actions);
-        const auto &host = team.service.host;
-        team.commands->openChat(teamSelection({teamMember("u1")}));
-        team.commands->createGroupChat(teamSelection({teamMember("u1")}));
-        QCOMPARE(host.requests.size(), 0);
-        team.setOnline(false); // which is the host's to refuse
-        team.commands->openChat(teamSelection({teamMember("u2")}));
-        const auto [jid, kind] = host.arguments<QString, int>(Outbound::OpenChat);
-        QCOMPARE(jid, QStringLiteral("u2@corp.example"));
-        QCOMPARE(kind, 0);
-        team.commands->createGroupChat(teamSelection(
-            {teamMember("u2"), teamMember("u1"), teamMember("u3"), teamMember("u2")}));
-        const auto [jids] = host.arguments<QStringList>(Outbound::CreateGroupChat);
-        QCOMPARE(jids.join(u','), QStringLiteral("u2@corp.example,u3@corp.example"));
-        team.commands->viewDetail(teamSelection({teamMember("u2")}));
-        QCOMPARE(actions.calls, QStringList{QStringLiteral("openContactDetail u2@corp.example")});
-        setPaneActions(nullptr);
-    }
-
     // --- The end in the middle ---------------------------------------------------------
 
     void viewEndsInTheMiddle_data() { addFailures({10001}); }
@@ -467,7 +272,7 @@ private slots:
         team.service.server.reply(TeamService::path(name.constData()),
                                   TeamService::reply("{}", 10001).onRelease());
         TipBox::setNextAnswers(TipBox::Sure);
-        give(team, command);
+        team.give(command);
         QTRY_COMPARE(team.service.count(name.constData()), 1);
         const int boxes = TipBox::count();
         team.view.reset();
@@ -483,7 +288,7 @@ private slots:
         const Told told(team.commands);
         team.service.server.reply(TeamService::path("modifyVirtualTeamInfo"),
                                   TeamService::reply("{}").onRelease());
-        give(team, QStringLiteral("renameTeam"));
+        team.give(QStringLiteral("renameTeam"));
         team.editor()->reject();
         QTRY_VERIFY(!team.editor());
         QTRY_COMPARE(team.service.count("modifyVirtualTeamInfo"), 1);
