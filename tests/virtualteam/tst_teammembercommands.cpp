@@ -101,7 +101,6 @@ private slots:
     {
         CommandsFixture team;
         RecordingActions actions;
-        setPaneActions(&actions);
         const auto &host = team.service.host;
         team.commands->openChat(teamSelection({teamMember("u1")}));
         team.commands->createGroupChat(teamSelection({teamMember("u1")}));
@@ -117,7 +116,6 @@ private slots:
         QCOMPARE(jids.join(u','), QStringLiteral("u2@corp.example,u3@corp.example"));
         team.commands->viewDetail(teamSelection({teamMember("u2")}));
         QCOMPARE(actions.calls, QStringList{QStringLiteral("openContactDetail u2@corp.example")});
-        setPaneActions(nullptr);
     }
 };
 
