@@ -2,112 +2,14 @@
 // when the team has changed while the menu was open.
 #include "tests/support/logcapture.h"
 #include "tests/support/looks.h"
-#include "tests/support/recordingactions.h"
 #include "tests/support/testrunner.h"
-#include "tests/virtualteam/teammaker.h"
-#include "tests/virtualteam/teamservice.h"
-#include "virtualteam/cvirtualteamtreeview.h"
-#include "virtualteam/dialogs/csetadministrator.h"
-#include "virtualteam/dialogs/cvirtualteamwidgetcreat.h"
-#include "virtualteam/dialogs/virtualteameditwidget.h"
-#include "virtualteam/dialogs/virtualteamtransauth.h"
-#include "virtualteam/teamcommands.h"
-#include "virtualteam/teammenu.h"
-
-#include <QApplication>
-#include <QContextMenuEvent>
-
-#include <memory>
+#include "tests/virtualteam/menusfixture.h"
+#include "virtualteam/cvirtualteamtreedelegate.h"
 
 namespace {
-
 constexpr int Owner = TeamRole::Owner;
 constexpr int Sub = TeamRole::SubAdministrator;
 constexpr int Member = TeamRole::Member;
-
-// Team "T" with the sub-group "7" (u4), and u1, who is the user, u2, the owner u3 unless
-// that is the user, the sub-administrator u5; team "S" with u2 and u9.
-class MenusFixture
-{
-public:
-    explicit MenusFixture(int role)
-    {
-        tree->resize(320, 480);
-        tree->show();
-        setRole(role);
-        teams()->setLevel(QStringLiteral("T"), QStringLiteral("7"), {}, membersOf("u4"));
-        teams()->setLevel(QStringLiteral("S"), rootGroupId(), {}, membersOf("u2 u9"));
-        tree->expandAll();
-        tree->doItemsLayout();
-    }
-
-    // The user's own, as the service tells it anew.
-    void setRole(int role)
-    {
-        teams()->setTeams(
-            {makeTeam(QStringLiteral("T"), role, 5), makeTeam(QStringLiteral("S"), Member)});
-        QList<CVirtualTeamMemberInfo> members = membersOf(role == Owner ? "u2 u5+" : "u2 u3# u5+");
-        members.append(makeMember(QStringLiteral("u1"), role));
-        teams()->setLevel(QStringLiteral("T"), rootGroupId(), groupsOf("7"), members);
-    }
-    TeamTreeModel *teams() const { return tree->teams(); }
-    TeamCommands *commands() const { return tree->commands(); }
-
-    // "T", "7" or "u2" of team T; "S/u9" of another.
-    QModelIndex row(const QString &name) const
-    {
-        const QString id = name.section(u'/', -1);
-        const QString team = name.contains(u'/') ? name.section(u'/', 0, 0) : QStringLiteral("T");
-        if (teams()->teamIndex(id).isValid())
-            return teams()->teamIndex(id);
-        const QModelIndex member = teams()->memberIndex(team, id);
-        return member.isValid() ? member : teams()->groupIndex(team, id);
-    }
-    void select(const QString &names) const
-    {
-        tree->clearSelection();
-        const QStringList all = names.split(u' ');
-        tree->selectionModel()->setCurrentIndex(row(all.first()),
-                                                QItemSelectionModel::ClearAndSelect);
-        for (const QString &name : all)
-            tree->selectionModel()->select(row(name), QItemSelectionModel::Select);
-    }
-    // The menu of the first of the rows, all of them selected; null: there is none.
-    TeamMenu *menuOf(const QString &names) const
-    {
-        select(names);
-        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint());
-        QApplication::sendEvent(tree->viewport(), &event);
-        return qobject_cast<TeamMenu *>(QApplication::activePopupWidget());
-    }
-    // Opens the menu of the rows; chooses an entry of it when `inBetween` has run.
-    void choose(
-        const QString &names, const char *key, const std::function<void()> &inBetween = [] {}) const
-    {
-        TeamMenu *menu = menuOf(names);
-        QVERIFY2(menu, qPrintable(names));
-        QAction *entry = menu->action(key);
-        QVERIFY2(entry, key);
-        inBetween();
-        menu->close();
-        entry->trigger();
-    }
-    static QString shown(const SkinMenu *menu, bool enabledOnly = false)
-    {
-        QStringList keys;
-        const auto entries = menu ? menu->actions() : QList<QAction *>();
-        for (const QAction *entry : entries) {
-            if (entry->isVisible() && !entry->isSeparator() && (entry->isEnabled() || !enabledOnly))
-                keys.append(entry->objectName());
-        }
-        return keys.join(u' ');
-    }
-
-    TeamService service;
-    RecordingActions actions;
-    std::unique_ptr<CVirtualTeamTreeView> tree = std::make_unique<CVirtualTeamTreeView>();
-};
-
 } // namespace
 
 class TstTeamMenus : public QObject
@@ -158,6 +60,31 @@ private slots:
         QTEST(MenusFixture::shown(menu), "entries");
         if (menu)
             menu->close();
+    }
+
+    void settingButton_data()
+    {
+        const Rows<int, QString> row{"role", "entries"};
+        row("owner", Owner, QStringLiteral("setting inviteCompany setAdmin transAuth dismissTeam"));
+        row("sub-administrator", Sub, QStringLiteral("inviteCompany existVirtualTeam"));
+        row("member", Member, QStringLiteral("existVirtualTeam"));
+    }
+
+    void settingButton()
+    {
+        QFETCH(int, role);
+        const MenusFixture tree(role);
+        const QRect row = tree.tree->visualRect(tree.row(QStringLiteral("T")));
+        const QRect button = CVirtualTeamTreeDelegate::settingArea(row, Qt::LeftToRight);
+        QTest::mouseClick(tree.tree->viewport(), Qt::LeftButton, Qt::NoModifier, button.center());
+        auto *menu = qobject_cast<TeamMenu *>(QApplication::activePopupWidget());
+        QTEST(MenusFixture::shown(menu), "entries");
+        menu->close();
+        menu->actions().last()->trigger();
+        QCOMPARE(TipBox::lastText(),
+                 role == Owner
+                     ? QString::fromUtf8("确定解散虚拟团队？解散团队后，将会删除团队所有信息。")
+                     : QStringLiteral("notmodify"));
     }
 
     void rightsOfTheHost()
@@ -433,8 +360,8 @@ private slots:
         QTest::keyClick(tree.tree.get(), Qt::Key_Delete);
         const QString team = QStringLiteral("T");
         tree.teams()->setLevel(team, QStringLiteral("7"), groupsOf("8"), {});
+        tree.tree->expandAll(); // which asks for the level
         tree.teams()->setChildrenState(team, QStringLiteral("8"), TeamChildren::Failed);
-        tree.tree->expandAll();
         const QModelIndex failed = tree.teams()->index(0, 0, tree.row(QStringLiteral("8")));
         QVERIFY(tree.teams()->kind(failed) == TeamRowKind::Failed);
         tree.tree->setCurrentIndex(failed);
