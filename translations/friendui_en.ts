@@ -1107,14 +1107,16 @@
         <translation>Team approval</translation>
     </message>
     <message>
-        <source>teamCompany</source>
-        <translation>Company</translation>
         <source>teamBusy</source>
         <translation>The team is being changed at the moment. Please try again.</translation>
     </message>
     <message>
         <source>teamChangeFailed</source>
         <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>Company</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1133,14 +1135,24 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1 members</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>Members</translation>
     </message>
     <message>
-        <source>teamName</source>
-        <translation>Team name</translation>
         <source>teamMembersNotAdded</source>
         <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>Team name</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1155,14 +1167,24 @@
         <translation>The group name must not be empty.</translation>
     </message>
     <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>Reason</translation>
     </message>
     <message>
         <source>teamRefused</source>
         <translation>Declined</translation>
+    </message>
+    <message>
         <source>teamSaving</source>
         <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>Sub-administrator</translation>
     </message>
     <message>
         <source>tip</source>

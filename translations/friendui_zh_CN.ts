@@ -1107,14 +1107,16 @@
         <translation>虚拟团队审批</translation>
     </message>
     <message>
-        <source>teamCompany</source>
-        <translation>企业</translation>
         <source>teamBusy</source>
         <translation>团队正在修改中，请稍后重试。</translation>
     </message>
     <message>
         <source>teamChangeFailed</source>
         <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>企业</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1133,14 +1135,24 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1人</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>团队成员</translation>
     </message>
     <message>
-        <source>teamName</source>
-        <translation>团队名称</translation>
         <source>teamMembersNotAdded</source>
         <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1155,14 +1167,24 @@
         <translation>分组名称不能为空。</translation>
     </message>
     <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>理由</translation>
     </message>
     <message>
         <source>teamRefused</source>
         <translation>已拒绝</translation>
+    </message>
+    <message>
         <source>teamSaving</source>
         <translation>正在保存…</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>子管理员</translation>
     </message>
     <message>
         <source>tip</source>
