@@ -1115,6 +1115,22 @@
         <translation>That did not work. Please try again.</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>Choose where to move %1 members.</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>Choose who is to manage the team.</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>Chosen: %1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>%1 chosen</translation>
+    </message>
+    <message>
         <source>teamCompany</source>
         <translation>Company</translation>
     </message>
@@ -1145,6 +1161,10 @@
     <message>
         <source>teamMembers</source>
         <translation>Members</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
     </message>
     <message>
         <source>teamMembersNotAdded</source>
@@ -1185,6 +1205,10 @@
     <message>
         <source>teamSubAdministrator</source>
         <translation>Sub-administrator</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1729,10 +1753,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 contacts in %2 groups, %3 people online</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI reference host</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>&amp;Session</translation>
     </message>
@@ -1783,6 +1803,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1 (%2) - FriendUI reference host</translation>
     </message>
 </context>
 <context>
@@ -2017,10 +2041,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1 It is started once more.</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>There is no password for the web services.</translation>
@@ -2279,6 +2299,28 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1 It is started once more.</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>The host whose back end was used has ended.</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>There is no host whose back end could be used; it is waited for.</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>The file %1, by which other hosts find the back end, cannot be written.</translation>
     </message>
 </context>
 </TS>

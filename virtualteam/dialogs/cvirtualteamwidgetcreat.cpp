@@ -11,15 +11,14 @@
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/memberpicker.h"
-#include "virtualteam/dialogs/namelimit.h"
 #include "virtualteam/dialogs/reasonedit.h"
+#include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
 
 namespace {
@@ -98,12 +97,7 @@ QLayout *CVirtualTeamWidgetCreat::buildName()
         name->setText(displayText(m_team.vtName));
         layout->addWidget(name);
     } else {
-        m_name = new QLineEdit(this);
-        m_name->setObjectName(QStringLiteral("teamNameEdit"));
-        m_name->setPlaceholderText(QString::fromUtf8("16字以内"));
-        m_name->setFont(skinFont(13));
-        limitLength(m_name, TeamLimits::Name);
-        followSkinAsField(m_name);
+        m_name = new TeamNameEdit(this);
         m_nameCaption->setBuddy(m_name);
         layout->addWidget(m_name);
     }
@@ -162,7 +156,7 @@ void CVirtualTeamWidgetCreat::showLength(int length)
 bool CVirtualTeamWidgetCreat::isComplete()
 {
     const int picked = m_picker->userIds().size();
-    if (m_name && asName(m_name->text()).isEmpty()) {
+    if (m_name && m_name->name().isEmpty()) {
         m_name->setFocus();
         TipBox::tell(this, QObject::tr("teamNameNotempty"));
     } else if (!m_invites && picked < TeamLimits::FewestMembers) {
@@ -190,7 +184,7 @@ void CVirtualTeamWidgetCreat::slot_sure()
     if (m_invites)
         invite(m_picker->userIds(), reason);
     else
-        create(asName(m_name->text()), m_picker->userIds(), reason);
+        create(m_name->name(), m_picker->userIds(), reason);
 }
 
 // The requests outlive the dialog, which may be closed while they run; what comes after

@@ -10,8 +10,8 @@
 
 class LoadingOverlay;
 class MemberPicker;
-class QLineEdit;
 class ReasonEdit;
+class TeamNameEdit;
 
 class CVirtualTeamWidgetCreat : public BaseDialog
 {
@@ -55,7 +55,7 @@ private:
     bool m_isClosed = false;
 
     QLabel *m_nameCaption;
-    QLineEdit *m_name = nullptr; // of a new team
+    TeamNameEdit *m_name = nullptr; // of a new team
     MemberPicker *m_picker;
     QLabel *m_reasonCaption;
     QLabel *m_length;
