@@ -113,6 +113,7 @@ private slots:
         row("no number", QStringList{"--data", "x", "--people", "many"});
         row("too many", QStringList{"--data", "x", "--people", "100001"});
         row("no such port", QStringList{"--data", "x", "--port", "65536"});
+        row("team", QStringList{"--data", "x", "--team-size", "-1"});
         row("certificate", QStringList{"--data", "x", "--certificate", "good"});
     }
     void wrongCommandLines()
