@@ -134,6 +134,24 @@ private slots:
         QCOMPARE(program.exitCode(), 1);
     }
 
+    void teamIsMadeOnce()
+    {
+        BackEndOptions options;
+        options.teamSize = 60;
+        options.teamApproval = true;
+        RunningBackEnd backEnd(options);
+        backEnd.restart();
+        WebClient client(*backEnd);
+        client.logIn(*backEnd, QStringLiteral("u000000"));
+        const Json::Value teams =
+            client.post("/center/vt/getAllVirtualTeam.do", {}).json["data"]["vt"];
+        QCOMPARE(teams.size(), 1u);
+        QCOMPARE(teams[0]["count"].asInt(), 60);
+        const Answer company = client.post("/center/company/teamApproval.do", {});
+        QVERIFY(company.json["data"]["approval"].asBool());
+        QCOMPARE(company.json["data"]["approver"].asString(), std::string("u000001"));
+    }
+
     void servesTheManagerOfQt()
     {
         RunningBackEnd backEnd;
