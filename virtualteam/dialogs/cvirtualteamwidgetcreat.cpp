@@ -67,6 +67,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
     connect(m_reason, &ReasonEdit::lengthChanged, this, &CVirtualTeamWidgetCreat::showLength);
     // Whom a search is about to find belongs to the team, too.
     connect(m_picker, &MemberPicker::changed, this, [this] { setSending(m_sending); });
+    connect(m_picker, &MemberPicker::escapePressed, this, &QDialog::reject);
     connect(m_sure, &QPushButton::clicked, this, &CVirtualTeamWidgetCreat::slot_sure);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
