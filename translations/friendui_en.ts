@@ -1087,14 +1087,16 @@
         <translation>Team approval</translation>
     </message>
     <message>
-        <source>teamCompany</source>
-        <translation>Company</translation>
         <source>teamBusy</source>
         <translation>The team is being changed at the moment. Please try again.</translation>
     </message>
     <message>
         <source>teamChangeFailed</source>
         <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>Company</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1117,10 +1119,12 @@
         <translation>Members</translation>
     </message>
     <message>
-        <source>teamName</source>
-        <translation>Team name</translation>
         <source>teamMembersNotAdded</source>
         <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>Team name</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1141,6 +1145,8 @@
     <message>
         <source>teamRefused</source>
         <translation>Declined</translation>
+    </message>
+    <message>
         <source>teamSaving</source>
         <translation>Saving…</translation>
     </message>

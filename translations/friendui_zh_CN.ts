@@ -1087,14 +1087,16 @@
         <translation>虚拟团队审批</translation>
     </message>
     <message>
-        <source>teamCompany</source>
-        <translation>企业</translation>
         <source>teamBusy</source>
         <translation>团队正在修改中，请稍后重试。</translation>
     </message>
     <message>
         <source>teamChangeFailed</source>
         <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>企业</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1117,10 +1119,12 @@
         <translation>团队成员</translation>
     </message>
     <message>
-        <source>teamName</source>
-        <translation>团队名称</translation>
         <source>teamMembersNotAdded</source>
         <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1141,6 +1145,8 @@
     <message>
         <source>teamRefused</source>
         <translation>已拒绝</translation>
+    </message>
+    <message>
         <source>teamSaving</source>
         <translation>正在保存…</translation>
     </message>
