@@ -252,6 +252,23 @@ private slots:
         QCOMPARE(f.name()->placeholderText(), QString::fromUtf8("16字以内"));
     }
 
+    void tabOrder()
+    {
+        CreationFixture f;
+        f.field()->setText(QStringLiteral("x")); // there is something to add
+        QStringList order;
+        const QWidget *widget = f.name();
+        do {
+            if (widget->isVisible() && widget->isEnabled() &&
+                (widget->focusPolicy() & Qt::TabFocus) != 0)
+                order.append(widget->objectName());
+            widget = widget->nextInFocusChain();
+        } while (widget != f.name() && order.size() < 20);
+        QCOMPARE(order.join(QLatin1Char(' ')),
+                 QStringLiteral("teamNameEdit memberSearch memberAdd chosenMembers reasonEdit "
+                                "btnSure btnCancel btnClose"));
+    }
+
     void invitesToATeamThatHasAName()
     {
         const F f(true);

@@ -314,6 +314,19 @@ private slots:
         QTRY_COMPARE(f.service.count(kind.detailService()), 2);
     }
 
+    // A host may ask for very many.
+    void manyWindows()
+    {
+        F f;
+        const Kind kind;
+        for (int i = 0; i < 60; ++i)
+            kind.open(QByteArray::number(i).constData());
+        kind.open("");
+        QVERIFY(kind.window("49") && !kind.window("50") && !kind.window(""));
+        delete kind.window("0");
+        QVERIFY(kind.open("50"));
+    }
+
     void closedHoweverItIs_data()
     {
         const Rows<bool, QByteArray> row{"joins", "way"};

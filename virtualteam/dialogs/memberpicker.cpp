@@ -3,12 +3,14 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
+#include "controls/rowpainter.h"
 #include "controls/searchbox.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
 #include "controls/tipbox.h"
 #include "virtualteam/dialogs/chosenmemberlist.h"
 #include "virtualteam/dialogs/dialogparts.h"
+#include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/memberlistmodel.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
@@ -35,7 +37,7 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
     m_key->setObjectName(QStringLiteral("memberSearch"));
     m_key->setPlaceholderKey("accountOrMobile");
     m_add->setObjectName(QStringLiteral("memberAdd"));
-    DialogParts::frame(m_list, RowsToSee);
+    m_list->setMinimumHeight(RowsToSee * RowPainter::RowHeight);
 
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -48,7 +50,7 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
     line->addWidget(m_key, 1);
     line->addWidget(m_add);
     layout->addLayout(line, 1, 0, 1, 2);
-    layout->addWidget(m_list, 2, 0, 1, 2);
+    layout->addWidget(new FieldFrame(m_list, this), 2, 0, 1, 2);
     layout->setRowStretch(2, 1);
 
     connect(m_add, &QPushButton::clicked, this, &MemberPicker::search);

@@ -15,8 +15,9 @@ ReasonEdit::ReasonEdit(QWidget *parent) : QPlainTextEdit(parent)
     setObjectName(QStringLiteral("reasonEdit"));
     setTabChangesFocus(true);
     setFont(skinFont(13));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     useSlimScrollBar(this);
-    followSkinAsField(this);
+    followSkin(this);
     connect(this, &QPlainTextEdit::textChanged, this, &ReasonEdit::cut);
 }
 
