@@ -1143,12 +1143,20 @@
         <translation>The group could not be created. Please try again.</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>Created by</translation>
+    </message>
+    <message>
         <source>teamDecided</source>
         <translation>This request has been decided already.</translation>
     </message>
     <message>
         <source>teamexisted</source>
         <translation>That group exists already.</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>Invited by</translation>
     </message>
     <message>
         <source>teamGroupEmpty</source>

@@ -1143,12 +1143,20 @@
         <translation>创建分组失败，请重试！</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>创建人</translation>
+    </message>
+    <message>
         <source>teamDecided</source>
         <translation>该申请已处理。</translation>
     </message>
     <message>
         <source>teamexisted</source>
         <translation>该分组已存在。</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>邀请人</translation>
     </message>
     <message>
         <source>teamGroupEmpty</source>
