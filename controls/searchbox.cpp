@@ -24,9 +24,8 @@ QIcon glyph(const QString &path, const QColor &color)
 }
 } // namespace
 
-SearchBox::SearchBox(QWidget *parent, const char *placeholderKey)
+SearchBox::SearchBox(QWidget *parent)
     : QLineEdit(parent),
-      m_placeholderKey(placeholderKey),
       m_glass(addAction(QIcon(), LeadingPosition)),
       m_clear(addAction(QIcon(), TrailingPosition))
 {
@@ -46,6 +45,12 @@ SearchBox::SearchBox(QWidget *parent, const char *placeholderKey)
     retranslate();
 }
 
+void SearchBox::setPlaceholderKey(const char *key)
+{
+    m_placeholder = key;
+    retranslate();
+}
+
 void SearchBox::dress()
 {
     const Skin::Colors &colors = Skin::instance().colors();
@@ -60,8 +65,8 @@ void SearchBox::dress()
 
 void SearchBox::retranslate()
 {
-    setPlaceholderText(QObject::tr(m_placeholderKey));
-    setAccessibleName(QObject::tr(m_placeholderKey));
+    setPlaceholderText(QObject::tr(m_placeholder));
+    setAccessibleName(placeholderText());
     m_clear->setText(QObject::tr("clearSearch"));
     m_clear->setToolTip(QObject::tr("clearSearch"));
 }

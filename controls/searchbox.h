@@ -9,8 +9,10 @@ class SearchBox : public QLineEdit
     Q_OBJECT
 
 public:
-    // `placeholderKey`: translation key of what can be typed.
-    explicit SearchBox(QWidget *parent = nullptr, const char *placeholderKey = "search…");
+    explicit SearchBox(QWidget *parent = nullptr);
+
+    // What it says while it is empty, as a translation key; "search…" at first.
+    void setPlaceholderKey(const char *key);
 
 signals:
     void downPressed();
@@ -27,7 +29,7 @@ private:
     void dress(); // in the skin's colours
     void retranslate();
 
-    const char *const m_placeholderKey;
+    const char *m_placeholder = "search…";
     QAction *m_glass;
     QAction *m_clear;
 };

@@ -63,6 +63,10 @@
         <translation>Please select the company members to invite.</translation>
     </message>
     <message>
+        <source>addMember</source>
+        <translation>Add</translation>
+    </message>
+    <message>
         <source>addOutsideFriendslimited</source>
         <translation>You have reached the limit of external contacts.</translation>
     </message>
@@ -263,6 +267,10 @@
         <translation>Start group chat</translation>
     </message>
     <message>
+        <source>createVirtualTeam</source>
+        <translation>Create virtual team</translation>
+    </message>
+    <message>
         <source>customer</source>
         <translation>Customer service</translation>
     </message>
@@ -441,6 +449,10 @@
     <message>
         <source>inviteCompany</source>
         <translation>Invite a company</translation>
+    </message>
+    <message>
+        <source>invitedMembers</source>
+        <translation>Invited members</translation>
     </message>
     <message>
         <source>inviteReasion</source>
@@ -803,6 +815,14 @@
         <translation>Personal number</translation>
     </message>
     <message>
+        <source>pickMembers</source>
+        <translation>Search by account or mobile number and add at least two members.</translation>
+    </message>
+    <message>
+        <source>pickOtherCompanies</source>
+        <translation>Search for members of other companies by account or mobile number and add them.</translation>
+    </message>
+    <message>
         <source>pinned</source>
         <translation>pinned</translation>
     </message>
@@ -875,6 +895,14 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>Refreshing failed: this may be out of date.</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>Refresh the teams</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>Decline</translation>
     </message>
@@ -901,6 +929,10 @@
     <message>
         <source>removeLatest</source>
         <translation>Remove from list</translation>
+    </message>
+    <message>
+        <source>removeMember</source>
+        <translation>Remove</translation>
     </message>
     <message>
         <source>renameMuc</source>
@@ -937,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>Some teams could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>Search team members</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>The teams could not be searched.</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1055,6 +1099,14 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>Agreed</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>Team approval</translation>
+    </message>
+    <message>
         <source>teamChooseGroup</source>
         <translation>Choose a group for the members (%1).</translation>
     </message>
@@ -1071,6 +1123,20 @@
         <translation>%1 chosen</translation>
     </message>
     <message>
+        <source>teamCompany</source>
+        <translation>Company</translation>
+        <source>teamBusy</source>
+        <translation>The team is being changed at the moment. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamBusy</source>
+        <translation>The team is being changed at the moment. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>Please select at least two members.</translation>
     </message>
@@ -1079,12 +1145,38 @@
         <translation>The group could not be created. Please try again.</translation>
     </message>
     <message>
+        <source>teamDecided</source>
+        <translation>This request has been decided already.</translation>
+    </message>
+    <message>
         <source>teamexisted</source>
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>Members</translation>
+    </message>
+    <message>
         <source>teamMembersHere</source>
         <translation>The members are here already.</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>Team name</translation>
+        <source>teamMembersNotAdded</source>
+        <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
+        <source>teamGroupEmpty</source>
+        <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1 members</translation>
+    </message>
+    <message>
+        <source>teamMembersNotAdded</source>
+        <translation>People who could not be added: %1</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1097,6 +1189,28 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamReason</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>teamRefused</source>
+        <translation>Declined</translation>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>Sub-administrator</translation>
+    </message>
+    <message>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
     </message>
     <message>
         <source>teamWorking</source>

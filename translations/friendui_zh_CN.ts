@@ -63,6 +63,10 @@
         <translation>请选择要邀请的企业成员。</translation>
     </message>
     <message>
+        <source>addMember</source>
+        <translation>添加</translation>
+    </message>
+    <message>
         <source>addOutsideFriendslimited</source>
         <translation>您的外部联系人数量已达上限。</translation>
     </message>
@@ -263,6 +267,10 @@
         <translation>创建讨论组</translation>
     </message>
     <message>
+        <source>createVirtualTeam</source>
+        <translation>创建虚拟团队</translation>
+    </message>
+    <message>
         <source>customer</source>
         <translation>客服</translation>
     </message>
@@ -441,6 +449,10 @@
     <message>
         <source>inviteCompany</source>
         <translation>邀请外企业</translation>
+    </message>
+    <message>
+        <source>invitedMembers</source>
+        <translation>受邀成员</translation>
     </message>
     <message>
         <source>inviteReasion</source>
@@ -803,6 +815,14 @@
         <translation>个人号</translation>
     </message>
     <message>
+        <source>pickMembers</source>
+        <translation>按账号或手机号搜索，至少添加两名成员。</translation>
+    </message>
+    <message>
+        <source>pickOtherCompanies</source>
+        <translation>按账号或手机号搜索外企业成员并添加。</translation>
+    </message>
+    <message>
         <source>pinned</source>
         <translation>已置顶</translation>
     </message>
@@ -875,6 +895,14 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>刷新失败，显示的可能不是最新内容。</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>刷新虚拟团队</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>拒绝</translation>
     </message>
@@ -901,6 +929,10 @@
     <message>
         <source>removeLatest</source>
         <translation>移除该会话</translation>
+    </message>
+    <message>
+        <source>removeMember</source>
+        <translation>移除</translation>
     </message>
     <message>
         <source>renameMuc</source>
@@ -937,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>正在搜索…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>部分团队搜索失败。</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>搜索团队成员</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>搜索团队成员失败。</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1055,6 +1099,14 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>已同意</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>虚拟团队审批</translation>
+    </message>
+    <message>
         <source>teamChooseGroup</source>
         <translation>请选择要移入%1位成员的分组</translation>
     </message>
@@ -1071,6 +1123,20 @@
         <translation>已选择%1人</translation>
     </message>
     <message>
+        <source>teamCompany</source>
+        <translation>企业</translation>
+        <source>teamBusy</source>
+        <translation>团队正在修改中，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>teamBusy</source>
+        <translation>团队正在修改中，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>请至少选择两名成员。</translation>
     </message>
@@ -1079,12 +1145,38 @@
         <translation>创建分组失败，请重试！</translation>
     </message>
     <message>
+        <source>teamDecided</source>
+        <translation>该申请已处理。</translation>
+    </message>
+    <message>
         <source>teamexisted</source>
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>团队成员</translation>
+    </message>
+    <message>
         <source>teamMembersHere</source>
         <translation>成员已在此分组中</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
+        <source>teamMembersNotAdded</source>
+        <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
+        <source>teamGroupEmpty</source>
+        <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1人</translation>
+    </message>
+    <message>
+        <source>teamMembersNotAdded</source>
+        <translation>有 %1 人未能添加。</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1097,6 +1189,28 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamReason</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>teamRefused</source>
+        <translation>已拒绝</translation>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>子管理员</translation>
+    </message>
+    <message>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
     </message>
     <message>
         <source>teamWorking</source>

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "controls/rowview.h"
+#include "virtualteam/teamrules.h"
 #include "virtualteam/teamselection.h"
 
 #include <QPersistentModelIndex>
 
 class QAction;
-class SkinMenu;
 class TeamCommands;
+class TeamMenu;
 class TeamTreeModel;
 
 class CVirtualTeamTreeView : public RowView
@@ -55,6 +56,25 @@ public slots:
     void slot_deleteVirtualTeamMemberFinish(const QString &vtId, const QStringList &userIds);
 
 private:
+    // --- Menus and what their entries do: teamtreemenus.cpp -------------------------
+    void buildMenus(); // m_model and m_commands are there before
+    void openMenu(const QModelIndex &index, const QPoint &position); // in the viewport
+    void openSettingMenu(const QModelIndex &team, const QPoint &position);
+    // What Delete and F2 do with the selection; false: the key means nothing here.
+    bool runKey(int key);
+    void openChatWith(const QModelIndex &member);
+    void showMenu(TeamMenu *menu, const TeamSubject &subject, const QPoint &position);
+    TeamSubject subjectOf(const QModelIndex &index, bool withSelection) const;
+    TeamSelection selectionOf(const TeamSubject &subject) const; // what is left of it
+    bool isThere(const TeamSubject &subject) const;
+    TeamActions actionsFor(const TeamSubject &subject) const;
+    void run(TeamAction action, const TeamSubject &subject);
+
     TeamTreeModel *m_model = nullptr;
     TeamCommands *m_commands = nullptr;
+    TeamMenu *m_orgMenu = nullptr;
+    TeamMenu *m_empMenu = nullptr;
+    TeamMenu *m_multipMenu = nullptr;
+    TeamMenu *m_settingMenu = nullptr;
+    TeamSubject m_menuSubject; // of the menu that was opened last
 };

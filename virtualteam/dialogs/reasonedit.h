@@ -1,0 +1,29 @@
+// The field for the reason of a new team or an invitation, which takes a limited
+// number of characters.
+#pragma once
+
+#include "virtualteam/teamrecords.h"
+
+#include <QPlainTextEdit>
+
+class ReasonEdit : public QPlainTextEdit
+{
+    Q_OBJECT
+
+public:
+    static constexpr int MaximumLength = TeamLimits::Reason; // UTF-16 units
+
+    explicit ReasonEdit(QWidget *parent = nullptr);
+
+    QString reason() const { return toPlainText().trimmed(); }
+
+signals:
+    void lengthChanged(int length);
+
+protected:
+    void insertFromMimeData(const QMimeData *source) override;
+    bool canInsertFromMimeData(const QMimeData *source) const override;
+
+private:
+    void cut();
+};
