@@ -1099,14 +1099,6 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
-        <source>teamAgreed</source>
-        <translation>Agreed</translation>
-    </message>
-    <message>
-        <source>teamApproval</source>
-        <translation>Team approval</translation>
-    </message>
-    <message>
         <source>teamChooseGroup</source>
         <translation>Choose a group for the members (%1).</translation>
     </message>
@@ -1121,6 +1113,14 @@
     <message>
         <source>teamChosenCount</source>
         <translation>%1 chosen</translation>
+    </message>
+    <message>
+        <source>teamAgreed</source>
+        <translation>Agreed</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>Team approval</translation>
     </message>
     <message>
         <source>teamCompany</source>
@@ -1153,12 +1153,12 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
-        <source>teamMembers</source>
-        <translation>Members</translation>
-    </message>
-    <message>
         <source>teamMembersHere</source>
         <translation>The members are here already.</translation>
+    </message>
+    <message>
+        <source>teamMembers</source>
+        <translation>Members</translation>
     </message>
     <message>
         <source>teamName</source>
@@ -1191,6 +1191,10 @@
         <translation>The group name must not be empty.</translation>
     </message>
     <message>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>Reason</translation>
     </message>
@@ -1211,10 +1215,6 @@
     <message>
         <source>teamSaving</source>
         <translation>Saving…</translation>
-    </message>
-    <message>
-        <source>teamWorking</source>
-        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1759,10 +1759,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 contacts in %2 groups, %3 people online</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI reference host</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>&amp;Session</translation>
     </message>
@@ -1813,6 +1809,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1 (%2) - FriendUI reference host</translation>
     </message>
 </context>
 <context>
@@ -2047,10 +2047,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1 It is started once more.</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>There is no password for the web services.</translation>
@@ -2309,6 +2305,28 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1 It is started once more.</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>The host whose back end was used has ended.</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>There is no host whose back end could be used; it is waited for.</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>The file %1, by which other hosts find the back end, cannot be written.</translation>
     </message>
 </context>
 </TS>

@@ -1099,14 +1099,6 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
-        <source>teamAgreed</source>
-        <translation>已同意</translation>
-    </message>
-    <message>
-        <source>teamApproval</source>
-        <translation>虚拟团队审批</translation>
-    </message>
-    <message>
         <source>teamChooseGroup</source>
         <translation>请选择要移入%1位成员的分组</translation>
     </message>
@@ -1121,6 +1113,14 @@
     <message>
         <source>teamChosenCount</source>
         <translation>已选择%1人</translation>
+    </message>
+    <message>
+        <source>teamAgreed</source>
+        <translation>已同意</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>虚拟团队审批</translation>
     </message>
     <message>
         <source>teamCompany</source>
@@ -1153,12 +1153,12 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
-        <source>teamMembers</source>
-        <translation>团队成员</translation>
-    </message>
-    <message>
         <source>teamMembersHere</source>
         <translation>成员已在此分组中</translation>
+    </message>
+    <message>
+        <source>teamMembers</source>
+        <translation>团队成员</translation>
     </message>
     <message>
         <source>teamName</source>
@@ -1191,6 +1191,10 @@
         <translation>分组名称不能为空。</translation>
     </message>
     <message>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>理由</translation>
     </message>
@@ -1211,10 +1215,6 @@
     <message>
         <source>teamSaving</source>
         <translation>正在保存…</translation>
-    </message>
-    <message>
-        <source>teamWorking</source>
-        <translation>正在处理…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1759,10 +1759,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个分组，%1 位联系人，%3 人在线</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI 参考宿主程序</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>会话(&amp;S)</translation>
     </message>
@@ -1813,6 +1809,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1（%2）- FriendUI 参考宿主程序</translation>
     </message>
 </context>
 <context>
@@ -2047,10 +2047,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1正在重新启动。</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>没有网络服务的密码。</translation>
@@ -2309,6 +2305,28 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1正在重新启动。</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>提供后端服务的宿主程序已退出。</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>没有可用其后端服务的宿主程序，正在等待。</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>无法写入供其他宿主程序查找后端服务的文件 %1。</translation>
     </message>
 </context>
 </TS>

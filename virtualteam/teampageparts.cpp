@@ -28,7 +28,7 @@ constexpr int ReloadDelay = 100; // ms; a burst of news is one reload
 
 CVirtualTeamPage::CVirtualTeamPage(QWidget *parent)
     : QWidget(parent),
-      m_searchBox(new SearchBox(this)),
+      m_searchBox(new SearchBox(this, "searchTeamMembers")),
       m_create(new SkinButton(SkinButton::Flat,
                               QStringLiteral("Resources/images/icon/glyph_add.png"), this)),
       m_refresh(new SkinButton(SkinButton::Flat,
@@ -79,7 +79,6 @@ CVirtualTeamPage::~CVirtualTeamPage()
 QWidget *CVirtualTeamPage::makeHead()
 {
     m_searchBox->setObjectName(QStringLiteral("teamSearchBox"));
-    m_searchBox->setPlaceholderKey("searchTeamMembers");
     m_create->setObjectName(QStringLiteral("createTeamButton"));
     m_refresh->setObjectName(QStringLiteral("refreshTeamButton"));
     auto *head = new QWidget(this);

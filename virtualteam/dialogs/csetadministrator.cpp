@@ -28,7 +28,7 @@ constexpr int NotThere = 10001;
 CSetAdministrator::CSetAdministrator(const CVirtualTeamSimpleInfo &team, QWidget *parent)
     : BaseDialog(parent),
       m_team(team),
-      m_filter(new SearchBox(this)),
+      m_filter(new SearchBox(this, "inputNameIDTel")),
       m_list(new SetAdiministratorListView(this)),
       m_loading(new StatePage("loading",
                               QStringLiteral("Resources/images/SearchFriend/qora_Loading.gif"),
@@ -72,7 +72,6 @@ void CSetAdministrator::build()
     bodyLayout()->addLayout(line);
     bodyLayout()->addLayout(m_pages, 1);
     bodyLayout()->addWidget(m_bar);
-    m_filter->setPlaceholderKey("inputNameIDTel");
     m_filter->setFocus();
 }
 

@@ -74,14 +74,13 @@ void VirtualTeamTransAuth::build()
 
 void VirtualTeamTransAuth::addSearch()
 {
-    m_search = new SearchBox(this);
+    m_search = new SearchBox(this, "inputNameIDTel");
     m_hits = new TeamMemberSearch(m_team.vtId, this);
     auto *line = new QVBoxLayout;
     line->setContentsMargins(Edge, Gap, Edge, Gap);
     line->addWidget(m_search);
     bodyLayout()->addLayout(line);
     m_pages->addWidget(m_hits);
-    m_search->setPlaceholderKey("inputNameIDTel");
     m_search->setFocus();
     connect(m_search, &QLineEdit::textChanged, this, &VirtualTeamTransAuth::searchTextChanged);
     connect(m_hits, &TeamMemberSearch::choiceChanged, this, &VirtualTeamTransAuth::updateChoice);
