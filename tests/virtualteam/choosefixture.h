@@ -5,6 +5,7 @@
 #pragma once
 
 #include "controls/basedialog.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/teamservice.h"
 #include "virtualteam/httpvirtualteamoperation.h"
@@ -20,7 +21,7 @@
 class ChooseFixture
 {
 public:
-    ChooseFixture()
+    explicit ChooseFixture(const QString &language = QStringLiteral("en")) : m_language(language)
     {
         qRegisterMetaType<QList<CVirtualTeamMemberInfo>>();
         levels["vtId=1&pgId=0"] = TeamService::reply(
@@ -45,6 +46,9 @@ public:
         }
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
+
+    // What the user was told since the test began, empty for nothing.
+    QString told() const { return TipBox::count() > m_boxes ? TipBox::lastText() : QString(); }
 
     static QPushButton *sure(const QWidget *dialog)
     {
@@ -76,4 +80,8 @@ public:
     CVirtualTeamSimpleInfo team{QStringLiteral("1"), QString::fromUtf8("项目组"), TeamRole::Owner,
                                 5};
     QHash<QByteArray, FakeReply> levels; // by the form that asks for them
+
+private:
+    const Language m_language;
+    const int m_boxes = TipBox::count();
 };

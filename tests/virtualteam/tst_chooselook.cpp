@@ -7,8 +7,6 @@
 #include <QImage>
 #include <QTreeView>
 
-#include <memory>
-
 namespace {
 
 QImage pictureOf(QWidget *widget, qreal ratio)
@@ -36,12 +34,7 @@ class TstChooseLook : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { m_fixture = std::make_unique<ChooseFixture>(); }
-    void cleanup()
-    {
-        m_fixture.reset();
-        setSkin(QStringLiteral("light"));
-    }
+    void cleanup() { setSkin(QStringLiteral("light")); }
 
     void dialogs_data()
     {
@@ -59,11 +52,11 @@ private slots:
         QFETCH(QString, language);
         QFETCH(int, ratio);
         setSkin(skin);
-        const Language translated(language);
-        m_fixture->service.answer("getMembers", R"({"members":[
+        ChooseFixture fixture(language);
+        fixture.service.answer("getMembers", R"({"members":[
             {"userId":"u1","nickName":"张一","role":2},{"userId":"u2","nickName":"李二","role":1},
             {"userId":"u3","nickName":"王三"},{"userId":"u4","nickName":"Anna Lindqvist"}]})");
-        const CVirtualTeamSimpleInfo &team = m_fixture->team;
+        const CVirtualTeamSimpleInfo &team = fixture.team;
         const QStringList two{QStringLiteral("u2"), QStringLiteral("u3")};
         const QList<QPair<QString, BaseDialog *>> dialogs{
             {QStringLiteral("grant"), new VirtualTeamTransAuth(team, nullptr)},
@@ -87,9 +80,6 @@ private slots:
             }
         }
     }
-
-private:
-    std::unique_ptr<ChooseFixture> m_fixture;
 };
 
 FRIENDUI_TEST(TstChooseLook)

@@ -79,10 +79,10 @@ private slots:
         t.pressSure();
         if (text.isEmpty()) {
             QTRY_COMPARE(t.service.count("grantVirtualTeamAuthority"), 1);
-            QCOMPARE(TipBox::lastText(), QStringLiteral("sureTransAuthTip"));
+            QCOMPARE(t.told(), QObject::tr("sureTransAuthTip"));
             return;
         }
-        QTRY_COMPARE(TipBox::lastText(), text);
+        QTRY_COMPARE(t.told(), text);
         QCOMPARE(t.service.count("grantVirtualTeamAuthority"), 0);
     }
 
@@ -170,7 +170,7 @@ private slots:
         t.service.server.release();
         QTRY_COMPARE(t.service.server.unanswered(), 0);
         QTest::keyClick(field, Qt::Key_Down);
-        QCOMPARE(t.note(t.dialog), QObject::tr("teamChosen").arg(QStringLiteral("u3")));
+        QCOMPARE(t.note(t.dialog), QStringLiteral("Chosen: u3"));
         QCOMPARE(ids(t.hits), (QStringList{QStringLiteral("u3"), QStringLiteral("u5")}));
         QTest::keyClick(field, Qt::Key_Escape);
         QVERIFY(t.tree->isVisible() && t.dialog->isVisible());
@@ -300,7 +300,7 @@ private slots:
         t.choose(moves ? "7" : "u2");
         TipBox::setNextAnswers(TipBox::Sure);
         t.pressSure();
-        QTRY_COMPARE(TipBox::lastText(), text);
+        QTRY_COMPARE(t.told(), text);
         QTRY_VERIFY(t.sure(t.dialog)->isEnabled()); // it can be tried again
         QTRY_COMPARE(t.service.count("getVirtualTeamGroup"), moves || !reloads ? 1 + reloads : 2);
     }
@@ -312,7 +312,7 @@ private slots:
         t.choose("7");
         t.service.host.context.settings.setConnected(false);
         t.pressSure();
-        QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
+        QCOMPARE(t.told(), QObject::tr("notexecuteoperation"));
         QCOMPARE(t.service.count("transferVirtualTeamMember"), 0);
         QVERIFY(t.sure(t.dialog)->isEnabled());
     }
@@ -324,7 +324,7 @@ private slots:
         t.levels["vtId=1&pgId=0"] = TeamService::reply("{}", 10001);
         QTest::keyClick(t.tree, Qt::Key_F5);
         QTRY_VERIFY(!t.dialog);
-        QCOMPARE(TipBox::lastText(), QString::fromUtf8("获取成员信息出错"));
+        QCOMPARE(t.told(), QString::fromUtf8("获取成员信息出错"));
     }
 
     void canBeClosedAtAnyTime()
