@@ -345,18 +345,21 @@ private slots:
         QTRY_COMPARE(t.service.server.unanswered(), 0);
     }
 
-    void theModelKeepsItsWord()
+    void aVanishedGroupIsNotReplaced()
     {
         Transfer t;
         t.open({QStringLiteral("u5")});
         const QAbstractItemModelTester tester(
             t.tree->model(), QAbstractItemModelTester::FailureReportingMode::QtTest);
         t.openGroup("7");
+        t.choose("8");
+        QVERIFY(t.sure(t.dialog)->isEnabled());
         t.levels["vtId=1&pgId=0"] =
             TeamService::reply(R"({"group":[{"groupId":"9","groupName":"后端"}]})");
         QTest::keyClick(t.tree, Qt::Key_F5);
         QTRY_VERIFY(t.row(t.tree, "9").isValid());
         QVERIFY(!t.row(t.tree, "7").isValid());
+        QVERIFY(!t.sure(t.dialog)->isEnabled());
     }
 };
 

@@ -83,6 +83,7 @@ void CVirtualTeamTransAuthTreeView::setMoving(const QStringList &userIds, const 
     ask(group, [this, group](bool ok, int, const auto &, const auto &members) {
         if (ok)
             learnPlace(group, members);
+        emit choiceChanged();
     });
 }
 

@@ -3,8 +3,6 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/avatarstore.h"
-#include "controls/pictures.h"
-#include "controls/rowpainter.h"
 #include "controls/skin.h"
 #include "virtualteam/memberpicture.h"
 #include "virtualteam/teamroles.h"
@@ -16,9 +14,6 @@
 namespace {
 
 constexpr qreal MarkRadius = 4; // device-independent pixels
-const QColor companyColor(0x8f, 0x8f, 0x8f);
-const QColor dutyColor(0x99, 0x99, 0x99);
-const QColor roleColor(0xff, 0xa3, 0x54);
 
 void drawTick(QPainter *painter, const QRectF &box)
 {
@@ -72,10 +67,9 @@ void MemberRow::paintMember(QPainter *painter, RowPainter *row, const QModelInde
                 faded);
     if (told.isValid())
         row->presence(presence);
-    row->textAtRight(TeamTreeTexts::roleText(index.data(TeamRowRole::Role).toInt()), roleColor);
-    const QString duty = ::displayText(index.data(TeamRowRole::Duty).toString());
-    const QString company = ::displayText(index.data(TeamRowRole::Company).toString());
-    row->setSecondaryColor(duty.isEmpty() ? companyColor : dutyColor);
-    const QString between = duty.isEmpty() || company.isEmpty() ? QString() : QStringLiteral(" · ");
-    row->texts(name, duty + between + company, faded);
+    QStringList parts{TeamTreeTexts::roleText(index.data(TeamRowRole::Role).toInt()),
+                      ::displayText(index.data(TeamRowRole::Duty).toString()),
+                      ::displayText(index.data(TeamRowRole::Company).toString())};
+    parts.removeAll(QString());
+    row->texts(name, parts.join(QStringLiteral(" · ")), faded);
 }

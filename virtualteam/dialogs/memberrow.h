@@ -1,11 +1,9 @@
 // What the rows of the lists to choose from have in common on screen.
 #pragma once
 
-#include <QStyleOptionViewItem>
+#include "controls/rowpainter.h"
 
 class QModelIndex;
-class QPainter;
-class RowPainter;
 
 namespace MemberRow {
 
