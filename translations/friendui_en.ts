@@ -1099,6 +1099,22 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>Agreed</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>Team approval</translation>
+    </message>
+    <message>
+        <source>teamBusy</source>
+        <translation>The team is being changed at the moment. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
         <source>teamChooseGroup</source>
         <translation>Choose a group for the members (%1).</translation>
     </message>
@@ -1115,26 +1131,8 @@
         <translation>%1 chosen</translation>
     </message>
     <message>
-        <source>teamAgreed</source>
-        <translation>Agreed</translation>
-    </message>
-    <message>
-        <source>teamApproval</source>
-        <translation>Team approval</translation>
-    </message>
-    <message>
         <source>teamCompany</source>
         <translation>Company</translation>
-        <source>teamBusy</source>
-        <translation>The team is being changed at the moment. Please try again.</translation>
-    </message>
-    <message>
-        <source>teamBusy</source>
-        <translation>The team is being changed at the moment. Please try again.</translation>
-    </message>
-    <message>
-        <source>teamChangeFailed</source>
-        <translation>That did not work. Please try again.</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1153,20 +1151,6 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
-        <source>teamMembersHere</source>
-        <translation>The members are here already.</translation>
-    </message>
-    <message>
-        <source>teamMembers</source>
-        <translation>Members</translation>
-    </message>
-    <message>
-        <source>teamName</source>
-        <translation>Team name</translation>
-        <source>teamMembersNotAdded</source>
-        <translation>People who could not be added: %1</translation>
-    </message>
-    <message>
         <source>teamGroupEmpty</source>
         <translation>No members here</translation>
     </message>
@@ -1175,8 +1159,20 @@
         <translation>%1 members</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>Members</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
+    </message>
+    <message>
         <source>teamMembersNotAdded</source>
         <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>Team name</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1191,8 +1187,8 @@
         <translation>The group name must not be empty.</translation>
     </message>
     <message>
-        <source>teamWorking</source>
-        <translation>One moment…</translation>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
     </message>
     <message>
         <source>teamReason</source>
@@ -1201,20 +1197,18 @@
     <message>
         <source>teamRefused</source>
         <translation>Declined</translation>
-        <source>teamSaving</source>
-        <translation>Saving…</translation>
     </message>
     <message>
-        <source>teamOwner</source>
-        <translation>Owner</translation>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
     </message>
     <message>
         <source>teamSubAdministrator</source>
         <translation>Sub-administrator</translation>
     </message>
     <message>
-        <source>teamSaving</source>
-        <translation>Saving…</translation>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>

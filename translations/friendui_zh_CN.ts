@@ -1099,6 +1099,22 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>已同意</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>虚拟团队审批</translation>
+    </message>
+    <message>
+        <source>teamBusy</source>
+        <translation>团队正在修改中，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
         <source>teamChooseGroup</source>
         <translation>请选择要移入%1位成员的分组</translation>
     </message>
@@ -1115,26 +1131,8 @@
         <translation>已选择%1人</translation>
     </message>
     <message>
-        <source>teamAgreed</source>
-        <translation>已同意</translation>
-    </message>
-    <message>
-        <source>teamApproval</source>
-        <translation>虚拟团队审批</translation>
-    </message>
-    <message>
         <source>teamCompany</source>
         <translation>企业</translation>
-        <source>teamBusy</source>
-        <translation>团队正在修改中，请稍后重试。</translation>
-    </message>
-    <message>
-        <source>teamBusy</source>
-        <translation>团队正在修改中，请稍后重试。</translation>
-    </message>
-    <message>
-        <source>teamChangeFailed</source>
-        <translation>操作失败，请重试。</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1153,20 +1151,6 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
-        <source>teamMembersHere</source>
-        <translation>成员已在此分组中</translation>
-    </message>
-    <message>
-        <source>teamMembers</source>
-        <translation>团队成员</translation>
-    </message>
-    <message>
-        <source>teamName</source>
-        <translation>团队名称</translation>
-        <source>teamMembersNotAdded</source>
-        <translation>有 %1 人未能添加。</translation>
-    </message>
-    <message>
         <source>teamGroupEmpty</source>
         <translation>没有成员信息</translation>
     </message>
@@ -1175,8 +1159,20 @@
         <translation>%1人</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>团队成员</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>成员已在此分组中</translation>
+    </message>
+    <message>
         <source>teamMembersNotAdded</source>
         <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1191,8 +1187,8 @@
         <translation>分组名称不能为空。</translation>
     </message>
     <message>
-        <source>teamWorking</source>
-        <translation>正在处理…</translation>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
     </message>
     <message>
         <source>teamReason</source>
@@ -1201,20 +1197,18 @@
     <message>
         <source>teamRefused</source>
         <translation>已拒绝</translation>
-        <source>teamSaving</source>
-        <translation>正在保存…</translation>
     </message>
     <message>
-        <source>teamOwner</source>
-        <translation>所有者</translation>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
     </message>
     <message>
         <source>teamSubAdministrator</source>
         <translation>子管理员</translation>
     </message>
     <message>
-        <source>teamSaving</source>
-        <translation>正在保存…</translation>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
     </message>
     <message>
         <source>tip</source>
