@@ -1116,7 +1116,7 @@
     </message>
     <message>
         <source>teamChooseGroup</source>
-        <translation>Choose where to move %1 members.</translation>
+        <translation>Choose a group for the members (%1).</translation>
     </message>
     <message>
         <source>teamChooseOwner</source>
