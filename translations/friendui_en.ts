@@ -895,6 +895,14 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>Refreshing failed: this may be out of date.</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>Refresh the teams</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>Decline</translation>
     </message>
@@ -961,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>Some teams could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>Search team members</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>The teams could not be searched.</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1087,18 +1107,32 @@
         <translation>Team approval</translation>
     </message>
     <message>
-        <source>teamCompany</source>
-        <translation>Company</translation>
-        <source>teamBusy</source>
-        <translation>The team is being changed at the moment. Please try again.</translation>
-    </message>
-    <message>
         <source>teamBusy</source>
         <translation>The team is being changed at the moment. Please try again.</translation>
     </message>
     <message>
         <source>teamChangeFailed</source>
         <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamChooseGroup</source>
+        <translation>Choose where to move %1 members.</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>Choose who is to manage the team.</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>Chosen: %1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>%1 chosen</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>Company</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1109,6 +1143,10 @@
         <translation>The group could not be created. Please try again.</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>Created by</translation>
+    </message>
+    <message>
         <source>teamDecided</source>
         <translation>This request has been decided already.</translation>
     </message>
@@ -1117,14 +1155,8 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
-        <source>teamMembers</source>
-        <translation>Members</translation>
-    </message>
-    <message>
-        <source>teamName</source>
-        <translation>Team name</translation>
-        <source>teamMembersNotAdded</source>
-        <translation>People who could not be added: %1</translation>
+        <source>teamInviter</source>
+        <translation>Invited by</translation>
     </message>
     <message>
         <source>teamGroupEmpty</source>
@@ -1135,8 +1167,20 @@
         <translation>%1 members</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>Members</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
+    </message>
+    <message>
         <source>teamMembersNotAdded</source>
         <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>Team name</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1151,26 +1195,28 @@
         <translation>The group name must not be empty.</translation>
     </message>
     <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>Reason</translation>
     </message>
     <message>
         <source>teamRefused</source>
         <translation>Declined</translation>
-        <source>teamSaving</source>
-        <translation>Saving…</translation>
     </message>
     <message>
-        <source>teamOwner</source>
-        <translation>Owner</translation>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
     </message>
     <message>
         <source>teamSubAdministrator</source>
         <translation>Sub-administrator</translation>
     </message>
     <message>
-        <source>teamSaving</source>
-        <translation>Saving…</translation>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>

@@ -895,6 +895,14 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>刷新失败，显示的可能不是最新内容。</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>刷新虚拟团队</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>拒绝</translation>
     </message>
@@ -961,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>正在搜索…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>部分团队搜索失败。</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>搜索团队成员</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>搜索团队成员失败。</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1087,18 +1107,32 @@
         <translation>虚拟团队审批</translation>
     </message>
     <message>
-        <source>teamCompany</source>
-        <translation>企业</translation>
-        <source>teamBusy</source>
-        <translation>团队正在修改中，请稍后重试。</translation>
-    </message>
-    <message>
         <source>teamBusy</source>
         <translation>团队正在修改中，请稍后重试。</translation>
     </message>
     <message>
         <source>teamChangeFailed</source>
         <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
+        <source>teamChooseGroup</source>
+        <translation>请选择要移入%1位成员的分组</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>请选择新的管理者</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>已选择：%1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>已选择%1人</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>企业</translation>
     </message>
     <message>
         <source>teamCountMoreTwo</source>
@@ -1109,6 +1143,10 @@
         <translation>创建分组失败，请重试！</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>创建人</translation>
+    </message>
+    <message>
         <source>teamDecided</source>
         <translation>该申请已处理。</translation>
     </message>
@@ -1117,14 +1155,8 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
-        <source>teamMembers</source>
-        <translation>团队成员</translation>
-    </message>
-    <message>
-        <source>teamName</source>
-        <translation>团队名称</translation>
-        <source>teamMembersNotAdded</source>
-        <translation>有 %1 人未能添加。</translation>
+        <source>teamInviter</source>
+        <translation>邀请人</translation>
     </message>
     <message>
         <source>teamGroupEmpty</source>
@@ -1135,8 +1167,20 @@
         <translation>%1人</translation>
     </message>
     <message>
+        <source>teamMembers</source>
+        <translation>团队成员</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>成员已在此分组中</translation>
+    </message>
+    <message>
         <source>teamMembersNotAdded</source>
         <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1151,26 +1195,28 @@
         <translation>分组名称不能为空。</translation>
     </message>
     <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>理由</translation>
     </message>
     <message>
         <source>teamRefused</source>
         <translation>已拒绝</translation>
-        <source>teamSaving</source>
-        <translation>正在保存…</translation>
     </message>
     <message>
-        <source>teamOwner</source>
-        <translation>所有者</translation>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
     </message>
     <message>
         <source>teamSubAdministrator</source>
         <translation>子管理员</translation>
     </message>
     <message>
-        <source>teamSaving</source>
-        <translation>正在保存…</translation>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
     </message>
     <message>
         <source>tip</source>

@@ -225,6 +225,21 @@ void TeamTreeChanges::remove(TeamTreeNode *node)
     showState(above);
 }
 
+void TeamTreeChanges::addGroup(TeamTreeBranch *branch, const CVirtualTeamSimpleInfo &info)
+{
+    if (!mayHold(branch, info.vtId) || branch->team->branches.contains(info.vtId))
+        return;
+    const auto isGroup = [](const TeamTreeNode *node) { return node->isBranch(); };
+    const auto groups = std::count_if(branch->rows.begin(), branch->rows.end(), isGroup);
+    TeamTreeBranch *group = m_rows->makeGroup(branch->team, info);
+    group->order = int(groups);
+    TeamTreeNode *node = group;
+    const bool hadPlaceholder = branch->hasPlaceholder();
+    insertRun(branch, size_t(groups), &node, 1);
+    if (hadPlaceholder)
+        removeRun(branch, 1, 1);
+}
+
 void TeamTreeChanges::moveMembers(TeamTreeBranch *target,
                                   const std::vector<TeamTreeMember *> &members)
 {

@@ -19,6 +19,8 @@ public:
     void setState(TeamTreeBranch *branch, TeamChildren state);
     // To the end of a group of the same team, and from there to their places.
     void moveMembers(TeamTreeBranch *target, const std::vector<TeamTreeMember *> &members);
+    // Behind the others; nothing happens when it is there.
+    void addGroup(TeamTreeBranch *branch, const CVirtualTeamSimpleInfo &info);
     // One row and all below.
     void remove(TeamTreeNode *node);
     // The node's own texts are others now.

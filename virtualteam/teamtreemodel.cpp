@@ -101,6 +101,12 @@ void TeamTreeModel::expire(const QString &vtId)
         group->isStale = true;
 }
 
+void TeamTreeModel::expireLevel(const QString &vtId, const QString &pgId)
+{
+    if (TeamTreeBranch *branch = d->rows.findGroup(vtId, pgId))
+        branch->isStale = true;
+}
+
 bool TeamTreeModel::isStale(const QString &vtId, const QString &pgId) const
 {
     const TeamTreeBranch *branch = d->rows.findGroup(vtId, pgId);
@@ -140,6 +146,18 @@ bool TeamTreeModel::removeMember(const QString &vtId, const QString &userId)
     if (member)
         d->changes.remove(member);
     return member;
+}
+
+void TeamTreeModel::addGroup(const QString &vtId, const QString &pgId, const QString &groupId,
+                             const QString &name)
+{
+    TeamTreeBranch *branch = d->rows.findGroup(vtId, pgId);
+    if (!branch || branch->state != TeamChildren::Loaded)
+        return;
+    CVirtualTeamSimpleInfo info;
+    info.vtId = groupId;
+    info.vtName = name;
+    d->changes.addGroup(branch, info);
 }
 
 void TeamTreeModel::moveMembers(const QString &vtId, const QString &groupId,

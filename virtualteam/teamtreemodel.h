@@ -40,6 +40,7 @@ public:
     // What is loaded of a team may be out of date: each of its levels is stale until it
     // is set again.
     void expire(const QString &vtId);
+    void expireLevel(const QString &vtId, const QString &pgId);
     bool isStale(const QString &vtId, const QString &pgId) const;
     void clear();
 
@@ -47,6 +48,9 @@ public:
     bool removeTeam(const QString &vtId);
     bool removeGroup(const QString &vtId, const QString &groupId); // with all below
     bool removeMember(const QString &vtId, const QString &userId);
+    // Behind the other sub-groups of a loaded level.
+    void addGroup(const QString &vtId, const QString &pgId, const QString &groupId,
+                  const QString &name);
     // To another group of the team; out of sight when that is not loaded.
     void moveMembers(const QString &vtId, const QString &groupId, const QStringList &userIds);
     void setTeamName(const QString &vtId, const QString &name);
