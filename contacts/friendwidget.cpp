@@ -8,7 +8,7 @@
 #include "contacts/latest/latestview.h"
 #include "contacts/latest/mylatestfriendwidget.h"
 #include "contacts/rooms/mucwidget.h"
-#include "contacts/search/searchbox.h"
+#include "controls/searchbox.h"
 #include "contacts/search/searchcommands.h"
 #include "contacts/search/searchentries.h"
 #include "contacts/search/searchpage.h"

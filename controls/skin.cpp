@@ -112,6 +112,20 @@ void followSkin(QWidget *widget)
                      [widget] { widget->setPalette(Skin::instance().palette()); });
 }
 
+void followSkinAsField(QWidget *field)
+{
+    const auto apply = [field] {
+        const Skin &skin = Skin::instance();
+        QPalette palette = skin.palette();
+        // One that is the same dark as the window could not be seen.
+        if (skin.isDark())
+            palette.setColor(QPalette::Base, skin.colors().hover);
+        field->setPalette(palette);
+    };
+    apply();
+    QObject::connect(&Skin::instance(), &Skin::changed, field, apply);
+}
+
 // The first family that is installed: to name one that is not costs a search for a
 // substitute for every size, weight and script.
 static QString skinFontFamily()

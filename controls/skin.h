@@ -60,6 +60,8 @@ private:
 
 // Keeps a widget's palette that of the skin, now and after every change.
 void followSkin(QWidget *widget);
+// The same for a field to type into, which must be told from the window around it.
+void followSkinAsField(QWidget *field);
 
 // The product's font family with fallbacks, at a size in device-independent pixels.
 QFont skinFont(int pixelSize, QFont::Weight weight = QFont::Normal);

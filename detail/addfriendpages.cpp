@@ -46,36 +46,20 @@ QLabel *textLabel(const char *name, QWidget *parent)
     return label;
 }
 
-// Keeps a part of the palette that of the skin, as followSkin() does the whole.
-template <class Change> void tint(QWidget *widget, Change change)
-{
-    const auto apply = [widget, change] {
-        QPalette palette = Skin::instance().palette();
-        change(palette, Skin::instance());
-        widget->setPalette(palette);
-    };
-    apply();
-    QObject::connect(&Skin::instance(), &Skin::changed, widget, apply);
-}
-
-// A field that is the same dark as the window could not be seen.
-void tintField(QWidget *field)
-{
-    tint(field, [](QPalette &palette, const Skin &skin) {
-        if (skin.isDark())
-            palette.setColor(QPalette::Base, skin.colors().hover);
-    });
-}
-
 // The style makes a button's colour lighter: white text needs a darker one.
 void tintPrimary(QPushButton *primary)
 {
-    tint(primary, [](QPalette &palette, const Skin &skin) {
+    const auto apply = [primary] {
+        const Skin &skin = Skin::instance();
         const QColor theme = skin.colors().theme;
+        QPalette palette = skin.palette();
         palette.setColor(QPalette::Button, skin.isDark() ? theme : theme.darker(150));
         palette.setColor(QPalette::ButtonText,
                          skin.isDark() ? skin.colors().background : QColor(Qt::white));
-    });
+        primary->setPalette(palette);
+    };
+    apply();
+    QObject::connect(&Skin::instance(), &Skin::changed, primary, apply);
 }
 
 // With a ring, since the picture may end in the window's own colour.
@@ -180,7 +164,7 @@ ValidationEdit::ValidationEdit(QWidget *parent) : QTextEdit(parent)
     setTabChangesFocus(true);
     setFont(skinFont(13));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    tintField(this);
+    followSkinAsField(this);
     setFixedHeight(3 * fontMetrics().lineSpacing() + 2 * frameWidth());
 }
 
@@ -242,7 +226,7 @@ AddFriendForm::AddFriendForm(QWidget *parent)
     m_remark->setAccessibleName(remarkCaption->text());
     m_remark->setFont(skinFont(13));
     m_remark->setMaxLength(LongestRemark);
-    tintField(m_remark);
+    followSkinAsField(m_remark);
 
     auto *fields = new QGridLayout;
     fields->setHorizontalSpacing(8);

@@ -4,6 +4,7 @@
 #include "common/logfilewriter.h"
 #include "common/logging.h"
 #include "host/chatlevers.h"
+#include "host/companylevers.h"
 #include "host/core/embeddedcore.h"
 #include "host/core/presencesimulator.h"
 #include "host/core/vcardimport.h"
@@ -21,6 +22,7 @@
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
 #include "host/samplepicture.h"
+#include "host/teamnews.h"
 #include "host/weblog.h"
 #include "host/webservices.h"
 #include "host/windows/hostwindows.h"
@@ -45,10 +47,14 @@ void tell(const QString &text)
 
 } // namespace
 
-HostApplication::HostApplication(const HostOptions &options) : m_options(options) {}
+HostApplication::HostApplication(const HostOptions &options, const HostPlace &place)
+    : m_options(options), m_place(place), m_folder(place.folder)
+{
+}
 
 HostApplication::~HostApplication()
 {
+    m_teamNews.reset();
     // The pane goes with the window; until then everything it calls is alive.
     m_window.reset();
     if (m_bus)
@@ -61,7 +67,6 @@ HostApplication::~HostApplication()
 
 int HostApplication::start()
 {
-    m_folder = dataFolder(m_options.dataFolder);
     QString problem;
     if (!openFolder(&problem)) {
         tell(problem);
@@ -107,7 +112,7 @@ bool HostApplication::openFolder(QString *problem)
             return false;
     }
     if ((m_options.reset && !resetDataFolder(m_folder, problem)) ||
-        !prepareDataFolder(m_folder, problem))
+        !prepareDataFolder(m_folder, m_place.user, problem))
         return false;
     if (!m_lock)
         m_lock = lockDataFolder(m_folder, problem);
@@ -136,6 +141,7 @@ int HostApplication::openCore()
     EmbeddedCore::Options options;
     options.folder = m_folder + QLatin1String("/core");
     options.people = m_options.people;
+    options.user = m_place.user;
     const bool sampleWanted = m_options.peopleGiven || !HostPreferences(m_folder).showsImport();
     options.sampleFriends = m_options.importFile.isEmpty() && sampleWanted;
     m_core = std::make_unique<EmbeddedCore>(options);
@@ -163,9 +169,12 @@ void HostApplication::prepareServices()
     if (!m_options.caFile.isEmpty())
         options.named.caFile = QFileInfo(m_options.caFile).absoluteFilePath();
     options.named.password = BackendProcess::passwordIn(m_options.passwordFile);
-    options.process.dataFolder = m_folder + QLatin1String("/backend");
-    options.process.people = m_options.people;
-    options.process.controlPort = m_options.backendControlPort;
+    options.found.process.dataFolder = m_place.backendFolder;
+    options.found.process.people = m_options.people;
+    options.found.process.controlPort = m_options.backendControlPort;
+    options.found.mayStart = m_place.mayStartBackend;
+    options.found.shareIn = m_folder;
+    options.found.lookedIn = m_place.backendsOfOthers;
     m_webLog = std::make_unique<WebLog>();
     m_context->setWebLog(m_webLog.get());
     m_services = std::make_unique<WebServices>(m_context, options);
@@ -183,7 +192,10 @@ void HostApplication::buildWindow()
     installRequestHandlers(*m_bus, *m_core, *m_window->windows());
     m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), m_context);
 
-    addChatLevers();
+    addLevers();
+    m_teamNews =
+        std::make_unique<TeamNews>(TeamNews::Parts{m_services.get(), m_core.get(), m_bus.get(),
+                                                   m_webLog.get(), m_window->windows()->notices()});
 
     m_window->setLanguage(m_language->current());
     m_window->setSkin(m_options.skin);
@@ -215,7 +227,7 @@ void HostApplication::buildWindow()
     }
 }
 
-void HostApplication::addChatLevers()
+void HostApplication::addLevers()
 {
     const QString pictures = m_context->pictureFolder();
     SamplePicture::drawServices(*m_core, pictures);
@@ -225,6 +237,15 @@ void HostApplication::addChatLevers()
     QObject::connect(levers, &ChatLevers::note, m_window.get(), &MainWindow::showNote);
     QObject::connect(levers, &ChatLevers::reloadChannelsWanted, m_bus.get(),
                      [this] { m_bus->notify(Inbound::ReloadChannels); });
+    HostWindows *windows = m_window->windows();
+    auto *company = new CompanyLevers(
+        m_services.get(), m_place.user,
+        [windows](const auto &picked) {
+            windows->pickColleague(CompanyLevers::tr("Who approves new teams"), picked);
+        },
+        m_levers);
+    m_levers->addMenu(company);
+    QObject::connect(company, &CompanyLevers::note, m_window.get(), &MainWindow::showNote);
 }
 
 // A group list that fails is seen only where no earlier one is shown instead.
@@ -287,6 +308,8 @@ QStringList HostApplication::tourArguments() const
 {
     // What such a process shows needs no web services.
     QStringList arguments{QStringLiteral("--no-backend"),
+                          QStringLiteral("--user"),
+                          m_place.user,
                           QStringLiteral("--people"),
                           QString::number(m_options.people),
                           QStringLiteral("--plugin"),

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/commandline.h"
+#include "host/hostplace.h"
 
 #include <QLockFile>
 
@@ -16,13 +17,14 @@ class HostLanguage;
 class LeverMenu;
 class MainWindow;
 class PresenceSimulator;
+class TeamNews;
 class WebLog;
 class WebServices;
 
 class HostApplication
 {
 public:
-    explicit HostApplication(const HostOptions &options);
+    HostApplication(const HostOptions &options, const HostPlace &place);
     ~HostApplication();
     HostApplication(const HostApplication &) = delete;
     HostApplication &operator=(const HostApplication &) = delete;
@@ -52,13 +54,14 @@ private:
     int openCore();
     void prepareServices();
     void buildWindow();
-    void addChatLevers();
+    void addLevers();
     void startWithoutRoster();
     bool loadPane(const QString &file);
     int importPeople();
 
     HostOptions m_options;
-    QString m_folder;
+    HostPlace m_place;
+    const QString m_folder;
     QString m_pluginFile;
     std::unique_ptr<QLockFile> m_lock;
     std::unique_ptr<EmbeddedCore> m_core;
@@ -72,6 +75,7 @@ private:
     std::unique_ptr<HostLanguage> m_language;
     std::unique_ptr<CoreNotifier> m_notifier;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<TeamNews> m_teamNews;
     LeverMenu *m_levers = nullptr;
     bool m_sessionStarted = false;
 };

@@ -7,12 +7,24 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+namespace {
+// What is still on its way then must not outlive the network's threads.
+void endWithApplication(QObject *object)
+{
+    QObject::connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, object,
+                     [object] { delete object; });
+}
+
+QString addressOf(const ServiceRequest &request)
+{
+    return request.address.isEmpty() ? ServiceAddresses::address(request.key) : request.address;
+}
+} // namespace
+
 ServiceCall::ServiceCall(QObject *context, SourceLocation caller, const Done &done)
     : QObject(QCoreApplication::instance()), m_context(context), m_caller(caller), m_done(done)
 {
-    // What is still on its way then must not outlive the network's threads.
-    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
-            [this] { delete this; });
+    endWithApplication(this);
 }
 
 CHttpSession *ServiceCall::session(const ServiceRequest &request, QObject *parent)
@@ -32,8 +44,16 @@ CHttpSession *ServiceCall::session(const ServiceRequest &request, QObject *paren
 CHttpSession *ServiceCall::open(const ServiceRequest &request, QObject *parent)
 {
     CHttpSession *opened = session(request, parent);
-    const QUrl url(ServiceAddresses::address(request.key));
-    opened->post(RequestHeaders::formRequest(url), RequestHeaders::formBody(request.fields));
+    opened->post(RequestHeaders::formRequest(QUrl(addressOf(request))),
+                 RequestHeaders::formBody(request.fields));
+    return opened;
+}
+
+CHttpSession *ServiceCall::openAlone(const ServiceRequest &request)
+{
+    CHttpSession *opened = open(request, QCoreApplication::instance());
+    endWithApplication(opened);
+    connect(opened, &CHttpSession::signal_finished, opened, &QObject::deleteLater);
     return opened;
 }
 
@@ -41,7 +61,7 @@ ServiceCall *ServiceCall::start(const ServiceRequest &request, QObject *context,
                                 SourceLocation caller, const Done &done)
 {
     auto *call = new ServiceCall(context, caller, done);
-    const QString address = ServiceAddresses::address(request.key);
+    const QString address = addressOf(request);
     if (address.isEmpty()) {
         LogLine(LogError, caller.file, caller.line)
             << "the service " << request.key << " has no address";

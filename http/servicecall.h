@@ -33,7 +33,8 @@ struct ServiceRequest
     // For what runs in bulk: takes part in the limits on requests at a time.
     bool throttled = false;
     qint16 kind = 0;
-    int timeout = 0; // ms; 0: the usual one
+    int timeout = 0;      // ms; 0: the usual one
+    QString address = {}; // of a service without a key
 };
 
 class ServiceCall : public QObject
@@ -53,6 +54,10 @@ public:
     // The same request, sent by a session that the caller owns and connects to. An
     // empty address ends it with an error.
     static CHttpSession *open(const ServiceRequest &request, QObject *parent);
+
+    // The same, by a session that goes on when whoever asked is gone: it deletes itself
+    // after its signal, or without one when the application quits.
+    static CHttpSession *openAlone(const ServiceRequest &request);
 
     // A session with the user's authorisation and the headers, time-out and limits of
     // the request; nothing is sent.

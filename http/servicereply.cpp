@@ -39,6 +39,7 @@ ServiceReply ServiceReply::decode(const QByteArray &body, int status)
         result.error = QLatin1String("status ") + QString::number(status);
         return result;
     }
+    result.arrived = true;
     if (!JsonReader::parse(body, &result.root, &result.error))
         return result;
     result.code = codeOf(result.root);

@@ -21,10 +21,11 @@ struct ServiceReply
 {
     static constexpr int NoCode = -1;
 
-    bool ok = false;   // transport, status, JSON and code are all fine
-    int status = 0;    // HTTP; 0: there was no answer
-    int code = NoCode; // the service's; 0 = success, NoCode: there was no envelope
-    QString error;     // of the transport or the JSON, for the log
+    bool ok = false;      // transport, status, JSON and code are all fine
+    bool arrived = false; // transport and status are; `error` is then of the JSON
+    int status = 0;       // HTTP; 0: there was no answer
+    int code = NoCode;    // the service's; 0 = success, NoCode: there was no envelope
+    QString error;        // of the transport or the JSON, for the log
     QByteArray body;
     Json::Value root; // the whole object
     // "data"; an empty object when it is missing or null.

@@ -63,6 +63,10 @@
         <translation>Please select the company members to invite.</translation>
     </message>
     <message>
+        <source>addMember</source>
+        <translation>Add</translation>
+    </message>
+    <message>
         <source>addOutsideFriendslimited</source>
         <translation>You have reached the limit of external contacts.</translation>
     </message>
@@ -263,6 +267,10 @@
         <translation>Start group chat</translation>
     </message>
     <message>
+        <source>createVirtualTeam</source>
+        <translation>Create virtual team</translation>
+    </message>
+    <message>
         <source>customer</source>
         <translation>Customer service</translation>
     </message>
@@ -441,6 +449,10 @@
     <message>
         <source>inviteCompany</source>
         <translation>Invite a company</translation>
+    </message>
+    <message>
+        <source>invitedMembers</source>
+        <translation>Invited members</translation>
     </message>
     <message>
         <source>inviteReasion</source>
@@ -803,6 +815,14 @@
         <translation>Personal number</translation>
     </message>
     <message>
+        <source>pickMembers</source>
+        <translation>Search by account or mobile number and add at least two members.</translation>
+    </message>
+    <message>
+        <source>pickOtherCompanies</source>
+        <translation>Search for members of other companies by account or mobile number and add them.</translation>
+    </message>
+    <message>
         <source>pinned</source>
         <translation>pinned</translation>
     </message>
@@ -875,6 +895,14 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>Refreshing failed: this may be out of date.</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>Refresh the teams</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>Decline</translation>
     </message>
@@ -901,6 +929,10 @@
     <message>
         <source>removeLatest</source>
         <translation>Remove from list</translation>
+    </message>
+    <message>
+        <source>removeMember</source>
+        <translation>Remove</translation>
     </message>
     <message>
         <source>renameMuc</source>
@@ -937,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>Some teams could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>Search team members</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>The teams could not be searched.</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1055,6 +1099,42 @@
         <translation>You become an ordinary member afterwards.</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>Agreed</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>Team approval</translation>
+    </message>
+    <message>
+        <source>teamBusy</source>
+        <translation>The team is being changed at the moment. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>That did not work. Please try again.</translation>
+    </message>
+    <message>
+        <source>teamChooseGroup</source>
+        <translation>Choose a group for the members (%1).</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>Choose who is to manage the team.</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>Chosen: %1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>%1 chosen</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>Company</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>Please select at least two members.</translation>
     </message>
@@ -1063,8 +1143,44 @@
         <translation>The group could not be created. Please try again.</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>Created by</translation>
+    </message>
+    <message>
+        <source>teamDecided</source>
+        <translation>This request has been decided already.</translation>
+    </message>
+    <message>
         <source>teamexisted</source>
         <translation>That group exists already.</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>Invited by</translation>
+    </message>
+    <message>
+        <source>teamGroupEmpty</source>
+        <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1 members</translation>
+    </message>
+    <message>
+        <source>teamMembers</source>
+        <translation>Members</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
+    </message>
+    <message>
+        <source>teamMembersNotAdded</source>
+        <translation>People who could not be added: %1</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>Team name</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1077,6 +1193,30 @@
     <message>
         <source>teamnotempty</source>
         <translation>The group name must not be empty.</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
+        <source>teamReason</source>
+        <translation>Reason</translation>
+    </message>
+    <message>
+        <source>teamRefused</source>
+        <translation>Declined</translation>
+    </message>
+    <message>
+        <source>teamSaving</source>
+        <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>Sub-administrator</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1407,21 +1547,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
-    <name>ContactRequests</name>
-    <message>
-        <source>Contact requests</source>
-        <translation>Contact requests</translation>
-    </message>
-    <message>
-        <source>Add as contact</source>
-        <translation>Add as contact</translation>
-    </message>
-    <message>
-        <source>Ignore</source>
-        <translation>Ignore</translation>
-    </message>
-</context>
-<context>
     <name>HostWindows</name>
     <message>
         <source>%1 asks to become a contact: %2</source>
@@ -1621,10 +1746,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 contacts in %2 groups, %3 people online</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI reference host</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>&amp;Session</translation>
     </message>
@@ -1675,6 +1796,18 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1 (%2) - FriendUI reference host</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>Notices</translation>
+    </message>
+    <message>
+        <source>Notices (%1)</source>
+        <translation>Notices (%1)</translation>
     </message>
 </context>
 <context>
@@ -1909,10 +2042,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1 It is started once more.</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>There is no password for the web services.</translation>
@@ -2171,6 +2300,93 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1 It is started once more.</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>The host whose back end was used has ended.</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>There is no host whose back end could be used; it is waited for.</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>The file %1, by which other hosts find the back end, cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>Notices</source>
+        <translation>Notices</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>Add as contact</translation>
+    </message>
+    <message>
+        <source>Decide</source>
+        <translation>Decide</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>Ignore</translation>
+    </message>
+</context>
+<context>
+    <name>TeamNews</name>
+    <message>
+        <source>asks for your approval of a new team</source>
+        <translation>asks for your approval of a new team</translation>
+    </message>
+    <message>
+        <source>invites your company into a team</source>
+        <translation>invites your company into a team</translation>
+    </message>
+</context>
+<context>
+    <name>CompanyLevers</name>
+    <message>
+        <source>The company&apos;s settings could not be read or changed.</source>
+        <translation>The company&apos;s settings could not be read or changed.</translation>
+    </message>
+    <message>
+        <source>Virtual teams of the company</source>
+        <translation>Virtual teams of the company</translation>
+    </message>
+    <message>
+        <source>New teams need approval</source>
+        <translation>New teams need approval</translation>
+    </message>
+    <message>
+        <source>Nobody approves them</source>
+        <translation>Nobody approves them</translation>
+    </message>
+    <message>
+        <source>Approved by %1 (%2)</source>
+        <translation>Approved by %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Approve them myself</source>
+        <translation>Approve them myself</translation>
+    </message>
+    <message>
+        <source>Let a colleague approve them…</source>
+        <translation>Let a colleague approve them…</translation>
+    </message>
+    <message>
+        <source>Who approves new teams</source>
+        <translation>Who approves new teams</translation>
     </message>
 </context>
 </TS>

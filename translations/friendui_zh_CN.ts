@@ -63,6 +63,10 @@
         <translation>请选择要邀请的企业成员。</translation>
     </message>
     <message>
+        <source>addMember</source>
+        <translation>添加</translation>
+    </message>
+    <message>
         <source>addOutsideFriendslimited</source>
         <translation>您的外部联系人数量已达上限。</translation>
     </message>
@@ -263,6 +267,10 @@
         <translation>创建讨论组</translation>
     </message>
     <message>
+        <source>createVirtualTeam</source>
+        <translation>创建虚拟团队</translation>
+    </message>
+    <message>
         <source>customer</source>
         <translation>客服</translation>
     </message>
@@ -441,6 +449,10 @@
     <message>
         <source>inviteCompany</source>
         <translation>邀请外企业</translation>
+    </message>
+    <message>
+        <source>invitedMembers</source>
+        <translation>受邀成员</translation>
     </message>
     <message>
         <source>inviteReasion</source>
@@ -803,6 +815,14 @@
         <translation>个人号</translation>
     </message>
     <message>
+        <source>pickMembers</source>
+        <translation>按账号或手机号搜索，至少添加两名成员。</translation>
+    </message>
+    <message>
+        <source>pickOtherCompanies</source>
+        <translation>按账号或手机号搜索外企业成员并添加。</translation>
+    </message>
+    <message>
         <source>pinned</source>
         <translation>已置顶</translation>
     </message>
@@ -875,6 +895,14 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>刷新失败，显示的可能不是最新内容。</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>刷新虚拟团队</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>拒绝</translation>
     </message>
@@ -901,6 +929,10 @@
     <message>
         <source>removeLatest</source>
         <translation>移除该会话</translation>
+    </message>
+    <message>
+        <source>removeMember</source>
+        <translation>移除</translation>
     </message>
     <message>
         <source>renameMuc</source>
@@ -937,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>正在搜索…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>部分团队搜索失败。</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>搜索团队成员</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>搜索团队成员失败。</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1055,6 +1099,42 @@
         <translation>移交后，您将成为普通成员。</translation>
     </message>
     <message>
+        <source>teamAgreed</source>
+        <translation>已同意</translation>
+    </message>
+    <message>
+        <source>teamApproval</source>
+        <translation>虚拟团队审批</translation>
+    </message>
+    <message>
+        <source>teamBusy</source>
+        <translation>团队正在修改中，请稍后重试。</translation>
+    </message>
+    <message>
+        <source>teamChangeFailed</source>
+        <translation>操作失败，请重试。</translation>
+    </message>
+    <message>
+        <source>teamChooseGroup</source>
+        <translation>请选择要移入%1位成员的分组</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>请选择新的管理者</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>已选择：%1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>已选择%1人</translation>
+    </message>
+    <message>
+        <source>teamCompany</source>
+        <translation>企业</translation>
+    </message>
+    <message>
         <source>teamCountMoreTwo</source>
         <translation>请至少选择两名成员。</translation>
     </message>
@@ -1063,8 +1143,44 @@
         <translation>创建分组失败，请重试！</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>创建人</translation>
+    </message>
+    <message>
+        <source>teamDecided</source>
+        <translation>该申请已处理。</translation>
+    </message>
+    <message>
         <source>teamexisted</source>
         <translation>该分组已存在。</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>邀请人</translation>
+    </message>
+    <message>
+        <source>teamGroupEmpty</source>
+        <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamMemberCount</source>
+        <translation>%1人</translation>
+    </message>
+    <message>
+        <source>teamMembers</source>
+        <translation>团队成员</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>成员已在此分组中</translation>
+    </message>
+    <message>
+        <source>teamMembersNotAdded</source>
+        <translation>有 %1 人未能添加。</translation>
+    </message>
+    <message>
+        <source>teamName</source>
+        <translation>团队名称</translation>
     </message>
     <message>
         <source>teamNameNotempty</source>
@@ -1077,6 +1193,30 @@
     <message>
         <source>teamnotempty</source>
         <translation>分组名称不能为空。</translation>
+    </message>
+    <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
+        <source>teamReason</source>
+        <translation>理由</translation>
+    </message>
+    <message>
+        <source>teamRefused</source>
+        <translation>已拒绝</translation>
+    </message>
+    <message>
+        <source>teamSaving</source>
+        <translation>正在保存…</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>子管理员</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1407,21 +1547,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
-    <name>ContactRequests</name>
-    <message>
-        <source>Contact requests</source>
-        <translation>好友请求</translation>
-    </message>
-    <message>
-        <source>Add as contact</source>
-        <translation>添加为联系人</translation>
-    </message>
-    <message>
-        <source>Ignore</source>
-        <translation>忽略</translation>
-    </message>
-</context>
-<context>
     <name>HostWindows</name>
     <message>
         <source>%1 asks to become a contact: %2</source>
@@ -1621,10 +1746,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个分组，%1 位联系人，%3 人在线</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI 参考宿主程序</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>会话(&amp;S)</translation>
     </message>
@@ -1675,6 +1796,18 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1（%2）- FriendUI 参考宿主程序</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>Notices (%1)</source>
+        <translation>通知（%1）</translation>
     </message>
 </context>
 <context>
@@ -1909,10 +2042,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1正在重新启动。</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>没有网络服务的密码。</translation>
@@ -2171,6 +2300,93 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1正在重新启动。</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>提供后端服务的宿主程序已退出。</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>没有可用其后端服务的宿主程序，正在等待。</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>无法写入供其他宿主程序查找后端服务的文件 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>Notices</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>添加为联系人</translation>
+    </message>
+    <message>
+        <source>Decide</source>
+        <translation>处理</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>忽略</translation>
+    </message>
+</context>
+<context>
+    <name>TeamNews</name>
+    <message>
+        <source>asks for your approval of a new team</source>
+        <translation>申请创建虚拟团队，等待您审批</translation>
+    </message>
+    <message>
+        <source>invites your company into a team</source>
+        <translation>邀请贵公司加入虚拟团队</translation>
+    </message>
+</context>
+<context>
+    <name>CompanyLevers</name>
+    <message>
+        <source>The company&apos;s settings could not be read or changed.</source>
+        <translation>无法读取或更改企业的设置。</translation>
+    </message>
+    <message>
+        <source>Virtual teams of the company</source>
+        <translation>企业的虚拟团队</translation>
+    </message>
+    <message>
+        <source>New teams need approval</source>
+        <translation>创建团队需要审批</translation>
+    </message>
+    <message>
+        <source>Nobody approves them</source>
+        <translation>没有审批人</translation>
+    </message>
+    <message>
+        <source>Approved by %1 (%2)</source>
+        <translation>审批人：%1（%2）</translation>
+    </message>
+    <message>
+        <source>Approve them myself</source>
+        <translation>由我审批</translation>
+    </message>
+    <message>
+        <source>Let a colleague approve them…</source>
+        <translation>由同事审批…</translation>
+    </message>
+    <message>
+        <source>Who approves new teams</source>
+        <translation>由谁审批新团队</translation>
     </message>
 </context>
 </TS>

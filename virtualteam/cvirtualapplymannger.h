@@ -1,7 +1,7 @@
 // The approval windows, one per team.
 #pragma once
 
-#include "controls/windowregistry.h"
+#include "virtualteam/teamwindows.h"
 
 #include <QObject>
 
@@ -17,7 +17,12 @@ public:
     // `member`: who asked for the team. Raises the window that is there, also offline.
     void showVirtualApply(const QString &vtId, const QString &member);
 
+    CVirtualApply *window(const QString &vtId) const; // null: not open
+
+public slots:
+    void onVirtualApplyClosed(const QString &vtId);
+
 private:
     CVirtualApplyMannger();
-    WindowRegistry<CVirtualApply> m_windows;
+    TeamWindows<CVirtualApply> m_windows;
 };

@@ -1,7 +1,7 @@
 // The windows of invitations to join a team, one per team and inviter.
 #pragma once
 
-#include "controls/windowregistry.h"
+#include "virtualteam/teamwindows.h"
 
 #include <QObject>
 
@@ -17,7 +17,13 @@ public:
     // `member`: who invites. Raises the window that is there, also offline.
     void showVirtualTeamInfo(const QString &vtId, const QString &member);
 
+    // Null: not open.
+    VirtualTeamInviteInfoPage *window(const QString &vtId, const QString &member) const;
+
+public slots:
+    void onVirtualTeamInfoClosed(const QString &vtId, const QString &member);
+
 private:
     CVirtualTeamInfoManager();
-    WindowRegistry<VirtualTeamInviteInfoPage> m_windows;
+    TeamWindows<VirtualTeamInviteInfoPage> m_windows;
 };

@@ -18,13 +18,14 @@
 #include <memory>
 
 class QNetworkReply;
+struct TeamArguments;
 
 class CHttpVirtualTeamOperation : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int Timeout = 10000; // ms
+    static constexpr int Timeout = 10000; // ms, whatever the way of the request
     // The code of signal_CreatVirtualTeamFinish, with ok, for a team that waits for
     // its approval.
     static constexpr int PendingCode = 1;
@@ -126,7 +127,40 @@ signals:
     void signal_deleteVirtualTeamAdminFinish(const QString &vtId, const QStringList &members,
                                              bool ok, int code);
 
+private slots:
+    // Ends a request that was not answered in time as one that failed.
+    void slot_ReplyTimeOut();
+    void slot_GetMyVirtualTeamFinish(QNetworkReply *reply);
+    void slot_SearchMemberFinish(QNetworkReply *reply);
+    void slot_CreatVirtualTeamFinish(QNetworkReply *reply);
+    void slot_InviteVirtualTeamFinish(QNetworkReply *reply);
+    void slot_AuditingVirtualTeamFinish(QNetworkReply *reply);
+    void slot_GetVirtualTeamCreatDetailFinish(QNetworkReply *reply);
+    void slot_GetVirtualTeamJoinDetailFinish(QNetworkReply *reply);
+    void slot_ResponseJoinVirtualTeamRequestFinish(QNetworkReply *reply);
+    void slot_GetVirtualTeamStructureFinish(QNetworkReply *reply);
+    void slot_AddVirtualTeamMembersFinish(QNetworkReply *reply);
+    void slot_DeleteVirtualTeamMemberFinish(QNetworkReply *reply);
+    void slot_QuitVirtualTeamFinish(QNetworkReply *reply);
+    void slot_DissolveVirtualTeamFinish(QNetworkReply *reply);
+    void slot_ModifyVirtualTeamNameFinish(QNetworkReply *reply);
+    void slot_ModifyVirtualTeamPersonalInfoFinish(QNetworkReply *reply);
+    void slot_GetVirtualTeamMemberInfoFinish(QNetworkReply *reply);
+    void slot_GrantVirtualTeamAuthorityFinish(QNetworkReply *reply);
+    void slot_FuzzySearchVirtualTeamMemberFinish(QNetworkReply *reply);
+    void slot_modifyVirtualTeamGroupFinish(QNetworkReply *reply);
+    void slot_addVirtualTeamGroup(QNetworkReply *reply);
+    void slot_deleteVirtualTeamGroup(QNetworkReply *reply);
+    void slot_transferVirtualTeamMember(QNetworkReply *reply);
+    void slot_getVirtualTeamMembers(QNetworkReply *reply);
+    void slot_setVirtualTeamAdmin(QNetworkReply *reply);
+    void slot_addVirtualTeamAdmin(QNetworkReply *reply);
+    void slot_deleteVirtualTeamAdmin(QNetworkReply *reply);
+
 private:
+    struct Service;
     struct Private;
+    void start(const Service &service, const TeamArguments &arguments);
+    void finish(const Service &service, QNetworkReply *reply);
     std::unique_ptr<Private> d;
 };

@@ -24,7 +24,8 @@ enum class TeamAction
     Leave = 1 << 14,
     Dissolve = 1 << 15,
     TransferAuthority = 1 << 16,
-    ChooseAdministrators = 1 << 17
+    ChooseAdministrators = 1 << 17,
+    ViewProfile = 1 << 18
 };
 Q_DECLARE_FLAGS(TeamActions, TeamAction)
 Q_DECLARE_OPERATORS_FOR_FLAGS(TeamActions)
@@ -36,6 +37,8 @@ TeamActions forMembers(const TeamSelection &members, const QString &ownId); // o
 TeamActions forSettings(const CVirtualTeamSimpleInfo &team);
 // Whether the user may move members of the team between its groups.
 bool mayMove(const CVirtualTeamSimpleInfo &team);
+// Whether all of them can be deleted: neither who leads the team nor oneself can.
+bool mayDelete(const TeamSelection &members, const QString &ownId);
 bool mayAddGroup(int level); // below a group of this level
 
 } // namespace TeamRules

@@ -1,23 +1,22 @@
 #include "contacts/search/searchpage.h"
 
 #include "contacts/search/peoplesearch.h"
-#include "contacts/search/searchbox.h"
 #include "contacts/search/searchcommands.h"
 #include "contacts/search/searchresultmodel.h"
 #include "contacts/search/searchresultview.h"
 #include "contacts/search/searchsources.h"
+#include "controls/noticeline.h"
 #include "controls/rowpainter.h"
+#include "controls/searchbox.h"
 #include "controls/skin.h"
 #include "controls/statepage.h"
 #include "http/fileservices.h"
 #include "plugin/frienduisignalsender.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPushButton>
 #include <QScrollBar>
 #include <QStackedLayout>
+#include <QVBoxLayout>
 
 #include <limits>
 
@@ -27,9 +26,9 @@ SearchPage::SearchPage(SearchBox *box, SearchSources *sources, QWidget *parent)
       m_sources(sources),
       m_people(new PeopleSearch(this)),
       m_model(new SearchResultModel(&sources->index(), this)),
-      m_view(new SearchResultView(m_model, this)),
+      m_view(new SearchResultView(box, m_model, this)),
       m_states(new QStackedLayout),
-      m_footer(makeFooter())
+      m_notice(new NoticeLine(this))
 {
     setObjectName(QStringLiteral("searchPage"));
     setAutoFillBackground(true);
@@ -39,7 +38,7 @@ SearchPage::SearchPage(SearchBox *box, SearchSources *sources, QWidget *parent)
     layout->setSpacing(0);
     m_states->addWidget(m_view);
     layout->addLayout(m_states, 1);
-    layout->addWidget(m_footer);
+    layout->addWidget(m_notice);
     connectBox();
     connectView();
 
@@ -58,56 +57,19 @@ SearchPage::SearchPage(SearchBox *box, SearchSources *sources, QWidget *parent)
     retranslate();
 }
 
-QWidget *SearchPage::makeFooter()
-{
-    auto *footer = new QWidget(this);
-    auto *layout = new QHBoxLayout(footer);
-    layout->setContentsMargins(12, 4, 12, 4);
-    m_footerText = new QLabel(footer);
-    m_footerText->setObjectName(QStringLiteral("searchState"));
-    m_footerText->setTextFormat(Qt::PlainText);
-    m_footerText->setFont(skinFont(12));
-    m_footerText->setForegroundRole(QPalette::PlaceholderText);
-    followSkin(m_footerText);
-    m_retry = new QPushButton(footer);
-    m_retry->setObjectName(QStringLiteral("retrySearch"));
-    m_retry->setFont(skinFont(12));
-    followSkin(m_retry);
-    layout->addWidget(m_footerText, 1);
-    layout->addWidget(m_retry);
-    return footer;
-}
-
 void SearchPage::connectBox()
 {
-    connect(m_box, &SearchBox::downPressed, this, [this] {
-        if (m_model->rowCount() == 0)
-            return;
-        if (!m_view->currentIndex().isValid())
-            m_view->reveal(m_model->index(0));
-        m_view->setFocus(Qt::TabFocusReason);
-    });
     connect(m_box, &SearchBox::enterPressed, this, &SearchPage::enter);
-    connect(m_retry, &QPushButton::clicked, m_people, &PeopleSearch::retry);
+    connect(m_notice, &NoticeLine::retryClicked, m_people, &PeopleSearch::retry);
 }
 
 void SearchPage::connectView()
 {
-    connect(m_view, &SearchResultView::leftUpwards, this, [this] {
-        m_view->setCurrentIndex(QModelIndex());
-        m_box->setFocus(Qt::BacktabFocusReason);
+    connect(m_view, &FoundList::leftUpwards, this, [this] {
         if (m_isStale)
             searchAgain();
     });
-    connect(m_view, &SearchResultView::typed, this, [this](const QString &text) {
-        m_box->setFocus(Qt::OtherFocusReason);
-        m_box->end(false);
-        if (text == QLatin1String("\b"))
-            m_box->backspace();
-        else
-            m_box->insert(text);
-    });
-    connect(m_view, &SearchResultView::escapePressed, this, &SearchPage::left);
+    connect(m_view, &FoundList::escapePressed, this, &SearchPage::left);
     connect(m_view, &SearchResultView::locateRequested, this,
             [this](const SearchEntry &entry) { emit leaveFor(entry, false); });
     connect(m_view, &SearchResultView::organisationRequested, this,
@@ -285,9 +247,7 @@ void SearchPage::showState()
         line = "searchSearching";
     else if (hasRows && state == PeopleSearch::Failed)
         line = "searchFailed";
-    m_footer->setVisible(line != nullptr);
-    m_retry->setVisible(state == PeopleSearch::Failed);
-    m_footerText->setText(line ? QObject::tr(line) : QString());
+    m_notice->say(line, state == PeopleSearch::Failed);
 }
 
 StatePage *SearchPage::statePage(StatePage *&page, const char *key, const char *picture,
@@ -311,7 +271,6 @@ void SearchPage::changeEvent(QEvent *event)
 
 void SearchPage::retranslate()
 {
-    m_retry->setText(QObject::tr("retry"));
     m_model->showAnew();
     showState();
 }

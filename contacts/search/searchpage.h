@@ -8,9 +8,8 @@
 
 #include <QWidget>
 
+class NoticeLine;
 class PeopleSearch;
-class QLabel;
-class QPushButton;
 class QStackedLayout;
 class SearchBox;
 class SearchResultModel;
@@ -44,7 +43,6 @@ protected:
     void changeEvent(QEvent *event) override;
 
 private:
-    QWidget *makeFooter();
     void connectBox();
     void connectView();
     // The first results, as many as fit the pages shown so far.
@@ -67,9 +65,7 @@ private:
     SearchResultModel *m_model;
     SearchResultView *m_view;
     QStackedLayout *m_states;
-    QWidget *m_footer;
-    QLabel *m_footerText;
-    QPushButton *m_retry;
+    NoticeLine *m_notice;
     StatePage *m_searchingPage = nullptr;
     StatePage *m_nothingPage = nullptr;
     StatePage *m_failedPage = nullptr;

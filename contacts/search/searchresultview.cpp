@@ -8,8 +8,8 @@
 #include <QContextMenuEvent>
 #include <QKeyEvent>
 
-SearchResultView::SearchResultView(SearchResultModel *model, QWidget *parent)
-    : RowView(model, SearchRole::Name, parent), m_model(model)
+SearchResultView::SearchResultView(SearchBox *box, SearchResultModel *model, QWidget *parent)
+    : FoundList(box, model, SearchRole::Name, parent), m_model(model)
 {
     setObjectName(QStringLiteral("searchResults"));
     setItemDelegate(new SearchResultDelegate(model, this));
@@ -26,41 +26,13 @@ SearchEntry SearchResultView::entryAt(const QModelIndex &index) const
 
 // --- Keys --------------------------------------------------------------------------
 
-void SearchResultView::keyboardSearch(const QString &text)
-{
-    emit typed(text);
-}
-
 void SearchResultView::keyPressEvent(QKeyEvent *event)
 {
-    const bool isControl = event->modifiers().testFlag(Qt::ControlModifier);
-    switch (event->key()) {
-    case Qt::Key_Up:
-        if (currentIndex().row() <= 0) {
-            emit leftUpwards();
-            return;
-        }
-        break;
-    case Qt::Key_Escape:
-        emit escapePressed();
-        return;
-    case Qt::Key_Backspace:
-        emit typed(QStringLiteral("\b"));
-        return;
-    case Qt::Key_Space:
-        emit typed(event->text());
-        return;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        if (isControl && currentIndex().isValid()) {
-            emit locateRequested(entryAt(currentIndex()));
-            return;
-        }
-        break;
-    default:
-        break;
-    }
-    RowView::keyPressEvent(event);
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && event->modifiers().testFlag(Qt::ControlModifier) && currentIndex().isValid())
+        emit locateRequested(entryAt(currentIndex()));
+    else
+        FoundList::keyPressEvent(event);
 }
 
 // --- Menu --------------------------------------------------------------------------

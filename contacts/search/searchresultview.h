@@ -2,19 +2,17 @@
 #pragma once
 
 #include "contacts/search/searchindex.h"
-#include "controls/rowview.h"
+#include "controls/foundlist.h"
 
 class SearchResultModel;
 class SkinMenu;
 
-class SearchResultView : public RowView
+class SearchResultView : public FoundList
 {
     Q_OBJECT
 
 public:
-    explicit SearchResultView(SearchResultModel *model, QWidget *parent = nullptr);
-
-    void keyboardSearch(const QString &typed) override;
+    SearchResultView(SearchBox *box, SearchResultModel *model, QWidget *parent = nullptr);
 
     bool isHeld() const { return m_isHeld; } // see RowView::orderHeld()
 
@@ -23,11 +21,6 @@ signals:
     void openRequested(const SearchEntry &entry);
     void locateRequested(const SearchEntry &entry);
     void organisationRequested(const SearchEntry &entry);
-    // Up on the first row.
-    void leftUpwards();
-    void escapePressed();
-    // Letters, or a Backspace as "\b", that belong into the box.
-    void typed(const QString &text);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;

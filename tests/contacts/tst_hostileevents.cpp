@@ -5,7 +5,7 @@
 #include "contacts/latest/latestroles.h"
 #include "contacts/latest/mylatestfriendwidget.h"
 #include "contacts/rooms/muclistview.h"
-#include "contacts/search/searchbox.h"
+#include "controls/searchbox.h"
 #include "controls/basedialog.h"
 #include "controls/inputbox.h"
 #include "controls/rowview.h"

@@ -4,7 +4,7 @@
 #include "contacts/rooms/muclistview.h"
 #include "contacts/rooms/mucroles.h"
 #include "contacts/rooms/mucwidget.h"
-#include "contacts/search/searchbox.h"
+#include "controls/searchbox.h"
 #include "contacts/search/searchpage.h"
 #include "contacts/search/searchresultmodel.h"
 #include "contacts/search/searchresultview.h"

@@ -2,11 +2,11 @@
 // a page with its box.
 #pragma once
 
-#include "contacts/search/searchbox.h"
 #include "contacts/search/searchpage.h"
 #include "contacts/search/searchresultmodel.h"
 #include "contacts/search/searchresultview.h"
 #include "contacts/search/searchsources.h"
+#include "controls/searchbox.h"
 #include "http/httpmgr.h"
 #include "tests/org/fakeorgrequest.h"
 #include "tests/support/fakehost.h"

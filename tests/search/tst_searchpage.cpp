@@ -67,8 +67,8 @@ private slots:
         PeopleService service;
         SearchFixture f;
         f.make();
-        auto *state = f.page->findChild<QWidget *>(QStringLiteral("searchState"));
-        auto *retry = f.page->findChild<QPushButton *>(QStringLiteral("retrySearch"));
+        auto *state = f.page->findChild<QWidget *>(QStringLiteral("noticeText"));
+        auto *retry = f.page->findChild<QPushButton *>(QStringLiteral("noticeRetry"));
         QTest::keyClicks(f.box, QStringLiteral("an"));
         QVERIFY(state->isVisible() && !retry->isVisible());
         QTRY_COMPARE(service.asks.size(), 1);

@@ -1,8 +1,16 @@
-// The dialog that creates a team, or invites people of other companies to one.
+// The dialog that creates a team, or invites people of other companies to one. What
+// was typed stays until the service has agreed.
+//
+// A request that runs when the dialog is closed goes on: the user is told its result,
+// and that the list of teams has changed comes by the hub's signal_refresh_virtualTeam.
 #pragma once
 
 #include "controls/basedialog.h"
 #include "virtualteam/teamrecords.h"
+
+class MemberPicker;
+class ReasonEdit;
+class TeamNameEdit;
 
 class CVirtualTeamWidgetCreat : public BaseDialog
 {
@@ -12,7 +20,46 @@ public:
     explicit CVirtualTeamWidgetCreat(QWidget *parent);                            // creates
     CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &team, QWidget *parent); // invites
 
+    bool isSending() const { return m_sending; }
+
 signals:
-    // The team is there, or waits for its approval.
+    // The team is there, or waits for its approval. The dialog closes after this.
     void teamCreated(const QString &vtId, bool pending);
+
+public slots:
+    void slot_sure();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
+private:
+    CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &team, bool invites, QWidget *parent);
+    void build();
+    QLayout *buildName();
+    QLayout *buildReason();
+    QLayout *buildButtons();
+    void retranslate();
+    void showLength(int length);
+    bool isComplete(); // else the user was told what is missing
+    void create(const QString &name, const QStringList &members, const QString &reason);
+    void invite(const QStringList &members, const QString &reason);
+    void setSending(bool sending);
+    void succeeded(const QString &text);
+    void failed(const QString &text);
+
+    const CVirtualTeamSimpleInfo m_team; // empty for a new one
+    const bool m_invites;
+    bool m_sending = false;
+    bool m_isClosed = false;
+
+    QLabel *m_nameCaption;
+    TeamNameEdit *m_name; // of a new team; null for an invitation
+    MemberPicker *m_picker;
+    QLabel *m_reasonCaption;
+    QLabel *m_length;
+    ReasonEdit *m_reason;
+    SkinButton *m_sure;
+    SkinButton *m_cancel;
+    QLabel *m_state; // that the request runs
 };

@@ -5,6 +5,10 @@
 
 #include "controls/basedialog.h"
 
+class QLabel;
+class SkinButton;
+class TeamNameEdit;
+
 class VirtualTeamEditWidget : public BaseDialog
 {
     Q_OBJECT
@@ -23,8 +27,30 @@ public:
 
     // Closes the dialog, or lets the user try again.
     void finish(bool ok);
+    bool isWaiting() const { return m_waiting; }
+    // Whether the text is another than the preset, as far as that could be shown.
+    bool isChange(const QString &text) const { return text != m_preset; }
 
 signals:
     // Trimmed; not empty except a post or nick name; 16 characters at most.
     void signal_sure(const QString &text);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void build();
+    void confirm();
+    void setWaiting(bool waiting);
+    void retranslate();
+    void showLength();
+
+    Mode m_mode;
+    QString m_preset;
+    bool m_waiting = false;
+    TeamNameEdit *m_line;
+    QLabel *m_state;      // "label_state"
+    QLabel *m_length;     // "label_length"
+    SkinButton *m_sure;   // "sureButton"
+    SkinButton *m_cancel; // "cancelButton"
 };

@@ -1,0 +1,96 @@
+#include "virtualteam/dialogs/memberlistmodel.h"
+
+#include "common/displaytext.h"
+#include "virtualteam/memberpicture.h"
+#include "virtualteam/teamroles.h"
+
+#include <QSet>
+
+namespace {
+
+QString nameOf(const CVirtualTeamMemberInfo &member)
+{
+    const QString name = displayText(member.shownName());
+    return name.isEmpty() ? displayText(member.userId) : name;
+}
+
+// What tells people of one name apart: company and number.
+QString originOf(const CVirtualTeamMemberInfo &member)
+{
+    QStringList parts;
+    for (const QString &part :
+         {member.companyName,
+          member.employeeCode.isEmpty() ? member.mobile : member.employeeCode}) {
+        const QString shown = displayText(part);
+        if (!shown.isEmpty())
+            parts.append(shown);
+    }
+    return parts.join(QString::fromUtf8(" · "));
+}
+
+} // namespace
+
+void MemberListModel::setMembers(const QList<CVirtualTeamMemberInfo> &members)
+{
+    QSet<QString> stay;
+    for (const CVirtualTeamMemberInfo &member : members)
+        stay.insert(member.userId);
+    const QStringList before = userIds();
+    for (const QString &userId : before) {
+        if (!stay.contains(userId))
+            remove(userId);
+    }
+    QVector<MemberListRow> rows;
+    rows.reserve(members.size());
+    for (const CVirtualTeamMemberInfo &member : members) {
+        const MemberListRow *known = find(member.userId);
+        rows.append({member, known ? known->arrival : ++m_arrivals});
+    }
+    putAll(rows);
+}
+
+void MemberListModel::add(const CVirtualTeamMemberInfo &member)
+{
+    putNew({member, ++m_arrivals});
+}
+
+QStringList MemberListModel::userIds() const
+{
+    QStringList ids;
+    ids.reserve(rowCount());
+    for (int row = 0; row < rowCount(); ++row)
+        ids.append(at(row).member.userId);
+    return ids;
+}
+
+QVariant MemberListModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    const CVirtualTeamMemberInfo &member = at(index.row()).member;
+    switch (role) {
+    case Qt::DisplayRole:
+    case TeamRowRole::Name:
+        return nameOf(member);
+    case TeamRowRole::Id:
+        return member.userId;
+    case TeamRowRole::Photo:
+        return memberPicture(member.userId, member.photoName);
+    case TeamRowRole::Role:
+        return member.role;
+    case TeamRowRole::Company:
+        return originOf(member);
+    case TeamRowRole::SortKey:
+        return at(index.row()).arrival;
+    case TeamRowRole::Kind:
+        return int(TeamRowKind::Member);
+    case Qt::ToolTipRole:
+        return toolTipText(nameOf(member) + QLatin1Char('\n') + originOf(member));
+    case Qt::AccessibleTextRole: {
+        const QString origin = originOf(member);
+        return origin.isEmpty() ? nameOf(member) : nameOf(member) + QStringLiteral(", ") + origin;
+    }
+    default:
+        return QVariant();
+    }
+}
