@@ -123,9 +123,9 @@ QVariant MemberChoiceModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Presence:
         return QVariant();
     case TeamRowRole::Duty:
-        return member.duty;
+        return ::displayText(member.duty);
     case TeamRowRole::Company:
-        return member.companyName;
+        return ::displayText(member.companyName);
     case TeamRowRole::Checked:
         return choice.checked;
     case TeamRowRole::Kind:
