@@ -26,10 +26,7 @@ void TeamCommands::transferAuthority(const CVirtualTeamSimpleInfo &team)
     open(team.vtId, QStringLiteral("authority|") + team.vtId, [this, team] {
         auto *dialog = new VirtualTeamTransAuth(team, m_view);
         connect(dialog, &VirtualTeamTransAuth::authorityGranted, this,
-                [this](const QString &vtId, const QString &userId) {
-                    emit authorityGranted(vtId, userId);
-                    emit teamsChanged(); // the own role is another
-                });
+                &TeamCommands::authorityGranted);
         return dialog;
     });
 }

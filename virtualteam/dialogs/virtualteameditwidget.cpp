@@ -15,6 +15,7 @@ namespace {
 
 constexpr int Width = 340; // device-independent pixels, as all below
 constexpr int LineHeight = 32;
+constexpr int Inset = 4;
 constexpr int ButtonWidth = 84;
 
 struct ModeTexts
@@ -71,6 +72,8 @@ void VirtualTeamEditWidget::build()
     m_state->setObjectName(QStringLiteral("label_state"));
     m_length->setObjectName(QStringLiteral("label_length"));
     m_line->setMinimumHeight(LineHeight);
+    m_line->setTextMargins(Inset, 0, Inset, 0);
+    m_line->setPlaceholderText(QString()); // the length stands below, in every language
     m_sure->setObjectName(QStringLiteral("sureButton"));
     m_cancel->setObjectName(QStringLiteral("cancelButton"));
     for (SkinButton *button : {m_sure, m_cancel})
