@@ -6,7 +6,9 @@
 #include "backend/dispatcher.h"
 #include "backend/filestore.h"
 #include "backend/levers.h"
+#include "backend/peopleindex.h"
 #include "backend/routes/routes.h"
+#include "backend/teamcontrol.h"
 #include "backend/transfers.h"
 #include "backend/webserver.h"
 
@@ -41,12 +43,18 @@ void BackEnd::Private::addServices()
     services = Services();
     addPassportServices(&services, context);
     addOrganisationServices(&services, context);
-    addPeopleSearch(&services, context);
+    const auto index = std::make_shared<const PeopleIndex>(context.people);
+    addPeopleSearch(&services, context, index);
     addSettingsServices(&services, context);
     const auto store = std::make_shared<FileStore>(context);
     addFileServices(&services, store);
     addMultipartServices(&services, std::make_shared<Transfers>(context, store));
     addMonitoringServices(&services);
+    addTeamServices(&services, context);
+    addTeamFoundingServices(&services, context);
+    addTeamPeopleServices(&services, context, index);
+    addEventServices(&services, context);
+    addCompanyServices(&services, context);
 }
 
 bool BackEnd::Private::open(QString *problem)
@@ -58,6 +66,12 @@ bool BackEnd::Private::open(QString *problem)
         !context.database.open(context.folder.path(QStringLiteral("backend.sqlite")), problem))
         return false;
     context.sessions.tidy();
+    if (options.teamApproval)
+        requireTeamApproval(&context);
+    if (options.teamSize > 0 && !provideTeam(options.teamSize, &context)) {
+        *problem = QStringLiteral("there are not enough people for the team");
+        return false;
+    }
     const CertificateOptions *special =
         options.specialCertificate ? &*options.specialCertificate : nullptr;
     const Certificates::Files files = Certificates::provide(context.folder, special, problem);
@@ -68,6 +82,7 @@ bool BackEnd::Private::open(QString *problem)
     addServices();
     if (options.controlPort >= 0 && !control.start(options.controlPort, problem))
         return false;
+    context.teamBell.setOn(true);
     dispatcher = std::make_unique<Dispatcher>(services, context, levers, options.log);
     server.run(*dispatcher);
     return true;
@@ -89,6 +104,7 @@ bool BackEnd::start(QString *problem)
 void BackEnd::stop()
 {
     d->levers.stop();
+    d->context.teamBell.setOn(false);
     d->control.stop();
     d->server.stop();
     d->context.database.close();

@@ -26,6 +26,10 @@ struct BackEndOptions
     int controlPort = -1;
     // Employees of one more department, "D9000", for lists of any length; 0: none.
     int departmentSize = 0;
+    // The sample company's virtual teams need approval; else what was said last counts.
+    bool teamApproval = false;
+    // The own user has a virtual team of so many people, in groups of 25; 0: none.
+    int teamSize = 0;
     // Serves with a certificate like this instead of the good one.
     std::optional<CertificateOptions> specialCertificate;
     // Takes a line per request and per failure, without secrets; from any thread.

@@ -43,6 +43,8 @@ QString CommandLine::help()
         "  --port P               0 to 65535; 0, any free one, when not given\n"
         "  --control-port P       serve the levers for tests on this port; 0: any free one\n"
         "  --department-size N    one more department, D9000, of so many employees\n"
+        "  --team-approval        virtual teams of the company need approval\n"
+        "  --team-size N          u000000 has a virtual team of so many people\n"
         "  --certificate KIND     expired or wrong-host, for tests of clients\n"
         "  --end-with-stdin       end when standard input ends\n"
         "  --quiet                no line per request on standard error\n"
@@ -79,6 +81,10 @@ CommandLine::Readers CommandLine::readers()
          [this](const QString &value) {
              return readNumber(value, 0, SampleCompany::MaximumPeople, &options.departmentSize);
          }},
+        {QStringLiteral("--team-size"),
+         [this](const QString &value) {
+             return readNumber(value, 0, 2 * SampleCompany::MaximumPeople, &options.teamSize);
+         }},
         {QStringLiteral("--certificate"),
          [this](const QString &value) {
              options.specialCertificate = certificateNamed(value);
@@ -93,6 +99,7 @@ bool CommandLine::parse(const QStringList &arguments, QString *problem)
     const std::map<QString, bool *> flags{
         {QStringLiteral("--end-with-stdin"), &endWithStdin},
         {QStringLiteral("--quiet"), &isQuiet},
+        {QStringLiteral("--team-approval"), &options.teamApproval},
         {QStringLiteral("--help"), &wantsHelp},
     };
     for (int i = 0; i < arguments.size(); ++i) {

@@ -4,6 +4,7 @@
 
 #include "backend/database.h"
 #include "backend/datafolder.h"
+#include "backend/eventbell.h"
 #include "backend/people.h"
 #include "backend/session.h"
 
@@ -18,6 +19,7 @@ struct BackEndContext
     Database database;
     People people;
     Sessions sessions;
+    EventBell teamBell; // rings when somebody may have been told something
     QString password;
     QString address; // base address, without a slash at its end
 };

@@ -1,44 +1,18 @@
 #include "backend/control.h"
 
+#include "backend/commandjson.h"
 #include "backend/context.h"
 #include "backend/levers.h"
 #include "backend/reply.h"
+#include "backend/teamcontrol.h"
 
 #include <httplib.h>
-#include <json/json.h>
 
 #include <thread>
 
 namespace {
 constexpr size_t MaximumPayload = 16 * 1024 * 1024; // bytes
 constexpr char JsonType[] = "application/json; charset=utf-8";
-
-class BadCommand : public std::runtime_error
-{
-public:
-    using std::runtime_error::runtime_error;
-};
-
-Json::Value objectFrom(const std::string &text)
-{
-    Json::CharReaderBuilder builder;
-    const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
-    Json::Value root;
-    std::string errors;
-    if (!reader->parse(text.data(), text.data() + text.size(), &root, &errors))
-        throw BadCommand(errors);
-    if (!root.isObject())
-        throw BadCommand("not an object");
-    return root;
-}
-
-void refuseOthers(const Json::Value &root, const std::vector<std::string> &known)
-{
-    for (const std::string &name : root.getMemberNames()) {
-        if (std::find(known.begin(), known.end(), name) == known.end())
-            throw BadCommand("unknown member: " + name);
-    }
-}
 
 Rule ruleFrom(const Json::Value &root)
 {
@@ -142,6 +116,12 @@ void ControlServer::Private::setUp()
                 }));
     server->Post("/_ctl/user", commandHandler([this](const Request &request, Json::Value *) {
                      changeUser(objectFrom(request.body), &context);
+                 }));
+    server->Post("/_ctl/company", commandHandler([this](const Request &request, Json::Value *) {
+                     changeCompany(objectFrom(request.body), &context);
+                 }));
+    server->Post("/_ctl/team", commandHandler([this](const Request &request, Json::Value *answer) {
+                     makeTeam(objectFrom(request.body), &context, answer);
                  }));
     server->Post("/_ctl/reset", commandHandler([this](const Request &, Json::Value *) {
                      levers.reset();

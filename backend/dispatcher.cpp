@@ -251,9 +251,13 @@ bool Dispatcher::answer(const httplib::Request &request, const httplib::ContentR
     if (rule && rule->delayMs > 0)
         m_levers.pause(rule->delayMs);
     const bool isDropped = rule && rule->drop;
-    if (!isDropped)
-        fill(rule ? scripted(*rule, request, &body) : replyFor(request, &body), response);
-    if (m_log) {
+    bool isRoutine = false;
+    if (!isDropped) {
+        const Reply reply = rule ? scripted(*rule, request, &body) : replyFor(request, &body);
+        isRoutine = reply.isRoutine;
+        fill(reply, response);
+    }
+    if (m_log && !isRoutine) {
         const std::chrono::duration<double, std::milli> taken =
             std::chrono::steady_clock::now() - begun;
         const std::string result = isDropped ? "dropped" : std::to_string(response->status);

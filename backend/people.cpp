@@ -12,11 +12,6 @@ int numberOf(const QString &uid, QLatin1Char letter)
     const uint number = uid.midRef(1).toUInt(&ok);
     return ok && uid.at(1).isDigit() ? int(number) : -1;
 }
-
-QString uidOf(QLatin1Char letter, int number)
-{
-    return letter + QString::number(number).rightJustified(6, QLatin1Char('0'));
-}
 } // namespace
 
 QString People::largeDepartment()
@@ -29,6 +24,11 @@ People::People(int people, quint64 seed, int departmentSize)
       m_crowd(qMax(1, departmentSize), seed + 1),
       m_departmentSize(qBound(0, departmentSize, SampleCompany::MaximumPeople))
 {
+}
+
+QString People::largeDepartmentUid(int index)
+{
+    return QLatin1Char('w') + QString::number(index).rightJustified(6, QLatin1Char('0'));
 }
 
 bool People::hasPicture(const QString &uid)
@@ -80,10 +80,10 @@ User People::employee(int index) const
 User People::largeDepartmentEmployee(int index) const
 {
     User user = made(m_crowd.person(index));
-    user.uid = uidOf(QLatin1Char('w'), index);
+    user.uid = largeDepartmentUid(index);
     user.orgId = largeDepartment();
     user.orgName = QString::fromUtf8("大部门");
-    user.leaderUid = uidOf(QLatin1Char('w'), 0);
+    user.leaderUid = largeDepartmentUid(0);
     user.employeeCode = QLatin1Char('W') + user.uid.mid(1);
     user.account.prepend(QStringLiteral("w."));
     user.email.prepend(QStringLiteral("w."));

@@ -40,6 +40,7 @@ public:
     std::optional<User> find(const QString &uid) const;
     User employee(int index) const; // of the company
     User largeDepartmentEmployee(int index) const;
+    static QString largeDepartmentUid(int index);
     // The uid of somebody by uid or account; empty: nobody's.
     QString uidOfLogin(const QString &loginName) const;
     // Whether somebody has a drawn picture as long as there is no uploaded one.

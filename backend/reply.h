@@ -28,6 +28,7 @@ struct Reply
     std::string body;
     QString file; // instead of the body
     std::vector<std::pair<std::string, std::string>> headers;
+    bool isRoutine = false; // not worth a line in the log
 
     static Reply code(int code);
     static Reply data(const Json::Value &data);  // with code 0

@@ -18,6 +18,41 @@ const std::vector<const char *> &schemaSteps()
         "CREATE TABLE sessionSetting ("
         " uid TEXT NOT NULL, sessionJid TEXT NOT NULL, isNotHint INTEGER NOT NULL,"
         " PRIMARY KEY (uid, sessionJid)) WITHOUT ROWID",
+        "CREATE TABLE company ("
+        " code TEXT PRIMARY KEY, approver TEXT NOT NULL, approval INTEGER NOT NULL) WITHOUT ROWID",
+        "CREATE TABLE team ("
+        " vtId INTEGER PRIMARY KEY AUTOINCREMENT, name TEXT NOT NULL, reason TEXT NOT NULL,"
+        " creator TEXT NOT NULL, company TEXT NOT NULL, creation INTEGER NOT NULL)",
+        "INSERT INTO sqlite_sequence (name, seq) VALUES ('team', 1000)",
+        "CREATE INDEX teamByCreator ON team (creator, name)",
+        "CREATE INDEX teamByCompany ON team (company, creation)",
+        "CREATE TABLE teamGroup ("
+        " groupId INTEGER PRIMARY KEY AUTOINCREMENT,"
+        " vtId INTEGER NOT NULL REFERENCES team ON DELETE CASCADE,"
+        " parent INTEGER NOT NULL, name TEXT NOT NULL, level INTEGER NOT NULL,"
+        " UNIQUE (vtId, parent, name))",
+        "CREATE TABLE teamMember ("
+        " number INTEGER PRIMARY KEY AUTOINCREMENT,"
+        " vtId INTEGER NOT NULL REFERENCES team ON DELETE CASCADE,"
+        " uid TEXT NOT NULL, groupId INTEGER NOT NULL, role INTEGER NOT NULL,"
+        " nickName TEXT NOT NULL DEFAULT '', duty TEXT NOT NULL DEFAULT '', UNIQUE (vtId, uid))",
+        "CREATE INDEX teamMemberByGroup ON teamMember (vtId, groupId)",
+        "CREATE INDEX teamMemberByUser ON teamMember (uid)",
+        "CREATE UNIQUE INDEX teamOwner ON teamMember (vtId) WHERE role = 2",
+        "CREATE TABLE teamInvitation ("
+        " vtId INTEGER NOT NULL REFERENCES team ON DELETE CASCADE, company TEXT NOT NULL,"
+        " inviter TEXT NOT NULL, reason TEXT NOT NULL, decision INTEGER NOT NULL,"
+        " PRIMARY KEY (vtId, company)) WITHOUT ROWID",
+        "CREATE INDEX teamInvitationByCompany ON teamInvitation (company, decision)",
+        "CREATE TABLE teamInvited ("
+        " vtId INTEGER NOT NULL REFERENCES team ON DELETE CASCADE, company TEXT NOT NULL,"
+        " uid TEXT NOT NULL, UNIQUE (vtId, company, uid))",
+        "CREATE INDEX teamInvitedByUser ON teamInvited (uid)",
+        // One row for each who is told.
+        "CREATE TABLE teamEvent ("
+        " seq INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL, type TEXT NOT NULL,"
+        " vtId INTEGER NOT NULL, member TEXT NOT NULL, time INTEGER NOT NULL)",
+        "CREATE INDEX teamEventByUser ON teamEvent (uid)",
     };
     return steps;
 }

@@ -7,7 +7,7 @@
 #include "contacts/friendtreemodel.h"
 #include "contacts/friendtreeview.h"
 #include "contacts/grouplabels.h"
-#include "contacts/mydrag.h"
+#include "controls/mydrag.h"
 #include "controls/tipbox.h"
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"

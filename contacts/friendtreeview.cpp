@@ -7,7 +7,7 @@
 #include "contacts/friendtreemodel.h"
 #include "contacts/grouplabel.h"
 #include "contacts/grouplabels.h"
-#include "contacts/mydrag.h"
+#include "controls/mydrag.h"
 #include "controls/typefinder.h"
 #include "plugin/paneactions.h"
 

@@ -2,7 +2,7 @@
 
 #include "common/displaytext.h"
 #include "contacts/friendtreeroles.h"
-#include "contacts/mydrag.h"
+#include "controls/mydrag.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 

@@ -1,5 +1,6 @@
 #include "controls/rowpainter.h"
 
+#include "controls/pictures.h"
 #include "controls/skin.h"
 
 #include <QApplication>
@@ -19,6 +20,10 @@ constexpr int SmallGap = 6;
 constexpr int BadgeHeight = 16;
 constexpr int MaximumBadge = 99;
 constexpr qreal FadedOpacity = 0.55;
+constexpr int PieceGap = 8;
+constexpr int MarkPadding = 5;
+constexpr int MarkRadius = 3;
+constexpr QRgb MarkInk = 0xff3a2000; // readable on the bright grounds of both skins
 
 void drawPhone(QPainter *painter, const QRectF &area, const QColor &color)
 {
@@ -180,7 +185,7 @@ QRect RowPainter::secondLine() const
     return QRect(m_left.left(), top, m_left.width() - m_secondTaken, SecondLine);
 }
 
-void RowPainter::textAtRight(const QString &text)
+void RowPainter::textAtRight(const QString &text, const QColor &color)
 {
     if (text.isEmpty())
         return;
@@ -188,7 +193,8 @@ void RowPainter::textAtRight(const QString &text)
     QRect area = firstLine();
     area.setLeft(area.right() - QFontMetrics(font).horizontalAdvance(text));
     m_painter->setFont(font);
-    m_painter->setPen(Skin::instance().quietText(m_option.state.testFlag(QStyle::State_Selected)));
+    const bool selected = m_option.state.testFlag(QStyle::State_Selected);
+    m_painter->setPen(color.isValid() && !selected ? color : Skin::instance().quietText(selected));
     const Qt::Alignment side =
         QStyle::visualAlignment(m_option.direction, Qt::AlignRight) | Qt::AlignVCenter;
     m_painter->drawText(visual(area), int(side) | Qt::TextSingleLine, text);
@@ -261,26 +267,81 @@ QColor RowPainter::secondaryColor() const
 
 void RowPainter::texts(const QString &first, const QString &second, bool faded)
 {
-    const Skin::Colors &colors = Skin::instance().colors();
+    QVector<Piece> pieces;
+    if (!second.isEmpty())
+        pieces.append({second, m_secondary});
+    texts(first, pieces, faded);
+}
+
+void RowPainter::texts(const QString &first, const QVector<Piece> &second, bool faded)
+{
+    drawSecondLine(second);
+    drawName(first, second.isEmpty() ? m_left : firstLine(), faded);
+}
+
+void RowPainter::drawName(const QString &name, const QRect &line, bool faded)
+{
+    const QFont font = skinFont(NamePixels);
     const bool selected = m_option.state.testFlag(QStyle::State_Selected);
-    const QFont firstFont = skinFont(NamePixels);
-    const QFont secondFont = skinFont(SecondPixels);
-    const QFontMetrics firstMetrics(firstFont);
-    const QFontMetrics secondMetrics(secondFont);
+    m_painter->setFont(font);
+    m_painter->setPen(faded ? Skin::instance().quietText(selected)
+                            : Skin::instance().colors().text);
     const Qt::Alignment side =
         QStyle::visualAlignment(m_option.direction, Qt::AlignLeft) | Qt::AlignVCenter;
+    m_painter->drawText(visual(line), int(side) | Qt::TextSingleLine,
+                        QFontMetrics(font).elidedText(name, Qt::ElideRight, line.width()));
+}
 
-    QRect upper = m_left;
-    if (!second.isEmpty()) {
-        upper = firstLine();
-        const QRect lower = secondLine();
-        m_painter->setFont(secondFont);
-        m_painter->setPen(secondaryColor());
-        m_painter->drawText(visual(lower), int(side) | Qt::TextSingleLine,
-                            secondMetrics.elidedText(second, Qt::ElideRight, lower.width()));
+void RowPainter::drawSecondLine(const QVector<Piece> &pieces)
+{
+    const bool selected = m_option.state.testFlag(QStyle::State_Selected);
+    const Qt::Alignment side =
+        QStyle::visualAlignment(m_option.direction, Qt::AlignLeft) | Qt::AlignVCenter;
+    QRect line = secondLine();
+    for (const Piece &piece : pieces) {
+        if (line.width() < MarkSize)
+            return;
+        const QFont font = skinFont(piece.isMark ? SmallPixels : SecondPixels);
+        const QFontMetrics metrics(font);
+        const int room = piece.isMark ? line.width() - 2 * MarkPadding : line.width();
+        const QString text = metrics.elidedText(piece.text, Qt::ElideRight, room);
+        QRect area(line.left(), line.top(), metrics.horizontalAdvance(text), line.height());
+        m_painter->setFont(font);
+        if (piece.isMark) {
+            area.setWidth(area.width() + 2 * MarkPadding);
+            const QRect ground = visual(area.adjusted(0, 1, 0, -1));
+            m_painter->setRenderHint(QPainter::Antialiasing);
+            m_painter->setPen(Qt::NoPen);
+            m_painter->setBrush(piece.color);
+            m_painter->drawRoundedRect(ground, MarkRadius, MarkRadius);
+            m_painter->setPen(QColor(MarkInk));
+            m_painter->drawText(ground, Qt::AlignCenter | Qt::TextSingleLine, text);
+        } else {
+            const bool isOwn = piece.color.isValid() && !selected;
+            m_painter->setPen(isOwn ? piece.color : Skin::instance().quietText(selected));
+            m_painter->drawText(visual(area), int(side) | Qt::TextSingleLine, text);
+        }
+        line.setLeft(area.right() + 1 + PieceGap);
     }
-    m_painter->setFont(firstFont);
-    m_painter->setPen(faded ? Skin::instance().quietText(selected) : colors.text);
-    m_painter->drawText(visual(upper), int(side) | Qt::TextSingleLine,
-                        firstMetrics.elidedText(first, Qt::ElideRight, upper.width()));
+}
+
+void RowPainter::caret(bool open)
+{
+    const bool selected = m_option.state.testFlag(QStyle::State_Selected);
+    const QPixmap arrow = loadPicture(
+        open ? QStringLiteral("Resources/images/contacts/arrow_down.png")
+             : QStringLiteral("Resources/images/contacts/arrow_right.png"),
+        CaretSize, m_painter->device()->devicePixelRatioF(), Skin::instance().quietText(selected));
+    const QRect area = visual(QRect(m_left.left(), m_left.top() + (m_left.height() - CaretSize) / 2,
+                                    CaretSize, CaretSize));
+    m_left.setLeft(m_left.left() + CaretRoom);
+    if (m_option.direction == Qt::LeftToRight || open) {
+        m_painter->drawPixmap(area, arrow);
+        return;
+    }
+    m_painter->save();
+    m_painter->translate(2 * area.center().x() + 1, 0);
+    m_painter->scale(-1, 1);
+    m_painter->drawPixmap(area, arrow);
+    m_painter->restore();
 }

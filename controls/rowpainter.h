@@ -7,6 +7,7 @@
 #include <QFont>
 #include <QPainter>
 #include <QStyleOptionViewItem>
+#include <QVector>
 
 class RowPainter
 {
@@ -32,6 +33,11 @@ public:
     // colour.
     void presence(const PresenceData &presence);
 
+    // The sign of a row that can be opened, at the left of what is left of the row.
+    void caret(bool open);
+    static constexpr int CaretSize = 16;
+    static constexpr int CaretRoom = 20; // with the gap behind it
+
     // A mark at the left of what is left of the row.
     void mark(const QPixmap &glyph);
 
@@ -41,10 +47,10 @@ public:
     // A small mark over the lower right of the avatar.
     void overlay(const QPixmap &glyph);
 
-    // At the right of the first of two lines: a short text in quiet colour, small
-    // marks; of the second line: how many messages are unread, if any, small marks.
+    // At the right of the first of two lines: a short text in quiet colour or, unless
+    // the row is selected, in the given one, small marks; of the second line: how many messages are unread, if any, small marks.
     // Before texts().
-    void textAtRight(const QString &text);
+    void textAtRight(const QString &text, const QColor &color = QColor());
     void markInFirstLine(const QPixmap &glyph);
     void badge(int count);
     void markInSecondLine(const QPixmap &glyph);
@@ -61,6 +67,15 @@ public:
 
     // `second` may be empty; texts are cut with an ellipsis.
     void texts(const QString &first, const QString &second, bool faded);
+    // The second line in pieces: texts, or as marks on a ground of their colour. On a
+    // selected row the colours of the texts give way as that of setSecondaryColor().
+    struct Piece
+    {
+        QString text;
+        QColor color;
+        bool isMark = false;
+    };
+    void texts(const QString &first, const QVector<Piece> &second, bool faded);
 
     // For what only one list paints: the avatar's place, and the part of the row that
     // nothing was painted on yet, the latter not mirrored for right-to-left.
@@ -72,6 +87,8 @@ public:
 private:
     QRect firstLine() const; // of two, what is left of it
     QRect secondLine() const;
+    void drawSecondLine(const QVector<Piece> &pieces);
+    void drawName(const QString &name, const QRect &line, bool faded);
     void smallMark(const QPixmap &glyph, const QRect &line, int *taken);
     QRect visual(const QRect &area) const;
 

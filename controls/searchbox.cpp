@@ -24,8 +24,9 @@ QIcon glyph(const QString &path, const QColor &color)
 }
 } // namespace
 
-SearchBox::SearchBox(QWidget *parent)
+SearchBox::SearchBox(QWidget *parent, const char *placeholderKey)
     : QLineEdit(parent),
+      m_placeholderKey(placeholderKey),
       m_glass(addAction(QIcon(), LeadingPosition)),
       m_clear(addAction(QIcon(), TrailingPosition))
 {
@@ -45,12 +46,6 @@ SearchBox::SearchBox(QWidget *parent)
     retranslate();
 }
 
-void SearchBox::setPlaceholderKey(const char *key)
-{
-    m_placeholder = key;
-    retranslate();
-}
-
 void SearchBox::dress()
 {
     const Skin::Colors &colors = Skin::instance().colors();
@@ -65,7 +60,7 @@ void SearchBox::dress()
 
 void SearchBox::retranslate()
 {
-    setPlaceholderText(QObject::tr(m_placeholder));
+    setPlaceholderText(QObject::tr(m_placeholderKey));
     setAccessibleName(placeholderText());
     m_clear->setText(QObject::tr("clearSearch"));
     m_clear->setToolTip(QObject::tr("clearSearch"));

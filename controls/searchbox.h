@@ -9,10 +9,8 @@ class SearchBox : public QLineEdit
     Q_OBJECT
 
 public:
-    explicit SearchBox(QWidget *parent = nullptr);
-
-    // What it says while it is empty, as a translation key; "search…" at first.
-    void setPlaceholderKey(const char *key);
+    // `placeholderKey`: translation key of what it says while it is empty.
+    explicit SearchBox(QWidget *parent = nullptr, const char *placeholderKey = "search…");
 
 signals:
     void downPressed();
@@ -29,7 +27,7 @@ private:
     void dress(); // in the skin's colours
     void retranslate();
 
-    const char *m_placeholder = "search…";
+    const char *const m_placeholderKey;
     QAction *m_glass;
     QAction *m_clear;
 };

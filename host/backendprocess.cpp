@@ -209,10 +209,10 @@ bool BackendProcess::readAddress(const QByteArray &line, BackendAddress *address
         *problem = tr("The back end's certificate %1 is missing.").arg(result.caFile);
         return false;
     }
-    const QString passwordFile = told.value(QLatin1String("passwordFile")).toString();
-    result.password = passwordIn(passwordFile);
+    result.passwordFile = told.value(QLatin1String("passwordFile")).toString();
+    result.password = passwordIn(result.passwordFile);
     if (result.password.isEmpty()) {
-        *problem = tr("There is no password in %1.").arg(passwordFile);
+        *problem = tr("There is no password in %1.").arg(result.passwordFile);
         return false;
     }
     *address = result;

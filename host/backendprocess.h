@@ -14,6 +14,7 @@ struct BackendAddress
     QString address; // base address without a slash at its end; empty: none
     QString caFile;  // PEM; empty: the system's authorities do
     QString password;
+    QString passwordFile; // where the password stands; empty: nowhere
     int controlPort = -1; // -1: off
 };
 

@@ -11,9 +11,10 @@
 namespace {
 constexpr int BurstStep = 250; // messages of one turn of the event loop
 
-QString colleagueJid(int index)
+// Of the people as the user counts them, who is 0.
+QString mateJid(const EmbeddedCore &core, int place)
 {
-    return SampleCompany::uid(index) + QLatin1Char('@') + SampleCompany::domain();
+    return core.sample().mate(place).uid + QLatin1Char('@') + SampleCompany::domain();
 }
 } // namespace
 
@@ -66,7 +67,7 @@ void ChatLevers::newLocalRoom()
     QStringList people;
     for (int i = 0; i < 3; ++i)
         people.append(
-            colleagueJid(1 + (m_turn++ * 3 + i) % qMax(1, m_core->company().people() - 1)));
+            mateJid(*m_core, 1 + (m_turn++ * 3 + i) % qMax(1, m_core->company().people() - 1)));
     const QString room = m_core->makeRoomOfOthers(QString(), people);
     if (!room.isEmpty())
         m_core->receiveMessage(people.first(), room, tr("I have made a group chat for us."));
@@ -90,7 +91,7 @@ void ChatLevers::somebodyJoins()
 {
     const MucData room = nextRoom([](const MucData &) { return true; });
     for (int i = 1; i < m_core->company().people(); ++i) {
-        if (m_core->addMemberByOthers(room.roomJid, colleagueJid(i))) {
+        if (m_core->addMemberByOthers(room.roomJid, mateJid(*m_core, i))) {
             emit note(tr("Somebody has come into \"%1\".").arg(room.roomName));
             return;
         }
@@ -184,10 +185,10 @@ void ChatLevers::burstOn()
         const int number = m_burstLeft - i;
         // Far apart, so that neighbours of the list are not served one after the other.
         const int index = 1 + int(qint64(number) * 7919 % m_burstPeople);
-        const QString jid = colleagueJid(index);
+        const QString jid = mateJid(*m_core, index);
         messages.append({jid, jid,
                          SampleMessages::body(quint64(number) * 2654435761U,
-                                              m_core->company().person(index).name)});
+                                              m_core->sample().mate(index).name)});
     }
     m_burstLeft -= step;
     m_core->receiveMessages(messages);

@@ -16,6 +16,10 @@ struct Option
 
 constexpr Option options[] = {
     {"people", "N", "People in the sample company, 1 to 100000 (default 300)."},
+    {"user", "UID",
+     "Be this user of the sample company, such as u000001, or x000000 of another company; an "
+     "account does as well (default: the data folder's user, else u000000). Everybody has a "
+     "data folder of their own."},
     {"import", "FILE.vcf",
      "Fill the friend tree from a vCard file (2.1, 3.0 or 4.0). Starts without "
      "--people show it from then on."},
@@ -31,6 +35,9 @@ constexpr Option options[] = {
      "instead of starting some."},
     {"ca", "FILE", "PEM file with the authority to trust for --backend."},
     {"password-file", "FILE", "File with the password of the own user for --backend."},
+    {"join", "DIR",
+     "Use the web services of the host that runs with the data folder DIR. Hosts without "
+     "--data share them anyway."},
     {"no-backend", nullptr, "Start without web services."},
     {"backend-control-port", "N",
      "Let the started web services be scripted on this port of the loopback interface; "
@@ -100,6 +107,7 @@ void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *p
     } paths[] = {{"import", &result->importFile, true},
                  {"plugin", &result->pluginFile, false}, // the window tells when it is missing
                  {"data", &result->dataFolder, false},
+                 {"join", &result->joinFolder, false},
                  {"ca", &result->caFile, true},
                  {"password-file", &result->passwordFile, true},
                  {"tour", &result->tourFolder, false}};
@@ -116,6 +124,15 @@ void readPaths(const QCommandLineParser &parser, HostOptions *result, QString *p
         if (!folder.isEmpty() && QFileInfo(folder).isFile())
             *problem = QStringLiteral("\"%1\" is a file, not a folder.").arg(folder);
     }
+}
+
+void readUser(const QCommandLineParser &parser, HostOptions *result, QString *problem)
+{
+    if (!isSet(parser, "user"))
+        return;
+    result->user = valueOf(parser, "user").trimmed();
+    if (result->user.isEmpty())
+        *problem = QStringLiteral("--user needs a uid or an account.");
 }
 
 void readControlPort(const QCommandLineParser &parser, HostOptions *result, QString *problem)
@@ -151,9 +168,11 @@ void readBackend(const QCommandLineParser &parser, HostOptions *result, QString 
         *problem = QStringLiteral("--backend needs --password-file.");
     else if (!isNamed && (isSet(parser, "ca") || isSet(parser, "password-file")))
         *problem = QStringLiteral("--ca and --password-file need --backend.");
-    else if (int(isNamed) + int(result->noBackend) + int(result->backendControlPort >= 0) > 1)
-        *problem = QStringLiteral(
-            "Only one of --backend, --no-backend and --backend-control-port can be given.");
+    else if (int(isNamed) + int(result->noBackend) + int(result->backendControlPort >= 0) +
+                 int(isSet(parser, "join")) >
+             1)
+        *problem = QStringLiteral("Only one of --backend, --no-backend, --backend-control-port "
+                                  "and --join can be given.");
 }
 
 } // namespace
@@ -178,6 +197,12 @@ SplitArguments splitArguments(const QStringList &arguments)
             split.toolkit.append(arguments.at(++i));
     }
     return split;
+}
+
+CommandLineResult refusal(const QString &problem)
+{
+    return {CommandLineResult::Refuse, HostOptions(),
+            problem + QLatin1String("\n--help lists the options.\n")};
 }
 
 CommandLineResult parseCommandLine(const QStringList &arguments, const QStringList &operations)
@@ -214,6 +239,7 @@ CommandLineResult parseCommandLine(const QStringList &arguments, const QStringLi
     if (problem.isEmpty()) {
         const QStringList allowed = QStringList{QStringLiteral("all")} + operations;
         readPeople(parser, &chosen, &problem);
+        readUser(parser, &chosen, &problem);
         readPaths(parser, &chosen, &problem);
         readBackend(parser, &chosen, &problem);
         if (isSet(parser, "lang"))
@@ -234,10 +260,5 @@ CommandLineResult parseCommandLine(const QStringList &arguments, const QStringLi
         if (!chosen.tourSteps.isEmpty() && chosen.tourFolder.isEmpty())
             problem = QStringLiteral("--tour-steps needs --tour.");
     }
-    if (!problem.isEmpty()) {
-        result.action = CommandLineResult::Refuse;
-        result.text = problem + QLatin1Char('\n') + QStringLiteral("--help lists the options.") +
-                      QLatin1Char('\n');
-    }
-    return result;
+    return problem.isEmpty() ? result : refusal(problem);
 }

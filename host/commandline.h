@@ -9,6 +9,7 @@ struct HostOptions
     int people = 300;
     bool peopleGiven = false;
     QString importFile;
+    QString user; // uid or account of the sample company; empty: the data folder's, else the first
     QString dataFolder; // empty: the platform's folder for application data
     QString pluginFile; // empty: the module beside the program
     QString language;   // "zh_CN" or "en"; empty: the last choice, else the system's
@@ -19,6 +20,7 @@ struct HostOptions
     QString tourFolder;    // empty: no tour
     QStringList tourSteps; // empty: all
     bool noBackend = false;
+    QString joinFolder;     // data folder of the host whose back end is used; empty: none
     QString backendAddress; // of one that runs already; empty: the host's own
     QString caFile;         // PEM; both for backendAddress only
     QString passwordFile;
@@ -59,6 +61,9 @@ struct SplitArguments
     QStringList toolkit;
 };
 SplitArguments splitArguments(const QStringList &arguments);
+
+// The answer to arguments with this mistake.
+CommandLineResult refusal(const QString &problem);
 
 // `arguments` begin with the program's name. `operations` are the names that
 // --fail and --silent take, in any case; "all" is understood as well.

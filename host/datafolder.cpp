@@ -1,11 +1,14 @@
 #include "host/datafolder.h"
 
+#include "sample/samplecompany.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
 namespace {
+constexpr int MaximumMark = 64; // bytes
 
 // --reset deletes: without the mark, a mistyped --data could hit a folder of the
 // user's own.
@@ -23,13 +26,26 @@ QString dataFolder(const QString &wanted)
         .absolutePath();
 }
 
-bool prepareDataFolder(const QString &folder, QString *problem)
+QString dataFolderUser(const QString &folder)
+{
+    QFile mark(folder + QLatin1Char('/') + markName());
+    if (folder.isEmpty() || !mark.open(QIODevice::ReadOnly))
+        return QString();
+    const QString user = QString::fromUtf8(mark.readLine(MaximumMark)).trimmed();
+    // Folders had no users at first.
+    return user.isEmpty() ? SampleCompany::uid(0) : user;
+}
+
+bool prepareDataFolder(const QString &folder, const QString &user, QString *problem)
 {
     // What people say to each other is nobody else's business.
     if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
         QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    const QByteArray owner = user.toUtf8() + '\n';
     QFile mark(folder + QLatin1Char('/') + markName());
-    if (QDir().mkpath(folder) && (mark.exists() || mark.open(QIODevice::WriteOnly)))
+    if (QDir().mkpath(folder) &&
+        (dataFolderUser(folder) == user ||
+         (mark.open(QIODevice::WriteOnly) && mark.write(owner) == owner.size())))
         return true;
     *problem = QStringLiteral("The data folder \"%1\" cannot be written.").arg(folder);
     return false;
@@ -64,6 +80,15 @@ bool resetDataFolder(const QString &folder, QString *problem)
                        .arg(folder);
         return false;
     }
+    QLockFile backend(folder + QLatin1String("/backend/lock"));
+    backend.setStaleLockTime(0);
+    if (QFileInfo::exists(folder + QLatin1String("/backend")) && !backend.tryLock(0)) {
+        *problem = QStringLiteral("The back end in \"%1\" is in use by another host; nothing was "
+                                  "deleted.")
+                       .arg(folder);
+        return false;
+    }
+    backend.unlock();
     QFile::remove(folder + QLatin1String("/host.ini"));
     QFile::remove(folder + QLatin1String("/allurl.ini"));
     for (const char *part : {"core", "users", "documents", "backend"}) {

@@ -9,9 +9,12 @@
 // The folder to use: `wanted`, or the platform's place for application data.
 QString dataFolder(const QString &wanted);
 
-// Makes the folder and marks it as this host's own. False with *problem set when
-// that is impossible.
-bool prepareDataFolder(const QString &folder, QString *problem);
+// The uid of the user whom a data folder belongs to; empty: it is nobody's yet.
+QString dataFolderUser(const QString &folder);
+
+// Makes the folder and marks it as this host's own and the user's. False with *problem
+// set when that is impossible.
+bool prepareDataFolder(const QString &folder, const QString &user, QString *problem);
 
 // One host at a time uses a folder: what it holds in memory would not be what another
 // one has stored. Null with *problem set while another one does; the folder must

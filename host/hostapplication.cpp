@@ -45,7 +45,10 @@ void tell(const QString &text)
 
 } // namespace
 
-HostApplication::HostApplication(const HostOptions &options) : m_options(options) {}
+HostApplication::HostApplication(const HostOptions &options, const HostPlace &place)
+    : m_options(options), m_place(place), m_folder(place.folder)
+{
+}
 
 HostApplication::~HostApplication()
 {
@@ -61,7 +64,6 @@ HostApplication::~HostApplication()
 
 int HostApplication::start()
 {
-    m_folder = dataFolder(m_options.dataFolder);
     QString problem;
     if (!openFolder(&problem)) {
         tell(problem);
@@ -107,7 +109,7 @@ bool HostApplication::openFolder(QString *problem)
             return false;
     }
     if ((m_options.reset && !resetDataFolder(m_folder, problem)) ||
-        !prepareDataFolder(m_folder, problem))
+        !prepareDataFolder(m_folder, m_place.user, problem))
         return false;
     if (!m_lock)
         m_lock = lockDataFolder(m_folder, problem);
@@ -136,6 +138,7 @@ int HostApplication::openCore()
     EmbeddedCore::Options options;
     options.folder = m_folder + QLatin1String("/core");
     options.people = m_options.people;
+    options.user = m_place.user;
     const bool sampleWanted = m_options.peopleGiven || !HostPreferences(m_folder).showsImport();
     options.sampleFriends = m_options.importFile.isEmpty() && sampleWanted;
     m_core = std::make_unique<EmbeddedCore>(options);
@@ -163,9 +166,12 @@ void HostApplication::prepareServices()
     if (!m_options.caFile.isEmpty())
         options.named.caFile = QFileInfo(m_options.caFile).absoluteFilePath();
     options.named.password = BackendProcess::passwordIn(m_options.passwordFile);
-    options.process.dataFolder = m_folder + QLatin1String("/backend");
-    options.process.people = m_options.people;
-    options.process.controlPort = m_options.backendControlPort;
+    options.found.process.dataFolder = m_place.backendFolder;
+    options.found.process.people = m_options.people;
+    options.found.process.controlPort = m_options.backendControlPort;
+    options.found.mayStart = m_place.mayStartBackend;
+    options.found.shareIn = m_folder;
+    options.found.lookedIn = m_place.backendsOfOthers;
     m_webLog = std::make_unique<WebLog>();
     m_context->setWebLog(m_webLog.get());
     m_services = std::make_unique<WebServices>(m_context, options);
@@ -287,6 +293,8 @@ QStringList HostApplication::tourArguments() const
 {
     // What such a process shows needs no web services.
     QStringList arguments{QStringLiteral("--no-backend"),
+                          QStringLiteral("--user"),
+                          m_place.user,
                           QStringLiteral("--people"),
                           QString::number(m_options.people),
                           QStringLiteral("--plugin"),

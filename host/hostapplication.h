@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/commandline.h"
+#include "host/hostplace.h"
 
 #include <QLockFile>
 
@@ -22,7 +23,7 @@ class WebServices;
 class HostApplication
 {
 public:
-    explicit HostApplication(const HostOptions &options);
+    HostApplication(const HostOptions &options, const HostPlace &place);
     ~HostApplication();
     HostApplication(const HostApplication &) = delete;
     HostApplication &operator=(const HostApplication &) = delete;
@@ -58,7 +59,8 @@ private:
     int importPeople();
 
     HostOptions m_options;
-    QString m_folder;
+    HostPlace m_place;
+    const QString m_folder;
     QString m_pluginFile;
     std::unique_ptr<QLockFile> m_lock;
     std::unique_ptr<EmbeddedCore> m_core;

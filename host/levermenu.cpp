@@ -58,7 +58,7 @@ LeverMenu::LeverMenu(EmbeddedCore *core, PresenceSimulator *simulator, QWidget *
         // everybody is one, and then nobody is left to ask.
         for (int index = m_core->company().people() - 1; index > 0; --index) {
             const QString jid =
-                SampleCompany::uid(index) + QLatin1Char('@') + SampleCompany::domain();
+                m_core->sample().mate(index).uid + QLatin1Char('@') + SampleCompany::domain();
             FriendData contact;
             if (!m_core->contact(jid, &contact)) {
                 m_core->receiveContactRequest(jid, tr("Hello, we met at the fair."));

@@ -2,6 +2,7 @@
 // needs no server.
 #include "host/commandline.h"
 #include "host/hostapplication.h"
+#include "host/hostplace.h"
 #include "host/levermenu.h"
 #include "host/quitsignals.h"
 #include "host/tour/tour.h"
@@ -32,13 +33,17 @@ void prepareTour(HostOptions *options, const QTemporaryDir &folder)
     options->simulation = false;
 }
 
-int run(QApplication &application, HostOptions options)
+int run(QApplication &application, HostOptions options, HostPlace place)
 {
     const bool isTour = !options.tourFolder.isEmpty();
     const QTemporaryDir tourData;
-    if (isTour)
+    if (isTour) {
         prepareTour(&options, tourData);
-    HostApplication host(options);
+        QString problem;
+        if (!settlePlace(&options, &place, &problem))
+            return refuseOrShow(refusal(problem));
+    }
+    HostApplication host(options, place);
     int code = host.start();
     if (code == ExitCode::Success)
         code = isTour ? runTour(host) : application.exec();
@@ -48,13 +53,19 @@ int run(QApplication &application, HostOptions options)
 
 // Judged before a display is needed, so that --help and a mistake are told where
 // there is none.
-CommandLineResult judge(const QStringList &arguments)
+CommandLineResult judge(const QStringList &arguments, HostPlace *place)
 {
     QByteArray name = arguments.constFirst().toLocal8Bit();
     char *argv[] = {name.data(), nullptr};
     int argc = 1;
     const QCoreApplication application(argc, argv);
-    return parseCommandLine(arguments, LeverMenu::operationNames());
+    CommandLineResult result = parseCommandLine(arguments, LeverMenu::operationNames());
+    QString problem;
+    // A tour has no place yet.
+    const bool isSettled = result.action != CommandLineResult::Run ||
+                           !result.options.tourFolder.isEmpty() ||
+                           settlePlace(&result.options, place, &problem);
+    return isSettled ? result : refusal(problem);
 }
 
 } // namespace
@@ -67,7 +78,8 @@ int main(int argc, char **argv)
     for (int i = 0; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
     const SplitArguments split = splitArguments(arguments);
-    const CommandLineResult commandLine = judge(split.own);
+    HostPlace place;
+    const CommandLineResult commandLine = judge(split.own, &place);
     if (commandLine.action != CommandLineResult::Run)
         return refuseOrShow(commandLine);
     if (!commandLine.options.tourFolder.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
@@ -87,5 +99,5 @@ int main(int argc, char **argv)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication application(count, pointers.data());
     quitOnSignals(&application);
-    return run(application, commandLine.options);
+    return run(application, commandLine.options, place);
 }

@@ -383,7 +383,10 @@ void MainWindow::retranslatePresence()
 
 void MainWindow::retranslate()
 {
-    setWindowTitle(tr("FriendUI reference host"));
+    VcardInfo own;
+    m_parts.core->profile(m_parts.core->ownJid(), &own);
+    setWindowTitle(tr("%1 (%2) - FriendUI reference host")
+                       .arg(own.nickName.simplified(), m_parts.core->ownUid()));
     m_sessionMenu->setTitle(tr("&Session"));
     m_presenceMenu->setTitle(tr("Presence"));
     m_viewMenu->setTitle(tr("&View"));

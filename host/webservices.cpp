@@ -8,17 +8,17 @@ WebServices::WebServices(HostContext *context, const Options &options, QObject *
 {
     connect(&m_session, &WebSession::stateChanged, this, &WebServices::followSession);
     m_context->setPassport(m_session.passport());
-    if (m_options.source != OwnProcess)
+    if (m_options.source != Found)
         return;
-    m_process = std::make_unique<BackendProcess>(m_options.process, this);
-    connect(m_process.get(), &BackendProcess::ready, this, [this] { use(m_process->address()); });
-    connect(m_process.get(), &BackendProcess::restarting, this, [this](const QString &reason) {
+    m_found = std::make_unique<BackendSource>(m_options.found, this);
+    connect(m_found.get(), &BackendSource::ready, this, [this] { use(m_found->address()); });
+    connect(m_found.get(), &BackendSource::lost, this, [this](const QString &reason) {
         withdraw();
         m_problem = reason;
         setState(Starting);
-        emit note(tr("%1 It is started once more.").arg(reason));
+        emit note(reason);
     });
-    connect(m_process.get(), &BackendProcess::failed, this, &WebServices::fail);
+    connect(m_found.get(), &BackendSource::failed, this, &WebServices::fail);
 }
 
 WebServices::~WebServices()
@@ -33,13 +33,13 @@ void WebServices::start()
     switch (m_options.source) {
     case None:
         return;
-    case OwnProcess:
-        if (!m_process->isRunning()) {
-            setState(Starting);
-            m_process->start();
-        } else if (!m_address.address.isEmpty()) {
-            use(m_address);
+    case Found:
+        if (m_found->hasBackend()) {
+            use(m_found->address());
+            return;
         }
+        setState(Starting);
+        m_found->start();
         return;
     case Named:
         if (m_options.named.password.isEmpty())
@@ -53,8 +53,8 @@ void WebServices::start()
 void WebServices::stop()
 {
     withdraw();
-    if (m_process)
-        m_process->stop();
+    if (m_found)
+        m_found->stop();
     setState(Off);
 }
 

@@ -2,7 +2,7 @@
 // that is named, tells the module its address, and keeps the user logged in.
 #pragma once
 
-#include "host/backendprocess.h"
+#include "host/backendsource.h"
 #include "host/websession.h"
 
 #include <QObject>
@@ -20,14 +20,14 @@ public:
     enum Source
     {
         None,
-        OwnProcess,
-        Named // one that runs already
+        Found, // another host's, or a process of its own
+        Named  // one that runs already
     };
     struct Options
     {
-        Source source = OwnProcess;
+        Source source = Found;
         BackendAddress named;
-        BackendProcess::Options process;
+        BackendSource::Options found;
     };
     enum State
     {
@@ -69,7 +69,7 @@ private:
 
     HostContext *m_context;
     Options m_options;
-    std::unique_ptr<BackendProcess> m_process;
+    std::unique_ptr<BackendSource> m_found;
     WebSession m_session;
     BackendAddress m_address;
     State m_state = Off;

@@ -152,6 +152,10 @@ public:
     // ten minutes.
     QString file(const QString &pictureName);
 
+    // The picture of a person as file() tells it, unless the host has one of the jid;
+    // `photoName` is what a service says of it: anybody's text, or empty.
+    QString ofPerson(const QString &jid, const QString &photoName);
+
     // Gives up everything that is being fetched: at log-out.
     void stop();
 

@@ -1,6 +1,7 @@
 #include "http/fileservices.h"
 
 #include "common/clientpaths.h"
+#include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
 
@@ -93,6 +94,20 @@ QString PictureFiles::file(const QString &pictureName)
         d->waiting.removeFirst();
     fetchOn();
     return QString();
+}
+
+QString PictureFiles::ofPerson(const QString &jid, const QString &photoName)
+{
+    FriendData contact;
+    if (ctx().friendData(jid, &contact) && !contact.headPath.isEmpty())
+        return contact.headPath;
+    const QString own = ctx().headPath(jid);
+    // The service's name is no path of ours.
+    const QString name = QFileInfo(photoName).fileName();
+    if (!own.isEmpty() || name.isEmpty())
+        return own;
+    const QString known = ctx().headPath(name);
+    return known.isEmpty() ? file(name) : known;
 }
 
 void PictureFiles::fetchOn()

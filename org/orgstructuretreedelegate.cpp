@@ -16,8 +16,8 @@
 namespace {
 
 constexpr int Indent = 16;
-constexpr int CaretSize = 16;
-constexpr int CaretRoom = 20;
+constexpr int CaretSize = RowPainter::CaretSize;
+constexpr int CaretRoom = RowPainter::CaretRoom;
 // Rows of a very deep organisation would leave the view.
 constexpr int MaximumIndents = 8;
 
@@ -142,30 +142,13 @@ void OrgStructureTreeDelegate::paintDepartment(QPainter *painter,
     const auto *view = qobject_cast<const QTreeView *>(option.widget);
     const bool open = view && view->isExpanded(index);
     const qreal ratio = painter->device()->devicePixelRatioF();
-    const int level = depth(index);
     const bool selected = option.state.testFlag(QStyle::State_Selected);
     const QColor quiet = Skin::instance().quietText(selected);
 
     RowPainter row(painter, option);
     row.background();
-    row.indent(indentOf(level) + CaretRoom);
-    const QRect logical(option.rect.left() + RowPainter::Margin + indentOf(level),
-                        option.rect.top() + (option.rect.height() - CaretSize) / 2, CaretSize,
-                        CaretSize);
-    const QRect caret = QStyle::visualRect(option.direction, option.rect, logical);
-    const QPixmap arrow =
-        loadPicture(open ? QStringLiteral("Resources/images/contacts/arrow_down.png")
-                         : QStringLiteral("Resources/images/contacts/arrow_right.png"),
-                    CaretSize, ratio, quiet);
-    if (option.direction == Qt::RightToLeft && !open) {
-        painter->save();
-        painter->translate(2 * caret.center().x() + 1, 0);
-        painter->scale(-1, 1);
-        painter->drawPixmap(caret, arrow);
-        painter->restore();
-    } else {
-        painter->drawPixmap(caret, arrow);
-    }
+    row.indent(indentOf(depth(index)));
+    row.caret(open);
     if (hasLocateSign(index))
         row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/glyph_locate.png"),
                                     RowPainter::MarkSize, ratio, quiet));

@@ -159,6 +159,29 @@ QString SampleCompany::dutyOf(int index) const
     return QString::fromUtf8(sampleDivisions().at(kind).duties[draw(index, Duty) % 6]);
 }
 
+SamplePerson SampleCompany::find(const QString &uid) const
+{
+    const int index = indexOf(uid);
+    return index >= 0 ? person(index) : outsider(outsiderIndexOf(uid));
+}
+
+QString SampleCompany::uidOf(const QString &uidOrAccount) const
+{
+    const QString wanted = uidOrAccount.trimmed().toLower();
+    if (find(wanted).index >= 0)
+        return wanted;
+    // An account ends in its owner's number, but the letters before may end in
+    // digits of their own.
+    for (int begin = wanted.size(); begin > 0 && wanted.at(begin - 1).isDigit(); --begin) {
+        const int index = wanted.midRef(begin - 1).toInt();
+        for (const SamplePerson &person : {this->person(index), outsider(index)}) {
+            if (person.index >= 0 && person.account == wanted)
+                return person.uid;
+        }
+    }
+    return QString();
+}
+
 SampleCompany::Policy SampleCompany::policy(int index) const
 {
     const quint64 share = draw(index, PolicyField) % 10;
@@ -187,6 +210,12 @@ SampleCompany::Reach SampleCompany::reach(quint64 number) const
 SampleCompany::Reach SampleCompany::reachAtStart(int index) const
 {
     return hasLeft(index) ? Reach() : reach(draw(index, ReachField));
+}
+
+SampleCompany::Reach SampleCompany::reachAtStart(const QString &uid) const
+{
+    const int index = indexOf(uid);
+    return index >= 0 ? reachAtStart(index) : reach(quint64(outsiderIndexOf(uid)));
 }
 
 bool SampleCompany::hasLeft(int index) const
@@ -219,7 +248,7 @@ SampleFriend SampleCompany::friendAt(int position) const
     SampleFriend result;
     if (position < 0 || position >= m_friendCount)
         return result;
-    if (position == 0) { // the own row, in the default group
+    if (position == 0) { // the person's own row, in the default group
         result.person = 0;
         return result;
     }

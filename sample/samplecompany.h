@@ -1,10 +1,10 @@
 // A company that does not exist, for the reference host and its services: people,
-// departments, the own user's friend groups. Everything follows from the number of
+// departments, the friend groups of the first one. Everything follows from the number of
 // people and the seed, so that two programs with the same two numbers agree on
 // every id, name and phone number. People are computed, not stored: any one of
 // them costs the same, and 100,000 need no memory.
 //
-// Ids: people "u000000" (the own user) to "u099999", people of other companies
+// Ids: people "u000000" to "u099999", people of other companies
 // "x000000"..., departments "D0001"..., the company itself "C1"; jids are
 // uid@corp.example.
 #pragma once
@@ -88,21 +88,26 @@ public:
     static QString pictureOf(const QString &uid);
     int indexOf(const QString &uid) const; // -1: not one of the people
     SamplePerson person(int index) const;  // an index out of range: nobody
-    Policy policy(int index) const;        // how this person takes contact requests
-    Reach reachAtStart(int index) const;   // nowhere, for who has left
-    Reach reach(quint64 number) const;     // one of the usual ways to be reachable, by any number
+    // Of the company or of others; unknown: nobody.
+    SamplePerson find(const QString &uid) const;
+    // Of somebody with this uid or account, in any case; unknown: empty.
+    QString uidOf(const QString &uidOrAccount) const;
+    Policy policy(int index) const;               // how this person takes contact requests
+    Reach reachAtStart(int index) const;          // nowhere, for who has left
+    Reach reachAtStart(const QString &uid) const; // of other companies as well
+    Reach reach(quint64 number) const; // one of the usual ways to be reachable, by any number
 
     // Parents stand before their children.
     const QVector<SampleDepartment> &departments() const { return m_departments; }
     QVector<int> members(int department) const; // of a leaf; head first
 
-    // The own user's friends. Up to 2,000 people some of them are friends, in 8
+    // The first person's friends. Up to 2,000 people some of them are friends, in 8
     // groups; in a larger company everybody is, in up to 200 groups.
     const QVector<SampleGroup> &friendGroups() const { return m_friendGroups; }
     int friendCount() const { return m_friendCount; }
     SampleFriend friendAt(int position) const;
 
-    // People of other companies whom the own user knows, and their groups.
+    // People of other companies whom the company's people know, and their groups.
     static constexpr int OutsiderCount = 12;
     SamplePerson outsider(int index) const;
     static int outsiderIndexOf(const QString &uid); // -1: none

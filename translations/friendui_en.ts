@@ -895,6 +895,14 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>Refreshing failed: this may be out of date.</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>Refresh the teams</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>Decline</translation>
     </message>
@@ -961,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>Searching…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>Some teams could not be searched.</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>Search team members</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>The teams could not be searched.</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1095,6 +1115,22 @@
         <translation>That did not work. Please try again.</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>Choose where to move %1 members.</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>Choose who is to manage the team.</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>Chosen: %1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>%1 chosen</translation>
+    </message>
+    <message>
         <source>teamCompany</source>
         <translation>Company</translation>
     </message>
@@ -1119,12 +1155,24 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>No members here</translation>
+    </message>
+    <message>
         <source>teamInviter</source>
         <translation>Invited by</translation>
     </message>
     <message>
+        <source>teamMemberCount</source>
+        <translation>%1 members</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>Members</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>The members are here already.</translation>
     </message>
     <message>
         <source>teamMembersNotAdded</source>
@@ -1147,6 +1195,10 @@
         <translation>The group name must not be empty.</translation>
     </message>
     <message>
+        <source>teamOwner</source>
+        <translation>Owner</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>Reason</translation>
     </message>
@@ -1157,6 +1209,14 @@
     <message>
         <source>teamSaving</source>
         <translation>Saving…</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>Sub-administrator</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>One moment…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1701,10 +1761,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%1 contacts in %2 groups, %3 people online</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI reference host</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>&amp;Session</translation>
     </message>
@@ -1755,6 +1811,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>Web requests</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1 (%2) - FriendUI reference host</translation>
     </message>
 </context>
 <context>
@@ -1989,10 +2049,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1 It is started once more.</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>There is no password for the web services.</translation>
@@ -2251,6 +2307,28 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>Cancel</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1 It is started once more.</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>The host whose back end was used has ended.</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>There is no host whose back end could be used; it is waited for.</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>The file %1, by which other hosts find the back end, cannot be written.</translation>
     </message>
 </context>
 </TS>

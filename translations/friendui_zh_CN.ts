@@ -895,6 +895,14 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshTeamsFailed</source>
+        <translation>刷新失败，显示的可能不是最新内容。</translation>
+    </message>
+    <message>
+        <source>refreshVirtualTeam</source>
+        <translation>刷新虚拟团队</translation>
+    </message>
+    <message>
         <source>refuse</source>
         <translation>拒绝</translation>
     </message>
@@ -961,6 +969,18 @@
     <message>
         <source>searchSearching</source>
         <translation>正在搜索…</translation>
+    </message>
+    <message>
+        <source>searchSomeTeamsFailed</source>
+        <translation>部分团队搜索失败。</translation>
+    </message>
+    <message>
+        <source>searchTeamMembers</source>
+        <translation>搜索团队成员</translation>
+    </message>
+    <message>
+        <source>searchTeamsFailed</source>
+        <translation>搜索团队成员失败。</translation>
     </message>
     <message>
         <source>searchTooMuch</source>
@@ -1095,6 +1115,22 @@
         <translation>操作失败，请重试。</translation>
     </message>
     <message>
+        <source>teamChooseGroup</source>
+        <translation>请选择要移入%1位成员的分组</translation>
+    </message>
+    <message>
+        <source>teamChooseOwner</source>
+        <translation>请选择新的管理者</translation>
+    </message>
+    <message>
+        <source>teamChosen</source>
+        <translation>已选择：%1</translation>
+    </message>
+    <message>
+        <source>teamChosenCount</source>
+        <translation>已选择%1人</translation>
+    </message>
+    <message>
         <source>teamCompany</source>
         <translation>企业</translation>
     </message>
@@ -1119,12 +1155,24 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
+        <source>teamGroupEmpty</source>
+        <translation>没有成员信息</translation>
+    </message>
+    <message>
         <source>teamInviter</source>
         <translation>邀请人</translation>
     </message>
     <message>
+        <source>teamMemberCount</source>
+        <translation>%1人</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>团队成员</translation>
+    </message>
+    <message>
+        <source>teamMembersHere</source>
+        <translation>成员已在此分组中</translation>
     </message>
     <message>
         <source>teamMembersNotAdded</source>
@@ -1147,6 +1195,10 @@
         <translation>分组名称不能为空。</translation>
     </message>
     <message>
+        <source>teamOwner</source>
+        <translation>所有者</translation>
+    </message>
+    <message>
         <source>teamReason</source>
         <translation>理由</translation>
     </message>
@@ -1157,6 +1209,14 @@
     <message>
         <source>teamSaving</source>
         <translation>正在保存…</translation>
+    </message>
+    <message>
+        <source>teamSubAdministrator</source>
+        <translation>子管理员</translation>
+    </message>
+    <message>
+        <source>teamWorking</source>
+        <translation>正在处理…</translation>
     </message>
     <message>
         <source>tip</source>
@@ -1701,10 +1761,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>%2 个分组，%1 位联系人，%3 人在线</translation>
     </message>
     <message>
-        <source>FriendUI reference host</source>
-        <translation>FriendUI 参考宿主程序</translation>
-    </message>
-    <message>
         <source>&amp;Session</source>
         <translation>会话(&amp;S)</translation>
     </message>
@@ -1755,6 +1811,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Web requests</source>
         <translation>网络请求</translation>
+    </message>
+    <message>
+        <source>%1 (%2) - FriendUI reference host</source>
+        <translation>%1（%2）- FriendUI 参考宿主程序</translation>
     </message>
 </context>
 <context>
@@ -1989,10 +2049,6 @@ The people of the sample company come, go and answer by themselves; the event mo
 </context>
 <context>
     <name>WebServices</name>
-    <message>
-        <source>%1 It is started once more.</source>
-        <translation>%1正在重新启动。</translation>
-    </message>
     <message>
         <source>There is no password for the web services.</source>
         <translation>没有网络服务的密码。</translation>
@@ -2251,6 +2307,28 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>BackendSource</name>
+    <message>
+        <source>%1 It is started once more.</source>
+        <translation>%1正在重新启动。</translation>
+    </message>
+    <message>
+        <source>The host whose back end was used has ended.</source>
+        <translation>提供后端服务的宿主程序已退出。</translation>
+    </message>
+    <message>
+        <source>There is no host whose back end could be used; it is waited for.</source>
+        <translation>没有可用其后端服务的宿主程序，正在等待。</translation>
+    </message>
+</context>
+<context>
+    <name>BackendNotice</name>
+    <message>
+        <source>The file %1, by which other hosts find the back end, cannot be written.</source>
+        <translation>无法写入供其他宿主程序查找后端服务的文件 %1。</translation>
     </message>
 </context>
 </TS>

@@ -4,16 +4,31 @@
 
 #include "virtualteam/teamrecords.h"
 
+#include <QHash>
+#include <QPair>
+#include <QPointer>
+#include <QSet>
+#include <QTimer>
 #include <QWidget>
 
 class CVirtualTeamTreeView;
+class CVirtualTeamWidgetCreat;
+class NoTeamPage;
+class NoticeLine;
+class QStackedWidget;
+class SearchBox;
+class SkinButton;
+class StatePage;
+class TeamLoader;
+class TeamSearchPage;
+class WaitWgt;
 
 class CVirtualTeamPage : public QWidget
 {
     Q_OBJECT
 
 public:
-    // Loads nothing before it is first shown.
+    // Loads nothing before it is first shown or asked for a team.
     explicit CVirtualTeamPage(QWidget *parent = nullptr);
     ~CVirtualTeamPage() override;
 
@@ -22,8 +37,10 @@ public:
     void locateTeam(const QString &vtId);
 
 signals:
+    // One level is wanted.
     void signal_GetMembers(QString vtId, QString pgId);
-    // The list as it is now, whenever it has changed: for who searches in it.
+    // The list as it is now, whenever teams have come, gone or changed their names: for
+    // who searches in it.
     void teamsKnown(const QList<CVirtualTeamSimpleInfo> &teams);
 
 public slots:
@@ -38,6 +55,58 @@ public slots:
     void slot_searchTextChanged(const QString &text);
     void slot_getMembers(QString vtId, QString pgId);
 
+protected:
+    void changeEvent(QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
+
 private:
-    CVirtualTeamTreeView *m_tree = nullptr;
+    using Level = QPair<QString, QString>;  // team, group
+    using Member = QPair<QString, QString>; // team, user
+
+    QWidget *makeHead();
+    QWidget *makeListPage();
+    void makePages();
+    void connectTree();
+    void connectSearch();
+    void connectHub();
+    void start(); // loads for the first time; nothing more after that
+    void startAnew();
+    void reconnected();
+    void reload(bool withLevels);
+    void reloadSoon();
+    void followTeams(); // brings the others in line with the rows of the tree
+    void showState();
+    void showBusy(bool loading);
+    void revealWanted();
+    void leaveSearch();
+    void retranslate();
+
+    SearchBox *m_searchBox;
+    SkinButton *m_create;
+    SkinButton *m_refresh;
+    QStackedWidget *m_pages;
+    CVirtualTeamTreeView *m_tree;
+    TeamLoader *m_loader;
+    WaitWgt *m_wait = nullptr;
+    NoticeLine *m_notice = nullptr; // below the tree
+    StatePage *m_loadingPage = nullptr;
+    StatePage *m_failPage = nullptr;
+    NoTeamPage *m_emptyPage = nullptr;
+    QWidget *m_listPage = nullptr;
+    TeamSearchPage *m_searchPage = nullptr;
+    QPointer<CVirtualTeamWidgetCreat> m_createDialog;
+
+    QString m_owner; // whose teams they are: a jid
+    QString m_searchText;
+    bool m_started = false;
+    bool m_known = false;  // there is a list
+    bool m_failed = false; // the newest one could not be loaded
+    QList<CVirtualTeamSimpleInfo> m_told;
+    QSet<Level> m_failedLevels;
+    QSet<QString> m_dueTeams; // their open levels are to be loaded again
+    QString m_wantedTeam;     // to be shown when the list is there
+    Member m_wantedMember;    // to be shown when the level is there
+    QPointer<QWidget> m_focusDue;
+    QTimer m_reloadDue;
+    QTimer m_followDue;
 };

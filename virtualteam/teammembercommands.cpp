@@ -31,6 +31,7 @@ QStringList jidsOfOthers(const TeamSelection &members)
         if (!jid.isEmpty() && jid != ctx().ownJid())
             jids.append(jid);
     }
+    jids.removeDuplicates(); // who is in several teams
     return jids;
 }
 

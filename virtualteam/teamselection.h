@@ -3,6 +3,9 @@
 
 #include "virtualteam/teamrecords.h"
 
+#include <QList>
+#include <QPair>
+
 struct TeamSelection
 {
     CVirtualTeamSimpleInfo team; // with the user's role
@@ -11,4 +14,14 @@ struct TeamSelection
     QString groupName;
     int level = 0;                         // of that group
     QList<CVirtualTeamMemberInfo> members; // empty: it is about the group
+};
+
+// The same by ids alone, which outlive the rows: what a menu remembers while it is open.
+struct TeamSubject
+{
+    using Member = QPair<QString, QString>; // team, person
+
+    QString vtId; // of the row that the menu was opened at
+    QString groupId = rootGroupId();
+    QList<Member> members; // possibly of several teams; empty: it is about the group
 };

@@ -11,14 +11,14 @@
 
 #include "virtualteam/teamrecords.h"
 #include "virtualteam/teamroles.h"
+#include "virtualteam/teamtreesteps.h"
 
-#include <QAbstractItemModel>
 #include <QMap>
 #include <QStringList>
 
 #include <memory>
 
-class TeamTreeModel : public QAbstractItemModel
+class TeamTreeModel : public TeamTreeSteps
 {
     Q_OBJECT
 
@@ -37,12 +37,22 @@ public:
                   const QList<CVirtualTeamMemberInfo> &members);
     void setChildrenState(const QString &vtId, const QString &pgId, TeamChildren state);
     TeamChildren childrenState(const QString &vtId, const QString &pgId) const;
+    // What is loaded of a team may be out of date: each of its levels is stale until it
+    // is set again.
+    void expire(const QString &vtId);
+    void expireLevel(const QString &vtId, const QString &pgId);
+    bool isStale(const QString &vtId, const QString &pgId) const;
     void clear();
 
     // --- Single changes; nothing happens to what is not there -----------------------
     bool removeTeam(const QString &vtId);
     bool removeGroup(const QString &vtId, const QString &groupId); // with all below
     bool removeMember(const QString &vtId, const QString &userId);
+    // Behind the other sub-groups of a loaded level.
+    void addGroup(const QString &vtId, const QString &pgId, const QString &groupId,
+                  const QString &name);
+    // To another group of the team; out of sight when that is not loaded.
+    void moveMembers(const QString &vtId, const QString &groupId, const QStringList &userIds);
     void setTeamName(const QString &vtId, const QString &name);
     void setTeamRole(const QString &vtId, int role);
     void setGroupName(const QString &vtId, const QString &groupId, const QString &name);
@@ -71,6 +81,7 @@ public:
     // Whether `groupId` is `ancestor` or somewhere below it.
     bool isAtOrBelow(const QString &vtId, const QString &groupId, const QString &ancestor) const;
     QStringList loadedMembers(const QString &vtId) const;
+    QStringList loadedGroups(const QString &vtId) const; // whose levels are, also the team's
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;

@@ -89,9 +89,9 @@ Reply search(const Call &call, const People &people, const PeopleIndex &index, c
 
 } // namespace
 
-void addPeopleSearch(Services *services, BackEndContext &context)
+void addPeopleSearch(Services *services, BackEndContext &context,
+                     const std::shared_ptr<const PeopleIndex> &index)
 {
-    const auto index = std::make_shared<const PeopleIndex>(context.people);
     const auto tree = std::make_shared<const OrgTree>(context.people);
     services->post("/center/org/fuzzySearchOrg.do", Services::Organisation,
                    [&context, index, tree](const Call &call) {

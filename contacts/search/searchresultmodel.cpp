@@ -5,7 +5,6 @@
 #include "controls/presencetext.h"
 #include "http/fileservices.h"
 
-#include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
@@ -56,20 +55,6 @@ QString shownName(const SearchEntry &entry)
             return shown;
     }
     return displayText(jidUser(entry.id));
-}
-
-QString pictureOf(const QString &jid, const QString &photoName)
-{
-    FriendData contact;
-    if (ctx().friendData(jid, &contact) && !contact.headPath.isEmpty())
-        return contact.headPath;
-    const QString own = ctx().headPath(jid);
-    // The service's name is no path of ours.
-    const QString name = QFileInfo(photoName).fileName();
-    if (!own.isEmpty() || name.isEmpty())
-        return own;
-    const QString known = ctx().headPath(name);
-    return known.isEmpty() ? PictureFiles::instance().file(name) : known;
 }
 
 } // namespace
@@ -366,7 +351,7 @@ void SearchResultModel::addPerson(const SearchResult &result, Shown *shown) cons
     ctx().vcard(result.entry.id, &profile);
     shown->place = place(result, profile);
     const QString photo = result.photoName.isEmpty() ? profile.photoName : result.photoName;
-    shown->picture = pictureOf(result.entry.id, photo);
+    shown->picture = PictureFiles::instance().ofPerson(result.entry.id, photo);
     if (!isOnline())
         return;
     shown->presence = ctx().presence(result.entry.id);

@@ -21,10 +21,12 @@ quint64 numberOf(const QString &text)
 
 QString databaseFileOf(const EmbeddedCore::Options &options)
 {
-    const QString name = options.sampleFriends
-                             ? QStringLiteral("core-%1-%2.db").arg(options.people).arg(options.seed)
-                             : QStringLiteral("core-imported.db");
-    return QDir(options.folder).filePath(name);
+    QString name = options.sampleFriends
+                       ? QStringLiteral("core-%1-%2").arg(options.people).arg(options.seed)
+                       : QStringLiteral("core-imported");
+    if (options.user != SampleCompany::uid(0))
+        name += QLatin1Char('-') + options.user;
+    return QDir(options.folder).filePath(name + QLatin1String(".db"));
 }
 } // namespace
 
@@ -32,9 +34,10 @@ EmbeddedCore::EmbeddedCore(const Options &options, QObject *parent)
     : MessagingCore(parent),
       m_options(options),
       m_company(options.people, options.seed),
+      m_sample(m_company, options.user),
       m_store(new CoreStore(databaseFileOf(options))),
-      m_roster(new RosterBook(m_store.data(), &m_company)),
-      m_rooms(new RoomBook(m_store.data(), &m_company)),
+      m_roster(new RosterBook(m_store.data(), &m_sample)),
+      m_rooms(new RoomBook(m_store.data(), &m_sample)),
       m_messages(new MessageBook(m_store.data())),
       m_channels(new ChannelBook(m_store.data()))
 {
@@ -135,7 +138,7 @@ void EmbeddedCore::setAllSilent(bool silent)
 
 QString EmbeddedCore::ownUid() const
 {
-    return SampleCompany::uid(0);
+    return m_sample.own().uid;
 }
 
 QString EmbeddedCore::serverDomain() const
@@ -145,7 +148,7 @@ QString EmbeddedCore::serverDomain() const
 
 QString EmbeddedCore::companyCode() const
 {
-    return SampleCompany::companyCode();
+    return m_sample.own().companyCode;
 }
 
 QString EmbeddedCore::fullJid(const QString &uidOrJid) const
@@ -173,9 +176,10 @@ PresenceData EmbeddedCore::presenceAtStart(const FriendData &contact) const
     PresenceData presence;
     if (contact.onJob == 0)
         return presence;
-    const int index = m_company.indexOf(contact.jid.section(QLatin1Char('@'), 0, 0));
+    const QString uid = contact.jid.section(QLatin1Char('@'), 0, 0);
+    const bool isSamples = m_company.find(uid).index >= 0;
     const SampleCompany::Reach reach =
-        index >= 0 ? m_company.reachAtStart(index) : m_company.reach(numberOf(contact.jid));
+        isSamples ? m_company.reachAtStart(uid) : m_company.reach(numberOf(contact.jid));
     presence.pcShow = PresenceData::ePcShowType(reach.pc);
     presence.mobile = reach.mobile;
     return presence;
@@ -200,12 +204,12 @@ PresenceData EmbeddedCore::presence(const QString &jid) const
         return PresenceData();
     if (m_presence.contains(jid) || m_roster->find(jid))
         return m_presence.value(jid);
-    // A colleague who is no contact is where the web services say as well.
-    const bool isColleague = jid.section(QLatin1Char('@'), 1) == serverDomain() &&
-                             m_company.indexOf(jid.section(QLatin1Char('@'), 0, 0)) >= 0;
-    FriendData colleague;
-    colleague.jid = jid;
-    return isColleague ? presenceAtStart(colleague) : PresenceData();
+    // Who is no contact is where the web services say as well.
+    const bool isKnown = jid.section(QLatin1Char('@'), 1) == serverDomain() &&
+                         m_company.find(jid.section(QLatin1Char('@'), 0, 0)).index >= 0;
+    FriendData stranger;
+    stranger.jid = jid;
+    return isKnown ? presenceAtStart(stranger) : PresenceData();
 }
 
 QMap<QString, PresenceData> EmbeddedCore::allPresence() const

@@ -12,7 +12,7 @@
 #pragma once
 
 #include "host/messagingcore.h"
-#include "sample/samplecompany.h"
+#include "sample/sampleroster.h"
 
 #include <QHash>
 #include <QQueue>
@@ -67,6 +67,7 @@ public:
         QString folder; // of the database file; created when missing
         int people = SampleCompany::DefaultPeople;
         quint64 seed = SampleCompany::DefaultSeed;
+        QString user = SampleCompany::uid(0); // whose core it is: a uid that the sample knows
         // False: the friend tree is left to an import. Such a roster has a file of
         // its own, so that the sample company's one is not lost.
         bool sampleFriends = true;
@@ -84,6 +85,7 @@ public:
     QString notice() const;
     QString databaseFile() const;
     const SampleCompany &company() const { return m_company; }
+    const SampleRoster &sample() const { return m_sample; }
 
     // --- Levers ---------------------------------------------------------------
     void setAnswerDelay(int milliseconds);       // 30 at first; 0: the next turn of the event loop
@@ -227,6 +229,7 @@ private:
 
     Options m_options;
     SampleCompany m_company;
+    SampleRoster m_sample;
     QScopedPointer<CoreStore> m_store;
     QScopedPointer<RosterBook> m_roster;
     QScopedPointer<RoomBook> m_rooms;

@@ -98,7 +98,7 @@ bool EmbeddedCore::seedMessages()
         return true;
     QList<MessageData> messages;
     const auto lines = m_options.sampleFriends
-                           ? SampleMessages::history(m_company, QDateTime::currentDateTime())
+                           ? SampleMessages::history(m_sample, QDateTime::currentDateTime())
                            : QList<SampleMessages::Line>();
     for (const SampleMessages::Line &line : lines) {
         QStringList others;

@@ -156,10 +156,8 @@ void EmbeddedCore::requestPolicy(const QString &jid)
 bool EmbeddedCore::addNow(const QString &jid, const QString &groupId, const QString &remark)
 {
     const QString uid = jid.section(QLatin1Char('@'), 0, 0);
-    SamplePerson person = m_company.person(m_company.indexOf(uid));
-    if (person.index < 0)
-        person = m_company.outsider(SampleCompany::outsiderIndexOf(uid));
-    FriendData added = RosterBook::contactOf(person);
+    const SamplePerson person = m_company.find(uid);
+    FriendData added = m_roster->contactOf(person);
     added.groupId = groupId;
     added.remark = remark.trimmed();
     if (person.index < 0 || !m_roster->put(added))

@@ -35,8 +35,7 @@ int placeOf(const QList<MucMemberData> &members, const QString &jid)
 }
 } // namespace
 
-RoomBook::RoomBook(CoreStore *store, const SampleCompany *company)
-    : m_store(store), m_company(company)
+RoomBook::RoomBook(CoreStore *store, const SampleRoster *sample) : m_store(store), m_sample(sample)
 {
 }
 
@@ -97,11 +96,11 @@ bool RoomBook::seed()
     int next = 1;
     for (const auto &entry : rooms) {
         QList<MucMemberData> members;
-        for (int i = 0; i < qMin(entry.size, m_company->people()); ++i) {
-            const int index = i == 0 ? 0 : next;
+        const int people = m_sample->company().people();
+        for (int i = 0; i < qMin(entry.size, people); ++i) {
+            const SamplePerson person = m_sample->mate(i == 0 ? 0 : next);
             if (i > 0)
-                next = next % qMax(1, m_company->people() - 1) + 1;
-            const SamplePerson person = m_company->person(index);
+                next = next % qMax(1, people - 1) + 1;
             members.append({person.uid + QLatin1Char('@') + SampleCompany::domain(), person.name,
                             i == entry.manager ? Manager : Member});
         }
@@ -211,7 +210,7 @@ bool RoomBook::create(const QString &subject, const QList<MucMemberData> &member
     }
     room.createTime = QDateTime::currentDateTime().toString(QStringLiteral("yyyy-MM-dd hh:mm:ss"));
     room.version = QStringLiteral("1");
-    room.companyCode = SampleCompany::companyCode();
+    room.companyCode = m_sample->own().companyCode;
     return write(room, seats) && this->room(room.roomJid, out);
 }
 

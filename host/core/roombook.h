@@ -2,7 +2,7 @@
 #pragma once
 
 #include "hostapi/roomrecords.h"
-#include "sample/samplecompany.h"
+#include "sample/sampleroster.h"
 
 #include <QHash>
 #include <QList>
@@ -14,7 +14,7 @@ class RoomBook
 {
 public:
     // Both must outlive the book.
-    RoomBook(CoreStore *store, const SampleCompany *company);
+    RoomBook(CoreStore *store, const SampleRoster *sample);
 
     // A new file is first filled with a few rooms of sample people, if asked for.
     bool load(bool sampleRooms);
@@ -55,7 +55,7 @@ private:
     template <class Change> bool edit(const QString &roomJid, Change change);
 
     CoreStore *m_store;
-    const SampleCompany *m_company;
+    const SampleRoster *m_sample;
     QMap<QString, MucData> m_rooms;
     QHash<QString, QList<MucMemberData>> m_members;
 };

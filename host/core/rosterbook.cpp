@@ -45,8 +45,8 @@ void RosterBook::GroupTable::rename(const QString &id, const QString &name)
     ids.insert(name, id);
 }
 
-RosterBook::RosterBook(CoreStore *store, const SampleCompany *company)
-    : m_store(store), m_company(company)
+RosterBook::RosterBook(CoreStore *store, const SampleRoster *sample)
+    : m_store(store), m_sample(sample)
 {
 }
 
@@ -116,35 +116,33 @@ bool RosterBook::seed(bool sampleFriends)
         }
         return true;
     };
-    const QVector<SampleGroup> groups = m_company->friendGroups();
-    const QVector<SampleGroup> outer = SampleCompany::outsiderGroups();
+    const QVector<SampleGroup> groups = m_sample->groups(true);
+    const QVector<SampleGroup> outer = m_sample->groups(false);
     if (!insertGroups(sampleFriends ? groups : groups.mid(0, 1), true) ||
         !insertGroups(sampleFriends ? outer : outer.mid(0, 1), false))
         return false;
 
     QSqlQuery insert = m_store->prepared(RecordSql::insertStatement("contacts", ContactColumns));
-    const int friends =
-        sampleFriends ? m_company->friendCount() : 1; // the own user is always there
-    for (int i = 0; i < friends; ++i) {
-        const SampleFriend seat = m_company->friendAt(i);
-        FriendData contact = contactOf(m_company->person(seat.person));
-        contact.groupId = groups.at(seat.group).id;
-        contact.remark = seat.remark;
-        RecordSql::bind(&insert, contact);
-        if (!m_store->run(&insert))
-            return false;
-    }
-    for (int i = 0; sampleFriends && i < SampleCompany::OutsiderCount; ++i) {
-        FriendData contact = contactOf(m_company->outsider(i));
-        contact.groupId = outer.at(i % outer.size()).id;
-        RecordSql::bind(&insert, contact);
-        if (!m_store->run(&insert))
-            return false;
-    }
+    const auto insertContacts = [&](int count, bool inner) {
+        for (int i = 0; i < count; ++i) {
+            const SampleContact seat = m_sample->contact(i, inner);
+            FriendData contact = contactOf(seat.person);
+            contact.groupId = seat.groupId;
+            contact.remark = seat.remark;
+            RecordSql::bind(&insert, contact);
+            if (!m_store->run(&insert))
+                return false;
+        }
+        return true;
+    };
+    // The own user is always there.
+    if (!insertContacts(sampleFriends ? m_sample->count(true) : 1, true) ||
+        !insertContacts(sampleFriends ? m_sample->count(false) : 0, false))
+        return false;
     return m_store->setMeta(SeededKey, QStringLiteral("1"));
 }
 
-FriendData RosterBook::contactOf(const SamplePerson &person)
+FriendData RosterBook::contactOf(const SamplePerson &person) const
 {
     FriendData contact;
     contact.jid = person.uid + QLatin1Char('@') + SampleCompany::domain();
@@ -153,7 +151,7 @@ FriendData RosterBook::contactOf(const SamplePerson &person)
     contact.onJob = person.onJob ? 1 : 0;
     contact.account = person.account;
     contact.companyCode = person.companyCode;
-    contact.outside = person.companyCode == SampleCompany::companyCode() ? 0 : 1;
+    contact.outside = m_sample->isColleague(person) ? 0 : 1;
     contact.sign = person.sign;
     contact.spell = person.spell;
     return contact;
@@ -183,7 +181,7 @@ VcardInfo RosterBook::profileOf(const SamplePerson &person) const
     profile.companyName = person.companyName;
     profile.isAdmin = person.isAdmin ? 1 : 0;
     profile.version = 1;
-    const SamplePerson leader = m_company->person(m_company->indexOf(person.leaderUid));
+    const SamplePerson leader = m_sample->company().find(person.leaderUid);
     profile.leaderId = leader.uid;
     profile.leaderName = leader.name;
     return profile;
@@ -206,11 +204,8 @@ bool RosterBook::profile(const QString &jid, VcardInfo *out) const
     }
     const QString uid = jid.section(QLatin1Char('@'), 0, 0);
     SamplePerson person;
-    if (jid.section(QLatin1Char('@'), 1) == SampleCompany::domain()) {
-        person = m_company->person(m_company->indexOf(uid));
-        if (person.index < 0)
-            person = m_company->outsider(SampleCompany::outsiderIndexOf(uid));
-    }
+    if (jid.section(QLatin1Char('@'), 1) == SampleCompany::domain())
+        person = m_sample->company().find(uid);
     if (person.index >= 0) {
         *out = profileOf(person);
         return true;

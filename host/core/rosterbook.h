@@ -4,7 +4,7 @@
 #pragma once
 
 #include "hostapi/rosterrecords.h"
-#include "sample/samplecompany.h"
+#include "sample/sampleroster.h"
 
 #include <QHash>
 #include <QList>
@@ -15,10 +15,10 @@ class RosterBook
 {
 public:
     // Both must outlive the book.
-    RosterBook(CoreStore *store, const SampleCompany *company);
+    RosterBook(CoreStore *store, const SampleRoster *sample);
 
     // Reads everything; a new file is first filled with the own user and, when
-    // asked for, the sample company's friends.
+    // asked for, the people whom the sample knows.
     bool load(bool sampleFriends);
 
     // The default group, id "", leads; the others in the order of their making.
@@ -44,7 +44,7 @@ public:
     bool putProfile(const VcardInfo &profile); // by its jid
 
     // A sample person's records, as they are before anybody changes them.
-    static FriendData contactOf(const SamplePerson &person);
+    FriendData contactOf(const SamplePerson &person) const;
     VcardInfo profileOf(const SamplePerson &person) const;
 
     // What an import last gave as the contact's category; null: never imported.
@@ -77,7 +77,7 @@ private:
     bool write(const FriendData &contact);
 
     CoreStore *m_store;
-    const SampleCompany *m_company;
+    const SampleRoster *m_sample;
     GroupTable m_inner, m_outer;
     QList<FriendData> m_contacts;
     QHash<QString, int> m_rows; // jid -> index in m_contacts

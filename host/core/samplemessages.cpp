@@ -142,13 +142,18 @@ struct Clock
     }
 };
 
-// Friends who still work here, beginning with the given place.
-QString colleague(const SampleCompany &company, int place)
+// Friends who still work here, beginning with the given place; of people of other
+// companies external contacts follow, since they have few friends.
+QString acquaintance(const SampleRoster &sample, int place)
 {
-    for (int position = 1; position < company.friendCount(); ++position) {
-        const SamplePerson person = company.person(company.friendAt(position).person);
-        if (person.onJob && place-- == 0)
-            return person.uid + QLatin1Char('@') + SampleCompany::domain();
+    for (const bool inner : {true, false}) {
+        if (!inner && !sample.isOutsider())
+            break;
+        for (int position = inner ? 1 : 0; position < sample.count(inner); ++position) {
+            const SamplePerson person = sample.contact(position, inner).person;
+            if (person.onJob && place-- == 0)
+                return person.uid + QLatin1Char('@') + SampleCompany::domain();
+        }
     }
     return QString();
 }
@@ -163,9 +168,9 @@ QString serviceNumber(const char *code)
     return QLatin1String(code) + QLatin1Char('@') + SampleCompany::domain();
 }
 
-void addPeople(const SampleCompany &company, const Clock &at, QList<SampleMessages::Line> *lines)
+void addPeople(const SampleRoster &sample, const Clock &at, QList<SampleMessages::Line> *lines)
 {
-    const auto who = [&](int place) { return colleague(company, place); };
+    const auto who = [&](int place) { return acquaintance(sample, place); };
     *lines += {
         {who(0), false, 0, at.today(0.90), fromUtf8("早上好，评审材料准备好了吗？")},
         {who(0), true, 0, at.today(0.92), fromUtf8("差不多了，午饭前发给你。")},
@@ -233,12 +238,12 @@ void addServices(const Clock &at, QList<SampleMessages::Line> *lines)
 
 } // namespace
 
-QList<SampleMessages::Line> SampleMessages::history(const SampleCompany &company,
+QList<SampleMessages::Line> SampleMessages::history(const SampleRoster &sample,
                                                     const QDateTime &now)
 {
     const Clock clock{now};
     QList<Line> lines;
-    addPeople(company, clock, &lines);
+    addPeople(sample, clock, &lines);
     addRooms(clock, &lines);
     addServices(clock, &lines);
     lines.erase(std::remove_if(lines.begin(), lines.end(),

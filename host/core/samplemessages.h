@@ -3,7 +3,7 @@
 #pragma once
 
 #include "messages/messagebody.h"
-#include "sample/samplecompany.h"
+#include "sample/sampleroster.h"
 
 #include <QDateTime>
 #include <QList>
@@ -22,7 +22,7 @@ struct Line
 
 // Of today, yesterday, earlier this year and earlier years, the oldest first; none
 // later than `now`.
-QList<Line> history(const SampleCompany &company, const QDateTime &now);
+QList<Line> history(const SampleRoster &sample, const QDateTime &now);
 
 // One of many, by any number; most are plain text. `name` is some person's.
 QString body(quint64 number, const QString &name);

@@ -48,9 +48,9 @@ struct Host
     WebServices::Options serviceOptions() const
     {
         WebServices::Options options;
-        options.process.program = QStringLiteral(FRIENDUI_BACKEND);
-        options.process.dataFolder = folder.path() + QLatin1String("/backend");
-        options.process.controlPort = 0;
+        options.found.process.program = QStringLiteral(FRIENDUI_BACKEND);
+        options.found.process.dataFolder = folder.path() + QLatin1String("/backend");
+        options.found.process.controlPort = 0;
         return options;
     }
 };
@@ -174,7 +174,7 @@ private slots:
         QFETCH(int, state);
         Host host;
         const WebServices::Options own = host.serviceOptions();
-        BackendProcess process(own.process);
+        BackendProcess process(own.found.process);
         QSignalSpy ready(&process, &BackendProcess::ready);
         process.start();
         QVERIFY(ready.wait(StartMs));

@@ -38,6 +38,7 @@ protected:
         EmbeddedCore::Options options;
         options.folder = m_folder->path();
         options.sampleFriends = m_sampleFriends;
+        options.user = m_user;
         m_core = std::make_unique<EmbeddedCore>(options);
         m_core->setAnswerDelay(0);
         m_core->setConfirmationDelay(0);
@@ -88,4 +89,5 @@ protected:
     std::unique_ptr<EmbeddedCore> m_core;
     FriendData m_record;
     bool m_sampleFriends = true;
+    QString m_user = SampleCompany::uid(0);
 };

@@ -1,5 +1,5 @@
 // The sample company: what two programs with the same two numbers must agree on.
-#include "sample/samplecompany.h"
+#include "sample/sampleroster.h"
 #include "tests/support/testrunner.h"
 
 #include <QHash>
@@ -159,6 +159,70 @@ private slots:
         }
         QCOMPARE(ids.size(), groups);
         QCOMPARE(names.size(), groups);
+    }
+
+    void uidAndAccountLeadToSomebody()
+    {
+        const SampleCompany company(1200);
+        for (const int index : {0, 7, 1199}) {
+            const SamplePerson person = company.person(index);
+            QCOMPARE(company.uidOf(person.uid.toUpper()), person.uid);
+            QCOMPARE(company.uidOf(QLatin1Char(' ') + person.account), person.uid);
+        }
+        for (const int index : {0, 11}) {
+            const SamplePerson person = company.outsider(index);
+            QCOMPARE(company.uidOf(person.uid), person.uid);
+            QCOMPARE(company.uidOf(person.account), person.uid);
+        }
+        for (const char *nobody : {"", "u001200", "x000012", "nobody", "0", "nobody99999999999"})
+            QCOMPARE(company.uidOf(QString::fromLatin1(nobody)), QString());
+    }
+
+    void everybodyKnowsOthersButNotThemselves_data()
+    {
+        const Rows<int, QString, int, int> row{"people", "user", "friends", "externals"};
+        const int most = SampleCompany(300).friendCount();
+        row("the first", 300, "u000000", most, 12);
+        row("a friend of the first", 300, SampleCompany().uid(SampleCompany().friendAt(5).person),
+            most, 12);
+        row("the last", 300, "u000299", most, 12);
+        row("of a large company", 5000, "u004711", 5000, 12);
+        row("alone", 1, "u000000", 1, 12);
+        row("of another company", 300, "x000000", 4, 40);
+        row("of the other one", 300, "x000010", 4, 40);
+        row("with a personal account", 300, "x000002", 1, 40);
+        row("outside of one person", 1, "x000002", 1, 1);
+    }
+    void everybodyKnowsOthersButNotThemselves()
+    {
+        QFETCH(int, people);
+        QFETCH(QString, user);
+        QFETCH(int, friends);
+        QFETCH(int, externals);
+        const SampleCompany company(people);
+        const SampleRoster roster(company, user);
+        QCOMPARE(roster.own().uid, user);
+        QCOMPARE(roster.contact(0, true).person.uid, user);
+        QSet<QString> known;
+        for (const bool inner : {true, false}) {
+            QCOMPARE(roster.count(inner), inner ? friends : externals);
+            QSet<QString> groups;
+            for (const SampleGroup &group : roster.groups(inner))
+                groups.insert(group.id);
+            for (int i = 0; i < roster.count(inner); ++i) {
+                const SampleContact contact = roster.contact(i, inner);
+                QCOMPARE(company.find(contact.person.uid).index, contact.person.index);
+                QCOMPARE(roster.isColleague(contact.person), inner);
+                QVERIFY(groups.contains(contact.groupId));
+                known.insert(contact.person.uid);
+            }
+            QVERIFY(roster.contact(roster.count(inner), inner).person.uid.isEmpty());
+        }
+        QCOMPARE(known.size(), friends + externals);
+        QSet<QString> mates;
+        for (int place = 0; place < people; ++place)
+            mates.insert(roster.mate(place).uid);
+        QVERIFY(mates.contains(user) && mates.size() == people && !mates.contains(QString()));
     }
 };
 

@@ -23,7 +23,7 @@ private slots:
     {
         QFETCH(QString, now);
         const QDateTime moment = QDateTime::fromString(now, QStringLiteral("yyyy-MM-dd hh:mm:ss"));
-        const auto lines = SampleMessages::history(m_core->company(), moment);
+        const auto lines = SampleMessages::history(m_core->sample(), moment);
         QSet<int> days, years;
         QSet<int> kinds;
         QDateTime before;

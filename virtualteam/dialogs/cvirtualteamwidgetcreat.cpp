@@ -11,15 +11,14 @@
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/memberpicker.h"
-#include "virtualteam/dialogs/namelimit.h"
 #include "virtualteam/dialogs/reasonedit.h"
+#include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
 
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPointer>
 
 namespace {
@@ -44,7 +43,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
       m_team(team),
       m_invites(invites),
       m_nameCaption(DialogParts::label(this)),
-      m_name(invites ? nullptr : new QLineEdit(this)),
+      m_name(invites ? nullptr : new TeamNameEdit(this)),
       m_picker(new MemberPicker(invites ? MemberPicker::OtherCompanies : MemberPicker::AnyCompany,
                                 this)),
       m_reasonCaption(DialogParts::label(this)),
@@ -99,11 +98,6 @@ QLayout *CVirtualTeamWidgetCreat::buildName()
         name->setText(displayText(m_team.vtName));
         layout->addWidget(name);
     } else {
-        m_name->setObjectName(QStringLiteral("teamNameEdit"));
-        m_name->setPlaceholderText(QString::fromUtf8("16字以内"));
-        m_name->setFont(skinFont(13));
-        limitLength(m_name, TeamLimits::Name);
-        followSkin(m_name);
         m_nameCaption->setBuddy(m_name);
         layout->addWidget(new FieldFrame(m_name, this));
     }
@@ -162,7 +156,7 @@ void CVirtualTeamWidgetCreat::showLength(int length)
 bool CVirtualTeamWidgetCreat::isComplete()
 {
     const int picked = m_picker->userIds().size();
-    if (m_name && asName(m_name->text()).isEmpty()) {
+    if (m_name && m_name->name().isEmpty()) {
         m_name->setFocus();
         TipBox::tell(this, QObject::tr("teamNameNotempty"));
     } else if (!m_invites && picked < TeamLimits::FewestMembers) {
@@ -190,7 +184,7 @@ void CVirtualTeamWidgetCreat::slot_sure()
     if (m_invites)
         invite(m_picker->userIds(), reason);
     else
-        create(asName(m_name->text()), m_picker->userIds(), reason);
+        create(m_name->name(), m_picker->userIds(), reason);
 }
 
 // The requests outlive the dialog, which may be closed while they run; what comes after

@@ -9,8 +9,8 @@
 #include "virtualteam/teamrecords.h"
 
 class MemberPicker;
-class QLineEdit;
 class ReasonEdit;
+class TeamNameEdit;
 
 class CVirtualTeamWidgetCreat : public BaseDialog
 {
@@ -54,7 +54,7 @@ private:
     bool m_isClosed = false;
 
     QLabel *m_nameCaption;
-    QLineEdit *m_name; // of a new team; null for an invitation
+    TeamNameEdit *m_name; // of a new team; null for an invitation
     MemberPicker *m_picker;
     QLabel *m_reasonCaption;
     QLabel *m_length;

@@ -1,22 +1,20 @@
 #include "virtualteam/dialogs/virtualteameditwidget.h"
 
-#include "controls/skin.h"
 #include "controls/skinbutton.h"
 #include "controls/tipbox.h"
-#include "virtualteam/dialogs/namelimit.h"
+#include "virtualteam/dialogs/dialogparts.h"
+#include "virtualteam/dialogs/fieldframe.h"
+#include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/teamrecords.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QVBoxLayout>
 
 namespace {
 
 constexpr int Width = 340; // device-independent pixels, as all below
-constexpr int Edge = 20;
-constexpr int LineHeight = 32;
 constexpr int ButtonWidth = 84;
 
 struct ModeTexts
@@ -42,33 +40,22 @@ ModeTexts textsOf(VirtualTeamEditWidget::Mode mode)
     return {"", nullptr};
 }
 
-QLabel *quietLabel(const char *name, QWidget *parent)
-{
-    auto *label = new QLabel(parent);
-    label->setObjectName(QLatin1String(name));
-    label->setTextFormat(Qt::PlainText);
-    label->setFont(skinFont(12));
-    label->setForegroundRole(QPalette::PlaceholderText);
-    return label;
-}
-
 } // namespace
 
 VirtualTeamEditWidget::VirtualTeamEditWidget(Mode mode, const QString &preset, QWidget *parent)
     : BaseDialog(parent),
       m_mode(mode),
-      m_line(new QLineEdit(this)),
-      m_state(quietLabel("label_state", this)),
-      m_length(quietLabel("label_length", this)),
+      m_line(new TeamNameEdit(this)),
+      m_state(DialogParts::quietLabel(this)),
+      m_length(DialogParts::quietLabel(this)),
       m_sure(new SkinButton(SkinButton::Primary, QString(), this)),
       m_cancel(new SkinButton(SkinButton::Outline, QString(), this))
 {
     setObjectName(QStringLiteral("VirtualTeamEditWidget"));
     setTitleKey(textsOf(mode).title);
     build();
-    limitLength(m_line, TeamLimits::Name);
     m_line->setText(preset);
-    m_preset = asName(m_line->text());
+    m_preset = m_line->name();
     m_line->selectAll(); // typing replaces what is there
     m_line->setFocus();
     retranslate();
@@ -81,11 +68,10 @@ VirtualTeamEditWidget::VirtualTeamEditWidget(Mode mode, const QString &preset, Q
 
 void VirtualTeamEditWidget::build()
 {
-    m_line->setObjectName(QStringLiteral("lineEdit_name"));
-    m_line->setFont(skinFont(13));
-    m_line->setMinimumHeight(LineHeight);
-    m_sure->setObjectName(QStringLiteral("btnSure"));
-    m_cancel->setObjectName(QStringLiteral("btnCancel"));
+    m_state->setObjectName(QStringLiteral("label_state"));
+    m_length->setObjectName(QStringLiteral("label_length"));
+    m_sure->setObjectName(QStringLiteral("sureButton"));
+    m_cancel->setObjectName(QStringLiteral("cancelButton"));
     for (SkinButton *button : {m_sure, m_cancel})
         button->setMinimumWidth(ButtonWidth);
 
@@ -98,9 +84,9 @@ void VirtualTeamEditWidget::build()
     buttons->addWidget(m_sure);
     buttons->addWidget(m_cancel);
     auto *body = new QVBoxLayout;
-    body->setContentsMargins(Edge, 8, Edge, Edge);
+    body->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, DialogParts::Edge);
     body->setSpacing(6);
-    body->addWidget(m_line);
+    body->addWidget(new FieldFrame(m_line, this));
     body->addLayout(notes);
     body->addSpacing(10);
     body->addLayout(buttons);
@@ -112,7 +98,7 @@ void VirtualTeamEditWidget::confirm()
 {
     if (m_waiting)
         return;
-    const QString text = asName(m_line->text());
+    const QString text = m_line->name();
     const char *refusal = textsOf(m_mode).refusesEmpty;
     if (text.isEmpty() && refusal) {
         TipBox::tell(this, QObject::tr(refusal));

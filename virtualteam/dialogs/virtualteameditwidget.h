@@ -6,8 +6,8 @@
 #include "controls/basedialog.h"
 
 class QLabel;
-class QLineEdit;
 class SkinButton;
+class TeamNameEdit;
 
 class VirtualTeamEditWidget : public BaseDialog
 {
@@ -48,9 +48,9 @@ private:
     Mode m_mode;
     QString m_preset;
     bool m_waiting = false;
-    QLineEdit *m_line;    // "lineEdit_name"
+    TeamNameEdit *m_line;
     QLabel *m_state;      // "label_state"
     QLabel *m_length;     // "label_length"
-    SkinButton *m_sure;   // "btnSure"
-    SkinButton *m_cancel; // "btnCancel"
+    SkinButton *m_sure;   // "sureButton"
+    SkinButton *m_cancel; // "cancelButton"
 };

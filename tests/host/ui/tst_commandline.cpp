@@ -87,6 +87,8 @@ private slots:
         row("authority of nothing", "--ca " + QCoreApplication::applicationFilePath(),
             "need --backend");
         row("two back ends", "--no-backend --backend https://x" + file, "Only one");
+        row("two back ends to choose from", "--join /tmp --no-backend", "Only one");
+        row("no user", "--user=", "--user");
         row("lever of nothing", "--no-backend --backend-control-port 1", "Only one");
         row("port", "--backend-control-port 65536", "0 to 65535");
         row("unknown option", "--bogus", "bogus");
@@ -154,7 +156,7 @@ private slots:
         const QString own = folder.filePath(QStringLiteral("own"));
         const QString foreign = folder.filePath(QStringLiteral("foreign"));
         QString problem;
-        QVERIFY(prepareDataFolder(own, &problem));
+        QVERIFY(prepareDataFolder(own, QStringLiteral("u000000"), &problem));
         for (const QString &place : {own, foreign}) {
             QVERIFY(touch(place + QLatin1String("/core/a.db")));
             QVERIFY(touch(place + QLatin1String("/mine.txt")));
@@ -188,7 +190,7 @@ private slots:
         const QString file = folder.filePath(QStringLiteral("file"));
         QVERIFY(touch(file));
         QString problem;
-        QVERIFY(!prepareDataFolder(file, &problem));
+        QVERIFY(!prepareDataFolder(file, QStringLiteral("u000000"), &problem));
         QVERIFY(problem.contains(file));
         QCOMPARE(parse({QStringLiteral("--data"), file}).action, CommandLineResult::Refuse);
     }

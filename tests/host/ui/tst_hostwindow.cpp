@@ -249,8 +249,8 @@ private slots:
         HostBus bus(&log);
         HostLanguage language;
         WebServices::Options options;
-        options.process.program = QStringLiteral("/nonexistent/back-end");
-        options.process.dataFolder = folder.path();
+        options.found.process.program = QStringLiteral("/nonexistent/back-end");
+        options.found.process.dataFolder = folder.path();
         WebServices services(&context, options);
         MainWindow window({&core, &context, &bus, &log, &language, nullptr, &services, nullptr});
         const auto *state = window.findChild<QLabel *>(QStringLiteral("serviceState"));
@@ -260,8 +260,8 @@ private slots:
         services.start();
         QVERIFY(state->text() != off);
         QTRY_VERIFY(retry->isEnabled());
-        QVERIFY(window.statusBar()->currentMessage().contains(options.process.program));
-        QVERIFY(state->toolTip().contains(options.process.program));
+        QVERIFY(window.statusBar()->currentMessage().contains(options.found.process.program));
+        QVERIFY(state->toolTip().contains(options.found.process.program));
         const QSignalSpy notes(&services, &WebServices::note);
         retry->trigger();
         QVERIFY(!retry->isEnabled());

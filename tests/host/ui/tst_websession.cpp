@@ -68,8 +68,8 @@ struct Services
 
     explicit Services(const char *mode)
     {
-        options.process.program = QStringLiteral(FRIENDUI_FAKE_BACKEND);
-        options.process.dataFolder = folder.path();
+        options.found.process.program = QStringLiteral(FRIENDUI_FAKE_BACKEND);
+        options.found.process.dataFolder = folder.path();
         write("mode", mode);
         write("ca.pem", "a certificate");
         write("password", "s3cret\n");

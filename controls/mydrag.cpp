@@ -1,4 +1,4 @@
-#include "contacts/mydrag.h"
+#include "controls/mydrag.h"
 
 #include <QMimeData>
 #include <QPointer>

@@ -1,5 +1,5 @@
-// The drag of contact rows inside one list. The dragged jids stay in the view;
-// the drag's data is a mere marker.
+// The drag of people's rows inside one list. Who is dragged stays in the view; the
+// drag's data is a mere marker.
 #pragma once
 
 #include <QDrag>

@@ -1,0 +1,72 @@
+#include "backend/teams/teamevents.h"
+
+#include <QDateTime>
+
+namespace {
+constexpr qint64 Hour = 3600; // s
+constexpr qint64 Kept = 24 * Hour;
+} // namespace
+
+// An hour's events at once, so that most calls only look at the oldest.
+void TeamEvents::tidy()
+{
+    const qint64 now = QDateTime::currentSecsSinceEpoch();
+    bool isDue = false;
+    {
+        Statement oldest = m_transaction.prepare("SELECT time FROM teamEvent ORDER BY seq LIMIT 1");
+        isDue = oldest.next() && oldest.number(0) < now - Kept - Hour;
+    }
+    if (isDue)
+        m_transaction.prepare("DELETE FROM teamEvent WHERE time < ?").bind(now - Kept).run();
+}
+
+void TeamEvents::tell(const QStringList &uids, const char *type, qint64 team, const QString &member)
+{
+    tidy();
+    Statement insert = m_transaction.prepare(
+        "INSERT INTO teamEvent (uid, type, vtId, member, time) VALUES (?, ?, ?, ?, ?)");
+    const QString typeText = QString::fromLatin1(type);
+    for (const QString &uid : uids) {
+        insert.bind(uid).bind(typeText).bind(team).bind(member);
+        insert.bind(QDateTime::currentSecsSinceEpoch()).run();
+    }
+}
+
+void TeamEvents::tellMembers(qint64 team, const QString &member)
+{
+    tidy();
+    m_transaction
+        .prepare("INSERT INTO teamEvent (uid, type, vtId, member, time)"
+                 " SELECT uid, ?, vtId, ?, ? FROM teamMember WHERE vtId = ?")
+        .bind(QString::fromLatin1(TeamEventType::Update))
+        .bind(member)
+        .bind(QDateTime::currentSecsSinceEpoch())
+        .bind(team)
+        .run();
+}
+
+std::vector<TeamEvent> TeamEvents::after(const QString &uid, qint64 number)
+{
+    Statement rows = m_transaction.prepare("SELECT seq, type, vtId, member FROM teamEvent"
+                                           " WHERE uid = ? AND seq > ? ORDER BY seq LIMIT ?");
+    rows.bind(uid).bind(number).bind(MaximumRead);
+    std::vector<TeamEvent> events;
+    while (rows.next())
+        events.push_back({rows.number(0), rows.text(1), rows.number(2), rows.text(3)});
+    return events;
+}
+
+qint64 TeamEvents::last()
+{
+    Statement row =
+        m_transaction.prepare("SELECT seq FROM sqlite_sequence WHERE name = 'teamEvent'");
+    return row.next() ? row.number(0) : 0;
+}
+
+bool TeamEvents::isForgotten(qint64 number)
+{
+    Statement oldest = m_transaction.prepare("SELECT seq FROM teamEvent ORDER BY seq LIMIT 1");
+    const qint64 newest = last();
+    const qint64 firstKept = oldest.next() ? oldest.number(0) : newest + 1;
+    return number > newest || number + 1 < firstKept;
+}

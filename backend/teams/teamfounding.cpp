@@ -1,0 +1,178 @@
+// How a team and a company's membership in it come about.
+#include "backend/reply.h"
+#include "backend/teams/teams.h"
+
+#include <QMap>
+
+QString Teams::approverOf(const QString &company)
+{
+    const std::optional<Company> found = m_companies.find(company);
+    return found ? found->approver : QString();
+}
+
+void Teams::tellInvited(const TeamInvitation &invitation)
+{
+    QStringList asked = m_store.invited(invitation.team, invitation.company);
+    const QString approver = approverOf(invitation.company);
+    if (!asked.contains(approver))
+        asked.append(approver);
+    m_events.tell(asked, TeamEventType::Join, invitation.team, invitation.inviter);
+}
+
+// The team begins.
+void Teams::admit(const Team &team)
+{
+    m_store.addMembers(team.id, {team.creator}, 0, TeamRole::Owner);
+    m_store.addMembers(team.id, known(m_store.invited(team.id, team.company)), 0, TeamRole::Member);
+    tellMembers(team.id);
+    for (const TeamInvitation &invitation : m_store.openInvitations(team.id))
+        tellInvited(invitation);
+}
+
+Team Teams::create(const QStringList &uids, const QString &name, const QString &reason)
+{
+    Team team;
+    team.name = checkedTeamText(name, 1);
+    team.reason = checkedTeamText(reason, 0, TeamLimit::Reason);
+    team.creator = m_caller.uid;
+    team.company = m_caller.companyCode;
+    const std::optional<Company> company = m_companies.find(team.company);
+    QMap<QString, QStringList> byCompany;
+    int count = 0;
+    for (const QString &uid : uids) {
+        if (uid == m_caller.uid)
+            continue;
+        const User user = person(uid);
+        if (user.companyCode.isEmpty())
+            throw TeamRefusal(ReplyCode::Illegal);
+        byCompany[user.companyCode].append(uid);
+        ++count;
+    }
+    if (!company || count < TeamLimit::LeastMembers)
+        throw TeamRefusal(ReplyCode::Illegal);
+    if (m_store.ownsTeamNamed(m_caller.uid, team.name))
+        throw TeamRefusal(ReplyCode::NoRight);
+
+    team.creation = company->needsApproval ? Decision::Open : Decision::Agreed;
+    team.id = m_store.addTeam(team);
+    m_store.addInvited(team.id, team.company, byCompany.take(team.company));
+    for (auto other = byCompany.cbegin(); other != byCompany.cend(); ++other) {
+        m_store.putInvitation({team.id, other.key(), team.creator, team.reason, Decision::Open},
+                              other.value());
+    }
+    if (team.isActive())
+        admit(team);
+    else
+        m_events.tell({company->approver}, TeamEventType::Audit, team.id, team.creator);
+    return team;
+}
+
+TeamApplication Teams::creation(qint64 id, const QString &creator)
+{
+    const std::optional<Team> team = m_store.team(id);
+    if (!team)
+        throw TeamRefusal(ReplyCode::Illegal);
+    if (approverOf(team->company) != m_caller.uid)
+        throw TeamRefusal(ReplyCode::NoRight);
+    if (creator != team->creator)
+        throw TeamRefusal(ReplyCode::Illegal);
+    TeamApplication application{
+        *team, person(creator), team->reason, team->creation != Decision::Open, {}};
+    for (const QString &uid : m_store.invited(id, {}))
+        application.members.append(person(uid));
+    return application;
+}
+
+void Teams::decideCreation(qint64 id, const QString &creator, bool agrees)
+{
+    const TeamApplication application = creation(id, creator);
+    if (application.isDecided)
+        throw TeamRefusal(ReplyCode::Blocked);
+    m_store.setCreation(id, agrees ? Decision::Agreed : Decision::Refused);
+    if (agrees)
+        admit(application.team);
+    else
+        m_events.tell({creator}, TeamEventType::Update, id, m_caller.uid);
+}
+
+void Teams::invite(qint64 id, const QStringList &uids, const QString &reason)
+{
+    requireRole(id, TeamRole::SubAdmin);
+    const Team team = active(id);
+    const QString checked = checkedTeamText(reason, 0, TeamLimit::Reason);
+    QMap<QString, QStringList> byCompany;
+    for (const QString &uid : uids) {
+        const User user = person(uid);
+        if (user.companyCode.isEmpty() || user.companyCode == m_caller.companyCode)
+            throw TeamRefusal(ReplyCode::Illegal);
+        byCompany[user.companyCode].append(uid);
+    }
+    for (auto asked = byCompany.cbegin(); asked != byCompany.cend(); ++asked) {
+        const std::optional<TeamInvitation> earlier = m_store.invitation(id, asked.key());
+        const bool hasJoined = earlier && earlier->decision == Decision::Agreed;
+        if (hasJoined || asked.key() == team.company)
+            throw TeamRefusal(ReplyCode::NoRight);
+        const TeamInvitation invitation{id, asked.key(), m_caller.uid, checked, Decision::Open};
+        m_store.putInvitation(invitation, asked.value());
+        tellInvited(invitation);
+    }
+}
+
+TeamApplication Teams::invitation(qint64 id)
+{
+    const Team team = active(id);
+    const std::optional<TeamInvitation> found = m_store.invitation(id, m_caller.companyCode);
+    if (!found)
+        throw TeamRefusal(ReplyCode::Illegal);
+    TeamApplication application{
+        team, person(found->inviter), found->reason, found->decision != Decision::Open, {}};
+    for (const QString &uid : m_store.invited(id, found->company))
+        application.members.append(person(uid));
+    return application;
+}
+
+void Teams::answerInvitation(qint64 id, bool agrees)
+{
+    const TeamApplication application = invitation(id);
+    const QString company = m_caller.companyCode;
+    const QStringList invited = m_store.invited(id, company);
+    if (!invited.contains(m_caller.uid) && approverOf(company) != m_caller.uid)
+        throw TeamRefusal(ReplyCode::NoRight);
+    if (application.isDecided)
+        throw TeamRefusal(ReplyCode::Blocked);
+    m_store.decideInvitation(id, company, agrees ? Decision::Agreed : Decision::Refused);
+    if (agrees) {
+        m_store.addMembers(id, known(invited), 0, TeamRole::Member);
+        tellMembers(id);
+    } else {
+        m_events.tell({application.applicant.uid}, TeamEventType::Update, id, m_caller.uid);
+    }
+}
+
+void Teams::changeCompany(const Company &company)
+{
+    const QString earlier = approverOf(company.code);
+    if (person(company.approver).companyCode != company.code)
+        throw TeamRefusal(ReplyCode::Illegal);
+    m_companies.change(company);
+    if (company.approver == earlier)
+        return;
+    for (const Team &team : m_store.openCreationsOf(company.code))
+        m_events.tell({company.approver}, TeamEventType::Audit, team.id, team.creator);
+    for (const TeamInvitation &open : m_store.openInvitationsOf(company.code))
+        m_events.tell({company.approver}, TeamEventType::Join, open.team, open.inviter);
+}
+
+std::vector<TeamEvent> Teams::waiting()
+{
+    const bool isApprover = approverOf(m_caller.companyCode) == m_caller.uid;
+    std::vector<TeamEvent> events;
+    if (isApprover) {
+        for (const Team &team : m_store.openCreationsOf(m_caller.companyCode))
+            events.push_back({0, QString::fromLatin1(TeamEventType::Audit), team.id, team.creator});
+    }
+    for (const TeamInvitation &open : isApprover ? m_store.openInvitationsOf(m_caller.companyCode)
+                                                 : m_store.openInvitationsTo(m_caller.uid))
+        events.push_back({0, QString::fromLatin1(TeamEventType::Join), open.team, open.inviter});
+    return events;
+}

@@ -1,0 +1,276 @@
+#include "virtualteam/cvirtualteampage.h"
+
+#include "common/context.h"
+#include "common/logging.h"
+#include "controls/searchbox.h"
+#include "virtualteam/cvirtualteamtreeview.h"
+#include "virtualteam/dialogs/cvirtualteamwidgetcreat.h"
+#include "virtualteam/teamloader.h"
+#include "virtualteam/teammessages.h"
+#include "virtualteam/teamsearchpage.h"
+#include "virtualteam/teamtreemodel.h"
+
+#include <QStackedWidget>
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+
+bool isSameTeam(const CVirtualTeamSimpleInfo &a, const CVirtualTeamSimpleInfo &b)
+{
+    return a.vtId == b.vtId && a.vtName == b.vtName;
+}
+
+} // namespace
+
+// --- Loading -----------------------------------------------------------------------
+
+void CVirtualTeamPage::start()
+{
+    if (m_started)
+        return;
+    m_started = true;
+    m_owner = ctx().ownJid();
+    reload(false);
+}
+
+void CVirtualTeamPage::startAnew()
+{
+    m_loader->stop();
+    m_reloadDue.stop();
+    m_dueTeams.clear();
+    m_failedLevels.clear();
+    m_started = false;
+    if (m_owner != ctx().ownJid()) {
+        m_wantedTeam.clear();
+        m_wantedMember = {};
+        m_searchBox->clear();
+        m_known = false;
+        m_failed = false;
+        delete m_createDialog;
+        m_tree->teams()->clear();
+        followTeams();
+    }
+    if (isVisible())
+        start();
+}
+
+void CVirtualTeamPage::reconnected()
+{
+    if (!m_started)
+        return;
+    const QSet<Level> levels = std::exchange(m_failedLevels, {});
+    if (m_failed && !m_loader->isLoadingTeams())
+        reload(false);
+    for (const Level &level : levels)
+        slot_getMembers(level.first, level.second);
+}
+
+void CVirtualTeamPage::reload(bool withLevels)
+{
+    if (withLevels) {
+        for (const CVirtualTeamSimpleInfo &team : qAsConst(m_told))
+            m_dueTeams.insert(team.vtId);
+    }
+    if (isOnline()) {
+        m_loader->loadTeams();
+    } else {
+        LOG_DEBUG("offline: the teams cannot be loaded");
+        slot_getMyVirtualTeamFinish(false, {});
+    }
+    const QSet<QString> due = std::exchange(m_dueTeams, {});
+    for (const QString &team : due) {
+        const auto levels = m_tree->openLevels(team);
+        for (const Level &level : levels)
+            slot_getMembers(level.first, level.second);
+    }
+    showState();
+}
+
+void CVirtualTeamPage::reloadSoon()
+{
+    if (m_started && !m_reloadDue.isActive())
+        m_reloadDue.start();
+}
+
+void CVirtualTeamPage::slot_refreshVirtualTeam()
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_refreshVirtualTeam()");
+    if (!TeamMessages::mayRequest(this, "isOfflinePleaseLogin"))
+        return;
+    m_reloadDue.stop();
+    if (m_started)
+        reload(true);
+    else
+        start();
+}
+
+void CVirtualTeamPage::slot_refreshVirtualTeamById(const QString &vtId)
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_refreshVirtualTeamById(const QString& vtId)");
+    if (m_started)
+        m_dueTeams.insert(vtId);
+    reloadSoon();
+}
+
+void CVirtualTeamPage::slot_getMyVirtualTeamFinish(bool ok, QList<CVirtualTeamSimpleInfo> teams)
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_getMyVirtualTeamFinish(bool bSuccess, "
+              "QList<CVirtualTeamSimpleInfo> teams)");
+    m_failed = !ok;
+    if (ok) {
+        m_known = true;
+        m_tree->teams()->setTeams(teams);
+        followTeams();
+    } else {
+        LOG_ERROR("the teams could not be loaded");
+    }
+    showState();
+    if (!ok || m_wantedTeam.isEmpty())
+        return;
+    if (m_tree->teams()->teamIndex(m_wantedTeam).isValid()) {
+        m_tree->expandTeam(std::exchange(m_wantedTeam, {}));
+    } else if (!m_loader->isLoadingTeams()) {
+        // Nor is a newer list on its way.
+        LOG_DEBUG("there is no team " << logText(m_wantedTeam));
+        m_wantedTeam.clear();
+    }
+}
+
+void CVirtualTeamPage::slot_getMembers(QString vtId, QString pgId)
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_getMembers(QString vtId, QString pgId)");
+    if (!isOnline()) {
+        slot_getVirtualTeamStructureFinish(false, vtId, pgId, {}, {});
+        return;
+    }
+    if (m_tree->teams()->childrenState(vtId, pgId) != TeamChildren::Loaded)
+        m_tree->teams()->setChildrenState(vtId, pgId, TeamChildren::Loading);
+    m_loader->loadLevel(vtId, pgId);
+}
+
+void CVirtualTeamPage::slot_getVirtualTeamStructureFinish(bool ok, QString vtId, QString pgId,
+                                                          QList<CVirtualTeamSimpleInfo> groups,
+                                                          QList<CVirtualTeamMemberInfo> members)
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_getVirtualTeamStructureFinish(bool bSuccess, QString vtId, "
+              "QString pgId, QList<CVirtualTeamSimpleInfo> groups, QList<CVirtualTeamMemberInfo> "
+              "members)");
+    TeamTreeModel *teams = m_tree->teams();
+    if (ok) {
+        m_failedLevels.remove({vtId, pgId});
+        if (teams->setLevel(vtId, pgId, groups, members))
+            revealWanted();
+        return;
+    }
+    if (!teams->groupIndex(vtId, pgId).isValid()) {
+        LOG_DEBUG("item is null");
+        return;
+    }
+    LOG_ERROR("a level of the team " << logText(vtId) << " could not be loaded");
+    m_failedLevels.insert({vtId, pgId});
+    // What is known stays.
+    if (teams->childrenState(vtId, pgId) != TeamChildren::Loaded)
+        teams->setChildrenState(vtId, pgId, TeamChildren::Failed);
+}
+
+// --- What others are told ------------------------------------------------------------
+
+void CVirtualTeamPage::followTeams()
+{
+    m_followDue.stop();
+    const TeamTreeModel *model = m_tree->teams();
+    QList<CVirtualTeamSimpleInfo> teams;
+    const QStringList ids = model->teamIds();
+    for (const QString &id : ids)
+        teams.append(model->team(model->teamIndex(id)));
+    if (std::equal(teams.cbegin(), teams.cend(), m_told.cbegin(), m_told.cend(), isSameTeam))
+        return;
+    m_told = teams;
+    if (teams.isEmpty())
+        m_searchBox->clear();
+    m_searchPage->setTeams(teams);
+    showState();
+    emit teamsKnown(teams);
+}
+
+void CVirtualTeamPage::locateTeam(const QString &vtId)
+{
+    m_searchBox->clear();
+    if (m_started && m_tree->teams()->teamIndex(vtId).isValid()) {
+        m_tree->expandTeam(vtId);
+        return;
+    }
+    m_wantedTeam = vtId;
+    if (m_started)
+        reload(false);
+    else
+        start();
+}
+
+// --- What the user does ----------------------------------------------------------------
+
+void CVirtualTeamPage::slot_creatVirtualTeam()
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_creatVirtualTeam()");
+    if (m_createDialog) {
+        m_createDialog->present();
+        return;
+    }
+    if (!TeamMessages::mayRequest(this, "isOfflinePleaseLogin"))
+        return;
+    m_createDialog = new CVirtualTeamWidgetCreat(this);
+    connect(m_createDialog, &CVirtualTeamWidgetCreat::teamCreated, this,
+            [this](const QString &vtId, bool pending) {
+                if (!pending)
+                    m_wantedTeam = vtId;
+                reload(false);
+            });
+    m_createDialog->present();
+}
+
+void CVirtualTeamPage::slot_searchTextChanged(const QString &text)
+{
+    m_searchText = text.simplified();
+    m_searchPage->setText(m_searchText);
+    showState();
+}
+
+void CVirtualTeamPage::leaveSearch()
+{
+    m_searchBox->clear();
+    slot_searchTextChanged(QString());
+    if (m_pages->currentWidget() == m_listPage)
+        m_tree->setFocus(Qt::OtherFocusReason);
+}
+
+void CVirtualTeamPage::slot_expendVirtualTeam(QString vtId)
+{
+    LOG_SCOPE("CVirtualTeamPage::slot_expendVirtualTeam(QString vtId)");
+    leaveSearch();
+    if (!m_tree->teams()->teamIndex(vtId).isValid()) {
+        LOG_DEBUG("item is null");
+        return;
+    }
+    m_tree->expandTeam(vtId);
+    revealWanted();
+}
+
+void CVirtualTeamPage::revealWanted()
+{
+    if (m_wantedMember.second.isEmpty())
+        return;
+    const TeamTreeModel *teams = m_tree->teams();
+    const auto [team, user] = m_wantedMember;
+    // Somebody who has gone on is not called back.
+    if (m_tree->currentIndex() != teams->teamIndex(team)) {
+        m_wantedMember = {};
+        return;
+    }
+    const QModelIndex member = teams->memberIndex(team, user);
+    if (member.isValid())
+        m_tree->reveal(member);
+    if (member.isValid() || teams->childrenState(team, rootGroupId()) == TeamChildren::Loaded)
+        m_wantedMember = {};
+}

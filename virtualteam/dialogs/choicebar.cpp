@@ -1,0 +1,71 @@
+#include "virtualteam/dialogs/choicebar.h"
+
+#include "common/displaytext.h"
+#include "controls/elidedlabel.h"
+#include "controls/skin.h"
+#include "controls/skinbutton.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+
+namespace {
+constexpr int Edge = 16; // device-independent pixels, as all below
+constexpr int Gap = 8;
+} // namespace
+
+ChoiceBar::ChoiceBar(QWidget *parent)
+    : QWidget(parent),
+      m_note(new ElidedLabel(this)),
+      m_cancel(new SkinButton(SkinButton::Outline, QString(), this)),
+      m_sure(new SkinButton(SkinButton::Primary, QString(), this))
+{
+    m_note->setObjectName(QStringLiteral("note"));
+    m_note->setFont(skinFont(12));
+    m_note->setForegroundRole(QPalette::PlaceholderText);
+    m_cancel->setObjectName(QStringLiteral("btnCancel"));
+    m_sure->setObjectName(QStringLiteral("btnSure"));
+    m_sure->setDefault(true);
+    connect(m_cancel, &QPushButton::clicked, this, &ChoiceBar::cancelled);
+    connect(m_sure, &QPushButton::clicked, this, &ChoiceBar::sure);
+
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(Edge, Gap, Edge, Edge);
+    layout->setSpacing(Gap);
+    layout->addWidget(m_note, 1);
+    layout->addWidget(m_cancel);
+    layout->addWidget(m_sure);
+    update();
+}
+
+void ChoiceBar::setNote(const QString &text)
+{
+    m_text = ::displayText(text);
+    update();
+}
+
+void ChoiceBar::setSureEnabled(bool enabled)
+{
+    m_sureEnabled = enabled;
+    update();
+}
+
+void ChoiceBar::setBusy(bool busy)
+{
+    m_busy = busy;
+    update();
+}
+
+void ChoiceBar::update()
+{
+    m_note->setText(m_busy ? QObject::tr("teamWorking") : m_text);
+    m_cancel->setText(QObject::tr("cancel"));
+    m_sure->setText(QObject::tr("sure"));
+    m_sure->setEnabled(m_sureEnabled && !m_busy);
+}
+
+void ChoiceBar::changeEvent(QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        update();
+    QWidget::changeEvent(event);
+}

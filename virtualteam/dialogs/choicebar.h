@@ -1,0 +1,39 @@
+// The lower end of a dialog in which something is chosen: what is chosen, and the
+// buttons "cancel" and "sure".
+#pragma once
+
+#include <QWidget>
+
+class ElidedLabel;
+class SkinButton;
+
+class ChoiceBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ChoiceBar(QWidget *parent);
+
+    void setNote(const QString &text); // plain text, whoever wrote it
+    void setSureEnabled(bool enabled);
+    // While it is so "sure" cannot be pressed and the note says that work is under way.
+    void setBusy(bool busy);
+    bool isBusy() const { return m_busy; }
+
+signals:
+    void sure();
+    void cancelled();
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void update();
+
+    ElidedLabel *m_note;
+    SkinButton *m_cancel; // "btnCancel"
+    SkinButton *m_sure;   // "btnSure"
+    QString m_text;
+    bool m_sureEnabled = false;
+    bool m_busy = false;
+};

@@ -1,0 +1,175 @@
+#include "virtualteam/teamsearchmodel.h"
+
+#include "common/context.h"
+#include "common/displaytext.h"
+#include "controls/presencetext.h"
+#include "virtualteam/memberpicture.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int FewestDigits = 3; // that look like a part of a number
+
+QString nameOf(const CVirtualTeamMemberInfo &member)
+{
+    const QString shown = displayText(member.shownName());
+    const QString own = displayText(member.name);
+    return own.isEmpty() || own == shown ? shown : shown + QStringLiteral(" (%1)").arg(own);
+}
+
+PresenceData presenceOf(const CVirtualTeamMemberInfo &member)
+{
+    const PresenceData heard = ctx().presence(makeJid(member.userId));
+    return heard.isOnline() ? heard : member.presence;
+}
+
+QString digitsOf(const QString &text)
+{
+    QString digits;
+    for (const QChar letter : text) {
+        if (letter.isDigit())
+            digits += letter;
+    }
+    return digits;
+}
+
+} // namespace
+
+// --- Rows ------------------------------------------------------------------------
+
+template <class Condition> void TeamSearchModel::removeIf(const Condition &isGone)
+{
+    for (int last = m_hits.size() - 1; last >= 0; --last) {
+        if (!isGone(m_hits.at(last)))
+            continue;
+        int first = last;
+        while (first > 0 && isGone(m_hits.at(first - 1)))
+            --first;
+        beginRemoveRows(QModelIndex(), first, last);
+        m_hits.remove(first, last - first + 1);
+        endRemoveRows();
+        last = first;
+    }
+}
+
+void TeamSearchModel::setTeams(const QList<CVirtualTeamSimpleInfo> &teams)
+{
+    m_teamNames.clear();
+    for (const CVirtualTeamSimpleInfo &team : teams)
+        m_teamNames.insert(team.vtId, displayText(team.vtName));
+    removeIf([this](const TeamHit &hit) { return !m_teamNames.contains(hit.vtId); });
+    showAnew();
+}
+
+void TeamSearchModel::setText(const QString &text)
+{
+    const bool narrows = !m_text.isEmpty() && text.startsWith(m_text);
+    m_text = text;
+    if (narrows)
+        showAnew();
+    else
+        removeIf([](const TeamHit &) { return true; });
+}
+
+void TeamSearchModel::setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits)
+{
+    QHash<QString, CVirtualTeamMemberInfo> found;
+    QVector<TeamHit> added;
+    for (const CVirtualTeamMemberInfo &member : hits) {
+        if (member.userId.isEmpty() || found.contains(member.userId))
+            continue;
+        found.insert(member.userId, member);
+        added.append({vtId, member});
+    }
+    removeIf(
+        [&](const TeamHit &hit) { return hit.vtId == vtId && !found.contains(hit.member.userId); });
+    for (TeamHit &hit : m_hits) {
+        if (hit.vtId == vtId)
+            hit.member = found.take(hit.member.userId);
+    }
+    showAnew();
+    const auto hasRow = [&](const TeamHit &hit) { return !found.contains(hit.member.userId); };
+    added.erase(std::remove_if(added.begin(), added.end(), hasRow), added.end());
+    if (added.isEmpty() || !m_teamNames.contains(vtId))
+        return;
+    beginInsertRows(QModelIndex(), m_hits.size(), m_hits.size() + added.size() - 1);
+    m_hits += added;
+    endInsertRows();
+}
+
+void TeamSearchModel::showAnew()
+{
+    if (!m_hits.isEmpty())
+        emit dataChanged(index(0), index(m_hits.size() - 1));
+}
+
+// --- What a row tells --------------------------------------------------------------
+
+int TeamSearchModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : m_hits.size();
+}
+
+QString TeamSearchModel::secondLine(const TeamHit &hit) const
+{
+    QStringList parts{m_teamNames.value(hit.vtId), displayText(hit.member.companyName)};
+    parts.removeAll(QString());
+    return parts.join(QString::fromUtf8(" · "));
+}
+
+// Who was found by the name needs no number beside it.
+QString TeamSearchModel::foundMobile(const CVirtualTeamMemberInfo &member) const
+{
+    const QString typed = digitsOf(m_text);
+    const bool isFound = typed.size() >= FewestDigits && digitsOf(member.mobile).contains(typed);
+    return isFound ? displayText(member.mobile) : QString();
+}
+
+QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid())
+        return QVariant();
+    const TeamHit &hit = m_hits.at(index.row());
+    const CVirtualTeamMemberInfo &member = hit.member;
+    switch (role) {
+    case Qt::DisplayRole:
+    case TeamRowRole::Name:
+        return nameOf(member);
+    case TeamRowRole::Id:
+        return member.userId;
+    case TeamRowRole::Photo:
+        return memberPicture(member.userId, member.photoName);
+    case TeamRowRole::Role:
+        return member.role;
+    case TeamRowRole::Presence:
+        return QVariant::fromValue(presenceOf(member));
+    case TeamHitRole::HasPresence:
+        return isOnline();
+    case TeamRowRole::SortKey:
+        return index.row();
+    case TeamRowRole::Duty:
+        return displayText(member.duty);
+    case TeamRowRole::Company:
+        return displayText(member.companyName);
+    case TeamRowRole::Kind:
+        return int(TeamRowKind::Member);
+    case TeamHitRole::TeamName:
+        return m_teamNames.value(hit.vtId);
+    case TeamHitRole::Second:
+        return secondLine(hit);
+    case TeamHitRole::Mobile:
+        return foundMobile(member);
+    case Qt::ToolTipRole:
+        return toolTipText(nameOf(member) + QLatin1Char('\n') + secondLine(hit));
+    case Qt::AccessibleTextRole: {
+        QStringList spoken{nameOf(member)};
+        if (isOnline())
+            spoken.append(presenceText(presenceOf(member)));
+        return (spoken + QStringList{secondLine(hit), foundMobile(member)})
+            .join(QStringLiteral(", "));
+    }
+    default:
+        return QVariant();
+    }
+}

@@ -1,0 +1,59 @@
+// The members found in the user's teams, one row for each team that a person was found
+// in. Rows come at the end and never move; those of a team are replaced by what the
+// team answers anew, and the ones that stay keep their places.
+#pragma once
+
+#include "virtualteam/teamrecords.h"
+#include "virtualteam/teamroles.h"
+
+#include <QAbstractListModel>
+#include <QHash>
+#include <QList>
+#include <QVector>
+
+namespace TeamHitRole {
+enum Role // besides those of TeamRowRole
+{
+    TeamName = 267, // a display text
+    Second = 268,   // the second line: where the person was found
+    Mobile = 269,   // the number, when it was what was typed
+    HasPresence = 270
+};
+}
+
+struct TeamHit
+{
+    QString vtId;
+    CVirtualTeamMemberInfo member;
+};
+
+class TeamSearchModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    using QAbstractListModel::QAbstractListModel;
+
+    // What the teams are called; rows of others go.
+    void setTeams(const QList<CVirtualTeamSimpleInfo> &teams);
+    // What is searched for. Rows stay where it is the old text and more, since what is
+    // found for it is among them; else they go.
+    void setText(const QString &text);
+    void setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits);
+    // Presence, pictures or the language have changed.
+    void showAnew();
+
+    const TeamHit &at(int row) const { return m_hits.at(row); }
+
+    int rowCount(const QModelIndex &parent = QModelIndex()) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+
+private:
+    template <class Condition> void removeIf(const Condition &isGone);
+    QString secondLine(const TeamHit &hit) const;
+    QString foundMobile(const CVirtualTeamMemberInfo &member) const;
+
+    QVector<TeamHit> m_hits;
+    QHash<QString, QString> m_teamNames;
+    QString m_text;
+};

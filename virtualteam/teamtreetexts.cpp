@@ -1,0 +1,88 @@
+#include "virtualteam/teamtreetexts.h"
+
+#include "common/context.h"
+#include "common/displaytext.h"
+#include "controls/presencetext.h"
+
+QString TeamTreeTexts::roleText(int role)
+{
+    if (role == TeamRole::Owner)
+        return QObject::tr("teamOwner");
+    return role == TeamRole::SubAdministrator ? QObject::tr("teamSubAdministrator") : QString();
+}
+
+QString TeamTreeTexts::foreignCompany(const CVirtualTeamMemberInfo &member)
+{
+    const QString own = ctx().companyCode();
+    if (own.isEmpty() || member.companyCode.isEmpty() || member.companyCode == own)
+        return QString();
+    return displayText(member.companyName.isEmpty() ? member.companyCode : member.companyName);
+}
+
+QVariant TeamTreeTexts::member(const TeamTreeMember &member, int role)
+{
+    const CVirtualTeamMemberInfo &record = member.record;
+    switch (role) {
+    case Qt::DisplayRole:
+    case TeamRowRole::Name:
+        return displayText(record.shownName());
+    case Qt::ToolTipRole: {
+        QStringList lines{record.shownName(), record.duty, foreignCompany(record)};
+        lines.removeAll(QString());
+        return toolTipText(lines.join(QLatin1Char('\n')));
+    }
+    case Qt::AccessibleTextRole: {
+        QStringList parts{displayText(record.shownName()), roleText(record.role),
+                          displayText(record.duty), foreignCompany(record),
+                          presenceText(record.presence)};
+        parts.removeAll(QString());
+        return parts.join(QStringLiteral(", "));
+    }
+    case TeamRowRole::Id:
+        return record.userId;
+    case TeamRowRole::Photo:
+        return record.photoName;
+    case TeamRowRole::Role:
+        return record.role;
+    case TeamRowRole::Presence:
+        return QVariant::fromValue(record.presence);
+    case TeamRowRole::SortKey:
+        return QString(QString::number(member.stand.rank) + QLatin1Char('|') + member.stand.key);
+    case TeamRowRole::Duty:
+        return displayText(record.duty);
+    case TeamRowRole::Company:
+        return foreignCompany(record);
+    default:
+        return QVariant();
+    }
+}
+
+QVariant TeamTreeTexts::branch(const TeamTreeBranch &branch, int role)
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::AccessibleTextRole:
+    case TeamRowRole::Name:
+        return displayText(branch.info.vtName);
+    case Qt::ToolTipRole:
+        return toolTipText(branch.info.vtName);
+    case TeamRowRole::Id:
+        return branch.info.vtId;
+    case TeamRowRole::Role:
+        return branch.info.role;
+    case TeamRowRole::Count:
+        return branch.kind == TeamRowKind::Team ? QVariant(branch.info.count) : QVariant();
+    default:
+        return QVariant();
+    }
+}
+
+QVariant TeamTreeTexts::placeholder(TeamRowKind kind, int role)
+{
+    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
+        return QVariant();
+    if (kind == TeamRowKind::Loading)
+        return QObject::tr("loading");
+    return kind == TeamRowKind::Failed ? QObject::tr("loadErrorAndCrazyRetry")
+                                       : QObject::tr("teamGroupEmpty");
+}

@@ -1,0 +1,20 @@
+// What the rows of the team tree tell, by role.
+#pragma once
+
+#include "virtualteam/teamtreerows.h"
+
+#include <QVariant>
+
+namespace TeamTreeTexts {
+
+QVariant member(const TeamTreeMember &member, int role);
+QVariant branch(const TeamTreeBranch &branch, int role);
+QVariant placeholder(TeamRowKind kind, int role);
+
+// In words; empty for an ordinary member.
+QString roleText(int role);
+// The company of people of another one than the user's; its code when the service
+// tells no name.
+QString foreignCompany(const CVirtualTeamMemberInfo &member);
+
+} // namespace TeamTreeTexts

@@ -1,0 +1,40 @@
+#include "virtualteam/virtualteamsearchresultdelegate.h"
+
+#include "common/logging.h"
+#include "controls/avatarstore.h"
+#include "controls/rowpainter.h"
+#include "virtualteam/teamsearchmodel.h"
+
+QSize VirtualTeamSearchResultDelegate::sizeHint(const QStyleOptionViewItem &,
+                                                const QModelIndex &) const
+{
+    // The width is the view's own.
+    return QSize(0, RowPainter::RowHeight);
+}
+
+void VirtualTeamSearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                                            const QModelIndex &index) const
+{
+    if (!index.model()) {
+        LOG_ERROR("item is null");
+        return;
+    }
+    const QString name = index.data(TeamRowRole::Name).toString();
+    const auto presence = index.data(TeamRowRole::Presence).value<PresenceData>();
+    const bool hasPresence = index.data(TeamHitRole::HasPresence).toBool();
+    const bool faded = !hasPresence || !presence.isOnline();
+    painter->save();
+    RowPainter row(painter, option);
+    row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
+    row.background();
+    row.avatar(AvatarStore::instance().avatar(index.data(TeamRowRole::Photo).toString(),
+                                              index.data(TeamRowRole::Id).toString(), name,
+                                              RowPainter::AvatarSize,
+                                              painter->device()->devicePixelRatioF()),
+               faded);
+    if (hasPresence)
+        row.presence(presence);
+    row.textAtRight(index.data(TeamHitRole::Mobile).toString());
+    row.texts(name, index.data(TeamHitRole::Second).toString(), faded);
+    painter->restore();
+}
