@@ -28,14 +28,13 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
       m_kind(kind),
       m_caption(DialogParts::label(this)),
       m_state(DialogParts::quietLabel(this)),
-      m_key(new SearchBox(this)),
+      m_key(new SearchBox(this, "accountOrMobile")),
       m_add(new SkinButton(SkinButton::Outline, QString(), this)),
       m_list(new ChosenMemberList(this))
 {
     m_caption->setBuddy(m_key);
     m_state->setObjectName(QStringLiteral("pickerState"));
     m_key->setObjectName(QStringLiteral("memberSearch"));
-    m_key->setPlaceholderKey("accountOrMobile");
     m_add->setObjectName(QStringLiteral("memberAdd"));
     m_list->setMinimumHeight(RowsToSee * RowPainter::RowHeight);
 
