@@ -43,44 +43,6 @@ bool isWhole(double number)
     return std::abs(number) <= limit && std::trunc(number) == number;
 }
 
-qint64 toInteger(const Json::Value &value, qint64 fallback)
-{
-    switch (value.type()) {
-    case Json::intValue:
-        return value.asInt64();
-    case Json::uintValue:
-        return value.isInt64() ? value.asInt64() : fallback;
-    case Json::realValue:
-        return isWhole(value.asDouble()) ? qint64(value.asDouble()) : fallback;
-    case Json::booleanValue:
-        return value.asBool() ? 1 : 0;
-    case Json::stringValue: {
-        bool isNumber = false;
-        const qint64 number = bytesOf(value).trimmed().toLongLong(&isNumber);
-        return isNumber ? number : fallback;
-    }
-    case Json::nullValue:
-    case Json::arrayValue:
-    case Json::objectValue:
-        break;
-    }
-    return fallback;
-}
-
-bool toFlag(const Json::Value &value, bool fallback)
-{
-    if (value.isString()) {
-        const QByteArray word = bytesOf(value).trimmed().toLower();
-        if (word == "true")
-            return true;
-        if (word == "false")
-            return false;
-    }
-    // No number that is written as a text or otherwise is its own opposite.
-    const qint64 number = toInteger(value, -1);
-    return number == 0 || number == 1 ? number == 1 : fallback;
-}
-
 bool parseText(const QByteArray &text, Json::Value *root, std::string *error)
 {
     Json::CharReaderBuilder builder;
@@ -174,4 +136,42 @@ QString JsonReader::toText(const Json::Value &value, const QString &fallback)
         break;
     }
     return fallback;
+}
+
+qint64 JsonReader::toInteger(const Json::Value &value, qint64 fallback)
+{
+    switch (value.type()) {
+    case Json::intValue:
+        return value.asInt64();
+    case Json::uintValue:
+        return value.isInt64() ? value.asInt64() : fallback;
+    case Json::realValue:
+        return isWhole(value.asDouble()) ? qint64(value.asDouble()) : fallback;
+    case Json::booleanValue:
+        return value.asBool() ? 1 : 0;
+    case Json::stringValue: {
+        bool isNumber = false;
+        const qint64 number = bytesOf(value).trimmed().toLongLong(&isNumber);
+        return isNumber ? number : fallback;
+    }
+    case Json::nullValue:
+    case Json::arrayValue:
+    case Json::objectValue:
+        break;
+    }
+    return fallback;
+}
+
+bool JsonReader::toFlag(const Json::Value &value, bool fallback)
+{
+    if (value.isString()) {
+        const QByteArray word = bytesOf(value).trimmed().toLower();
+        if (word == "true")
+            return true;
+        if (word == "false")
+            return false;
+    }
+    // No number that is written as a text or otherwise is its own opposite.
+    const qint64 number = toInteger(value, -1);
+    return number == 0 || number == 1 ? number == 1 : fallback;
 }

@@ -1,99 +1,46 @@
 #include "org/orgparser.h"
 
 #include "common/cchcharactertopp.h"
-#include "http/jsonreader.h"
+#include "http/jsonfields.h"
 #include "http/servicepresence.h"
 
-#include <QHash>
-
 #include <limits>
-#include <string_view>
 #include <utility>
 
 namespace {
 
-// Decoding leaves up to twice the room that a text takes.
-QString ownText(const Json::Value &value)
-{
-    QString text = JsonReader::toText(value);
-    text.squeeze();
-    return text;
-}
+constexpr JsonField<OrgElement> departmentFields[] = {{"orgId", &OrgElement::strId, false},
+                                                      {"orgName", &OrgElement::strName, false},
+                                                      {"parentId", &OrgElement::strParentId, true},
+                                                      {"spelling", &OrgElement::strSpell, false}};
 
-// The texts that many entries of one reply have in common.
-class SharedTexts
-{
-public:
-    QString of(const Json::Value &value)
-    {
-        const char *begin = nullptr, *end = nullptr;
-        if (!value.isString() || !value.getString(&begin, &end))
-            return ownText(value);
-        const QByteArray bytes = QByteArray::fromRawData(begin, int(end - begin));
-        const auto known = m_known.constFind(bytes);
-        if (known != m_known.constEnd())
-            return *known;
-        return *m_known.insert(QByteArray(begin, bytes.size()), ownText(value));
-    }
-
-private:
-    QHash<QByteArray, QString> m_known;
-};
-
-// A member of an entry and where it belongs. In the order of their names, which is
-// the order in which jsoncpp keeps the members: both are gone through once, where a
-// search for each would cost more than parsing the entry.
-struct Field
-{
-    std::string_view name;
-    QString OrgElement::*text;
-    bool isShared;
-};
-
-constexpr Field departmentFields[] = {{"orgId", &OrgElement::strId, false},
-                                      {"orgName", &OrgElement::strName, false},
-                                      {"parentId", &OrgElement::strParentId, true},
-                                      {"spelling", &OrgElement::strSpell, false}};
-
-constexpr Field employeeFields[] = {{"duty", &OrgElement::strDuty, true},
-                                    {"email", &OrgElement::strEmail, false},
-                                    {"empChSpell", &OrgElement::strSpell, false},
-                                    {"employeeCode", &OrgElement::strEmpCode, false},
-                                    {"nickName", &OrgElement::strName, false},
-                                    {"orgId", &OrgElement::strParentId, true},
-                                    {"photoName", &OrgElement::strPhotoName, false},
-                                    {"presence", nullptr, false},
-                                    {"userId", &OrgElement::strId, false}};
+constexpr JsonField<OrgElement> employeeFields[] = {
+    {"duty", &OrgElement::strDuty, true},
+    {"email", &OrgElement::strEmail, false},
+    {"empChSpell", &OrgElement::strSpell, false},
+    {"employeeCode", &OrgElement::strEmpCode, false},
+    {"nickName", &OrgElement::strName, false},
+    {"orgId", &OrgElement::strParentId, true},
+    {"photoName", &OrgElement::strPhotoName, false},
+    {"presence", nullptr, false},
+    {"userId", &OrgElement::strId, false}};
+static_assert(areInOrder(departmentFields) && areInOrder(employeeFields));
 
 void readPresence(const Json::Value &entries, OrgElement *element)
 {
+    if (!entries.isArray())
+        return;
     const ServicePresence presence = servicePresence(entries);
     element->nStatus = presence.status;
     element->nDevice = presence.device;
 }
 
 template <size_t Count>
-void readFields(const Json::Value &entry, const Field (&fields)[Count], SharedTexts *shared,
-                OrgElement *element)
+void readElement(const Json::Value &entry, const JsonField<OrgElement> (&fields)[Count],
+                 SharedTexts *shared, OrgElement *element)
 {
-    if (!entry.isObject())
-        return;
-    const Field *field = fields;
-    for (auto member = entry.begin(); member != entry.end(); ++member) {
-        const char *end = nullptr;
-        const char *const begin = member.memberName(&end);
-        const std::string_view name(begin, size_t(end - begin));
-        while (field != std::end(fields) && field->name < name)
-            ++field;
-        if (field == std::end(fields))
-            break;
-        if (field->name != name)
-            continue;
-        if (field->text)
-            element->*field->text = field->isShared ? shared->of(*member) : ownText(*member);
-        else if (member->isArray())
-            readPresence(*member, element);
-    }
+    readFields(entry, fields, shared, element,
+               [&](std::string_view, const Json::Value &value) { readPresence(value, element); });
     if (element->strSpell.isEmpty() && !element->strName.isEmpty()) {
         element->strSpell = CChCharacterToPP().toPinyin(element->strName, false);
         element->strSpell.squeeze();
@@ -102,12 +49,12 @@ void readFields(const Json::Value &entry, const Field (&fields)[Count], SharedTe
 
 void readDepartment(const Json::Value &entry, SharedTexts *shared, OrgElement *element)
 {
-    readFields(entry, departmentFields, shared, element);
+    readElement(entry, departmentFields, shared, element);
 }
 
 void readEmployee(const Json::Value &entry, SharedTexts *shared, OrgElement *element)
 {
-    readFields(entry, employeeFields, shared, element);
+    readElement(entry, employeeFields, shared, element);
     element->bIsEmp = true;
 }
 

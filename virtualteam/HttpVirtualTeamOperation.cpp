@@ -5,11 +5,12 @@
 #include "http/jsonreader.h"
 #include "http/serviceaddresses.h"
 #include "http/servicecall.h"
-#include "virtualteam/teamrecordreader.h"
 #include "virtualteam/teamservicetable.h"
 
 #include <QPointer>
 #include <QTimer>
+
+#include <limits>
 
 namespace {
 
@@ -22,7 +23,8 @@ QString memberInfoAddress()
         return QString();
     const QString path = url.path(QUrl::FullyEncoded);
     const int center = qMax(0, path.indexOf(QLatin1String("/center/")));
-    url.setPath(path.left(center) + QLatin1String("/center/vt/getVirtualTeamMemberDetail.do"));
+    url.setPath(path.left(center) + QLatin1String("/center/vt/getVirtualTeamMemberDetail.do"),
+                QUrl::TolerantMode);
     return url.toString(QUrl::RemoveQuery | QUrl::RemoveFragment | QUrl::FullyEncoded);
 }
 
@@ -32,7 +34,7 @@ struct CHttpVirtualTeamOperation::Private
 {
     TeamArguments arguments;
     QPointer<CHttpSession> session; // nobody's: what was said is sent whatever becomes of this
-    QTimer timer;
+    QTimer *timer;                  // to the reply
     bool hasStarted = false;
     bool hasEnded = false;
     int code = 0;
@@ -42,9 +44,10 @@ struct CHttpVirtualTeamOperation::Private
 CHttpVirtualTeamOperation::CHttpVirtualTeamOperation(QObject *parent)
     : QObject(parent), d(std::make_unique<Private>())
 {
-    d->timer.setSingleShot(true);
-    d->timer.setInterval(Timeout);
-    connect(&d->timer, &QTimer::timeout, this, &CHttpVirtualTeamOperation::slot_ReplyTimeOut);
+    d->timer = new QTimer(this);
+    d->timer->setSingleShot(true);
+    d->timer->setInterval(Timeout);
+    connect(d->timer, &QTimer::timeout, this, &CHttpVirtualTeamOperation::slot_ReplyTimeOut);
 }
 
 CHttpVirtualTeamOperation::~CHttpVirtualTeamOperation() = default;
@@ -69,7 +72,7 @@ void CHttpVirtualTeamOperation::start(const Service &service, const TeamArgument
     request.timeout = Timeout;
     d->session = ServiceCall::openAlone(request);
     connect(d->session, &CHttpSession::signal_finished, this, service.slot);
-    d->timer.start();
+    d->timer->start();
 }
 
 void CHttpVirtualTeamOperation::finish(const Service &service, QNetworkReply *reply)
@@ -78,7 +81,7 @@ void CHttpVirtualTeamOperation::finish(const Service &service, QNetworkReply *re
     if (d->hasEnded || !reply)
         return;
     d->hasEnded = true;
-    d->timer.stop();
+    d->timer->stop();
     const ServiceReply answer = ServiceReply::of(reply, HERE);
     const bool isJson = answer.arrived && answer.error.isEmpty();
     if (answer.arrived && !isJson)
@@ -87,7 +90,8 @@ void CHttpVirtualTeamOperation::finish(const Service &service, QNetworkReply *re
     static const Json::Value nothing(Json::objectValue);
     const Json::Value &data = answer.ok ? answer.data() : nothing;
     d->code = code;
-    d->failNumber = qMax(0, TeamRecordReader::number(data, "failNumber"));
+    d->failNumber = int(qBound<qint64>(0, JsonReader::integer(data, "failNumber"),
+                                       std::numeric_limits<int>::max()));
     if (d->failNumber > 0)
         LOG_WARN("failNumber=" << QString::number(d->failNumber));
     deleteLater();
@@ -96,10 +100,11 @@ void CHttpVirtualTeamOperation::finish(const Service &service, QNetworkReply *re
     service.tell(*this, arguments, {answer.ok, code, data});
 }
 
-// The session ends the request, and hands over a reply that says so.
+// A redirect gives the session more time, but not the operation. The session ends the
+// request, and hands over a reply that says so.
 void CHttpVirtualTeamOperation::slot_ReplyTimeOut()
 {
-    LOG_SCOPE("CHttpVirtualTeamOperation::slot_ReplyTimeOut");
+    LOG_SCOPE("CHttpVirtualTeamOperation::slot_ReplyTimeOut()");
     if (d->session && !d->hasEnded)
         d->session->slot_timeout();
 }

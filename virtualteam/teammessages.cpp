@@ -6,13 +6,24 @@
 
 #include <QObject>
 
+#include <algorithm>
+#include <initializer_list>
+
 namespace {
 
-// The codes of the services, which mean something else with each.
-constexpr int First = 10001;
-constexpr int Second = 10002;
-constexpr int Third = 10003;
-constexpr int Fourth = 10004;
+// A code means something else with each service.
+struct Meaning
+{
+    int code;
+    QString sentence;
+};
+
+QString meaning(qint64 code, std::initializer_list<Meaning> meanings, const QString &otherwise)
+{
+    const auto *const at = std::find_if(meanings.begin(), meanings.end(),
+                                        [&](const Meaning &known) { return known.code == code; });
+    return at == meanings.end() ? otherwise : at->sentence;
+}
 
 } // namespace
 
@@ -22,80 +33,54 @@ QString TeamMessages::created(bool ok, int code)
         return code == CHttpVirtualTeamOperation::PendingCode
                    ? QObject::tr("virtualTeamCreateSuccessAndWait")
                    : QObject::tr("virtualTeamCreateSuccess");
-    switch (code) {
-    case First:
-        return QObject::tr("virtualTeamCreateFailReasion1");
-    case Second:
-        return QObject::tr("virtualTeamCreateFailReasion2");
-    default:
-        return QObject::tr("virtualTeamCreateFail");
-    }
+    return meaning(code,
+                   {{10001, QObject::tr("virtualTeamCreateFailReasion1")},
+                    {10002, QObject::tr("virtualTeamCreateFailReasion2")}},
+                   QObject::tr("virtualTeamCreateFail"));
 }
 
 QString TeamMessages::invited(bool ok, int code)
 {
     if (ok)
         return QObject::tr("virtualTeamInviteSuccess");
-    switch (code) {
-    case First:
-        return QObject::tr("virtualTeamInviteFail1");
-    case Second:
-        return QObject::tr("virtualTeamInviteFail2");
-    default:
-        return QObject::tr("virtualTeamInviteFail");
-    }
+    return meaning(code,
+                   {{10001, QObject::tr("virtualTeamInviteFail1")},
+                    {10002, QObject::tr("virtualTeamInviteFail2")}},
+                   QObject::tr("virtualTeamInviteFail"));
 }
 
 QString TeamMessages::memberSearchFailed(qint64 code)
 {
-    switch (code) {
-    case Second:
-        return QObject::tr("idNoExist");
-    case Third:
-        return QObject::tr("searchTooMuch");
-    case Fourth:
-        return QObject::tr("persionnalAcountConnotAdd");
-    default:
-        return QObject::tr("checkAccount");
-    }
+    return meaning(code,
+                   {{10002, QObject::tr("idNoExist")},
+                    {10003, QObject::tr("searchTooMuch")},
+                    {10004, QObject::tr("persionnalAcountConnotAdd")}},
+                   QObject::tr("checkAccount"));
 }
 
 QString TeamMessages::deletionFailed(int code)
 {
-    switch (code) {
-    case First:
-        return QString::fromUtf8("非法用户");
-    case Second:
-        return QString::fromUtf8("权限不够");
-    case Third:
-        return QString::fromUtf8("分组中存在管理员不能删除。");
-    default:
-        return QString::fromUtf8("删除失败，请重试。");
-    }
+    return meaning(code,
+                   {{10001, QString::fromUtf8("非法用户")},
+                    {10002, QString::fromUtf8("权限不够")},
+                    {10003, QString::fromUtf8("分组中存在管理员不能删除。")}},
+                   QString::fromUtf8("删除失败，请重试。"));
 }
 
 QString TeamMessages::quitFailed(int code)
 {
-    switch (code) {
-    case First:
-        return QString::fromUtf8("非法用户导致退出失败，请重试。");
-    case Second:
-        return QString::fromUtf8("当前用户是管理员不允许退出，请重试。");
-    default:
-        return QString::fromUtf8("退出虚拟团队失败，请重试。");
-    }
+    return meaning(code,
+                   {{10001, QString::fromUtf8("非法用户导致退出失败，请重试。")},
+                    {10002, QString::fromUtf8("当前用户是管理员不允许退出，请重试。")}},
+                   QString::fromUtf8("退出虚拟团队失败，请重试。"));
 }
 
 QString TeamMessages::dissolutionFailed(int code)
 {
-    switch (code) {
-    case First:
-        return QString::fromUtf8("非法用户导致解散失败，请重试。");
-    case Second:
-        return QString::fromUtf8("当前用户不是管理员不允许解散，请重试。");
-    default:
-        return QString::fromUtf8("解散虚拟团队失败，请重试。");
-    }
+    return meaning(code,
+                   {{10001, QString::fromUtf8("非法用户导致解散失败，请重试。")},
+                    {10002, QString::fromUtf8("当前用户不是管理员不允许解散，请重试。")}},
+                   QString::fromUtf8("解散虚拟团队失败，请重试。"));
 }
 
 QString TeamMessages::addAdministratorFailed()

@@ -1,80 +1,112 @@
 #include "virtualteam/teamrecordreader.h"
 
-#include "http/jsonreader.h"
+#include "http/jsonfields.h"
 #include "http/servicepresence.h"
 
 #include <QSet>
 
-#include <cstring>
 #include <limits>
 #include <utility>
 
 namespace {
 
-// How the services call a text of a record.
-template <class Record> struct TextField
+using Team = CVirtualTeamSimpleInfo;
+using Member = CVirtualTeamMemberInfo;
+using Detail = CVirtualTeamInfo;
+
+constexpr JsonField<Team> teamFields[] = {
+    {"count", nullptr}, {"role", nullptr}, {"vtId", &Team::vtId}, {"vtName", &Team::vtName}};
+
+constexpr JsonField<Team> groupFields[] = {{"groupId", &Team::vtId}, {"groupName", &Team::vtName}};
+
+constexpr JsonField<Member> memberFields[] = {{"companyCode", &Member::companyCode, true},
+                                              {"companyName", &Member::companyName, true},
+                                              {"duty", &Member::duty, true},
+                                              {"email", &Member::email},
+                                              {"employeeCode", &Member::employeeCode},
+                                              {"mobile", &Member::mobile},
+                                              {"name", &Member::name},
+                                              {"nickName", &Member::nickName},
+                                              {"photoName", &Member::photoName},
+                                              {"presence", nullptr},
+                                              {"role", nullptr},
+                                              {"userId", &Member::userId}};
+
+constexpr JsonField<Detail> detailFields[] = {{"audited", nullptr},
+                                              {"companyCode", &Detail::companyCode},
+                                              {"companyName", &Detail::companyName},
+                                              {"creatorEmployeeCode", &Detail::creatorEmployeeCode},
+                                              {"members", nullptr},
+                                              {"mobile", &Detail::mobile},
+                                              {"nickName", &Detail::nickName},
+                                              {"orgName", &Detail::orgName},
+                                              {"photoName", &Detail::photoName},
+                                              {"reason", &Detail::reason},
+                                              {"userId", &Detail::userId},
+                                              {"vtId", &Detail::vtId},
+                                              {"vtName", &Detail::vtName}};
+
+static_assert(areInOrder(teamFields) && areInOrder(groupFields) && areInOrder(memberFields) &&
+              areInOrder(detailFields));
+
+// A number that does not fit is none.
+qint32 number(const Json::Value &value)
 {
-    const char *key;
-    QString Record::*text;
-};
-
-constexpr TextField<CVirtualTeamMemberInfo> memberTexts[] = {
-    {"userId", &CVirtualTeamMemberInfo::userId},
-    {"nickName", &CVirtualTeamMemberInfo::nickName},
-    {"name", &CVirtualTeamMemberInfo::name},
-    {"photoName", &CVirtualTeamMemberInfo::photoName},
-    {"duty", &CVirtualTeamMemberInfo::duty},
-    {"companyCode", &CVirtualTeamMemberInfo::companyCode},
-    {"companyName", &CVirtualTeamMemberInfo::companyName},
-    {"employeeCode", &CVirtualTeamMemberInfo::employeeCode},
-    {"mobile", &CVirtualTeamMemberInfo::mobile},
-    {"email", &CVirtualTeamMemberInfo::email},
-};
-
-constexpr TextField<CVirtualTeamInfo> detailTexts[] = {
-    {"vtId", &CVirtualTeamInfo::vtId},
-    {"vtName", &CVirtualTeamInfo::vtName},
-    {"userId", &CVirtualTeamInfo::userId},
-    {"nickName", &CVirtualTeamInfo::nickName},
-    {"creatorEmployeeCode", &CVirtualTeamInfo::creatorEmployeeCode},
-    {"companyCode", &CVirtualTeamInfo::companyCode},
-    {"companyName", &CVirtualTeamInfo::companyName},
-    {"orgName", &CVirtualTeamInfo::orgName},
-    {"photoName", &CVirtualTeamInfo::photoName},
-    {"mobile", &CVirtualTeamInfo::mobile},
-    {"reason", &CVirtualTeamInfo::reason},
-};
-
-constexpr TextField<CVirtualTeamSimpleInfo> teamTexts[] = {
-    {"vtId", &CVirtualTeamSimpleInfo::vtId},
-    {"vtName", &CVirtualTeamSimpleInfo::vtName},
-};
-
-constexpr TextField<CVirtualTeamSimpleInfo> groupTexts[] = {
-    {"groupId", &CVirtualTeamSimpleInfo::vtId},
-    {"groupName", &CVirtualTeamSimpleInfo::vtName},
-};
-
-template <class Record, size_t Count>
-Record withTexts(const Json::Value &entry, const TextField<Record> (&fields)[Count])
-{
-    Record record;
-    for (const TextField<Record> &field : fields)
-        record.*field.text = JsonReader::text(entry, field.key);
-    return record;
+    const qint64 read = JsonReader::toInteger(value);
+    using Limits = std::numeric_limits<qint32>;
+    return read >= Limits::min() && read <= Limits::max() ? qint32(read) : 0;
 }
 
-template <class Record, class Read>
-QList<Record> entries(const Json::Value &data, const char *key, QString Record::*id,
-                      const Read &read)
+PresenceData presence(const Json::Value &value)
 {
-    const Json::Value &array = JsonReader::array(data, key);
+    const ServicePresence told = servicePresence(value);
+    PresenceData read;
+    read.pcShow = PresenceData::ePcShowType(told.status);
+    read.mobile = told.device;
+    return read;
+}
+
+void readTeam(const Json::Value &entry, SharedTexts *shared, Team *team)
+{
+    readFields(entry, teamFields, shared, team,
+               [team](std::string_view name, const Json::Value &value) {
+                   if (name == "role")
+                       team->role = number(value);
+                   else
+                       team->count = qMax(0, number(value));
+               });
+}
+
+void readGroup(const Json::Value &entry, SharedTexts *shared, Team *group)
+{
+    readFields(entry, groupFields, shared, group, [](std::string_view, const Json::Value &) {});
+}
+
+void readMember(const Json::Value &entry, SharedTexts *shared, Member *member)
+{
+    readFields(entry, memberFields, shared, member,
+               [member](std::string_view name, const Json::Value &value) {
+                   if (name == "role")
+                       member->role = number(value);
+                   else
+                       member->presence = presence(value);
+               });
+}
+
+template <class Record>
+QList<Record> list(const Json::Value &array, QString Record::*id,
+                   void (*read)(const Json::Value &, SharedTexts *, Record *))
+{
     QList<Record> records;
+    if (!array.isArray())
+        return records;
     records.reserve(int(array.size()));
     QSet<QString> known;
     known.reserve(int(array.size()));
+    SharedTexts shared;
     for (const Json::Value &entry : array) {
-        Record record = read(entry);
+        Record record;
+        read(entry, &shared, &record);
         if ((record.*id).isEmpty() || known.contains(record.*id))
             continue;
         known.insert(record.*id);
@@ -83,65 +115,41 @@ QList<Record> entries(const Json::Value &data, const char *key, QString Record::
     return records;
 }
 
-PresenceData presenceOf(const Json::Value &entry)
-{
-    static const char key[] = "presence";
-    PresenceData presence;
-    if (!entry.isObject())
-        return presence;
-    if (const Json::Value *told = entry.find(key, key + std::strlen(key))) {
-        const ServicePresence read = servicePresence(*told);
-        presence.pcShow = PresenceData::ePcShowType(read.status);
-        presence.mobile = read.device;
-    }
-    return presence;
-}
-
-CVirtualTeamSimpleInfo team(const Json::Value &entry)
-{
-    CVirtualTeamSimpleInfo read = withTexts(entry, teamTexts);
-    read.role = TeamRecordReader::number(entry, "role");
-    read.count = qMax(0, TeamRecordReader::number(entry, "count"));
-    return read;
-}
-
 } // namespace
 
-QList<CVirtualTeamSimpleInfo> TeamRecordReader::teams(const Json::Value &data)
+QList<Team> TeamRecordReader::teams(const Json::Value &data)
 {
-    return entries(data, "vt", &CVirtualTeamSimpleInfo::vtId, &team);
+    return list(JsonReader::array(data, "vt"), &Team::vtId, &readTeam);
 }
 
-QList<CVirtualTeamSimpleInfo> TeamRecordReader::groups(const Json::Value &data)
+QList<Team> TeamRecordReader::groups(const Json::Value &data)
 {
-    return entries(data, "group", &CVirtualTeamSimpleInfo::vtId,
-                   [](const Json::Value &entry) { return withTexts(entry, groupTexts); });
+    return list(JsonReader::array(data, "group"), &Team::vtId, &readGroup);
 }
 
-QList<CVirtualTeamMemberInfo> TeamRecordReader::members(const Json::Value &data)
+QList<Member> TeamRecordReader::members(const Json::Value &data)
 {
-    return entries(data, "members", &CVirtualTeamMemberInfo::userId, &member);
+    return list(JsonReader::array(data, "members"), &Member::userId, &readMember);
 }
 
-CVirtualTeamMemberInfo TeamRecordReader::member(const Json::Value &data)
+Member TeamRecordReader::member(const Json::Value &data)
 {
-    CVirtualTeamMemberInfo read = withTexts(data, memberTexts);
-    read.role = number(data, "role");
-    read.presence = presenceOf(data);
+    SharedTexts shared;
+    Member read;
+    readMember(data, &shared, &read);
     return read;
 }
 
-CVirtualTeamInfo TeamRecordReader::detail(const Json::Value &data)
+Detail TeamRecordReader::detail(const Json::Value &data)
 {
-    CVirtualTeamInfo read = withTexts(data, detailTexts);
-    read.audited = JsonReader::flag(data, "audited");
-    read.members = members(data);
+    SharedTexts shared;
+    Detail read;
+    readFields(data, detailFields, &shared, &read,
+               [&](std::string_view name, const Json::Value &value) {
+                   if (name == "audited")
+                       read.audited = JsonReader::toFlag(value);
+                   else
+                       read.members = list(value, &Member::userId, &readMember);
+               });
     return read;
-}
-
-qint32 TeamRecordReader::number(const Json::Value &data, const char *key)
-{
-    const qint64 value = JsonReader::integer(data, key);
-    using Limits = std::numeric_limits<qint32>;
-    return value >= Limits::min() && value <= Limits::max() ? qint32(value) : 0;
 }

@@ -15,7 +15,4 @@ QList<CVirtualTeamMemberInfo> members(const Json::Value &data);
 CVirtualTeamMemberInfo member(const Json::Value &data);
 CVirtualTeamInfo detail(const Json::Value &data);
 
-// A number that does not fit is none.
-qint32 number(const Json::Value &data, const char *key);
-
 } // namespace TeamRecordReader

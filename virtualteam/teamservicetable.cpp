@@ -49,8 +49,8 @@ void tellCreated(Operation &q, const TeamArguments &, const TeamOutcome &o)
 } // namespace
 
 const Operation::Service Operation::Service::Teams{
-    "/virtualTeam/getMyVirtualTeamUrl", "CHttpVirtualTeamOperation::getMyVirtualTeam",
-    "CHttpVirtualTeamOperation::slot_GetMyVirtualTeamFinish",
+    "/virtualTeam/getMyVirtualTeamUrl", "CHttpVirtualTeamOperation::getMyVirtualTeam()",
+    "CHttpVirtualTeamOperation::slot_GetMyVirtualTeamFinish()",
     &Operation::slot_GetMyVirtualTeamFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
         emit q.signal_GetMyVirtualTeamFinish(o.ok, TeamRecordReader::teams(o.data));
@@ -58,8 +58,8 @@ const Operation::Service Operation::Service::Teams{
 
 const Operation::Service Operation::Service::SearchMember{
     "/virtualTeam/searchVirtualTeamMemberUrl",
-    "CHttpVirtualTeamOperation::searchVirtualTeamMember",
-    "CHttpVirtualTeamOperation::slot_SearchMemberFinish",
+    "CHttpVirtualTeamOperation::searchVirtualTeamMember()",
+    "CHttpVirtualTeamOperation::slot_SearchMemberFinish()",
     &Operation::slot_SearchMemberFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
         emit q.signal_SearchVirtualTeamMemberFinish(o.ok, o.code, TeamRecordReader::member(o.data));
@@ -68,16 +68,16 @@ const Operation::Service Operation::Service::SearchMember{
 
 const Operation::Service Operation::Service::Create{
     "/virtualTeam/getCreatVirtualTeamUrl",
-    "CHttpVirtualTeamOperation::creatVirtualTeam",
-    "CHttpVirtualTeamOperation::slot_CreatVirtualTeamFinish",
+    "CHttpVirtualTeamOperation::creatVirtualTeam()",
+    "CHttpVirtualTeamOperation::slot_CreatVirtualTeamFinish()",
     &Operation::slot_CreatVirtualTeamFinish,
     &tellCreated,
     {{"members", people}, {"vtName", entered}, {"reason", reason}}};
 
 const Operation::Service Operation::Service::Invite{
     "/virtualTeam/inviteVirtualTeamUrl",
-    "CHttpVirtualTeamOperation::inviteVirtualTeam",
-    "CHttpVirtualTeamOperation::slot_InviteVirtualTeamFinish",
+    "CHttpVirtualTeamOperation::inviteVirtualTeam()",
+    "CHttpVirtualTeamOperation::slot_InviteVirtualTeamFinish()",
     &Operation::slot_InviteVirtualTeamFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
         emit q.signal_InviteVirtualTeamFinish(o.ok, o.code);
@@ -86,16 +86,16 @@ const Operation::Service Operation::Service::Invite{
 
 const Operation::Service Operation::Service::Audit{
     "/virtualTeam/auditingVirtualTeamUrl",
-    "CHttpVirtualTeamOperation::auditingVirtualTeam",
-    "CHttpVirtualTeamOperation::slot_AuditingVirtualTeamFinish",
+    "CHttpVirtualTeamOperation::auditingVirtualTeam()",
+    "CHttpVirtualTeamOperation::slot_AuditingVirtualTeamFinish()",
     &Operation::slot_AuditingVirtualTeamFinish,
     &tellDecision<&Operation::signal_AuditingVirtualTeamFinish>,
     {{"vtId", team}, {"member", people}, {"flag", decision}}};
 
 const Operation::Service Operation::Service::CreateDetail{
     "/virtualTeam/getVirtualTeamCreatDetailUrl",
-    "CHttpVirtualTeamOperation::getVirtualTeamCreatDetail",
-    "CHttpVirtualTeamOperation::slot_GetVirtualTeamCreatDetailFinish",
+    "CHttpVirtualTeamOperation::getVirtualTeamCreatDetail()",
+    "CHttpVirtualTeamOperation::slot_GetVirtualTeamCreatDetailFinish()",
     &Operation::slot_GetVirtualTeamCreatDetailFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
         emit q.signal_GetVirtualTeamCreatDetailFinish(o.ok, TeamRecordReader::detail(o.data));
@@ -104,8 +104,8 @@ const Operation::Service Operation::Service::CreateDetail{
 
 const Operation::Service Operation::Service::JoinDetail{
     "/virtualTeam/getVirtualTeamJoinDetailUrl",
-    "CHttpVirtualTeamOperation::getVirtualTeamJoinDetail",
-    "CHttpVirtualTeamOperation::slot_GetVirtualTeamJoinDetailFinish",
+    "CHttpVirtualTeamOperation::getVirtualTeamJoinDetail()",
+    "CHttpVirtualTeamOperation::slot_GetVirtualTeamJoinDetailFinish()",
     &Operation::slot_GetVirtualTeamJoinDetailFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
         emit q.signal_GetVirtualTeamJoinDetailFinish(o.ok, TeamRecordReader::detail(o.data));
@@ -114,16 +114,16 @@ const Operation::Service Operation::Service::JoinDetail{
 
 const Operation::Service Operation::Service::AnswerInvitation{
     "/virtualTeam/responseJoinVirtualTeamRequestUrl",
-    "CHttpVirtualTeamOperation::responseJoinVirtualTeamRequest",
-    "CHttpVirtualTeamOperation::slot_ResponseJoinVirtualTeamRequestFinish",
+    "CHttpVirtualTeamOperation::responseJoinVirtualTeamRequest()",
+    "CHttpVirtualTeamOperation::slot_ResponseJoinVirtualTeamRequestFinish()",
     &Operation::slot_ResponseJoinVirtualTeamRequestFinish,
     &tellDecision<&Operation::signal_ResponseJoinVirtualTeamRequestFinish>,
     {{"vtId", team}, {"agree", decision}}};
 
 const Operation::Service Operation::Service::Structure{
     "/virtualTeam/getVirtualTeamStructureUrl",
-    "CHttpVirtualTeamOperation::getVirtualTeamStructure",
-    "CHttpVirtualTeamOperation::slot_GetVirtualTeamStructureFinish",
+    "CHttpVirtualTeamOperation::getVirtualTeamStructure()",
+    "CHttpVirtualTeamOperation::slot_GetVirtualTeamStructureFinish()",
     &Operation::slot_GetVirtualTeamStructureFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_GetVirtualTeamStructureFinish(o.ok, a.vtId, a.groupId,
@@ -134,16 +134,16 @@ const Operation::Service Operation::Service::Structure{
 
 const Operation::Service Operation::Service::AddMembers{
     "/virtualTeam/addVirtualTeamMembersUrl",
-    "CHttpVirtualTeamOperation::addVirtualTeamMembers",
-    "CHttpVirtualTeamOperation::slot_AddVirtualTeamMembersFinish",
+    "CHttpVirtualTeamOperation::addVirtualTeamMembers()",
+    "CHttpVirtualTeamOperation::slot_AddVirtualTeamMembersFinish()",
     &Operation::slot_AddVirtualTeamMembersFinish,
     &tellGroup<&Operation::signal_AddVirtualTeamMembersFinish>,
     {{"vtId", team}, {"groupId", group}, {"members", people}}};
 
 const Operation::Service Operation::Service::DeleteMembers{
     "/virtualTeam/deleteVirtualTeamMemberUrl",
-    "CHttpVirtualTeamOperation::deleteVirtualTeamMember",
-    "CHttpVirtualTeamOperation::slot_DeleteVirtualTeamMemberFinish",
+    "CHttpVirtualTeamOperation::deleteVirtualTeamMember()",
+    "CHttpVirtualTeamOperation::slot_DeleteVirtualTeamMemberFinish()",
     &Operation::slot_DeleteVirtualTeamMemberFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_deleteVirtualTeamMemberFinish(a.vtId, o.ok);
@@ -152,8 +152,8 @@ const Operation::Service Operation::Service::DeleteMembers{
 
 const Operation::Service Operation::Service::Quit{
     "/virtualTeam/quitVirtualTeamUrl",
-    "CHttpVirtualTeamOperation::quitVirtualTeam",
-    "CHttpVirtualTeamOperation::slot_QuitVirtualTeamFinish",
+    "CHttpVirtualTeamOperation::quitVirtualTeam()",
+    "CHttpVirtualTeamOperation::slot_QuitVirtualTeamFinish()",
     &Operation::slot_QuitVirtualTeamFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_QuitVirtualTeamFinish(a.vtId, o.ok, o.code);
@@ -162,8 +162,8 @@ const Operation::Service Operation::Service::Quit{
 
 const Operation::Service Operation::Service::Dissolve{
     "/virtualTeam/dissolveVirtualTeamUrl",
-    "CHttpVirtualTeamOperation::dissolveVirtualTeam",
-    "CHttpVirtualTeamOperation::slot_DissolveVirtualTeamFinish",
+    "CHttpVirtualTeamOperation::dissolveVirtualTeam()",
+    "CHttpVirtualTeamOperation::slot_DissolveVirtualTeamFinish()",
     &Operation::slot_DissolveVirtualTeamFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_DissolveVirtualTeamFinish(a.vtId, o.ok, o.code);
@@ -172,8 +172,8 @@ const Operation::Service Operation::Service::Dissolve{
 
 const Operation::Service Operation::Service::Rename{
     "/virtualTeam/modifyVirtualTeamNameUrl",
-    "CHttpVirtualTeamOperation::modifyVirtualTeamName",
-    "CHttpVirtualTeamOperation::slot_ModifyVirtualTeamNameFinish",
+    "CHttpVirtualTeamOperation::modifyVirtualTeamName()",
+    "CHttpVirtualTeamOperation::slot_ModifyVirtualTeamNameFinish()",
     &Operation::slot_ModifyVirtualTeamNameFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_ModifyVirtualTeamNameFinish(a.vtId, o.ok);
@@ -182,24 +182,24 @@ const Operation::Service Operation::Service::Rename{
 
 const Operation::Service Operation::Service::ChangeNickName{
     "/virtualTeam/modifyVirtualTeamPersonalInfoUrl",
-    "CHttpVirtualTeamOperation::modifyVirtualTeamNickName",
-    "CHttpVirtualTeamOperation::slot_ModifyVirtualTeamPersonalInfoFinish",
+    "CHttpVirtualTeamOperation::modifyVirtualTeamNickName()",
+    "CHttpVirtualTeamOperation::slot_ModifyVirtualTeamPersonalInfoFinish()",
     &Operation::slot_ModifyVirtualTeamPersonalInfoFinish,
     &tellPersonalInfo,
     {{"vtId", team}, {"member", people}, {"nickName", entered}}};
 
 const Operation::Service Operation::Service::ChangeDuty{
     "/virtualTeam/modifyVirtualTeamPersonalInfoUrl",
-    "CHttpVirtualTeamOperation::modifyVirtualTeamDuty",
-    "CHttpVirtualTeamOperation::slot_ModifyVirtualTeamPersonalInfoFinish",
+    "CHttpVirtualTeamOperation::modifyVirtualTeamDuty()",
+    "CHttpVirtualTeamOperation::slot_ModifyVirtualTeamPersonalInfoFinish()",
     &Operation::slot_ModifyVirtualTeamPersonalInfoFinish,
     &tellPersonalInfo,
     {{"vtId", team}, {"member", people}, {"duty", entered}}};
 
 const Operation::Service Operation::Service::MemberInfo{
     nullptr,
-    "CHttpVirtualTeamOperation::getVirtualTeamMemberInfo",
-    "CHttpVirtualTeamOperation::slot_GetVirtualTeamMemberInfoFinish",
+    "CHttpVirtualTeamOperation::getVirtualTeamMemberInfo()",
+    "CHttpVirtualTeamOperation::slot_GetVirtualTeamMemberInfoFinish()",
     &Operation::slot_GetVirtualTeamMemberInfoFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
         emit q.signal_GetVirtualTeamMemberInfoFinish(o.ok, TeamRecordReader::member(o.data));
@@ -208,8 +208,8 @@ const Operation::Service Operation::Service::MemberInfo{
 
 const Operation::Service Operation::Service::GrantAuthority{
     "/virtualTeam/grantVirtualTeamAuthorityUrl",
-    "CHttpVirtualTeamOperation::grantVirtualTeamAuthority",
-    "CHttpVirtualTeamOperation::slot_GrantVirtualTeamAuthorityFinish",
+    "CHttpVirtualTeamOperation::grantVirtualTeamAuthority()",
+    "CHttpVirtualTeamOperation::slot_GrantVirtualTeamAuthorityFinish()",
     &Operation::slot_GrantVirtualTeamAuthorityFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         QString vtId = a.vtId;
@@ -219,8 +219,8 @@ const Operation::Service Operation::Service::GrantAuthority{
 
 const Operation::Service Operation::Service::FuzzySearch{
     "/virtualTeam/fuzzySearchVirtualTeamMemberUrl",
-    "CHttpVirtualTeamOperation::fuzzySearchVirtualTeamMember",
-    "CHttpVirtualTeamOperation::slot_FuzzySearchVirtualTeamMemberFinish",
+    "CHttpVirtualTeamOperation::fuzzySearchVirtualTeamMember()",
+    "CHttpVirtualTeamOperation::slot_FuzzySearchVirtualTeamMemberFinish()",
     &Operation::slot_FuzzySearchVirtualTeamMemberFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_GetFuzzySearchFinish(o.ok, a.vtId, a.text, TeamRecordReader::members(o.data));
@@ -229,16 +229,16 @@ const Operation::Service Operation::Service::FuzzySearch{
 
 const Operation::Service Operation::Service::RenameGroup{
     "/virtualTeam/modifyVirtualTeamGroupUrl",
-    "CHttpVirtualTeamOperation::modifyVirtualTeamGroup",
-    "CHttpVirtualTeamOperation::slot_modifyVirtualTeamGroupFinish",
+    "CHttpVirtualTeamOperation::modifyVirtualTeamGroup()",
+    "CHttpVirtualTeamOperation::slot_modifyVirtualTeamGroupFinish()",
     &Operation::slot_modifyVirtualTeamGroupFinish,
     &tellGroup<&Operation::signal_modifyVirtualTeamGroupFinish>,
     {{"vtId", team}, {"groupId", group}, {"groupName", entered}}};
 
 const Operation::Service Operation::Service::AddGroup{
     "/virtualTeam/addVirtualTeamGroupUrl",
-    "CHttpVirtualTeamOperation::addVirtualTeamGroup",
-    "CHttpVirtualTeamOperation::slot_addVirtualTeamGroup",
+    "CHttpVirtualTeamOperation::addVirtualTeamGroup()",
+    "CHttpVirtualTeamOperation::slot_addVirtualTeamGroup()",
     &Operation::slot_addVirtualTeamGroup,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_addVirtualTeamGroup(a.vtId, a.groupId, JsonReader::text(o.data, "groupId"),
@@ -248,8 +248,8 @@ const Operation::Service Operation::Service::AddGroup{
 
 const Operation::Service Operation::Service::DeleteGroup{
     "/virtualTeam/deleteVirtualTeamGroupUrl",
-    "CHttpVirtualTeamOperation::deleteVirtualTeamGroup",
-    "CHttpVirtualTeamOperation::slot_deleteVirtualTeamGroup",
+    "CHttpVirtualTeamOperation::deleteVirtualTeamGroup()",
+    "CHttpVirtualTeamOperation::slot_deleteVirtualTeamGroup()",
     &Operation::slot_deleteVirtualTeamGroup,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_deleteVirtualTeamGroupFinish(a.vtId, a.groupId, o.ok, o.code);
@@ -258,16 +258,16 @@ const Operation::Service Operation::Service::DeleteGroup{
 
 const Operation::Service Operation::Service::MoveMembers{
     "/virtualTeam/transferVirtualTeamMemberUrl",
-    "CHttpVirtualTeamOperation::transferVirtualTeamMember",
-    "CHttpVirtualTeamOperation::slot_transferVirtualTeamMember",
+    "CHttpVirtualTeamOperation::transferVirtualTeamMember()",
+    "CHttpVirtualTeamOperation::slot_transferVirtualTeamMember()",
     &Operation::slot_transferVirtualTeamMember,
     &tellGroup<&Operation::signal_transferVirtualTeamMemberFinish>,
     {{"vtId", team}, {"groupId", group}, {"members", people}}};
 
 const Operation::Service Operation::Service::Members{
     "/virtualTeam/getVirtualTeamMembersUrl",
-    "CHttpVirtualTeamOperation::getVirtualTeamMembers",
-    "CHttpVirtualTeamOperation::slot_getVirtualTeamMembers",
+    "CHttpVirtualTeamOperation::getVirtualTeamMembers()",
+    "CHttpVirtualTeamOperation::slot_getVirtualTeamMembers()",
     &Operation::slot_getVirtualTeamMembers,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.siganal_getVirtualTeamMembersFinish(a.vtId, TeamRecordReader::members(o.data), o.ok);
@@ -276,24 +276,24 @@ const Operation::Service Operation::Service::Members{
 
 const Operation::Service Operation::Service::SetAdmins{
     "/virtualTeam/setVirtualTeamAdminUrl",
-    "CHttpVirtualTeamOperation::setVirtualTeamAdmin",
-    "CHttpVirtualTeamOperation::slot_setVirtualTeamAdmin",
+    "CHttpVirtualTeamOperation::setVirtualTeamAdmin()",
+    "CHttpVirtualTeamOperation::slot_setVirtualTeamAdmin()",
     &Operation::slot_setVirtualTeamAdmin,
     &tellAdmins<&Operation::signal_setVirtualTeamAdminFinish>,
     {{"vtId", team}, {"members", people}}};
 
 const Operation::Service Operation::Service::AddAdmins{
     "/virtualTeam/addVirtualTeamAdminUrl",
-    "CHttpVirtualTeamOperation::addVirtualTeamAdmin",
-    "CHttpVirtualTeamOperation::slot_addVirtualTeamAdmin",
+    "CHttpVirtualTeamOperation::addVirtualTeamAdmin()",
+    "CHttpVirtualTeamOperation::slot_addVirtualTeamAdmin()",
     &Operation::slot_addVirtualTeamAdmin,
     &tellAdmins<&Operation::signal_addVirtualTeamAdminFinish>,
     {{"vtId", team}, {"members", people}}};
 
 const Operation::Service Operation::Service::DeleteAdmins{
     "/virtualTeam/deleteVirtualTeamAdminUrl",
-    "CHttpVirtualTeamOperation::deleteVirtualTeamAdmin",
-    "CHttpVirtualTeamOperation::slot_deleteVirtualTeamAdmin",
+    "CHttpVirtualTeamOperation::deleteVirtualTeamAdmin()",
+    "CHttpVirtualTeamOperation::slot_deleteVirtualTeamAdmin()",
     &Operation::slot_deleteVirtualTeamAdmin,
     &tellAdmins<&Operation::signal_deleteVirtualTeamAdminFinish>,
     {{"vtId", team}, {"members", people}}};

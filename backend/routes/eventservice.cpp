@@ -21,27 +21,22 @@ void writeEvent(JsonText *json, const QString &teams, const TeamEvent &event)
     json->close('}');
 }
 
-// All updates are one event; applications are told once each.
+// All updates are one event.
 Reply replyFor(const News &news)
 {
-    QStringList updated, told;
+    QStringList updated;
     const TeamEvent *update = nullptr;
     std::string text;
     JsonText json(&text);
     json.open('{').member("code", ReplyCode::Done).open("data", '{');
     json.member("next", news.next).open("events", '[');
     for (const TeamEvent &event : news.events) {
-        const QString team = QString::number(event.team);
         if (event.type == QLatin1String(TeamEventType::Update)) {
             update = &event;
-            updated.removeAll(team);
-            updated.append(team);
-            continue;
+            updated.append(QString::number(event.team));
+        } else {
+            writeEvent(&json, QString::number(event.team), event);
         }
-        const QString key = event.type + team + QLatin1Char(' ') + event.member;
-        if (!told.contains(key))
-            writeEvent(&json, team, event);
-        told.append(key);
     }
     if (update)
         writeEvent(&json, updated.join(QLatin1Char(',')), *update);
@@ -85,10 +80,12 @@ Reply getEvents(const Call &call, BackEndContext &context)
         isFirst ? -1 : call.form.number("since", 0, std::numeric_limits<qint64>::max() - 1);
     const qint64 seconds = call.form.number("waitSeconds", 0, LongestWait, 0);
     const auto deadline = EventBell::Clock::now() + std::chrono::seconds(seconds);
-    EventBell::Seat seat(context.teamBell, call.caller.uid);
+    std::optional<EventBell::Seat> seat;
+    if (seconds > 0 && !isFirst)
+        seat.emplace(context.teamBell, call.caller.uid);
     try {
         News news = newsAfter(since, context, call.caller.uid);
-        while (!isFirst && news.events.empty() && news.next == since && seat.wait(deadline))
+        while (seat && news.events.empty() && news.next == since && seat->wait(deadline))
             news = newsAfter(since, context, call.caller.uid);
         return replyFor(news);
     } catch (const TeamRefusal &refusal) {

@@ -16,15 +16,21 @@ void TeamEvents::tidy()
         Statement oldest = m_transaction.prepare("SELECT time FROM teamEvent ORDER BY seq LIMIT 1");
         isDue = oldest.next() && oldest.number(0) < now - Kept - Hour;
     }
-    if (isDue)
-        m_transaction.prepare("DELETE FROM teamEvent WHERE time < ?").bind(now - Kept).run();
+    if (!isDue)
+        return;
+    m_transaction
+        .prepare("INSERT OR REPLACE INTO teamEventForgotten (id, seq)"
+                 " SELECT 1, MAX(seq) FROM teamEvent WHERE time < ?")
+        .bind(now - Kept)
+        .run();
+    m_transaction.prepare("DELETE FROM teamEvent WHERE time < ?").bind(now - Kept).run();
 }
 
 void TeamEvents::tell(const QStringList &uids, const char *type, qint64 team, const QString &member)
 {
     tidy();
     Statement insert = m_transaction.prepare(
-        "INSERT INTO teamEvent (uid, type, vtId, member, time) VALUES (?, ?, ?, ?, ?)");
+        "INSERT OR REPLACE INTO teamEvent (uid, type, vtId, member, time) VALUES (?, ?, ?, ?, ?)");
     const QString typeText = QString::fromLatin1(type);
     for (const QString &uid : uids) {
         insert.bind(uid).bind(typeText).bind(team).bind(member);
@@ -36,7 +42,7 @@ void TeamEvents::tellMembers(qint64 team, const QString &member)
 {
     tidy();
     m_transaction
-        .prepare("INSERT INTO teamEvent (uid, type, vtId, member, time)"
+        .prepare("INSERT OR REPLACE INTO teamEvent (uid, type, vtId, member, time)"
                  " SELECT uid, ?, vtId, ?, ? FROM teamMember WHERE vtId = ?")
         .bind(QString::fromLatin1(TeamEventType::Update))
         .bind(member)
@@ -65,8 +71,6 @@ qint64 TeamEvents::last()
 
 bool TeamEvents::isForgotten(qint64 number)
 {
-    Statement oldest = m_transaction.prepare("SELECT seq FROM teamEvent ORDER BY seq LIMIT 1");
-    const qint64 newest = last();
-    const qint64 firstKept = oldest.next() ? oldest.number(0) : newest + 1;
-    return number > newest || number + 1 < firstKept;
+    Statement forgotten = m_transaction.prepare("SELECT seq FROM teamEventForgotten");
+    return number > last() || (forgotten.next() && number < forgotten.number(0));
 }

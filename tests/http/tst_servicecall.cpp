@@ -133,6 +133,19 @@ private slots:
         }
     }
 
+    void sessionThatIsAloneEndsByItself()
+    {
+        ServiceFixture fixture;
+        fixture.server.reply("/x.do", FakeReply::json("{}"));
+        ServiceRequest request;
+        request.address = fixture.server.url(QStringLiteral("/x.do")).toString();
+        const QPointer<CHttpSession> session = ServiceCall::openAlone(request);
+        QSignalSpy finished(session, &CHttpSession::signal_finished);
+        QTRY_VERIFY(!session);
+        QCOMPARE(finished.size(), 1);
+        QCOMPARE(fixture.server.count("/x.do"), 1);
+    }
+
     void peopleFoundAreForwarded()
     {
         QStringList asks;

@@ -92,6 +92,15 @@ private slots:
         QCOMPARE(f.field()->text(), QStringLiteral("sec"));
     }
 
+    void escapeClosesFromTheSearch()
+    {
+        F f;
+        f.field()->setText(QStringLiteral("u2"));
+        QTest::keyClick(f.field(), Qt::Key_Escape);
+        F::settle();
+        QVERIFY(!f.dialog);
+    }
+
     void closedWhileItSearches()
     {
         F f;

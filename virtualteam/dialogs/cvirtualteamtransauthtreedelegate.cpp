@@ -16,6 +16,7 @@ constexpr int CaretSize = 16;
 constexpr int CaretRoom = 20;
 // Rows of very deep groups would leave the view.
 constexpr int MaximumIndents = 8;
+constexpr qreal RefusedOpacity = 0.4; // of the mark of what cannot be chosen
 
 int indentOf(int depth)
 {
@@ -112,9 +113,13 @@ void CVirtualTeamTransAuthTreeDelegate::paintGroup(QPainter *painter,
     if (index.model()->hasChildren(index))
         paintCaret(painter, option, level, view && view->isExpanded(index));
     row.indent(indentOf(level) + CaretRoom);
-    if (index.data(TeamChoices::Choosable).toBool())
-        MemberRow::paintMark(painter, option, &row, MemberRow::Mark::Radio, isChosen(option));
     const QString note = index.data(TeamChoices::Note).toString();
+    if (index.data(TeamChoices::Choosable).toBool() || !note.isEmpty()) {
+        painter->setOpacity(note.isEmpty() ? 1 : RefusedOpacity);
+        MemberRow::paintMark(painter, option, &row, MemberRow::Mark::Radio,
+                             note.isEmpty() && isChosen(option));
+        painter->setOpacity(1);
+    }
     row.texts(index.data(Qt::DisplayRole).toString(), note, !note.isEmpty());
 }
 

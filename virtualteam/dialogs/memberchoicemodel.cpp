@@ -2,8 +2,8 @@
 
 #include "common/cchcharactertopp.h"
 #include "common/displaytext.h"
-#include "virtualteam/dialogs/memberrow.h"
 #include "virtualteam/teamroles.h"
+#include "virtualteam/teamtreetexts.h"
 
 #include <QSet>
 
@@ -17,7 +17,7 @@ MemberPlace placeByRoleAndName(const CVirtualTeamMemberInfo &member)
 
 QString spokenText(const MemberChoice &choice)
 {
-    const QString role = MemberRow::roleText(choice.member.role);
+    const QString role = TeamTreeTexts::roleText(choice.member.role);
     const QString name = ::displayText(choice.member.shownName());
     return role.isEmpty() ? name : name + QLatin1String(", ") + role;
 }

@@ -3,34 +3,17 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/avatarstore.h"
-#include "controls/pictures.h"
-#include "controls/rowpainter.h"
 #include "controls/skin.h"
-#include "http/fileservices.h"
-#include "virtualteam/teamrecords.h"
+#include "virtualteam/memberpicture.h"
 #include "virtualteam/teamroles.h"
+#include "virtualteam/teamtreetexts.h"
 
-#include <QFileInfo>
 #include <QPainter>
 #include <QStyle>
 
 namespace {
 
 constexpr qreal MarkRadius = 4; // device-independent pixels
-const QColor companyColor(0x8f, 0x8f, 0x8f);
-const QColor dutyColor(0x99, 0x99, 0x99);
-const QColor roleColor(0xff, 0xa3, 0x54);
-
-// The local picture behind the name that the service tells: its base name only,
-// since it is no path of ours.
-QString pictureOf(const QString &photoName)
-{
-    const QString name = QFileInfo(photoName).fileName();
-    if (name.isEmpty())
-        return QString();
-    const QString known = ctx().headPath(name);
-    return known.isEmpty() ? PictureFiles::instance().file(name) : known;
-}
 
 void drawTick(QPainter *painter, const QRectF &box)
 {
@@ -43,13 +26,6 @@ void drawTick(QPainter *painter, const QRectF &box)
 }
 
 } // namespace
-
-QString MemberRow::roleText(int role)
-{
-    if (role == TeamRole::Owner)
-        return QObject::tr("teamOwner");
-    return role == TeamRole::SubAdministrator ? QObject::tr("teamSubAdministrator") : QString();
-}
 
 void MemberRow::paintMark(QPainter *painter, const QStyleOptionViewItem &option, RowPainter *row,
                           Mark mark, bool on)
@@ -82,18 +58,18 @@ void MemberRow::paintMember(QPainter *painter, RowPainter *row, const QModelInde
     const bool hasPresence = told.isValid() && isOnline();
     const PresenceData presence = hasPresence ? told.value<PresenceData>() : PresenceData();
     const bool faded = told.isValid() && !presence.isOnline();
+    const QString userId = index.data(TeamRowRole::Id).toString();
     const QString name = index.data(TeamRowRole::Name).toString();
-    row->avatar(AvatarStore::instance().avatar(pictureOf(index.data(TeamRowRole::Photo).toString()),
-                                               makeJid(index.data(TeamRowRole::Id).toString()),
-                                               name, RowPainter::AvatarSize,
-                                               painter->device()->devicePixelRatioF()),
+    row->avatar(AvatarStore::instance().avatar(
+                    memberPicture(userId, index.data(TeamRowRole::Photo).toString()),
+                    makeJid(userId), name, RowPainter::AvatarSize,
+                    painter->device()->devicePixelRatioF()),
                 faded);
     if (told.isValid())
         row->presence(presence);
-    row->textAtRight(roleText(index.data(TeamRowRole::Role).toInt()), roleColor);
-    const QString duty = ::displayText(index.data(TeamRowRole::Duty).toString());
-    const QString company = ::displayText(index.data(TeamRowRole::Company).toString());
-    row->setSecondaryColor(duty.isEmpty() ? companyColor : dutyColor);
-    const QString between = duty.isEmpty() || company.isEmpty() ? QString() : QStringLiteral(" · ");
-    row->texts(name, duty + between + company, faded);
+    QStringList parts{TeamTreeTexts::roleText(index.data(TeamRowRole::Role).toInt()),
+                      ::displayText(index.data(TeamRowRole::Duty).toString()),
+                      ::displayText(index.data(TeamRowRole::Company).toString())};
+    parts.removeAll(QString());
+    row->texts(name, parts.join(QStringLiteral(" · ")), faded);
 }

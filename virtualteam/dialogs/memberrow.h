@@ -1,12 +1,9 @@
 // What the rows of the lists to choose from have in common on screen.
 #pragma once
 
-#include <QString>
-#include <QStyleOptionViewItem>
+#include "controls/rowpainter.h"
 
 class QModelIndex;
-class QPainter;
-class RowPainter;
 
 namespace MemberRow {
 
@@ -15,9 +12,6 @@ enum class Mark
     Check, // one of several
     Radio  // the only one
 };
-
-// What an owner or sub-administrator is called, empty for others; translated.
-QString roleText(int role);
 
 // A mark to tick at the left of what is left of the row.
 void paintMark(QPainter *painter, const QStyleOptionViewItem &option, RowPainter *row, Mark mark,

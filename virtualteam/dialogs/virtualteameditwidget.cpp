@@ -70,6 +70,7 @@ void VirtualTeamEditWidget::build()
 {
     m_state->setObjectName(QStringLiteral("label_state"));
     m_length->setObjectName(QStringLiteral("label_length"));
+    m_line->setPlaceholderText(QString()); // the length stands below, in every language
     m_sure->setObjectName(QStringLiteral("sureButton"));
     m_cancel->setObjectName(QStringLiteral("cancelButton"));
     for (SkinButton *button : {m_sure, m_cancel})
