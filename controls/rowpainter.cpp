@@ -296,13 +296,20 @@ void RowPainter::drawSecondLine(const QVector<Piece> &pieces)
     const bool selected = m_option.state.testFlag(QStyle::State_Selected);
     const Qt::Alignment side =
         QStyle::visualAlignment(m_option.direction, Qt::AlignLeft) | Qt::AlignVCenter;
+    const QFontMetrics textMetrics(skinFont(SecondPixels));
+    int behind = 0; // what the pieces behind would take
+    for (const Piece &piece : pieces)
+        behind += textMetrics.horizontalAdvance(piece.text) + PieceGap;
     QRect line = secondLine();
     for (const Piece &piece : pieces) {
         if (line.width() < MarkSize)
             return;
+        behind -= textMetrics.horizontalAdvance(piece.text) + PieceGap;
         const QFont font = skinFont(piece.isMark ? SmallPixels : SecondPixels);
         const QFontMetrics metrics(font);
-        const int room = piece.isMark ? line.width() - 2 * MarkPadding : line.width();
+        // A long one leaves up to a half for the others.
+        const int room = piece.isMark ? line.width() - 2 * MarkPadding
+                                      : line.width() - qMin(behind, line.width() / 2);
         const QString text = metrics.elidedText(piece.text, Qt::ElideRight, room);
         QRect area(line.left(), line.top(), metrics.horizontalAdvance(text), line.height());
         m_painter->setFont(font);

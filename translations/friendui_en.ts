@@ -1155,16 +1155,16 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
-        <source>teamInviter</source>
-        <translation>Invited by</translation>
-    </message>
-    <message>
         <source>teamGroupEmpty</source>
         <translation>No members here</translation>
     </message>
     <message>
+        <source>teamInviter</source>
+        <translation>Invited by</translation>
+    </message>
+    <message>
         <source>teamMemberCount</source>
-        <translation>%1 members</translation>
+        <translation>Members: %1</translation>
     </message>
     <message>
         <source>teamMembers</source>
@@ -1212,7 +1212,7 @@
     </message>
     <message>
         <source>teamSubAdministrator</source>
-        <translation>Sub-administrator</translation>
+        <translation>Sub-admin</translation>
     </message>
     <message>
         <source>teamWorking</source>

@@ -79,7 +79,7 @@ QVariant TeamTreeTexts::branch(const TeamTreeBranch &branch, int role)
 
 QVariant TeamTreeTexts::placeholder(TeamRowKind kind, int role)
 {
-    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole)
+    if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole && role != Qt::ToolTipRole)
         return QVariant();
     if (kind == TeamRowKind::Loading)
         return QObject::tr("loading");

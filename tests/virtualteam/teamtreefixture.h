@@ -38,7 +38,7 @@ public:
 
     static QList<CVirtualTeamSimpleInfo> teams()
     {
-        return {makeTeam(T(), TeamRole::Owner, 12), makeTeam(QStringLiteral("S"))};
+        return {makeTeam(T(), TeamRole::Owner), makeTeam(QStringLiteral("S"))};
     }
     static QString T() { return QStringLiteral("T"); }
     static void settle()

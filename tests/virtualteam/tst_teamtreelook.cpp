@@ -121,7 +121,7 @@ private slots:
 
     void tenLevelsFitInANarrowPane()
     {
-        setSkin(QStringLiteral("light"));
+        const Language installed(QStringLiteral("zh_CN"));
         TeamTreeFixture tree;
         tree.view->resize(280, 620);
         tree.view->setExpanded(tree.group("0"), true);

@@ -28,14 +28,13 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
       m_kind(kind),
       m_caption(DialogParts::label(this)),
       m_state(DialogParts::quietLabel(this)),
-      m_key(new SearchBox(this)),
+      m_key(new SearchBox(this, "accountOrMobile")),
       m_add(new SkinButton(SkinButton::Outline, QString(), this)),
       m_list(new ChosenMemberList(this))
 {
     m_caption->setBuddy(m_key);
     m_state->setObjectName(QStringLiteral("pickerState"));
     m_key->setObjectName(QStringLiteral("memberSearch"));
-    m_key->setPlaceholderKey("accountOrMobile");
     m_add->setObjectName(QStringLiteral("memberAdd"));
     m_list->setMinimumHeight(RowsToSee * RowPainter::RowHeight);
 
@@ -53,7 +52,10 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
     layout->addWidget(new FieldFrame(m_list, this), 2, 0, 1, 2);
     layout->setRowStretch(2, 1);
 
-    connect(m_add, &QPushButton::clicked, this, &MemberPicker::search);
+    connect(m_add, &QPushButton::clicked, this, [this] {
+        takeFocus(); // for the next one
+        search();
+    });
     connect(m_key, &SearchBox::enterPressed, this, &MemberPicker::search);
     connect(m_key, &SearchBox::escapePressed, this, &MemberPicker::escapePressed);
     connect(m_key, &SearchBox::downPressed, m_list, qOverload<>(&QWidget::setFocus));
