@@ -1155,12 +1155,12 @@
         <translation>That group exists already.</translation>
     </message>
     <message>
-        <source>teamInviter</source>
-        <translation>Invited by</translation>
-    </message>
-    <message>
         <source>teamGroupEmpty</source>
         <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>Invited by</translation>
     </message>
     <message>
         <source>teamMemberCount</source>

@@ -1155,12 +1155,12 @@
         <translation>该分组已存在。</translation>
     </message>
     <message>
-        <source>teamInviter</source>
-        <translation>邀请人</translation>
-    </message>
-    <message>
         <source>teamGroupEmpty</source>
         <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>邀请人</translation>
     </message>
     <message>
         <source>teamMemberCount</source>
