@@ -48,11 +48,13 @@ const std::vector<const char *> &schemaSteps()
         " vtId INTEGER NOT NULL REFERENCES team ON DELETE CASCADE, company TEXT NOT NULL,"
         " uid TEXT NOT NULL, UNIQUE (vtId, company, uid))",
         "CREATE INDEX teamInvitedByUser ON teamInvited (uid)",
-        // One row for each who is told.
+        // One row for each who is told; a newer one of the same kind takes its place.
         "CREATE TABLE teamEvent ("
         " seq INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL, type TEXT NOT NULL,"
-        " vtId INTEGER NOT NULL, member TEXT NOT NULL, time INTEGER NOT NULL)",
-        "CREATE INDEX teamEventByUser ON teamEvent (uid)",
+        " vtId INTEGER NOT NULL, member TEXT NOT NULL, time INTEGER NOT NULL,"
+        " UNIQUE (uid, type, vtId))",
+        "CREATE TABLE teamEventForgotten (id INTEGER PRIMARY KEY CHECK (id = 1),"
+        " seq INTEGER NOT NULL)",
     };
     return steps;
 }

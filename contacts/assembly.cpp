@@ -19,6 +19,9 @@
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
 #include "servicenum/customerchannels.h"
+#include "virtualteam/cvirtualapplymannger.h"
+#include "virtualteam/cvirtualteaminfomanager.h"
+#include "virtualteam/cvirtualteampage.h"
 
 namespace {
 
@@ -116,14 +119,22 @@ public:
         else
             emit page->signal_orgPosition(uid);
     }
-    void virtualTeamEvent(const QString &, const QString &teamId, const QString &) override
+    void virtualTeamEvent(const QString &type, const QString &teamId,
+                          const QString &member) override
     {
-        missing("virtual teams", teamId);
+        if (type == QLatin1String("audit"))
+            CVirtualApplyMannger::instance()->showVirtualApply(teamId, member);
+        else
+            CVirtualTeamInfoManager::instance()->showVirtualTeamInfo(teamId, member);
     }
     void locateTeam(const QString &teamId) override
     {
-        raisePage(QStringLiteral("virtureteam"));
-        missing("virtual teams", teamId);
+        FriendWidget *widget = pane();
+        if (!widget || !widget->raisePage(QStringLiteral("virtureteam"))) {
+            LOG_DEBUG("there is no page for team " << logText(teamId));
+            return;
+        }
+        widget->teamPage()->locateTeam(teamId);
     }
     void openServiceNumber(const QString &code) override { missing("service numbers", code); }
     void openServiceNumberSearch() override

@@ -8,11 +8,11 @@
 #include "contacts/latest/latestview.h"
 #include "contacts/latest/mylatestfriendwidget.h"
 #include "contacts/rooms/mucwidget.h"
-#include "controls/searchbox.h"
 #include "contacts/search/searchcommands.h"
 #include "contacts/search/searchentries.h"
 #include "contacts/search/searchpage.h"
 #include "contacts/search/searchsources.h"
+#include "controls/searchbox.h"
 #include "controls/skin.h"
 #include "org/orgstructuremgr.h"
 #include "org/orgwidget.h"
@@ -20,6 +20,7 @@
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
 #include "servicenum/customerchannels.h"
+#include "virtualteam/cvirtualteampage.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -52,6 +53,11 @@ QString roomsPage()
 QString channelsPage()
 {
     return QStringLiteral("customer");
+}
+
+QString teamsPage()
+{
+    return QStringLiteral("virtureteam");
 }
 
 QString latestPage()
@@ -192,7 +198,10 @@ void FriendWidget::leaveSearchFor(const SearchEntry &entry, bool inOrganisation)
 
 void FriendWidget::focusList()
 {
-    auto *list = m_pages->currentWidget()->findChild<QAbstractItemView *>();
+    // A page that has several lists says which is meant.
+    auto *list = qobject_cast<QAbstractItemView *>(m_pages->currentWidget()->focusProxy());
+    if (!list)
+        list = m_pages->currentWidget()->findChild<QAbstractItemView *>();
     if (list && list->isVisible()) {
         list->setFocus(Qt::OtherFocusReason);
         return;
@@ -295,6 +304,19 @@ CCustomerServerPage *FriendWidget::channels()
     return pageInPlace(channelsPage(), m_channels);
 }
 
+CVirtualTeamPage *FriendWidget::teamPage()
+{
+    if (!m_teamPage && pageInPlace(teamsPage(), m_teamPage))
+        connect(m_teamPage, &CVirtualTeamPage::teamsKnown, m_sources,
+                [this](const QList<CVirtualTeamSimpleInfo> &teams) {
+                    QVector<SearchEntry> entries;
+                    for (const CVirtualTeamSimpleInfo &team : teams)
+                        entries.append(SearchEntries::team(team.vtId, team.vtName));
+                    m_sources->setTeams(entries);
+                });
+    return m_teamPage;
+}
+
 bool FriendWidget::raisePage(const QString &id)
 {
     if (!m_entries->selectEntry(id))
@@ -315,6 +337,8 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         orgPage();
     else if (strJid == channelsPage())
         channels();
+    else if (strJid == teamsPage())
+        teamPage();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

@@ -9,6 +9,7 @@
 #include <QWidget>
 
 class CCustomerServerPage;
+class CVirtualTeamPage;
 class FriendListView;
 class FriendTreeWidget;
 class MucWidget;
@@ -32,6 +33,7 @@ public:
     // Made when they are first needed; null for a user who has no such entry.
     OrgWidget *orgPage();
     CCustomerServerPage *channels();
+    CVirtualTeamPage *teamPage();
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -73,6 +75,7 @@ private:
     MucWidget *m_rooms = nullptr;
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;
+    CVirtualTeamPage *m_teamPage = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };

@@ -8,6 +8,7 @@ FoundList::FoundList(SearchBox *box, QAbstractItemModel *model, int nameRole, QW
     : RowView(model, nameRole, parent), m_box(box)
 {
     connect(box, &SearchBox::downPressed, this, &FoundList::enterFromBox);
+    connect(this, &RowView::orderHeld, this, [this](bool held) { m_held = held; });
 }
 
 void FoundList::enterFromBox()

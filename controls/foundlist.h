@@ -14,6 +14,9 @@ public:
     // As for RowView; the box is not owned and must outlive the list.
     FoundList(SearchBox *box, QAbstractItemModel *model, int nameRole, QWidget *parent = nullptr);
 
+    // Somebody may be about to choose a row: none may move or come in between.
+    bool isInUse() const { return m_held || hasFocus(); }
+
     void keyboardSearch(const QString &typed) override;
 
 signals:
@@ -30,4 +33,5 @@ private:
     void typeInBox(const QString &text);
 
     SearchBox *m_box;
+    bool m_held = false; // see RowView::orderHeld()
 };

@@ -185,7 +185,7 @@ QRect RowPainter::secondLine() const
     return QRect(m_left.left(), top, m_left.width() - m_secondTaken, SecondLine);
 }
 
-void RowPainter::textAtRight(const QString &text, const QColor &color)
+void RowPainter::textAtRight(const QString &text)
 {
     if (text.isEmpty())
         return;
@@ -193,8 +193,7 @@ void RowPainter::textAtRight(const QString &text, const QColor &color)
     QRect area = firstLine();
     area.setLeft(area.right() - QFontMetrics(font).horizontalAdvance(text));
     m_painter->setFont(font);
-    const bool selected = m_option.state.testFlag(QStyle::State_Selected);
-    m_painter->setPen(color.isValid() && !selected ? color : Skin::instance().quietText(selected));
+    m_painter->setPen(Skin::instance().quietText(m_option.state.testFlag(QStyle::State_Selected)));
     const Qt::Alignment side =
         QStyle::visualAlignment(m_option.direction, Qt::AlignRight) | Qt::AlignVCenter;
     m_painter->drawText(visual(area), int(side) | Qt::TextSingleLine, text);

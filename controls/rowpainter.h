@@ -47,10 +47,10 @@ public:
     // A small mark over the lower right of the avatar.
     void overlay(const QPixmap &glyph);
 
-    // At the right of the first of two lines: a short text in quiet colour or, unless
-    // the row is selected, in the given one, small marks; of the second line: how many messages are unread, if any, small marks.
+    // At the right of the first of two lines: a short text in quiet colour, small
+    // marks; of the second line: how many messages are unread, if any, small marks.
     // Before texts().
-    void textAtRight(const QString &text, const QColor &color = QColor());
+    void textAtRight(const QString &text);
     void markInFirstLine(const QPixmap &glyph);
     void badge(int count);
     void markInSecondLine(const QPixmap &glyph);

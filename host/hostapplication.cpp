@@ -4,6 +4,7 @@
 #include "common/logfilewriter.h"
 #include "common/logging.h"
 #include "host/chatlevers.h"
+#include "host/companylevers.h"
 #include "host/core/embeddedcore.h"
 #include "host/core/presencesimulator.h"
 #include "host/core/vcardimport.h"
@@ -21,6 +22,7 @@
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
 #include "host/samplepicture.h"
+#include "host/teamnews.h"
 #include "host/weblog.h"
 #include "host/webservices.h"
 #include "host/windows/hostwindows.h"
@@ -52,6 +54,7 @@ HostApplication::HostApplication(const HostOptions &options, const HostPlace &pl
 
 HostApplication::~HostApplication()
 {
+    m_teamNews.reset();
     // The pane goes with the window; until then everything it calls is alive.
     m_window.reset();
     if (m_bus)
@@ -189,7 +192,10 @@ void HostApplication::buildWindow()
     installRequestHandlers(*m_bus, *m_core, *m_window->windows());
     m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), m_context);
 
-    addChatLevers();
+    addLevers();
+    m_teamNews =
+        std::make_unique<TeamNews>(TeamNews::Parts{m_services.get(), m_core.get(), m_bus.get(),
+                                                   m_webLog.get(), m_window->windows()->notices()});
 
     m_window->setLanguage(m_language->current());
     m_window->setSkin(m_options.skin);
@@ -221,7 +227,7 @@ void HostApplication::buildWindow()
     }
 }
 
-void HostApplication::addChatLevers()
+void HostApplication::addLevers()
 {
     const QString pictures = m_context->pictureFolder();
     SamplePicture::drawServices(*m_core, pictures);
@@ -231,6 +237,15 @@ void HostApplication::addChatLevers()
     QObject::connect(levers, &ChatLevers::note, m_window.get(), &MainWindow::showNote);
     QObject::connect(levers, &ChatLevers::reloadChannelsWanted, m_bus.get(),
                      [this] { m_bus->notify(Inbound::ReloadChannels); });
+    HostWindows *windows = m_window->windows();
+    auto *company = new CompanyLevers(
+        m_services.get(), m_place.user,
+        [windows](const auto &picked) {
+            windows->pickColleague(CompanyLevers::tr("Who approves new teams"), picked);
+        },
+        m_levers);
+    m_levers->addMenu(company);
+    QObject::connect(company, &CompanyLevers::note, m_window.get(), &MainWindow::showNote);
 }
 
 // A group list that fails is seen only where no earlier one is shown instead.

@@ -17,6 +17,7 @@ class HostLanguage;
 class LeverMenu;
 class MainWindow;
 class PresenceSimulator;
+class TeamNews;
 class WebLog;
 class WebServices;
 
@@ -53,7 +54,7 @@ private:
     int openCore();
     void prepareServices();
     void buildWindow();
-    void addChatLevers();
+    void addLevers();
     void startWithoutRoster();
     bool loadPane(const QString &file);
     int importPeople();
@@ -74,6 +75,7 @@ private:
     std::unique_ptr<HostLanguage> m_language;
     std::unique_ptr<CoreNotifier> m_notifier;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<TeamNews> m_teamNews;
     LeverMenu *m_levers = nullptr;
     bool m_sessionStarted = false;
 };

@@ -15,6 +15,7 @@
 #include "host/transferstatus.h"
 #include "host/webservices.h"
 #include "host/windows/hostwindows.h"
+#include "host/windows/notices.h"
 #include "hostapi/eventcodes.h"
 
 #include <QAction>
@@ -120,6 +121,8 @@ void MainWindow::buildActions()
     m_online->setObjectName(QStringLiteral("toggleOnline"));
     connect(m_online, &QAction::triggered, this,
             [this] { setConnected(!m_parts.core->isConnected()); });
+    m_noticeAction = new QAction(this);
+    m_noticeAction->setObjectName(QStringLiteral("showNotices"));
     m_serviceRetry = new QAction(this);
     m_serviceRetry->setObjectName(QStringLiteral("serviceRetry"));
     m_quit = new QAction(this);
@@ -201,6 +204,7 @@ void MainWindow::buildToolBar(QMenu *levers)
     if (levers)
         m_toolBar->addWidget(menuButton(levers, m_toolBar));
     m_toolBar->addSeparator();
+    m_toolBar->addAction(m_noticeAction);
     m_toolBar->addAction(m_toggleMonitor);
 }
 
@@ -238,6 +242,13 @@ void MainWindow::connectCore()
         showNote(tr("New message from %1").arg(sender.simplified().left(64)));
     });
     connect(m_windows, &HostWindows::note, this, &MainWindow::showNote);
+    Notices *notices = m_windows->notices();
+    connect(notices, &Notices::countsChanged, this, &MainWindow::showNoticeCount);
+    connect(m_noticeAction, &QAction::triggered, notices, [notices] {
+        notices->show();
+        notices->raise();
+        notices->activateWindow();
+    });
     connect(m_parts.bus, &HostBus::unanswered, this, [this](qint32 code) {
         showNote(tr("The plug-in sent %1; nothing in this host answers it.").arg(code));
     });
@@ -268,6 +279,14 @@ void MainWindow::showServices()
     m_services->setToolTip(toolTipText(services.problem()));
     m_serviceRetry->setEnabled(services.state() == WebServices::Failed ||
                                services.state() == WebServices::Unreachable);
+}
+
+void MainWindow::showNoticeCount()
+{
+    const Notices &notices = *m_windows->notices();
+    m_noticeAction->setEnabled(notices.count() > 0);
+    m_noticeAction->setText(notices.unread() > 0 ? tr("Notices (%1)").arg(notices.unread())
+                                                 : tr("Notices"));
 }
 
 void MainWindow::setLanguage(const QString &language)
@@ -405,5 +424,6 @@ void MainWindow::retranslate()
     showConnection();
     showOwnPresence();
     showServices();
+    showNoticeCount();
     count();
 }

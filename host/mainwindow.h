@@ -80,6 +80,7 @@ private:
     void connectCore();
     void connectServices();
     void showServices();
+    void showNoticeCount();
     void showConnection();
     void showOwnPresence();
     void countLater(int what);
@@ -99,7 +100,7 @@ private:
     QToolBar *m_toolBar;
 
     QMenu *m_sessionMenu, *m_viewMenu, *m_languageMenu, *m_skinMenu, *m_presenceMenu;
-    QAction *m_online, *m_serviceRetry, *m_quit, *m_toggleMonitor;
+    QAction *m_online, *m_serviceRetry, *m_noticeAction, *m_quit, *m_toggleMonitor;
     QActionGroup *m_presences, *m_languages, *m_skins;
     QComboBox *m_presenceBox;
     QLabel *m_connection, *m_services, *m_counts;

@@ -1116,7 +1116,7 @@
     </message>
     <message>
         <source>teamChooseGroup</source>
-        <translation>Choose where to move %1 members.</translation>
+        <translation>Choose a group for the members (%1).</translation>
     </message>
     <message>
         <source>teamChooseOwner</source>
@@ -1143,6 +1143,10 @@
         <translation>The group could not be created. Please try again.</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>Created by</translation>
+    </message>
+    <message>
         <source>teamDecided</source>
         <translation>This request has been decided already.</translation>
     </message>
@@ -1153,6 +1157,10 @@
     <message>
         <source>teamGroupEmpty</source>
         <translation>No members here</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>Invited by</translation>
     </message>
     <message>
         <source>teamMemberCount</source>
@@ -1539,21 +1547,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
-    <name>ContactRequests</name>
-    <message>
-        <source>Contact requests</source>
-        <translation>Contact requests</translation>
-    </message>
-    <message>
-        <source>Add as contact</source>
-        <translation>Add as contact</translation>
-    </message>
-    <message>
-        <source>Ignore</source>
-        <translation>Ignore</translation>
-    </message>
-</context>
-<context>
     <name>HostWindows</name>
     <message>
         <source>%1 asks to become a contact: %2</source>
@@ -1807,6 +1800,14 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>%1 (%2) - FriendUI reference host</source>
         <translation>%1 (%2) - FriendUI reference host</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>Notices</translation>
+    </message>
+    <message>
+        <source>Notices (%1)</source>
+        <translation>Notices (%1)</translation>
     </message>
 </context>
 <context>
@@ -2321,6 +2322,71 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The file %1, by which other hosts find the back end, cannot be written.</source>
         <translation>The file %1, by which other hosts find the back end, cannot be written.</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>Notices</source>
+        <translation>Notices</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>Add as contact</translation>
+    </message>
+    <message>
+        <source>Decide</source>
+        <translation>Decide</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>Ignore</translation>
+    </message>
+</context>
+<context>
+    <name>TeamNews</name>
+    <message>
+        <source>asks for your approval of a new team</source>
+        <translation>asks for your approval of a new team</translation>
+    </message>
+    <message>
+        <source>invites your company into a team</source>
+        <translation>invites your company into a team</translation>
+    </message>
+</context>
+<context>
+    <name>CompanyLevers</name>
+    <message>
+        <source>The company&apos;s settings could not be read or changed.</source>
+        <translation>The company&apos;s settings could not be read or changed.</translation>
+    </message>
+    <message>
+        <source>Virtual teams of the company</source>
+        <translation>Virtual teams of the company</translation>
+    </message>
+    <message>
+        <source>New teams need approval</source>
+        <translation>New teams need approval</translation>
+    </message>
+    <message>
+        <source>Nobody approves them</source>
+        <translation>Nobody approves them</translation>
+    </message>
+    <message>
+        <source>Approved by %1 (%2)</source>
+        <translation>Approved by %1 (%2)</translation>
+    </message>
+    <message>
+        <source>Approve them myself</source>
+        <translation>Approve them myself</translation>
+    </message>
+    <message>
+        <source>Let a colleague approve them…</source>
+        <translation>Let a colleague approve them…</translation>
+    </message>
+    <message>
+        <source>Who approves new teams</source>
+        <translation>Who approves new teams</translation>
     </message>
 </context>
 </TS>

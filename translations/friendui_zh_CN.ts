@@ -1143,6 +1143,10 @@
         <translation>创建分组失败，请重试！</translation>
     </message>
     <message>
+        <source>teamCreator</source>
+        <translation>创建人</translation>
+    </message>
+    <message>
         <source>teamDecided</source>
         <translation>该申请已处理。</translation>
     </message>
@@ -1153,6 +1157,10 @@
     <message>
         <source>teamGroupEmpty</source>
         <translation>没有成员信息</translation>
+    </message>
+    <message>
+        <source>teamInviter</source>
+        <translation>邀请人</translation>
     </message>
     <message>
         <source>teamMemberCount</source>
@@ -1539,21 +1547,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
-    <name>ContactRequests</name>
-    <message>
-        <source>Contact requests</source>
-        <translation>好友请求</translation>
-    </message>
-    <message>
-        <source>Add as contact</source>
-        <translation>添加为联系人</translation>
-    </message>
-    <message>
-        <source>Ignore</source>
-        <translation>忽略</translation>
-    </message>
-</context>
-<context>
     <name>HostWindows</name>
     <message>
         <source>%1 asks to become a contact: %2</source>
@@ -1807,6 +1800,14 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>%1 (%2) - FriendUI reference host</source>
         <translation>%1（%2）- FriendUI 参考宿主程序</translation>
+    </message>
+    <message>
+        <source>Notices</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>Notices (%1)</source>
+        <translation>通知（%1）</translation>
     </message>
 </context>
 <context>
@@ -2321,6 +2322,71 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The file %1, by which other hosts find the back end, cannot be written.</source>
         <translation>无法写入供其他宿主程序查找后端服务的文件 %1。</translation>
+    </message>
+</context>
+<context>
+    <name>Notices</name>
+    <message>
+        <source>Notices</source>
+        <translation>通知</translation>
+    </message>
+    <message>
+        <source>Add as contact</source>
+        <translation>添加为联系人</translation>
+    </message>
+    <message>
+        <source>Decide</source>
+        <translation>处理</translation>
+    </message>
+    <message>
+        <source>Ignore</source>
+        <translation>忽略</translation>
+    </message>
+</context>
+<context>
+    <name>TeamNews</name>
+    <message>
+        <source>asks for your approval of a new team</source>
+        <translation>申请创建虚拟团队，等待您审批</translation>
+    </message>
+    <message>
+        <source>invites your company into a team</source>
+        <translation>邀请贵公司加入虚拟团队</translation>
+    </message>
+</context>
+<context>
+    <name>CompanyLevers</name>
+    <message>
+        <source>The company&apos;s settings could not be read or changed.</source>
+        <translation>无法读取或更改企业的设置。</translation>
+    </message>
+    <message>
+        <source>Virtual teams of the company</source>
+        <translation>企业的虚拟团队</translation>
+    </message>
+    <message>
+        <source>New teams need approval</source>
+        <translation>创建团队需要审批</translation>
+    </message>
+    <message>
+        <source>Nobody approves them</source>
+        <translation>没有审批人</translation>
+    </message>
+    <message>
+        <source>Approved by %1 (%2)</source>
+        <translation>审批人：%1（%2）</translation>
+    </message>
+    <message>
+        <source>Approve them myself</source>
+        <translation>由我审批</translation>
+    </message>
+    <message>
+        <source>Let a colleague approve them…</source>
+        <translation>由同事审批…</translation>
+    </message>
+    <message>
+        <source>Who approves new teams</source>
+        <translation>由谁审批新团队</translation>
     </message>
 </context>
 </TS>

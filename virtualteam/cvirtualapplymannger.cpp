@@ -14,6 +14,8 @@ CVirtualApplyMannger::CVirtualApplyMannger() = default;
 void CVirtualApplyMannger::showVirtualApply(const QString &vtId, const QString &member)
 {
     LOG_SCOPE("CVirtualApplyMannger::showVirtualApply(const QString &vtId, const QString &member)");
+    if (vtId.isEmpty())
+        return;
     m_windows.show(vtId, [&] {
         auto *made = new CVirtualApply(vtId, member);
         connect(made, &BaseDialog::closed, this, [this, vtId] { onVirtualApplyClosed(vtId); });

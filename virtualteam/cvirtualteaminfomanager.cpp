@@ -23,6 +23,8 @@ void CVirtualTeamInfoManager::showVirtualTeamInfo(const QString &vtId, const QSt
 {
     LOG_SCOPE(
         "CVirtualTeamInfoManager::showVirtualTeamInfo(const QString &vtId, const QString &member)");
+    if (vtId.isEmpty())
+        return;
     m_windows.show(keyOf(vtId, member), [&] {
         auto *made = new VirtualTeamInviteInfoPage(vtId);
         connect(made, &BaseDialog::closed, this,

@@ -48,7 +48,6 @@ void CVirtualTeamPage::startAnew()
         m_searchBox->clear();
         m_known = false;
         m_failed = false;
-        delete m_createDialog;
         m_tree->teams()->clear();
         followTeams();
     }
@@ -203,10 +202,10 @@ void CVirtualTeamPage::locateTeam(const QString &vtId)
         return;
     }
     m_wantedTeam = vtId;
-    if (m_started)
-        reload(false);
-    else
+    if (!m_started)
         start();
+    else if (!m_loader->isLoadingTeams())
+        reload(false);
 }
 
 // --- What the user does ----------------------------------------------------------------

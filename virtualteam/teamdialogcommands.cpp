@@ -37,8 +37,8 @@ void TeamCommands::moveMembers(const TeamSelection &members)
     for (const CVirtualTeamMemberInfo &member : members.members)
         ids.append(member.userId);
     const QString about = QStringLiteral("move|%1|%2").arg(members.team.vtId, ids.join(u','));
-    open(members.team.vtId, about, [this, ids, team = members.team] {
-        auto *dialog = new VirtualTeamTransAuth(team, ids, m_view);
+    open(members.team.vtId, about, [this, ids, team = members.team, group = members.groupId] {
+        auto *dialog = new VirtualTeamTransAuth(team, ids, m_view, group);
         connect(dialog, &VirtualTeamTransAuth::membersMoved, this, &TeamCommands::membersMoved);
         return dialog;
     });

@@ -39,6 +39,8 @@ CVirtualTeamPage::CVirtualTeamPage(QWidget *parent)
 {
     LOG_SCOPE("CVirtualTeamPage::CVirtualTeamPage(QWidget* parent)");
     setObjectName(QStringLiteral("CVirtualTeamPage"));
+    setAutoFillBackground(true);
+    followSkin(this);
     m_reloadDue.setSingleShot(true);
     m_reloadDue.setInterval(ReloadDelay);
     m_followDue.setSingleShot(true);
@@ -79,6 +81,10 @@ CVirtualTeamPage::~CVirtualTeamPage()
 QWidget *CVirtualTeamPage::makeHead()
 {
     m_searchBox->setObjectName(QStringLiteral("teamSearchBox"));
+    // There is nothing to search in while it is hidden; the buttons keep their places.
+    QSizePolicy policy = m_searchBox->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    m_searchBox->setSizePolicy(policy);
     m_create->setObjectName(QStringLiteral("createTeamButton"));
     m_refresh->setObjectName(QStringLiteral("refreshTeamButton"));
     auto *head = new QWidget(this);
@@ -199,7 +205,7 @@ void CVirtualTeamPage::showState()
     else if (m_told.isEmpty())
         page = m_emptyPage;
     m_pages->setCurrentWidget(page);
-    m_searchBox->setEnabled(!m_told.isEmpty());
+    m_searchBox->setVisible(!m_told.isEmpty() || !m_searchText.isEmpty());
     const bool isStale = m_known && m_failed && !m_loader->isLoadingTeams();
     m_notice->say(isStale ? "refreshTeamsFailed" : nullptr, isStale);
 }

@@ -55,10 +55,10 @@ template <class Condition> void TeamSearchModel::removeIf(const Condition &isGon
 
 void TeamSearchModel::setTeams(const QList<CVirtualTeamSimpleInfo> &teams)
 {
-    m_teamNames.clear();
+    m_teams.clear();
     for (const CVirtualTeamSimpleInfo &team : teams)
-        m_teamNames.insert(team.vtId, displayText(team.vtName));
-    removeIf([this](const TeamHit &hit) { return !m_teamNames.contains(hit.vtId); });
+        m_teams.insert(team.vtId, {displayText(team.vtName), m_teams.size()});
+    removeIf([this](const TeamHit &hit) { return !m_teams.contains(hit.vtId); });
     showAnew();
 }
 
@@ -72,7 +72,15 @@ void TeamSearchModel::setText(const QString &text)
         removeIf([](const TeamHit &) { return true; });
 }
 
-void TeamSearchModel::setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits)
+int TeamSearchModel::rowAfter(const QString &vtId) const
+{
+    const int place = m_teams.value(vtId).place;
+    const auto isBehind = [&](const TeamHit &hit) { return m_teams.value(hit.vtId).place > place; };
+    return int(std::find_if(m_hits.begin(), m_hits.end(), isBehind) - m_hits.begin());
+}
+
+void TeamSearchModel::setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits,
+                              bool atEnd)
 {
     QHash<QString, CVirtualTeamMemberInfo> found;
     QVector<TeamHit> added;
@@ -91,10 +99,11 @@ void TeamSearchModel::setHits(const QString &vtId, const QList<CVirtualTeamMembe
     showAnew();
     const auto hasRow = [&](const TeamHit &hit) { return !found.contains(hit.member.userId); };
     added.erase(std::remove_if(added.begin(), added.end(), hasRow), added.end());
-    if (added.isEmpty() || !m_teamNames.contains(vtId))
+    if (added.isEmpty() || !m_teams.contains(vtId))
         return;
-    beginInsertRows(QModelIndex(), m_hits.size(), m_hits.size() + added.size() - 1);
-    m_hits += added;
+    const int row = atEnd ? m_hits.size() : rowAfter(vtId);
+    beginInsertRows(QModelIndex(), row, row + added.size() - 1);
+    m_hits = m_hits.mid(0, row) + added + m_hits.mid(row);
     endInsertRows();
 }
 
@@ -113,7 +122,7 @@ int TeamSearchModel::rowCount(const QModelIndex &parent) const
 
 QString TeamSearchModel::secondLine(const TeamHit &hit) const
 {
-    QStringList parts{m_teamNames.value(hit.vtId), displayText(hit.member.companyName)};
+    QStringList parts{m_teams.value(hit.vtId).name, displayText(hit.member.companyName)};
     parts.removeAll(QString());
     return parts.join(QString::fromUtf8(" · "));
 }
@@ -155,7 +164,7 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Kind:
         return int(TeamRowKind::Member);
     case TeamHitRole::TeamName:
-        return m_teamNames.value(hit.vtId);
+        return m_teams.value(hit.vtId).name;
     case TeamHitRole::Second:
         return secondLine(hit);
     case TeamHitRole::Mobile:

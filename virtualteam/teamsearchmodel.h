@@ -1,6 +1,6 @@
 // The members found in the user's teams, one row for each team that a person was found
-// in. Rows come at the end and never move; those of a team are replaced by what the
-// team answers anew, and the ones that stay keep their places.
+// in. The teams stand in the order of the user's list, whichever answers first. Those of
+// a team are replaced by what the team answers anew, and rows that stay do not move.
 #pragma once
 
 #include "virtualteam/teamrecords.h"
@@ -39,7 +39,8 @@ public:
     // What is searched for. Rows stay where it is the old text and more, since what is
     // found for it is among them; else they go.
     void setText(const QString &text);
-    void setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits);
+    // `atEnd`: no row may come between others now.
+    void setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits, bool atEnd);
     // Presence, pictures or the language have changed.
     void showAnew();
 
@@ -50,10 +51,16 @@ public:
 
 private:
     template <class Condition> void removeIf(const Condition &isGone);
+    int rowAfter(const QString &vtId) const; // where the team's next row belongs
     QString secondLine(const TeamHit &hit) const;
     QString foundMobile(const CVirtualTeamMemberInfo &member) const;
 
     QVector<TeamHit> m_hits;
-    QHash<QString, QString> m_teamNames;
+    struct Team
+    {
+        QString name; // a display text
+        int place = 0;
+    };
+    QHash<QString, Team> m_teams;
     QString m_text;
 };

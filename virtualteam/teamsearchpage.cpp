@@ -34,7 +34,10 @@ TeamSearchPage::TeamSearchPage(SearchBox *box, QWidget *parent)
 
 void TeamSearchPage::connectSources()
 {
-    connect(m_search, &TeamSearch::answered, m_model, &TeamSearchModel::setHits);
+    connect(m_search, &TeamSearch::answered, this,
+            [this](const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits) {
+                m_model->setHits(vtId, hits, m_view->isInUse());
+            });
     connect(m_search, &TeamSearch::stateChanged, this, &TeamSearchPage::showState);
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &TeamSearchPage::showState);
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &TeamSearchPage::showState);

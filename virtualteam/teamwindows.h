@@ -1,7 +1,7 @@
 // Windows about teams, one per key: what the managers of such windows share.
 #pragma once
 
-#include "common/context.h"
+#include "common/logging.h"
 #include "controls/windowregistry.h"
 #include "virtualteam/teammessages.h"
 
@@ -14,11 +14,18 @@ public:
     static constexpr const char *UnknownWindow =
         "CVirtualTeamInfoManager::onVirtualTeamInfoClosed,ERROR,窗口未被加入缓存中.";
 
+    // At a time: the host's events open them, too, and may come by the thousand.
+    static constexpr int Maximum = 50;
+
     // Raises the window of the key, also offline. Without one `make` makes it, or the
     // user is told that this cannot be done now.
     template <class Make> void show(const QString &key, Make make)
     {
         Window *window = m_windows.find(key);
+        if (!window && m_windows.count() >= Maximum) {
+            LOG_ERROR("too many windows about teams are open");
+            return;
+        }
         if (!window && TeamMessages::mayRequest(QApplication::activeWindow()))
             window = m_windows.findOrMake(key, make);
         if (!window)

@@ -21,27 +21,22 @@ void writeEvent(JsonText *json, const QString &teams, const TeamEvent &event)
     json->close('}');
 }
 
-// All updates are one event; applications are told once each.
+// All updates are one event.
 Reply replyFor(const News &news)
 {
-    QStringList updated, told;
+    QStringList updated;
     const TeamEvent *update = nullptr;
     std::string text;
     JsonText json(&text);
     json.open('{').member("code", ReplyCode::Done).open("data", '{');
     json.member("next", news.next).open("events", '[');
     for (const TeamEvent &event : news.events) {
-        const QString team = QString::number(event.team);
         if (event.type == QLatin1String(TeamEventType::Update)) {
             update = &event;
-            updated.removeAll(team);
-            updated.append(team);
-            continue;
+            updated.append(QString::number(event.team));
+        } else {
+            writeEvent(&json, QString::number(event.team), event);
         }
-        const QString key = event.type + team + QLatin1Char(' ') + event.member;
-        if (!told.contains(key))
-            writeEvent(&json, team, event);
-        told.append(key);
     }
     if (update)
         writeEvent(&json, updated.join(QLatin1Char(',')), *update);
@@ -53,7 +48,7 @@ Reply replyFor(const News &news)
 
 // For a caller who knows nothing yet: what he has to decide. One who knew something
 // that is forgotten here is also sent to look at all of his teams.
-News fromTheBeginning(Teams &teams, TeamEvents &events, bool hasMissed)
+News fromTheBeginning(Teams &teams, TeamEventLog &events, bool hasMissed)
 {
     News news{events.last(), teams.waiting()};
     if (hasMissed) {
@@ -67,7 +62,7 @@ News fromTheBeginning(Teams &teams, TeamEvents &events, bool hasMissed)
 News newsAfter(qint64 number, BackEndContext &context, const QString &uid)
 {
     Transaction transaction(context.database);
-    TeamEvents events(transaction);
+    TeamEventLog events(transaction);
     if (number >= 0 && !events.isForgotten(number)) {
         News news{number, events.after(uid, number)};
         if (!news.events.empty())
@@ -85,10 +80,12 @@ Reply getEvents(const Call &call, BackEndContext &context)
         isFirst ? -1 : call.form.number("since", 0, std::numeric_limits<qint64>::max() - 1);
     const qint64 seconds = call.form.number("waitSeconds", 0, LongestWait, 0);
     const auto deadline = EventBell::Clock::now() + std::chrono::seconds(seconds);
-    EventBell::Seat seat(context.teamBell, call.caller.uid);
+    std::optional<EventBell::Seat> seat;
+    if (seconds > 0 && !isFirst)
+        seat.emplace(context.teamBell, call.caller.uid);
     try {
         News news = newsAfter(since, context, call.caller.uid);
-        while (!isFirst && news.events.empty() && news.next == since && seat.wait(deadline))
+        while (seat && news.events.empty() && news.next == since && seat->wait(deadline))
             news = newsAfter(since, context, call.caller.uid);
         return replyFor(news);
     } catch (const TeamRefusal &refusal) {

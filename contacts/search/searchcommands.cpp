@@ -76,7 +76,7 @@ void SearchCommands::locate(const SearchEntry &entry)
         actions->locateInOrganisation(entry.id, true);
         return;
     case SearchEntry::Team:
-        actions->raisePage(QStringLiteral("virtureteam"));
+        actions->locateTeam(entry.id);
         return;
     case SearchEntry::ServiceNumber:
         actions->openServiceNumber(entry.id);

@@ -59,6 +59,11 @@ SearchEntry SearchEntries::group(const GroupData &group)
     return named(SearchEntry::Group, group.id, group.name);
 }
 
+SearchEntry SearchEntries::team(const QString &id, const QString &name)
+{
+    return named(SearchEntry::Team, id, name);
+}
+
 SearchEntry SearchEntries::room(const QString &roomJid, const QString &subject)
 {
     return named(SearchEntry::Room, roomJid, subject);

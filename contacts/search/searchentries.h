@@ -13,6 +13,7 @@ SearchEntry contact(const FriendData &contact, const SearchEntry *known);
 // An employee or a department.
 SearchEntry element(const OrgElement &element, const SearchEntry *known);
 SearchEntry group(const GroupData &group);
+SearchEntry team(const QString &id, const QString &name);
 SearchEntry room(const QString &roomJid, const QString &subject);
 SearchEntry serviceNumber(const CServiceNumData &number);
 SearchEntry channel(const CSChannelData &channel);

@@ -127,7 +127,7 @@ QVector<SearchResult> SearchPage::local()
 // What was found stays where it is as long as somebody may be about to choose it.
 void SearchPage::searchAgain()
 {
-    m_isStale = m_view->isHeld() || m_view->hasFocus();
+    m_isStale = m_view->isInUse();
     if (m_isStale || m_typed.isEmpty())
         return;
     const QVector<SearchResult> found = local();

@@ -13,7 +13,6 @@ SearchResultView::SearchResultView(SearchBox *box, SearchResultModel *model, QWi
 {
     setObjectName(QStringLiteral("searchResults"));
     setItemDelegate(new SearchResultDelegate(model, this));
-    connect(this, &RowView::orderHeld, this, [this](bool held) { m_isHeld = held; });
     connect(this, &RowView::activatedRow, this,
             [this](const QModelIndex &index) { emit openRequested(entryAt(index)); });
     buildMenu();

@@ -14,8 +14,6 @@ class SearchResultView : public FoundList
 public:
     SearchResultView(SearchBox *box, SearchResultModel *model, QWidget *parent = nullptr);
 
-    bool isHeld() const { return m_isHeld; } // see RowView::orderHeld()
-
 signals:
     // What the user wants of a row.
     void openRequested(const SearchEntry &entry);
@@ -35,5 +33,4 @@ private:
     SearchResultModel *m_model;
     SkinMenu *m_menu = nullptr;
     SearchEntry m_menuEntry; // what the open menu is about
-    bool m_isHeld = false;
 };

@@ -8,6 +8,8 @@
 
 #include <QElapsedTimer>
 
+#include <utility>
+
 namespace {
 constexpr int Portion = 16;            // items between two looks at the clock
 constexpr int AnnouncementDelay = 150; // ms
@@ -34,6 +36,20 @@ void SearchSources::start()
     m_started = true;
     if (!m_tasks.empty() && !m_nextSlice.isActive())
         m_nextSlice.start();
+}
+
+void SearchSources::setTeams(const QVector<SearchEntry> &teams)
+{
+    QStringList ids;
+    for (const SearchEntry &team : teams) {
+        ids.append(team.id);
+        enqueueOne([this, team] { m_index.put(team); });
+    }
+    const QStringList before = std::exchange(m_teams, ids);
+    for (const QString &id : before) {
+        if (!ids.contains(id))
+            remove(SearchEntry::Team, id);
+    }
 }
 
 // --- What is heard of ------------------------------------------------------------

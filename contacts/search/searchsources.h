@@ -27,6 +27,8 @@ public:
     SearchIndex &index() { return m_index; }
     // Further calls change nothing.
     void start();
+    // The user's teams: nobody but their page knows them. Others go.
+    void setTeams(const QVector<SearchEntry> &teams);
     // Whether something that was heard of is not in the index yet.
     bool isBusy() const { return !m_tasks.empty(); }
 
@@ -56,8 +58,9 @@ private:
 
     SearchIndex m_index;
     const OrgElementMap *m_organisation;
-    QString m_owner;   // whose data it is: a jid
-    QString m_company; // whose organisation m_organisation is; empty: not known yet
+    QStringList m_teams; // in the index, by their ids
+    QString m_owner;     // whose data it is: a jid
+    QString m_company;   // whose organisation m_organisation is; empty: not known yet
     // Each does a part of its work and returns true when there is none left.
     std::deque<std::function<bool()>> m_tasks;
     QTimer m_nextSlice;

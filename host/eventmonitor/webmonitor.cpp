@@ -2,9 +2,18 @@
 
 #include "host/eventmonitor/webrequestmodel.h"
 #include "host/eventmonitor/wordfilter.h"
+#include "host/teamevents.h"
 #include "host/weblog.h"
 
 #include <QTableView>
+
+namespace {
+// The request that waits for events is always under way: only its failures are news.
+bool isRoutine(const WebRequestRecord &record)
+{
+    return record.status == 200 && record.address.endsWith(TeamEvents::path());
+}
+} // namespace
 
 WebMonitor::WebMonitor(const WebLog *log, QWidget *parent)
     : WebMonitor(new WebRequestModel, log, parent)
@@ -23,6 +32,8 @@ WebMonitor::WebMonitor(WebRequestModel *model, const WebLog *log, QWidget *paren
 {
     if (log) {
         connect(log, &WebLog::recorded, this, [this](const WebRequestRecord &record) {
+            if (isRoutine(record))
+                return;
             m_model->record(record);
             recorded();
         });

@@ -90,12 +90,12 @@ TourMove requestListed()
                 s.host().core()->receiveContactRequest(s.jid,
                                                        QString::fromUtf8("你好，我是新同事。"));
             },
-            [](Stage &s) { return s.openDialog("ContactRequests") != nullptr; }};
+            [](Stage &s) { return s.openDialog("Notices") != nullptr; }};
 }
 
 TourMove formOpened()
 {
-    return {"the form is open", [](Stage &s) { s.press("ContactRequests", "addRequested"); },
+    return {"the form is open", [](Stage &s) { s.press("Notices", "acceptNotice"); },
             [](Stage &s) { return s.shownWidget(QStringLiteral("okButton")) != nullptr; }};
 }
 

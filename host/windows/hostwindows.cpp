@@ -2,12 +2,13 @@
 
 #include "host/chat/chatarea.h"
 #include "host/chat/chatpage.h"
+#include "host/colleaguesearch.h"
 #include "host/filetransfers.h"
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/messagingcore.h"
-#include "host/windows/contactrequests.h"
 #include "host/windows/historywindow.h"
+#include "host/windows/notices.h"
 #include "host/windows/peoplepicker.h"
 #include "host/windows/requestnote.h"
 #include "host/windows/roommanagement.h"
@@ -40,7 +41,7 @@ HostWindows::HostWindows(MessagingCore *core, HostContext *context, HostBus *bus
       m_bus(bus),
       m_chats(chats),
       m_parent(parent),
-      m_requests(new ContactRequests(parent)),
+      m_notices(new Notices(parent)),
       m_transfers(new FileTransfers(core, this))
 {
     connectRequests();
@@ -62,16 +63,19 @@ void HostWindows::connectRequests()
 {
     connect(m_core, &MessagingCore::contactRequested, this,
             [this](const QString &jid, const QString &text) {
-                m_requests->add(jid, nameOf(jid), text);
+                m_notices->add({Notice::ContactRequest, jid, nameOf(jid), text});
                 emit note(tr("%1 asks to become a contact: %2").arg(nameOf(jid), text));
             });
-    connect(m_core, &MessagingCore::contactAdded, m_requests, &ContactRequests::remove);
+    connect(m_core, &MessagingCore::contactAdded, m_notices,
+            [this](const QString &jid) { m_notices->remove(Notice::ContactRequest, jid); });
     connect(m_core, &MessagingCore::requestRefused, this,
             [this](const QString &jid, const QString &reason) {
                 emit note(tr("%1 refuses the contact request: %2").arg(nameOf(jid), reason));
             });
     // The plug-in has the window for it, and opens it when told the person's policy.
-    connect(m_requests, &ContactRequests::addWanted, this, [this](const QString &jid) {
+    connect(m_notices, &Notices::accepted, this, [this](int kind, const QString &jid) {
+        if (kind != Notice::ContactRequest)
+            return;
         m_toAdd.insert(jid);
         m_core->requestPolicy(jid);
     });
@@ -150,7 +154,8 @@ void HostWindows::createGroupChat(const QStringList &jids)
     QSet<QString> chosen;
     for (const QString &jid : jids)
         chosen.insert(jid);
-    auto *picker = new PeoplePicker(tr("New group chat"), m_core->contacts(), chosen, m_parent);
+    auto *picker =
+        new PeoplePicker(tr("New group chat"), m_core->contacts(), {chosen, {}}, m_parent);
     picker->addTextField(tr("Subject"));
     connect(picker, &QDialog::accepted, this, [this, picker] {
         QStringList names;
@@ -194,18 +199,36 @@ void HostWindows::openTopicPage(const QString &pluginId, const QString &jid)
                       peopleLines({jid}) + QStringList{pluginId});
 }
 
-void HostWindows::pickTeamMembers(const QString &teamId, qint32 groupId,
-                                  const QStringList &presentIds)
+QList<FriendData> HostWindows::colleagues() const
 {
     QList<FriendData> people;
     const QList<FriendData> contacts = m_core->contacts();
     for (const FriendData &contact : contacts) {
-        const bool isPresent =
-            presentIds.contains(contact.jid) || presentIds.contains(uidOf(contact.jid));
-        if (!isPresent && contact.outside == 0)
+        if (contact.outside == 0)
             people.append(contact);
     }
-    auto *picker = new PeoplePicker(tr("Add people to the team"), people, {}, m_parent);
+    return people;
+}
+
+void HostWindows::pickColleague(const QString &title, const std::function<void(QString)> &picked)
+{
+    auto *picker = new PeoplePicker(title, colleagues(), {}, m_parent);
+    picker->setSingle();
+    picker->searchWith(new ColleagueSearch(m_core->companyCode(), m_core->serverDomain()));
+    connect(picker, &QDialog::accepted, this,
+            [picker, picked] { picked(uidOf(picker->chosenJids().value(0))); });
+    picker->open();
+}
+
+void HostWindows::pickTeamMembers(const QString &teamId, qint32 groupId,
+                                  const QStringList &presentIds)
+{
+    QSet<QString> present;
+    for (const QString &id : presentIds)
+        present.insert(uidOf(id) + QLatin1Char('@') + m_core->serverDomain());
+    auto *picker =
+        new PeoplePicker(tr("Add people to the team"), colleagues(), {{}, present}, m_parent);
+    picker->searchWith(new ColleagueSearch(m_core->companyCode(), m_core->serverDomain()));
     connect(picker, &QDialog::accepted, this, [this, picker, teamId, groupId] {
         QStringList uids;
         const QStringList jids = picker->chosenJids();

@@ -1,20 +1,23 @@
 // Answers the plug-in's requests that concern the user interface: chats, pickers,
 // history, and notes for what this host does not have. Lists the people who ask to
-// become contacts.
+// become contacts among the notices.
 #pragma once
 
 #include "host/hostactions.h"
 #include "hostapi/roomrecords.h"
+#include "hostapi/rosterrecords.h"
 
 #include <QObject>
 #include <QSet>
 
+#include <functional>
+
 class ChatArea;
-class ContactRequests;
 class FileTransfers;
 class HostBus;
 class HostContext;
 class MessagingCore;
+class Notices;
 class QWidget;
 
 class HostWindows : public QObject, public HostActions
@@ -28,6 +31,7 @@ public:
     ~HostWindows() override;
 
     FileTransfers *transfers() const { return m_transfers; }
+    Notices *notices() const { return m_notices; }
 
     void openChat(const QString &jid, qint32 kind) override;
     void sendFile(const QStringList &jids, qint32 kind) override;
@@ -46,6 +50,9 @@ public:
     void confirmExternalContact(const QString &jid, qint32 agree, const QString &client) override;
     void blacklistExternalContact(const QString &jid) override;
 
+    // Of the own company, contact or not; `picked` gets the uid.
+    void pickColleague(const QString &title, const std::function<void(QString)> &picked);
+
 signals:
     // One line for the status bar.
     void note(const QString &text);
@@ -53,6 +60,7 @@ signals:
 private:
     void connectRequests();
     QString nameOf(const QString &jid) const;
+    QList<FriendData> colleagues() const;
     void startTransfers(const QStringList &jids, MessageData::Kind kind, const QStringList &files);
     QStringList peopleLines(const QStringList &jids) const;
 
@@ -61,7 +69,7 @@ private:
     HostBus *m_bus;
     ChatArea *m_chats;
     QWidget *m_parent;
-    ContactRequests *m_requests;
+    Notices *m_notices;
     FileTransfers *m_transfers;
     QSet<QString> m_toAdd; // jids whose policy was asked for, to open the plug-in's window
 };

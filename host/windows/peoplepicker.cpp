@@ -1,19 +1,16 @@
 #include "host/windows/peoplepicker.h"
 
+#include "host/colleaguesearch.h"
+#include "host/windows/peoplemodel.h"
+
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
-#include <QSortFilterProxyModel>
-#include <QStandardItemModel>
 #include <QVBoxLayout>
 
-#include <algorithm>
-
 namespace {
-constexpr int JidRole = Qt::UserRole + 1;
-
 QString shownName(const FriendData &person)
 {
     for (const QString &name : {person.remark, person.nickName, person.account})
@@ -24,11 +21,10 @@ QString shownName(const FriendData &person)
 } // namespace
 
 PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people,
-                           const QSet<QString> &chosen, QWidget *parent)
+                           const Marks &marks, QWidget *parent)
     : QDialog(parent),
       m_filterText(new QLineEdit(this)),
-      m_model(new QStandardItemModel(this)),
-      m_filter(new QSortFilterProxyModel(this)),
+      m_model(new PeopleModel(marks.chosen, marks.fixed, this)),
       m_count(new QLabel(this)),
       m_buttons(new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this))
 {
@@ -37,28 +33,15 @@ PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     setAttribute(Qt::WA_DeleteOnClose);
 
-    QList<QStandardItem *> items;
-    for (const FriendData &person : people) {
-        auto *item = new QStandardItem(shownName(person));
-        item->setData(person.jid, JidRole);
-        item->setCheckable(true);
-        item->setEditable(false);
-        item->setCheckState(chosen.contains(person.jid) ? Qt::Checked : Qt::Unchecked);
-        items.append(item);
-    }
-    std::sort(items.begin(), items.end(), [](const QStandardItem *a, const QStandardItem *b) {
-        // Who is chosen already stands on top, where it is seen.
-        if (a->checkState() != b->checkState())
-            return a->checkState() == Qt::Checked;
-        return a->text().localeAwareCompare(b->text()) < 0;
-    });
-    m_model->appendColumn(items);
-    m_filter->setSourceModel(m_model);
-    m_filter->setFilterCaseSensitivity(Qt::CaseInsensitive);
+    QVector<PeopleModel::Person> rows;
+    rows.reserve(people.size());
+    for (const FriendData &person : people)
+        rows.append({person.jid, shownName(person)});
+    m_model->add(rows);
 
     auto *list = new QListView(this);
     list->setObjectName(QStringLiteral("pickerList"));
-    list->setModel(m_filter);
+    list->setModel(m_model);
     list->setUniformItemSizes(true);
     m_filterText->setPlaceholderText(tr("Find by name"));
     m_filterText->setClearButtonEnabled(true);
@@ -72,9 +55,9 @@ PeoplePicker::PeoplePicker(const QString &title, const QList<FriendData> &people
     layout->addWidget(m_buttons);
     resize(380, 460);
 
-    connect(m_filterText, &QLineEdit::textChanged, m_filter,
-            &QSortFilterProxyModel::setFilterFixedString);
-    connect(m_model, &QStandardItemModel::itemChanged, this, &PeoplePicker::showCount);
+    connect(m_filterText, &QLineEdit::textChanged, this,
+            [this](const QString &text) { m_model->setFilter(text); });
+    connect(m_model, &PeopleModel::chosenChanged, this, &PeoplePicker::showCount);
     m_buttons->button(QDialogButtonBox::Ok)->setText(tr("OK"));
     m_buttons->button(QDialogButtonBox::Cancel)->setText(tr("Cancel"));
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
@@ -98,20 +81,35 @@ QString PeoplePicker::text() const
     return m_text ? m_text->text().trimmed() : QString();
 }
 
+void PeoplePicker::searchWith(ColleagueSearch *search)
+{
+    search->setParent(this);
+    connect(m_filterText, &QLineEdit::textChanged, search, &ColleagueSearch::search);
+    connect(search, &ColleagueSearch::found, this,
+            [this](const QString &text, const QVector<PeopleModel::Person> &people) {
+                if (text != m_filterText->text().trimmed())
+                    return;
+                QSet<QString> hits;
+                for (const PeopleModel::Person &person : people)
+                    hits.insert(person.jid);
+                m_model->add(people);
+                m_model->setFilter(m_filterText->text(), hits);
+            });
+}
+
+void PeoplePicker::setSingle()
+{
+    m_model->setSingle(true);
+}
+
 QStringList PeoplePicker::chosenJids() const
 {
-    QStringList jids;
-    for (int row = 0; row < m_model->rowCount(); ++row) {
-        const QStandardItem *item = m_model->item(row);
-        if (item->checkState() == Qt::Checked)
-            jids.append(item->data(JidRole).toString());
-    }
-    return jids;
+    return m_model->chosen();
 }
 
 void PeoplePicker::showCount()
 {
-    const int count = chosenJids().size();
+    const int count = m_model->chosenCount();
     m_count->setText(tr("%1 chosen").arg(count));
     m_buttons->button(QDialogButtonBox::Ok)->setEnabled(count > 0);
 }

@@ -99,6 +99,12 @@ private slots:
         row("wrong kind", "rule", R"({"path":"x","status":"many"})");
         row("deep", "rule", QString(100000, QLatin1Char('[')));
         row("unknown user", "user", R"({"uid":"u999999"})");
+        row("unknown company", "company", R"({"code":"C9","approval":true})");
+        row("another's approver", "company", R"({"code":"C1","approver":"x000000"})");
+        row("team of nobody", "team", R"({"owner":"u999999","members":2})");
+        row("too large", "team", R"({"owner":"u000000","members":301})");
+        row("empty", "team", R"({"owner":"u000000","members":0})");
+        row("no groups", "team", R"({"owner":"u000000","members":2,"groups":-1})");
     }
     void badCommands()
     {
@@ -107,6 +113,30 @@ private slots:
         const Answer answer = m_backEnd.control(command.toStdString(), json.toStdString());
         QCOMPARE(answer.status, 400);
         QVERIFY(!answer.json["error"].asString().empty());
+    }
+
+    void teamOfAnySize()
+    {
+        const Answer made =
+            m_backEnd.control("team", R"({"owner":"u000001","members":300,"groups":7})");
+        const std::string team = made.json["vtId"].asString();
+        const auto level = [&](const std::string &group) {
+            return m_client
+                ->post("/center/vt/getVirtualTeamGroup.do", {{"vtId", team}, {"pgId", group}})
+                .json["data"];
+        };
+        const Json::Value root = level("0");
+        QCOMPARE(root["group"].size(), 7u);
+        QCOMPARE(root["members"].size(), 1u);
+        QCOMPARE(root["members"][0]["role"].asInt(), 2);
+        unsigned people = root["members"].size();
+        for (const Json::Value &group : root["group"])
+            people += level(group["groupId"].asString())["members"].size();
+        QCOMPARE(people, 300u);
+        QCOMPARE(m_backEnd.control("company", R"({"code":"C1","approval":true})").status, 200);
+        const WebClient::Fields next{{"members", "u000002,u000003"}, {"vtName", "n"}};
+        QVERIFY(
+            m_client->post("/center/vt/createVirtualTeam.do", next).json["data"]["audit"].asBool());
     }
 
     void settingsAreKeptPerUser()

@@ -113,6 +113,7 @@ private slots:
         row("no number", QStringList{"--data", "x", "--people", "many"});
         row("too many", QStringList{"--data", "x", "--people", "100001"});
         row("no such port", QStringList{"--data", "x", "--port", "65536"});
+        row("team", QStringList{"--data", "x", "--team-size", "-1"});
         row("certificate", QStringList{"--data", "x", "--certificate", "good"});
     }
     void wrongCommandLines()
@@ -131,6 +132,24 @@ private slots:
         Program program(in(folder, {QStringLiteral("--port"), QString::number(other->port())}));
         QVERIFY(program.waitForFinished(Patience));
         QCOMPARE(program.exitCode(), 1);
+    }
+
+    void teamIsMadeOnce()
+    {
+        BackEndOptions options;
+        options.teamSize = 60;
+        options.teamApproval = true;
+        RunningBackEnd backEnd(options);
+        backEnd.restart();
+        WebClient client(*backEnd);
+        client.logIn(*backEnd, QStringLiteral("u000000"));
+        const Json::Value teams =
+            client.post("/center/vt/getAllVirtualTeam.do", {}).json["data"]["vt"];
+        QCOMPARE(teams.size(), 1u);
+        QCOMPARE(teams[0]["count"].asInt(), 60);
+        const Answer company = client.post("/center/company/teamApproval.do", {});
+        QVERIFY(company.json["data"]["approval"].asBool());
+        QCOMPARE(company.json["data"]["approver"].asString(), std::string("u000001"));
     }
 
     void servesTheManagerOfQt()

@@ -191,7 +191,7 @@ private slots:
         row("group", SearchEntry::Group, "g1", "locateGroup", "locateGroup");
         row("department", SearchEntry::Department, "d1", "locateInOrganisation",
             "locateInOrganisation");
-        row("team", SearchEntry::Team, "t1", "raisePage", "raisePage");
+        row("team", SearchEntry::Team, "t1", "locateTeam", "locateTeam");
     }
 
     void opening()

@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QPainter>
 
 namespace {
 constexpr int Edge = 16; // device-independent pixels, as all below
@@ -22,40 +23,42 @@ ChoiceBar::ChoiceBar(QWidget *parent)
     m_note->setObjectName(QStringLiteral("note"));
     m_note->setFont(skinFont(12));
     m_note->setForegroundRole(QPalette::PlaceholderText);
+    m_note->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     m_cancel->setObjectName(QStringLiteral("btnCancel"));
     m_sure->setObjectName(QStringLiteral("btnSure"));
     m_sure->setDefault(true);
+    connect(&Skin::instance(), &Skin::changed, this, qOverload<>(&QWidget::update));
     connect(m_cancel, &QPushButton::clicked, this, &ChoiceBar::cancelled);
     connect(m_sure, &QPushButton::clicked, this, &ChoiceBar::sure);
 
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(Edge, Gap, Edge, Edge);
+    layout->setContentsMargins(Edge, Edge - Gap / 2, Edge, Edge - Gap / 2);
     layout->setSpacing(Gap);
     layout->addWidget(m_note, 1);
     layout->addWidget(m_cancel);
     layout->addWidget(m_sure);
-    update();
+    showState();
 }
 
 void ChoiceBar::setNote(const QString &text)
 {
     m_text = ::displayText(text);
-    update();
+    showState();
 }
 
 void ChoiceBar::setSureEnabled(bool enabled)
 {
     m_sureEnabled = enabled;
-    update();
+    showState();
 }
 
 void ChoiceBar::setBusy(bool busy)
 {
     m_busy = busy;
-    update();
+    showState();
 }
 
-void ChoiceBar::update()
+void ChoiceBar::showState()
 {
     m_note->setText(m_busy ? QObject::tr("teamWorking") : m_text);
     m_cancel->setText(QObject::tr("cancel"));
@@ -66,6 +69,13 @@ void ChoiceBar::update()
 void ChoiceBar::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
-        update();
+        showState();
     QWidget::changeEvent(event);
+}
+
+void ChoiceBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setPen(Skin::instance().colors().border);
+    painter.drawLine(0, 0, width(), 0);
 }

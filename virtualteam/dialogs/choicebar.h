@@ -26,9 +26,10 @@ signals:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
-    void update();
+    void showState();
 
     ElidedLabel *m_note;
     SkinButton *m_cancel; // "btnCancel"

@@ -64,6 +64,7 @@ void CSetAdministrator::build()
     line->addWidget(m_filter);
     m_list->setMinimumSize(Width, ListHeight);
     m_failed->setObjectName(QStringLiteral("loadFailed"));
+    m_empty->setObjectName(QStringLiteral("nobody"));
     for (QWidget *page : {static_cast<QWidget *>(m_list), static_cast<QWidget *>(m_loading),
                           static_cast<QWidget *>(m_failed), static_cast<QWidget *>(m_empty),
                           static_cast<QWidget *>(m_nothing)})
@@ -167,7 +168,7 @@ void CSetAdministrator::changeEvent(QEvent *event)
 
 void CSetAdministrator::sure()
 {
-    if (m_state != State::Loaded || m_bar->isBusy())
+    if (m_state != State::Loaded)
         return;
     const QStringList chosen = m_list->members()->checkedIds();
     if (QSet<QString>(chosen.begin(), chosen.end()) == m_before) {

@@ -3,7 +3,8 @@
 #include "virtualteam/httpvirtualteamoperation.h"
 
 CVirtualApply::CVirtualApply(const QString &vtId, const QString &member)
-    : TeamDecisionWindow(vtId, &CHttpVirtualTeamOperation::signal_GetVirtualTeamCreatDetailFinish,
+    : TeamDecisionWindow(vtId, "teamCreator",
+                         &CHttpVirtualTeamOperation::signal_GetVirtualTeamCreatDetailFinish,
                          &CHttpVirtualTeamOperation::signal_AuditingVirtualTeamFinish),
       m_member(member)
 {

@@ -59,12 +59,32 @@ void CVirtualTeamTransAuthTreeView::connectHub()
     connect(hub, &Hub::signal_isConnected, viewport(), [this] { viewport()->update(); });
 }
 
+template <class Answer>
+void CVirtualTeamTransAuthTreeView::ask(const QString &groupId, Answer answer)
+{
+    auto *operation = new CHttpVirtualTeamOperation(this);
+    connect(operation, &CHttpVirtualTeamOperation::signal_GetVirtualTeamStructureFinish, this,
+            [operation, answer](bool ok, const QString &, const QString &,
+                                const QList<CVirtualTeamSimpleInfo> &groups,
+                                const QList<CVirtualTeamMemberInfo> &members) {
+                answer(ok, operation->resultCode(), groups, members);
+            });
+    operation->getVirtualTeamStructure(m_vtId, groupId);
+}
+
 // --- Choice --------------------------------------------------------------------------
 
 void CVirtualTeamTransAuthTreeView::setMoving(const QStringList &userIds, const QString &group)
 {
     m_moving = QSet<QString>(userIds.begin(), userIds.end());
-    m_choices->setRefusedGroup(group);
+    // Each group that is opened tells it by itself, and the topmost is open.
+    if (group.isEmpty() || group == rootGroupId())
+        return;
+    ask(group, [this, group](bool ok, int, const auto &, const auto &members) {
+        if (ok)
+            learnPlace(group, members);
+        emit choiceChanged();
+    });
 }
 
 CVirtualTeamMemberInfo CVirtualTeamTransAuthTreeView::chosenMember() const
@@ -197,18 +217,13 @@ void CVirtualTeamTransAuthTreeView::request(const QString &groupId)
     // What is shown stays while it is asked for anew.
     if (m_teams->childrenState(m_vtId, groupId) != TeamChildren::Loaded)
         m_teams->setChildrenState(m_vtId, groupId, TeamChildren::Loading);
-    auto *operation = new CHttpVirtualTeamOperation(this);
-    connect(operation, &CHttpVirtualTeamOperation::signal_GetVirtualTeamStructureFinish, this,
-            [this, operation, groupId](bool ok, const QString &, const QString &,
-                                       const QList<CVirtualTeamSimpleInfo> &groups,
-                                       const QList<CVirtualTeamMemberInfo> &members) {
-                m_asked.remove(groupId);
-                if (ok)
-                    arrived(groupId, groups, members);
-                else
-                    failed(groupId, operation->resultCode());
-            });
-    operation->getVirtualTeamStructure(m_vtId, groupId);
+    ask(groupId, [this, groupId](bool ok, int code, const auto &groups, const auto &members) {
+        m_asked.remove(groupId);
+        if (ok)
+            arrived(groupId, groups, members);
+        else
+            failed(groupId, code);
+    });
 }
 
 void CVirtualTeamTransAuthTreeView::arrived(const QString &groupId,

@@ -19,9 +19,8 @@ public:
 
     TeamTreeModel *teams() const { return m_teams; }
 
-    // Who is to be moved: the group that all of them are in cannot be chosen. `group`:
-    // the one that is known to hold them, empty when none is; levels that are loaded
-    // tell, too.
+    // Who is to be moved: the group that all of them are in cannot be chosen, as soon as
+    // its level tells so. `group`: where to look for them first; empty: nowhere.
     void setMoving(const QStringList &userIds, const QString &group);
 
     // Asks anew for the levels that are open; what is shown stays meanwhile.
@@ -51,6 +50,7 @@ private:
     void clickedRow(const QModelIndex &index);
     void opened(const QModelIndex &index);
     void request(const QString &groupId);
+    template <class Answer> void ask(const QString &groupId, Answer answer);
     void arrived(const QString &groupId, const QList<CVirtualTeamSimpleInfo> &groups,
                  const QList<CVirtualTeamMemberInfo> &members);
     void failed(const QString &groupId, int code);

@@ -4,12 +4,12 @@
 #include "common/displaytext.h"
 #include "common/logging.h"
 #include "controls/elidedlabel.h"
-#include "controls/loadingoverlay.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
 #include "controls/tipbox.h"
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/dialogs/dialogparts.h"
+#include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/memberpicker.h"
 #include "virtualteam/dialogs/reasonedit.h"
 #include "virtualteam/dialogs/teamnameedit.h"
@@ -23,8 +23,7 @@
 
 namespace {
 constexpr int WindowWidth = 400; // device-independent pixels
-constexpr int ButtonWidth = 84;
-constexpr int ReasonLines = 4; // to be seen without scrolling
+constexpr int ReasonLines = 5;   // to be seen without scrolling
 } // namespace
 
 CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(QWidget *parent)
@@ -44,6 +43,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
       m_team(team),
       m_invites(invites),
       m_nameCaption(DialogParts::label(this)),
+      m_name(invites ? nullptr : new TeamNameEdit(this)),
       m_picker(new MemberPicker(invites ? MemberPicker::OtherCompanies : MemberPicker::AnyCompany,
                                 this)),
       m_reasonCaption(DialogParts::label(this)),
@@ -51,7 +51,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
       m_reason(new ReasonEdit(this)),
       m_sure(new SkinButton(SkinButton::Primary, QString(), this)),
       m_cancel(new SkinButton(SkinButton::Outline, QString(), this)),
-      m_busy(new LoadingOverlay(m_picker))
+      m_state(DialogParts::quietLabel(this))
 {
     setObjectName(QStringLiteral("CVirtualTeamWidgetCreat"));
     if (invites)
@@ -66,6 +66,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
     connect(m_reason, &ReasonEdit::lengthChanged, this, &CVirtualTeamWidgetCreat::showLength);
     // Whom a search is about to find belongs to the team, too.
     connect(m_picker, &MemberPicker::changed, this, [this] { setSending(m_sending); });
+    connect(m_picker, &MemberPicker::escapePressed, this, &QDialog::reject);
     connect(m_sure, &QPushButton::clicked, this, &CVirtualTeamWidgetCreat::slot_sure);
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
@@ -97,9 +98,8 @@ QLayout *CVirtualTeamWidgetCreat::buildName()
         name->setText(displayText(m_team.vtName));
         layout->addWidget(name);
     } else {
-        m_name = new TeamNameEdit(this);
         m_nameCaption->setBuddy(m_name);
-        layout->addWidget(m_name);
+        layout->addWidget(new FieldFrame(m_name, this));
     }
     return layout;
 }
@@ -108,14 +108,13 @@ QLayout *CVirtualTeamWidgetCreat::buildReason()
 {
     m_length->setObjectName(QStringLiteral("reasonLength"));
     m_reasonCaption->setBuddy(m_reason);
-    m_reason->setFixedHeight(
-        ReasonLines * m_reason->fontMetrics().lineSpacing() +
-        2 * (m_reason->frameWidth() + int(m_reason->document()->documentMargin())));
+    m_reason->setFixedHeight(DialogParts::textHeight(m_reason->font(), ReasonLines) +
+                             2 * int(m_reason->document()->documentMargin()));
     auto *layout = new QGridLayout;
     layout->setVerticalSpacing(6);
     layout->addWidget(m_reasonCaption, 0, 0);
     layout->addWidget(m_length, 0, 1, Qt::AlignRight);
-    layout->addWidget(m_reason, 1, 0, 1, 2);
+    layout->addWidget(new FieldFrame(m_reason, this), 1, 0, 1, 2);
     return layout;
 }
 
@@ -125,10 +124,10 @@ QLayout *CVirtualTeamWidgetCreat::buildButtons()
     m_sure->setDefault(true);
     m_cancel->setObjectName(QStringLiteral("btnCancel"));
     for (SkinButton *button : {m_sure, m_cancel})
-        button->setMinimumWidth(ButtonWidth);
+        button->setMinimumWidth(DialogParts::ButtonWidth);
     auto *layout = new QHBoxLayout;
     layout->setSpacing(8);
-    layout->addStretch(1);
+    layout->addWidget(m_state, 1);
     layout->addWidget(m_sure);
     layout->addWidget(m_cancel);
     return layout;
@@ -144,6 +143,7 @@ void CVirtualTeamWidgetCreat::retranslate()
         m_name->setAccessibleName(m_nameCaption->text());
     m_sure->setText(QObject::tr("sure"));
     m_cancel->setText(QObject::tr("cancel"));
+    setSending(m_sending);
 }
 
 void CVirtualTeamWidgetCreat::showLength(int length)
@@ -254,10 +254,7 @@ void CVirtualTeamWidgetCreat::setSending(bool sending)
 {
     m_sending = sending;
     m_sure->setEnabled(!sending && !m_picker->isSearching());
-    if (sending)
-        m_busy->note();
-    else
-        m_busy->hide();
+    m_state->setText(sending ? QObject::tr("teamSaving") : QString());
 }
 
 // --- Events ------------------------------------------------------------------------

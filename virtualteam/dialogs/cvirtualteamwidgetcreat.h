@@ -8,7 +8,6 @@
 #include "controls/basedialog.h"
 #include "virtualteam/teamrecords.h"
 
-class LoadingOverlay;
 class MemberPicker;
 class ReasonEdit;
 class TeamNameEdit;
@@ -55,12 +54,12 @@ private:
     bool m_isClosed = false;
 
     QLabel *m_nameCaption;
-    TeamNameEdit *m_name = nullptr; // of a new team
+    TeamNameEdit *m_name; // of a new team; null for an invitation
     MemberPicker *m_picker;
     QLabel *m_reasonCaption;
     QLabel *m_length;
     ReasonEdit *m_reason;
     SkinButton *m_sure;
     SkinButton *m_cancel;
-    LoadingOverlay *m_busy;
+    QLabel *m_state; // that the request runs
 };

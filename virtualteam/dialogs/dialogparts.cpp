@@ -1,10 +1,10 @@
 #include "virtualteam/dialogs/dialogparts.h"
 
-#include "controls/rowpainter.h"
 #include "controls/skin.h"
 
-#include <QAbstractItemView>
 #include <QLabel>
+#include <QTextLayout>
+#include <QtMath>
 
 QLabel *DialogParts::label(QWidget *parent)
 {
@@ -22,8 +22,11 @@ QLabel *DialogParts::quietLabel(QWidget *parent)
     return made;
 }
 
-void DialogParts::frame(QAbstractItemView *list, int rows)
+int DialogParts::textHeight(const QFont &font, int lines)
 {
-    list->setFrameShape(QFrame::StyledPanel);
-    list->setMinimumHeight(rows * RowPainter::RowHeight + 2 * list->frameWidth());
+    QTextLayout layout(QString::fromUtf8("高 Ag"), font);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    return lines * qCeil(line.height());
 }

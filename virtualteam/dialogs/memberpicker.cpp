@@ -3,24 +3,24 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
+#include "controls/rowpainter.h"
+#include "controls/searchbox.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
 #include "controls/tipbox.h"
 #include "virtualteam/dialogs/chosenmemberlist.h"
 #include "virtualteam/dialogs/dialogparts.h"
+#include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/memberlistmodel.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
 
 #include <QEvent>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 
 namespace {
-constexpr int LongestKey = 64; // characters of an account or mobile number
-constexpr int RowsToSee = 4;   // of the list, without scrolling
+constexpr int RowsToSee = 4; // without scrolling
 } // namespace
 
 MemberPicker::MemberPicker(Kind kind, QWidget *parent)
@@ -28,21 +28,15 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
       m_kind(kind),
       m_caption(DialogParts::label(this)),
       m_state(DialogParts::quietLabel(this)),
-      m_key(new QLineEdit(this)),
-      m_add(new SkinButton(SkinButton::Outline,
-                           QStringLiteral("Resources/images/icon/glyph_search.png"), this)),
+      m_key(new SearchBox(this, "accountOrMobile")),
+      m_add(new SkinButton(SkinButton::Outline, QString(), this)),
       m_list(new ChosenMemberList(this))
 {
     m_caption->setBuddy(m_key);
     m_state->setObjectName(QStringLiteral("pickerState"));
     m_key->setObjectName(QStringLiteral("memberSearch"));
-    m_key->setFont(skinFont(13));
-    m_key->setMaxLength(LongestKey);
-    m_key->setClearButtonEnabled(true);
-    m_key->installEventFilter(this);
-    followSkinAsField(m_key);
     m_add->setObjectName(QStringLiteral("memberAdd"));
-    DialogParts::frame(m_list, RowsToSee);
+    m_list->setMinimumHeight(RowsToSee * RowPainter::RowHeight);
 
     auto *layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -55,10 +49,16 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
     line->addWidget(m_key, 1);
     line->addWidget(m_add);
     layout->addLayout(line, 1, 0, 1, 2);
-    layout->addWidget(m_list, 2, 0, 1, 2);
+    layout->addWidget(new FieldFrame(m_list, this), 2, 0, 1, 2);
     layout->setRowStretch(2, 1);
 
-    connect(m_add, &QPushButton::clicked, this, &MemberPicker::search);
+    connect(m_add, &QPushButton::clicked, this, [this] {
+        takeFocus(); // for the next one
+        search();
+    });
+    connect(m_key, &SearchBox::enterPressed, this, &MemberPicker::search);
+    connect(m_key, &SearchBox::escapePressed, this, &MemberPicker::escapePressed);
+    connect(m_key, &SearchBox::downPressed, m_list, qOverload<>(&QWidget::setFocus));
     connect(m_key, &QLineEdit::textChanged, this, &MemberPicker::updateState);
     connect(m_list, &ChosenMemberList::signal_deleteItem, this, &MemberPicker::removeMember);
     retranslate();
@@ -151,8 +151,6 @@ void MemberPicker::retranslate()
 {
     const bool invites = m_kind == OtherCompanies;
     m_caption->setText(invites ? QObject::tr("invitedMembers") : QObject::tr("teamMembers"));
-    m_key->setPlaceholderText(QObject::tr("accountOrMobile"));
-    m_key->setAccessibleName(QObject::tr("accountOrMobile"));
     m_add->setText(QObject::tr("addMember"));
     m_list->setAccessibleName(m_caption->text());
     m_list->setTextWhenEmpty(invites ? QObject::tr("pickOtherCompanies")
@@ -165,17 +163,4 @@ void MemberPicker::changeEvent(QEvent *event)
     if (event->type() == QEvent::LanguageChange)
         retranslate();
     QWidget::changeEvent(event);
-}
-
-// Enter would press the dialog's own button.
-bool MemberPicker::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched != m_key || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    const auto *key = static_cast<QKeyEvent *>(event);
-    if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter)
-        return QWidget::eventFilter(watched, event);
-    if (!key->isAutoRepeat())
-        search();
-    return true;
 }

@@ -9,7 +9,7 @@
 class ChosenMemberList;
 class CHttpVirtualTeamOperation;
 class QLabel;
-class QLineEdit;
+class SearchBox;
 class SkinButton;
 struct CVirtualTeamMemberInfo;
 
@@ -33,6 +33,7 @@ public:
 signals:
     // Somebody was added or taken out, or a search has begun or ended.
     void changed();
+    void escapePressed();
 
 public slots:
     // For what is in the field. The answer adds the person, or tells why not.
@@ -41,7 +42,6 @@ public slots:
 
 protected:
     void changeEvent(QEvent *event) override;
-    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void found(const QString &key, const CVirtualTeamMemberInfo &member);
@@ -52,7 +52,7 @@ private:
     Kind m_kind;
     QLabel *m_caption;
     QLabel *m_state; // how many, or that a search runs
-    QLineEdit *m_key;
+    SearchBox *m_key;
     SkinButton *m_add;
     ChosenMemberList *m_list;
     // What is being searched for. The requests die with this object, unanswered.

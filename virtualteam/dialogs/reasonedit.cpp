@@ -4,6 +4,8 @@
 #include "controls/slimscrollbar.h"
 #include "virtualteam/dialogs/reasontext.h"
 
+#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QSignalBlocker>
 #include <QTextCursor>
@@ -13,8 +15,9 @@ ReasonEdit::ReasonEdit(QWidget *parent) : QPlainTextEdit(parent)
     setObjectName(QStringLiteral("reasonEdit"));
     setTabChangesFocus(true);
     setFont(skinFont(13));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     useSlimScrollBar(this);
-    followSkinAsField(this);
+    followSkin(this);
     connect(this, &QPlainTextEdit::textChanged, this, &ReasonEdit::cut);
 }
 
@@ -29,16 +32,51 @@ void ReasonEdit::cut()
                 ReasonText::excess(text, cursor.position(), MaximumLength);
             if (excess.count == 0)
                 break;
-            // Undone together with what made the text too long.
-            cursor.joinPreviousEditBlock();
             cursor.setPosition(excess.from);
             cursor.setPosition(excess.from + excess.count, QTextCursor::KeepAnchor);
             cursor.removeSelectedText();
-            cursor.endEditBlock();
             text = toPlainText();
         }
     }
     emit lengthChanged(text.size());
+}
+
+// What the user adds is cut before it is there: to undo the cutting would bring back
+// what is too much, and that would be cut again for ever. A whole book that is pasted
+// would take seconds besides.
+
+int ReasonEdit::room() const
+{
+    const QTextCursor cursor = textCursor();
+    const int selected = cursor.selectionEnd() - cursor.selectionStart();
+    return MaximumLength - (document()->characterCount() - 1 - selected);
+}
+
+void ReasonEdit::keyPressEvent(QKeyEvent *event)
+{
+    const bool isLineEnd = event->matches(QKeySequence::InsertParagraphSeparator) ||
+                           event->matches(QKeySequence::InsertLineSeparator);
+    const QString text = event->text();
+    const bool isText = !event->modifiers().testFlag(Qt::ControlModifier) && !text.isEmpty() &&
+                        (text.at(0).isPrint() || text.at(0).isSurrogate());
+    if (isLineEnd || isText) {
+        const int length = isLineEnd ? 1 : text.size();
+        if (length > room()) {
+            event->accept();
+            return;
+        }
+    }
+    QPlainTextEdit::keyPressEvent(event);
+}
+
+void ReasonEdit::inputMethodEvent(QInputMethodEvent *event)
+{
+    QInputMethodEvent fitting(event->preeditString(), event->attributes());
+    fitting.setCommitString(
+        ReasonText::start(event->commitString(), room() + event->replacementLength()),
+        event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&fitting);
+    event->setAccepted(fitting.isAccepted());
 }
 
 bool ReasonEdit::canInsertFromMimeData(const QMimeData *source) const
@@ -46,14 +84,10 @@ bool ReasonEdit::canInsertFromMimeData(const QMimeData *source) const
     return source->hasText();
 }
 
-// What is too much would be laid out only to be cut again: for a whole book that takes
-// seconds.
 void ReasonEdit::insertFromMimeData(const QMimeData *source)
 {
     QTextCursor cursor = textCursor();
-    const int selected = cursor.selectionEnd() - cursor.selectionStart();
-    const int room = MaximumLength - (document()->characterCount() - 1 - selected);
-    cursor.insertText(ReasonText::start(source->text(), room));
+    cursor.insertText(ReasonText::start(source->text(), room()));
     setTextCursor(cursor);
     ensureCursorVisible();
 }

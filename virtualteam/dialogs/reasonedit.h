@@ -21,9 +21,13 @@ signals:
     void lengthChanged(int length);
 
 protected:
-    void insertFromMimeData(const QMimeData *source) override;
     bool canInsertFromMimeData(const QMimeData *source) const override;
+    void inputMethodEvent(QInputMethodEvent *event) override;
+    void insertFromMimeData(const QMimeData *source) override;
+    void keyPressEvent(QKeyEvent *event) override;
 
 private:
+    // For what takes the place of the selection.
+    int room() const;
     void cut();
 };

@@ -25,17 +25,19 @@ SetAdiministratorListView::SetAdiministratorListView(QWidget *parent)
 void SetAdiministratorListView::setMembers(const QList<CVirtualTeamMemberInfo> &members)
 {
     QList<CVirtualTeamMemberInfo> choices;
-    QStringList administrators;
+    QHash<QString, bool> changed;
     for (const CVirtualTeamMemberInfo &member : members) {
         if (member.role == TeamRole::Owner)
             continue;
         choices.append(member);
-        if (member.role == TeamRole::SubAdministrator && !m_members->find(member.userId))
-            administrators.append(member.userId);
+        const MemberChoice *known = m_members->find(member.userId);
+        const bool isAdministrator = member.role == TeamRole::SubAdministrator;
+        if (!known || isAdministrator != (known->member.role == TeamRole::SubAdministrator))
+            changed.insert(member.userId, isAdministrator);
     }
     m_members->setMembers(choices, MemberChoiceModel::ByRoleAndName);
-    for (const QString &userId : qAsConst(administrators))
-        m_members->setChecked(userId, true);
+    for (auto at = changed.constBegin(); at != changed.constEnd(); ++at)
+        m_members->setChecked(at.key(), at.value());
     emit checkedChanged();
 }
 

@@ -18,8 +18,8 @@ public:
 
     MemberChoiceModel *members() const { return m_members; }
 
-    // Without the owner. The sub-administrators are ticked; who was there already keeps
-    // the tick that the user gave or took.
+    // Without the owner. The sub-administrators are ticked; who was there already, in
+    // the same role, keeps the tick that the user gave or took.
     void setMembers(const QList<CVirtualTeamMemberInfo> &members);
     void setFilter(const QString &text);
 

@@ -64,17 +64,11 @@ QVariant TeamChoices::data(const QModelIndex &index, int role) const
                    ? QObject::tr("teamMembersHere")
                    : QString();
     case Qt::DisplayRole:
-        switch (kindOf(index)) {
-        case TeamRowKind::Failed:
+    case Qt::AccessibleTextRole:
+        if (kindOf(index) == TeamRowKind::Failed)
             return QString::fromUtf8("获取成员信息出错");
-        case TeamRowKind::Empty:
+        if (kindOf(index) == TeamRowKind::Empty)
             return QString::fromUtf8("没有成员信息");
-        case TeamRowKind::Team:
-        case TeamRowKind::Group:
-        case TeamRowKind::Member:
-        case TeamRowKind::Loading:
-            break;
-        }
         break;
     default:
         break;

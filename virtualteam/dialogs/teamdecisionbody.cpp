@@ -4,6 +4,7 @@
 #include "controls/avatarstore.h"
 #include "controls/elidedlabel.h"
 #include "controls/pictures.h"
+#include "controls/rowpainter.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
 #include "controls/slimscrollbar.h"
@@ -11,6 +12,7 @@
 #include "http/fileservices.h"
 #include "virtualteam/dialogs/cvirtualteammemberlistview.h"
 #include "virtualteam/dialogs/dialogparts.h"
+#include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/memberlistmodel.h"
 #include "virtualteam/memberpicture.h"
 
@@ -35,7 +37,8 @@ QString nameOf(const CVirtualTeamInfo &info)
 }
 } // namespace
 
-TeamDecisionBody::TeamDecisionBody(QWidget *parent) : QWidget(parent)
+TeamDecisionBody::TeamDecisionBody(const char *personKey, QWidget *parent)
+    : QWidget(parent), m_personKey(personKey)
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, 12);
@@ -63,6 +66,7 @@ QLayout *TeamDecisionBody::buildHeader()
     m_teamName = new ElidedLabel(this);
     m_teamName->setObjectName(QStringLiteral("teamName"));
     m_teamName->setFont(skinFont(16, QFont::Medium));
+    m_personCaption = DialogParts::quietLabel(this);
     m_portrait = new QLabel(this);
     m_portrait->setFixedSize(PortraitSize, PortraitSize);
     m_creator = new ElidedLabel(this);
@@ -75,6 +79,7 @@ QLayout *TeamDecisionBody::buildHeader()
 
     auto *person = new QHBoxLayout;
     person->setSpacing(6);
+    person->addWidget(m_personCaption);
     person->addWidget(m_portrait);
     person->addWidget(m_creator);
     person->addWidget(m_creatorCode);
@@ -124,7 +129,8 @@ QLayout *TeamDecisionBody::buildFields()
     m_reason->setFont(skinFont(13));
     m_reason->setFrameShape(QFrame::NoFrame);
     m_reason->document()->setDocumentMargin(0);
-    m_reason->setFixedHeight(ReasonLines * m_reason->fontMetrics().lineSpacing());
+    m_reason->setFixedHeight(DialogParts::textHeight(m_reason->font(), ReasonLines));
+    m_reason->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     useSlimScrollBar(m_reason);
     followSkin(m_reason);
     const int row = layout->rowCount();
@@ -138,12 +144,12 @@ QLayout *TeamDecisionBody::buildMembers()
     m_membersCaption = DialogParts::label(this);
     m_memberCount = DialogParts::quietLabel(this);
     m_members = new CVirtualTeamMemberListView(this);
-    DialogParts::frame(m_members, RowsToSee);
+    m_members->setMinimumHeight(RowsToSee * RowPainter::RowHeight);
     auto *layout = new QGridLayout;
     layout->setVerticalSpacing(6);
     layout->addWidget(m_membersCaption, 0, 0);
     layout->addWidget(m_memberCount, 0, 1, Qt::AlignRight);
-    layout->addWidget(m_members, 1, 0, 1, 2);
+    layout->addWidget(new FieldFrame(m_members, this), 1, 0, 1, 2);
     layout->setRowStretch(1, 1);
     return layout;
 }
@@ -170,8 +176,13 @@ QWidget *TeamDecisionBody::buildFooter()
                           static_cast<QWidget *>(m_agree), static_cast<QWidget *>(m_refuse)})
         layout->addWidget(part);
     layout->addStretch(1);
-    connect(m_agree, &QPushButton::clicked, this, [this] { emit decided(true); });
-    connect(m_refuse, &QPushButton::clicked, this, [this] { emit decided(false); });
+    for (SkinButton *button : {m_agree, m_refuse}) {
+        button->setMinimumWidth(DialogParts::ButtonWidth);
+        connect(button, &QPushButton::clicked, this, [this, button] {
+            m_pressed = button;
+            emit decided(button == m_agree);
+        });
+    }
     return footer;
 }
 
@@ -204,8 +215,8 @@ void TeamDecisionBody::showPicture()
     if (m_info.userId.isEmpty())
         return;
     const QString file = memberPicture(m_info.userId, m_info.photoName);
-    m_portrait->setPixmap(AvatarStore::instance().avatar(file, m_info.userId, nameOf(m_info),
-                                                         PortraitSize, devicePixelRatioF()));
+    m_portrait->setPixmap(AvatarStore::instance().avatar(
+        file, makeJid(m_info.userId), nameOf(m_info), PortraitSize, devicePixelRatioF()));
 }
 
 void TeamDecisionBody::setOutcome(Outcome outcome)
@@ -218,6 +229,8 @@ void TeamDecisionBody::setDeciding(bool deciding)
 {
     m_deciding = deciding;
     showOutcome();
+    if (!deciding && m_pressed)
+        m_pressed->setFocus(); // which went elsewhere when it was disabled
 }
 
 void TeamDecisionBody::showOutcome()
@@ -240,17 +253,13 @@ void TeamDecisionBody::showOutcome()
     m_mark->setAccessibleName(m_markText->text());
 }
 
-void TeamDecisionBody::takeFocus()
-{
-    m_members->setFocus();
-}
-
 void TeamDecisionBody::retranslate()
 {
     for (const Field &field : qAsConst(m_fields)) {
         field.caption->setText(QObject::tr(field.key));
         field.value->setAccessibleName(field.caption->text());
     }
+    m_personCaption->setText(QObject::tr(m_personKey));
     m_reasonCaption->setText(QObject::tr("teamReason"));
     m_reason->setAccessibleName(m_reasonCaption->text());
     m_membersCaption->setText(QObject::tr("invitedMembers"));

@@ -27,14 +27,14 @@ public:
         Decided // one way or the other
     };
 
-    explicit TeamDecisionBody(QWidget *parent = nullptr);
+    // `personKey`: what who asks is called, as a translation key.
+    explicit TeamDecisionBody(const char *personKey, QWidget *parent = nullptr);
 
     // Also makes it Decided, when the record says so and it was open.
     void setInfo(const CVirtualTeamInfo &info);
     void setOutcome(Outcome outcome);
     bool isOpen() const { return m_outcome == Open; }
     void setDeciding(bool deciding); // the buttons wait
-    void takeFocus();
 
 signals:
     void decided(bool agree);
@@ -58,11 +58,13 @@ private:
     void showOutcome();
     void retranslate();
 
+    const char *const m_personKey;
     CVirtualTeamInfo m_info;
     Outcome m_outcome = Open;
     bool m_deciding = false;
 
     ElidedLabel *m_teamName;
+    QLabel *m_personCaption;
     QLabel *m_portrait;
     ElidedLabel *m_creator;
     ElidedLabel *m_creatorCode;
@@ -77,6 +79,7 @@ private:
     CVirtualTeamMemberListView *m_members;
     SkinButton *m_agree;
     SkinButton *m_refuse;
+    SkinButton *m_pressed = nullptr; // one of them, last
     QLabel *m_mark;
     QLabel *m_markText;
 };

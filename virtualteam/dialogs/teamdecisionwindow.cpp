@@ -2,14 +2,16 @@
 
 #include "common/context.h"
 #include "common/logging.h"
-#include "controls/loadingoverlay.h"
 #include "controls/statepage.h"
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/dialogs/teamdecisionbody.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
 
+#include <QEvent>
+#include <QMouseEvent>
 #include <QPointer>
+#include <QPushButton>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -21,8 +23,8 @@ constexpr int WindowHeight = 560;
 constexpr int DecidedAlready = 10003; // the service's code
 } // namespace
 
-TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, DetailSignal detail,
-                                       DecisionSignal decision)
+TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, const char *personKey,
+                                       DetailSignal detail, DecisionSignal decision)
     : m_vtId(vtId),
       m_detailSignal(detail),
       m_decisionSignal(decision),
@@ -33,7 +35,7 @@ TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, DetailSignal detail,
       m_failed(new StatePage("loadErrorAndCrazyRetry",
                              QStringLiteral("Resources/images/icon/ic_lion_load_failure.png"),
                              "retry", this)),
-      m_body(new TeamDecisionBody(this))
+      m_body(new TeamDecisionBody(personKey, this))
 {
     m_pages->setObjectName(QStringLiteral("decisionPages"));
     m_loading->setObjectName(QStringLiteral("loadingPage"));
@@ -45,6 +47,7 @@ TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, DetailSignal detail,
     bodyLayout()->addWidget(m_pages, 1);
     setFixedSize(WindowWidth, WindowHeight);
 
+    m_failed->installEventFilter(this);
     connect(m_failed, &StatePage::buttonClicked, this, &TeamDecisionWindow::retry);
     connect(m_body, &TeamDecisionBody::decided, this, &TeamDecisionWindow::decide);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
@@ -90,17 +93,35 @@ void TeamDecisionWindow::detailArrived(bool ok, const CVirtualTeamInfo &info)
     if (!ok) {
         LOG_ERROR("the detail of team " << logText(m_vtId) << " could not be loaded");
         // What is shown already stays.
-        if (!m_isShown)
+        if (!m_isShown) {
             m_pages->setCurrentWidget(m_failed);
+            m_failed->findChild<QPushButton *>()->setFocus();
+        }
         return;
     }
     m_body->setInfo(info);
     m_isShown = true;
-    const bool isNewPage = m_pages->currentWidget() != m_body;
     m_pages->setCurrentWidget(m_body);
-    if (isNewPage)
-        m_body->takeFocus();
     detailShown(info);
+}
+
+// The sentence on the page says that a click leads on, not where.
+bool TeamDecisionWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_failed && event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
+        retry();
+        return true;
+    }
+    return BaseDialog::eventFilter(watched, event);
+}
+
+// Neither button may be what an unlucky Enter presses.
+void TeamDecisionWindow::showEvent(QShowEvent *event)
+{
+    BaseDialog::showEvent(event);
+    if (!event->spontaneous())
+        setFocus();
 }
 
 // --- The decision ------------------------------------------------------------------

@@ -10,7 +10,6 @@
 #include "virtualteam/teamrecords.h"
 
 class CHttpVirtualTeamOperation;
-class LoadingOverlay;
 class QStackedWidget;
 class StatePage;
 class TeamDecisionBody;
@@ -27,13 +26,18 @@ protected:
     using DetailSignal = void (CHttpVirtualTeamOperation::*)(bool, CVirtualTeamInfo);
     using DecisionSignal = void (CHttpVirtualTeamOperation::*)(bool, const QString &, bool, bool);
 
-    TeamDecisionWindow(const QString &vtId, DetailSignal detail, DecisionSignal decision);
+    // `personKey`: what who asks is called, as a translation key.
+    TeamDecisionWindow(const QString &vtId, const char *personKey, DetailSignal detail,
+                       DecisionSignal decision);
 
     void load(); // of a subclass's constructor, once
 
     virtual void requestDetail(CHttpVirtualTeamOperation *operation) = 0;
     virtual void sendDecision(CHttpVirtualTeamOperation *operation, bool agree) = 0;
     virtual void detailShown(const CVirtualTeamInfo &) {}
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void retry();

@@ -21,8 +21,8 @@ class VirtualTeamTransAuth : public BaseDialog
 
 public:
     VirtualTeamTransAuth(const CVirtualTeamSimpleInfo &team, QWidget *parent); // "transAuth"
-    // "moveTeamMembers". `group`: in which all of them are, which is not offered then;
-    // empty when that is not known or not so.
+    // "moveTeamMembers". `group`: in which they may all be, and which is not offered
+    // then; empty when nothing is known of it.
     VirtualTeamTransAuth(const CVirtualTeamSimpleInfo &team, const QStringList &members,
                          QWidget *parent, const QString &group = QString());
 

@@ -7,8 +7,8 @@
 #include "host/panearea.h"
 #include "host/pluginloader.h"
 #include "host/webservices.h"
-#include "host/windows/contactrequests.h"
 #include "host/windows/hostwindows.h"
+#include "host/windows/notices.h"
 #include "host/windows/peoplepicker.h"
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
@@ -81,8 +81,15 @@ private slots:
         auto *picker = bench.find<PeoplePicker>("peoplePicker");
         auto *model = picker->findChild<QAbstractItemModel *>();
         QVERIFY(model);
-        QCOMPARE(model->rowCount(), 1); // u2 is in the team already
-        model->setData(model->index(0, 0), Qt::Checked, Qt::CheckStateRole);
+        QCOMPARE(model->rowCount(), 2);
+        for (int row = 0; row < 2; ++row) {
+            const QModelIndex index = model->index(row, 0);
+            const bool isPresent = index.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+            QCOMPARE(index.flags().testFlag(Qt::ItemIsUserCheckable), !isPresent);
+            QCOMPARE(
+                model->setData(index, isPresent ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole),
+                !isPresent);
+        }
         picker->accept();
         QCOMPARE(recorded.count(), 1);
         const auto record = recorded.first().first().value<EventRecord>();
@@ -198,14 +205,14 @@ private slots:
         emit bench.core.contactRequested(u1(), QStringLiteral("hello"), QString());
         emit bench.core.contactRequested(u2(), hostile(), QString());
         emit bench.core.contactRequested(u1(), QStringLiteral("hello again"), QString());
-        auto *list = bench.find<QListWidget>("requestList");
+        auto *list = bench.find<QListWidget>("noticeList");
         QVERIFY(list->isVisible());
         QCOMPARE(list->count(), 2);
         QVERIFY(list->item(0)->text().endsWith(QStringLiteral(": hello again")));
         QVERIFY(!list->item(1)->text().contains(QLatin1Char('\n')));
-        for (int i = 0; i < 2 * ContactRequests::MaximumRows; ++i)
+        for (int i = 0; i < 2 * Notices::MaximumRows; ++i)
             emit bench.core.contactRequested(QString::number(i), QString(), QString());
-        QCOMPARE(list->count(), int(ContactRequests::MaximumRows));
+        QCOMPARE(list->count(), int(Notices::MaximumRows));
     }
 
     void aRequestLeadsToThePlugin()
@@ -221,7 +228,7 @@ private slots:
         };
         emit bench.core.contactRequested(u1(), QString(), QString());
         emit bench.core.contactRequested(u2(), QString(), QString());
-        bench.find<QPushButton>("addRequested")->click(); // the first that came
+        bench.find<QPushButton>("acceptNotice")->click(); // the first that came
         QCOMPARE(bench.core.calls, QStringList{QStringLiteral("requestPolicy(%1)").arg(u1())});
         answer(u2()); // asked for by the plug-in itself
         QVERIFY(sent.isEmpty());
@@ -234,7 +241,7 @@ private slots:
         out << u1() << QStringLiteral("3") << QString() << QStringLiteral("Name") << true;
         QCOMPARE(sent.first().payload, payload);
 
-        auto *list = bench.find<QListWidget>("requestList");
+        auto *list = bench.find<QListWidget>("noticeList");
         QCOMPARE(list->count(), 1);
         emit bench.core.contactAdded(u2());
         QVERIFY(list->count() == 0 && !list->isVisible());

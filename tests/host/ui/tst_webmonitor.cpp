@@ -2,6 +2,7 @@
 #include "host/eventmonitor/webmask.h"
 #include "host/eventmonitor/webmonitor.h"
 #include "host/eventmonitor/webrequestmodel.h"
+#include "host/teamevents.h"
 #include "host/weblog.h"
 #include "tests/support/testrunner.h"
 
@@ -138,6 +139,16 @@ private slots:
         QCOMPARE(QApplication::clipboard()->text(),
                  QString::fromUtf8("2024-05-06 07:08:09.010\tPOST\t–\t12\t34\t56\t"
                                    "https://h/locateOrg.do\tConnection refused"));
+    }
+
+    void waitingForNewsIsNoNews()
+    {
+        WebLog log;
+        WebMonitor monitor(&log);
+        emit log.recorded(request(QStringLiteral("https://127.0.0.1:1") + TeamEvents::path()));
+        emit log.recorded(request(QStringLiteral("https://127.0.0.1:1") + TeamEvents::path(), 500));
+        monitor.model()->flush();
+        QCOMPARE(monitor.model()->rowCount(), 1);
     }
 };
 

@@ -1,5 +1,6 @@
 // What users are told about their teams, numbered in the order in which it happened.
-// Kept for a day. Lives within a transaction.
+// Of the events of one type about one team a user is told only the newest. Kept for a
+// day. Lives within a transaction.
 #pragma once
 
 #include "backend/database.h"
@@ -22,10 +23,10 @@ struct TeamEvent
     QString member; // who caused it; the applicant of "audit" and "join"
 };
 
-class TeamEvents
+class TeamEventLog
 {
 public:
-    explicit TeamEvents(Transaction &transaction) : m_transaction(transaction) {}
+    explicit TeamEventLog(Transaction &transaction) : m_transaction(transaction) {}
 
     void tell(const QStringList &uids, const char *type, qint64 team, const QString &member);
     // An update, for all members of now.
@@ -34,7 +35,7 @@ public:
     // Those with a higher number, oldest first, MaximumRead at most.
     std::vector<TeamEvent> after(const QString &uid, qint64 number);
     qint64 last(); // number of the newest there ever was; 0: none
-    // Whether some after this number are kept no more, or it was never given out.
+    // Whether some after this number may be kept no more, or it was never given out.
     bool isForgotten(qint64 number);
 
     static constexpr int MaximumRead = 1000;

@@ -1,4 +1,4 @@
-#include "backend/teams/teamevents.h"
+#include "backend/teams/teameventlog.h"
 
 #include <QDateTime>
 
@@ -8,7 +8,7 @@ constexpr qint64 Kept = 24 * Hour;
 } // namespace
 
 // An hour's events at once, so that most calls only look at the oldest.
-void TeamEvents::tidy()
+void TeamEventLog::tidy()
 {
     const qint64 now = QDateTime::currentSecsSinceEpoch();
     bool isDue = false;
@@ -16,15 +16,22 @@ void TeamEvents::tidy()
         Statement oldest = m_transaction.prepare("SELECT time FROM teamEvent ORDER BY seq LIMIT 1");
         isDue = oldest.next() && oldest.number(0) < now - Kept - Hour;
     }
-    if (isDue)
-        m_transaction.prepare("DELETE FROM teamEvent WHERE time < ?").bind(now - Kept).run();
+    if (!isDue)
+        return;
+    m_transaction
+        .prepare("INSERT OR REPLACE INTO teamEventForgotten (id, seq)"
+                 " SELECT 1, MAX(seq) FROM teamEvent WHERE time < ?")
+        .bind(now - Kept)
+        .run();
+    m_transaction.prepare("DELETE FROM teamEvent WHERE time < ?").bind(now - Kept).run();
 }
 
-void TeamEvents::tell(const QStringList &uids, const char *type, qint64 team, const QString &member)
+void TeamEventLog::tell(const QStringList &uids, const char *type, qint64 team,
+                        const QString &member)
 {
     tidy();
     Statement insert = m_transaction.prepare(
-        "INSERT INTO teamEvent (uid, type, vtId, member, time) VALUES (?, ?, ?, ?, ?)");
+        "INSERT OR REPLACE INTO teamEvent (uid, type, vtId, member, time) VALUES (?, ?, ?, ?, ?)");
     const QString typeText = QString::fromLatin1(type);
     for (const QString &uid : uids) {
         insert.bind(uid).bind(typeText).bind(team).bind(member);
@@ -32,11 +39,11 @@ void TeamEvents::tell(const QStringList &uids, const char *type, qint64 team, co
     }
 }
 
-void TeamEvents::tellMembers(qint64 team, const QString &member)
+void TeamEventLog::tellMembers(qint64 team, const QString &member)
 {
     tidy();
     m_transaction
-        .prepare("INSERT INTO teamEvent (uid, type, vtId, member, time)"
+        .prepare("INSERT OR REPLACE INTO teamEvent (uid, type, vtId, member, time)"
                  " SELECT uid, ?, vtId, ?, ? FROM teamMember WHERE vtId = ?")
         .bind(QString::fromLatin1(TeamEventType::Update))
         .bind(member)
@@ -45,7 +52,7 @@ void TeamEvents::tellMembers(qint64 team, const QString &member)
         .run();
 }
 
-std::vector<TeamEvent> TeamEvents::after(const QString &uid, qint64 number)
+std::vector<TeamEvent> TeamEventLog::after(const QString &uid, qint64 number)
 {
     Statement rows = m_transaction.prepare("SELECT seq, type, vtId, member FROM teamEvent"
                                            " WHERE uid = ? AND seq > ? ORDER BY seq LIMIT ?");
@@ -56,17 +63,15 @@ std::vector<TeamEvent> TeamEvents::after(const QString &uid, qint64 number)
     return events;
 }
 
-qint64 TeamEvents::last()
+qint64 TeamEventLog::last()
 {
     Statement row =
         m_transaction.prepare("SELECT seq FROM sqlite_sequence WHERE name = 'teamEvent'");
     return row.next() ? row.number(0) : 0;
 }
 
-bool TeamEvents::isForgotten(qint64 number)
+bool TeamEventLog::isForgotten(qint64 number)
 {
-    Statement oldest = m_transaction.prepare("SELECT seq FROM teamEvent ORDER BY seq LIMIT 1");
-    const qint64 newest = last();
-    const qint64 firstKept = oldest.next() ? oldest.number(0) : newest + 1;
-    return number > newest || number + 1 < firstKept;
+    Statement forgotten = m_transaction.prepare("SELECT seq FROM teamEventForgotten");
+    return number > last() || (forgotten.next() && number < forgotten.number(0));
 }

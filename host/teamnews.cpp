@@ -1,0 +1,100 @@
+#include "host/teamnews.h"
+
+#include "host/chat/chatpage.h"
+#include "host/hostbus.h"
+#include "host/messagingcore.h"
+#include "host/weblog.h"
+#include "host/webservices.h"
+#include "host/windows/notices.h"
+#include "hostapi/eventcodes.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+
+namespace {
+constexpr int RefreshMs = 200;
+
+QString idOf(const TeamRequest &request)
+{
+    return QStringList{request.type, request.teamId, request.member}.join(QLatin1Char('|'));
+}
+
+// The requests by which the module looks at an application or decides it.
+bool isAboutApplications(const QString &address)
+{
+    const QString service = address.section(QLatin1Char('/'), -1);
+    return service.startsWith(QLatin1String("audit")) ||
+           service.contains(QLatin1String("joinVirtualTeam"), Qt::CaseInsensitive);
+}
+} // namespace
+
+TeamNews::TeamNews(const Parts &parts, QObject *parent) : QObject(parent), m_parts(parts)
+{
+    m_refresh.setSingleShot(true);
+    m_refresh.setInterval(RefreshMs);
+    connect(&m_refresh, &QTimer::timeout, &m_events, &TeamEvents::refresh);
+    connect(parts.services, &WebServices::changed, this, &TeamNews::follow);
+    connect(parts.core, &MessagingCore::connectionChanged, this, &TeamNews::follow);
+    connect(parts.webLog, &WebLog::recorded, this, &TeamNews::watch);
+    connect(&m_events, &TeamEvents::teamsChanged, this, [this](const QStringList &ids) {
+        m_parts.bus->notify(Inbound::VirtualTeamsChanged, ids.join(QLatin1Char(',')), QString());
+    });
+    connect(&m_events, &TeamEvents::requested, this, &TeamNews::list);
+    connect(&m_events, &TeamEvents::waiting, this, &TeamNews::listAll);
+    connect(parts.notices, &Notices::accepted, this, [this](int kind, const QString &id) {
+        if (kind == Notice::TeamRequest)
+            open(id);
+    });
+    follow();
+}
+
+void TeamNews::follow()
+{
+    if (m_parts.services->state() == WebServices::Ready && m_parts.core->isConnected())
+        m_events.start();
+    else
+        m_events.stop();
+}
+
+void TeamNews::watch(const WebRequestRecord &record)
+{
+    if (isAboutApplications(record.address))
+        m_refresh.start();
+}
+
+Notice TeamNews::noticeOf(const TeamRequest &request) const
+{
+    const MessagingCore &core = *m_parts.core;
+    const QString jid = request.member + QLatin1Char('@') + core.serverDomain();
+    const QString said = request.type == QLatin1String("audit")
+                             ? tr("asks for your approval of a new team")
+                             : tr("invites your company into a team");
+    return {Notice::TeamRequest, idOf(request), ChatPage::nameOf(core, jid), said};
+}
+
+void TeamNews::list(const TeamRequest &request)
+{
+    m_requests.insert(idOf(request), request);
+    m_parts.notices->add(noticeOf(request));
+}
+
+void TeamNews::listAll(const QList<TeamRequest> &requests)
+{
+    m_requests.clear();
+    QList<Notice> notices;
+    for (const TeamRequest &request : requests) {
+        m_requests.insert(idOf(request), request);
+        notices.append(noticeOf(request));
+    }
+    m_parts.notices->setAll(Notice::TeamRequest, notices);
+}
+
+void TeamNews::open(const QString &id)
+{
+    const TeamRequest request = m_requests.value(id);
+    const QJsonObject data{{QStringLiteral("type"), request.type},
+                           {QStringLiteral("vtId"), request.teamId},
+                           {QStringLiteral("member"), request.member}};
+    m_parts.bus->notify(Inbound::VirtualTeamsChanged, request.teamId,
+                        QString::fromUtf8(QJsonDocument(data).toJson(QJsonDocument::Compact)));
+}

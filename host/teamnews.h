@@ -1,0 +1,48 @@
+// Brings what happens to the user's virtual teams from the web services to the plug-in,
+// and lists what waits for a decision of the user among the notices.
+#pragma once
+
+#include "host/teamevents.h"
+
+#include <QHash>
+#include <QObject>
+#include <QTimer>
+
+class HostBus;
+class MessagingCore;
+class Notices;
+struct Notice;
+class WebLog;
+class WebServices;
+struct WebRequestRecord;
+
+class TeamNews : public QObject
+{
+    Q_OBJECT
+
+public:
+    struct Parts
+    {
+        WebServices *services;
+        MessagingCore *core;
+        HostBus *bus;
+        WebLog *webLog;
+        Notices *notices;
+    };
+
+    // None of the parts is owned; all outlive this object.
+    explicit TeamNews(const Parts &parts, QObject *parent = nullptr);
+
+private:
+    void follow();
+    void list(const TeamRequest &request);
+    void listAll(const QList<TeamRequest> &requests);
+    void open(const QString &id);
+    Notice noticeOf(const TeamRequest &request) const;
+    void watch(const WebRequestRecord &record);
+
+    Parts m_parts;
+    TeamEvents m_events;
+    QHash<QString, TeamRequest> m_requests; // by the id of their notice
+    QTimer m_refresh;
+};
