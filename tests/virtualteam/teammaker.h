@@ -138,5 +138,3 @@ struct TeamModelFixture
     std::unique_ptr<QAbstractItemModelTester> tester = std::make_unique<QAbstractItemModelTester>(
         &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
 };
-}
-;
