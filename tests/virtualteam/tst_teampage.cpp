@@ -208,19 +208,40 @@ private slots:
     void levelsOnceAtATime()
     {
         TeamPageFixture f({One});
-        f.load();
+        TeamLoader loader;
+        QSignalSpy loaded(&loader, &TeamLoader::levelLoaded);
         f.hold("getVirtualTeamGroup");
         for (int i = 0; i < 5; ++i)
-            f.page->slot_getMembers(One, Root);
-        for (int i = 0; i < 3 * TeamLoader::LevelsAtATime; ++i)
-            f.page->slot_getMembers(One, QString::number(100 + i));
+            loader.loadLevel(One, Root);
+        const int others = 3 * TeamLoader::LevelsAtATime;
+        for (int i = 0; i < 2 * others; ++i)
+            loader.loadLevel(One, QString::number(1 + i % others));
         QTRY_COMPARE(f.server.unanswered(), TeamLoader::LevelsAtATime);
         f.failNothing();
         f.server.release();
-        QTRY_COMPARE(f.levels(), 3 * TeamLoader::LevelsAtATime + 2);
-        QTRY_COMPARE(f.server.unanswered(), 0);
+        // Those that ran when they were wanted once more are asked for twice.
+        const int all = 1 + others + TeamLoader::LevelsAtATime;
+        QTRY_COMPARE(loaded.size(), all);
+        QCOMPARE(f.levels(), all);
         QCOMPARE(f.server.mostUnanswered(), TeamLoader::LevelsAtATime);
         QCOMPARE(f.asked("getVirtualTeamGroup", "pgId").count(Root), 2);
+    }
+
+    // The level on its way was read before the change.
+    void newsWhileALevelLoads()
+    {
+        TeamPageFixture f({One});
+        f.load();
+        f.hold("getVirtualTeamGroup");
+        f.page->tree()->expandTeam(One);
+        QTRY_COMPARE(f.levels(), 1);
+        f.setMembers(One, {f.member(QStringLiteral("a"))});
+        emit f.hub()->signal_refresh_virtualTeam(One);
+        QTRY_COMPARE(f.lists(), 2);
+        f.failNothing();
+        f.server.release();
+        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+        QCOMPARE(f.levels(), 2);
     }
 
     void levelOfATeamThatHasGone()
@@ -258,6 +279,42 @@ private slots:
         f.page->slot_getMembers(One, Root);
         QCOMPARE(f.model->childrenState(One, Root), TeamChildren::Loaded); // what is known stays
         QCOMPARE(f.levels(), 2);
+    }
+
+    // It was on its way when the user logged out.
+    void levelIsLoadedAfterALogIn()
+    {
+        TeamPageFixture f({One});
+        f.setMembers(One, {f.member(QStringLiteral("a"))});
+        f.load();
+        f.hold("getVirtualTeamGroup");
+        f.page->tree()->expandTeam(One);
+        QTRY_COMPARE(f.levels(), 1);
+        emit f.hub()->signal_logout();
+        QCOMPARE(f.model->childrenState(One, Root), TeamChildren::Failed);
+        f.failNothing();
+        emit f.hub()->signal_login();
+        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+        QVERIFY(!f.visible<QPushButton>("noticeRetry"));
+    }
+
+    // The list comes, but not what is open below it.
+    void refreshOfALevelFails()
+    {
+        TeamPageFixture f({One});
+        f.setMembers(One, {f.member(QStringLiteral("a"))});
+        f.load();
+        f.page->tree()->expandTeam(One);
+        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+        f.fail("getVirtualTeamGroup");
+        QTest::mouseClick(f.refresh, Qt::LeftButton);
+        QTRY_VERIFY(f.visible<QPushButton>("noticeRetry"));
+        QVERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+        f.failNothing();
+        QTest::mouseClick(f.visible<QPushButton>("noticeRetry"), Qt::LeftButton);
+        QTRY_COMPARE(f.levels(), 3);
+        QTRY_VERIFY(f.refresh->isEnabled() && f.server.unanswered() == 0);
+        QTRY_VERIFY(!f.visible<QPushButton>("noticeRetry"));
     }
 
     void anotherUserLogsIn()

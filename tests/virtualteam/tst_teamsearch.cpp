@@ -148,6 +148,23 @@ private slots:
         QCOMPARE(m_f->hits(), QString());
     }
 
+    void presence()
+    {
+        const QString jid = QStringLiteral("b@corp.example");
+        m_f->setHits(One,
+                     {m_f->member(B, QStringLiteral(R"(,"presence":{"av":true,"show":"away"})"))});
+        m_f->setHits(Two, {});
+        type("b");
+        const auto shown = [this] {
+            return row(B, One).data(TeamRowRole::Presence).value<PresenceData>().pcShow;
+        };
+        QCOMPARE(shown(), PresenceData::Away);
+        emit m_f->hub()->signal_updateFriendPresence({{jid, PresenceData()}});
+        QCOMPARE(shown(), PresenceData::Offline);
+        m_f->host.context.presences[jid].pcShow = PresenceData::DoNotDisturb;
+        QCOMPARE(shown(), PresenceData::DoNotDisturb);
+    }
+
     void someTeamsFail()
     {
         failFor({Two});
