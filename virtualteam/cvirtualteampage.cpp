@@ -10,6 +10,7 @@
 #include "virtualteam/teamsearchpage.h"
 #include "virtualteam/teamtreemodel.h"
 
+#include <QApplication>
 #include <QStackedWidget>
 
 #include <algorithm>
@@ -145,6 +146,10 @@ void CVirtualTeamPage::slot_getMyVirtualTeamFinish(bool ok, QList<CVirtualTeamSi
         return;
     if (m_tree->teams()->teamIndex(m_wantedTeam).isValid()) {
         m_tree->expandTeam(std::exchange(m_wantedTeam, {}));
+        // Not from who types elsewhere by now.
+        const QWidget *focus = QApplication::focusWidget();
+        if (isAncestorOf(focus) && focus != m_searchBox)
+            m_tree->setFocus(Qt::OtherFocusReason);
     } else if (!m_loader->isLoadingTeams()) {
         // Nor is a newer list on its way.
         LOG_DEBUG("there is no team " << logText(m_wantedTeam));
@@ -233,6 +238,7 @@ void CVirtualTeamPage::locateTeam(const QString &vtId)
     m_searchBox->clear();
     if (m_started && m_tree->teams()->teamIndex(vtId).isValid()) {
         m_tree->expandTeam(vtId);
+        m_tree->setFocus(Qt::OtherFocusReason);
         return;
     }
     m_wantedTeam = vtId;
