@@ -308,6 +308,22 @@ private slots:
         QCOMPARE(kind, qint32(MessageData::Person));
     }
 
+    // The host closes its window when a chat is opened.
+    void pageGoesInsideARequest()
+    {
+        m_f->setHits(One, {m_f->member(B)});
+        m_f->setHits(Two, {});
+        type("b");
+        SkinMenu *menu = openMenu(row(B, One));
+        m_tester.reset();
+        m_f->host.onRequest = [this](const FakeHost::Request &) { m_f->page.reset(); };
+        menu->setActiveAction(menu->action("invitechat"));
+        QTest::keyClick(menu, Qt::Key_Return);
+        QVERIFY(!m_f->page);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_f->host.onRequest = nullptr;
+    }
+
     // What an answer may hold, and what a row makes of it.
     void answersThatMeanNoGood()
     {
