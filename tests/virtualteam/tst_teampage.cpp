@@ -143,17 +143,21 @@ private slots:
         QCOMPARE(resets.size(), 0);
     }
 
+    void refreshFails_data()
+    {
+        const Rows<QByteArray> row{"service"};
+        row("list", "getAllVirtualTeam");
+        row("open level", "getVirtualTeamGroup");
+    }
     void refreshFails()
     {
+        QFETCH(QByteArray, service);
         TeamPageFixture f({One});
         f.setMembers(One, {f.member(QStringLiteral("a"))});
         f.load();
         f.page->tree()->expandTeam(One);
         QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
-        f.setSpecial([](const FakeRequest &, FakeReply *answer) {
-            *answer = FakeReply::of(500);
-            return true;
-        });
+        f.fail(service.constData());
         QTest::mouseClick(f.refresh, Qt::LeftButton);
         QTRY_VERIFY(f.visible<QPushButton>("noticeRetry"));
         QTRY_COMPARE(f.server.unanswered(), 0);
@@ -163,7 +167,9 @@ private slots:
         f.setTeams({One, Two});
         QTest::mouseClick(f.visible<QPushButton>("noticeRetry"), Qt::LeftButton);
         QTRY_COMPARE(f.model->teamIds(), (QStringList{One, Two}));
-        QVERIFY(!f.visible<QPushButton>("noticeRetry"));
+        QTRY_COMPARE(f.levels(), 3);
+        QTRY_COMPARE(f.server.unanswered(), 0);
+        QTRY_VERIFY(!f.visible<QPushButton>("noticeRetry"));
     }
 
     // A burst of news is one list, and each open level once.
@@ -281,8 +287,8 @@ private slots:
         QCOMPARE(f.levels(), 2);
     }
 
-    // It was on its way when the user logged out.
-    void levelIsLoadedAfterALogIn()
+    // A level was on its way when the user logged out.
+    void sameUserLogsInAgain()
     {
         TeamPageFixture f({One});
         f.setMembers(One, {f.member(QStringLiteral("a"))});
@@ -293,28 +299,14 @@ private slots:
         emit f.hub()->signal_logout();
         QCOMPARE(f.model->childrenState(One, Root), TeamChildren::Failed);
         f.failNothing();
+        f.setTeams({One, Two});
+        f.page->hide();
         emit f.hub()->signal_login();
+        QCOMPARE(f.lists(), 1);
+        f.page->show();
+        QCOMPARE(f.shown(), ListPage); // what was known, meanwhile
+        QTRY_COMPARE(f.model->teamIds(), (QStringList{One, Two}));
         QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
-        QVERIFY(!f.visible<QPushButton>("noticeRetry"));
-    }
-
-    // The list comes, but not what is open below it.
-    void refreshOfALevelFails()
-    {
-        TeamPageFixture f({One});
-        f.setMembers(One, {f.member(QStringLiteral("a"))});
-        f.load();
-        f.page->tree()->expandTeam(One);
-        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
-        f.fail("getVirtualTeamGroup");
-        QTest::mouseClick(f.refresh, Qt::LeftButton);
-        QTRY_VERIFY(f.visible<QPushButton>("noticeRetry"));
-        QVERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
-        f.failNothing();
-        QTest::mouseClick(f.visible<QPushButton>("noticeRetry"), Qt::LeftButton);
-        QTRY_COMPARE(f.levels(), 3);
-        QTRY_VERIFY(f.refresh->isEnabled() && f.server.unanswered() == 0);
-        QTRY_VERIFY(!f.visible<QPushButton>("noticeRetry"));
     }
 
     void anotherUserLogsIn()
@@ -339,20 +331,6 @@ private slots:
         QCOMPARE(f.model->teamIds(), QStringList{Two});
         QCOMPARE(known.size(), 2); // the late answer was none of this user's
         QCOMPARE(known.last().first().value<QList<CVirtualTeamSimpleInfo>>().value(0).vtId, Two);
-    }
-
-    void sameUserLogsInAgain()
-    {
-        TeamPageFixture f({One});
-        f.load();
-        emit f.hub()->signal_logout();
-        f.page->hide();
-        emit f.hub()->signal_login();
-        QCOMPARE(f.lists(), 1);
-        f.setTeams({One, Two});
-        f.page->show();
-        QCOMPARE(f.shown(), ListPage); // what was known, meanwhile
-        QTRY_COMPARE(f.model->teamIds(), (QStringList{One, Two}));
     }
 
     void lastTeamIsLeft()

@@ -189,14 +189,6 @@ private slots:
         QVERIFY(m_f->list->isVisible());
     }
 
-    void nothingFound()
-    {
-        for (const QString &team : {One, Two})
-            m_f->setHits(team, {});
-        m_f->box->setText(A);
-        QTRY_VERIFY(m_f->visible<QWidget>("searchNothing"));
-    }
-
     void offline()
     {
         m_f->setOnline(false);
