@@ -313,7 +313,10 @@ TourMove decisionOpened(const char *dialog)
                 const QDialog *window = s.openDialog(dialog);
                 const auto *body =
                     window ? window->findChild<QWidget *>(QStringLiteral("decisionPage")) : nullptr;
-                return body && body->isVisible();
+                if (!body || !body->isVisible())
+                    return false;
+                s.window().windows()->notices()->hide(); // the picture is the window's
+                return true;
             }};
 }
 
