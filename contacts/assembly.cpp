@@ -122,9 +122,7 @@ public:
     void virtualTeamEvent(const QString &type, const QString &teamId,
                           const QString &member) override
     {
-        if (teamId.isEmpty())
-            LOG_DEBUG("an event about no team");
-        else if (type == QLatin1String("audit"))
+        if (type == QLatin1String("audit"))
             CVirtualApplyMannger::instance()->showVirtualApply(teamId, member);
         else
             CVirtualTeamInfoManager::instance()->showVirtualTeamInfo(teamId, member);

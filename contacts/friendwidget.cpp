@@ -198,7 +198,10 @@ void FriendWidget::leaveSearchFor(const SearchEntry &entry, bool inOrganisation)
 
 void FriendWidget::focusList()
 {
-    auto *list = m_pages->currentWidget()->findChild<QAbstractItemView *>();
+    // A page that has several lists says which is meant.
+    auto *list = qobject_cast<QAbstractItemView *>(m_pages->currentWidget()->focusProxy());
+    if (!list)
+        list = m_pages->currentWidget()->findChild<QAbstractItemView *>();
     if (list && list->isVisible()) {
         list->setFocus(Qt::OtherFocusReason);
         return;

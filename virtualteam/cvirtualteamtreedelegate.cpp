@@ -156,23 +156,32 @@ void CVirtualTeamTreeDelegate::paintGroup(QPainter *painter, const QStyleOptionV
 void CVirtualTeamTreeDelegate::paintMember(QPainter *painter, const QStyleOptionViewItem &option,
                                            const QModelIndex &index) const
 {
-    // Without a connection nobody's presence is known, as in the friend tree.
+    // Without a connection nobody's presence is known, as in the friend tree; some lists
+    // are never told it.
+    const QVariant told = index.data(TeamRowRole::Presence);
     PresenceData presence;
     if (isOnline())
-        presence = index.data(TeamRowRole::Presence).value<PresenceData>();
+        presence = told.value<PresenceData>();
     const QString uid = index.data(TeamRowRole::Id).toString();
     const QString name = index.data(TeamRowRole::Name).toString();
     const QString picture = memberPicture(uid, index.data(TeamRowRole::Photo).toString());
-    const bool faded = !presence.isOnline();
+    const bool faded = told.isValid() && !presence.isOnline();
 
     RowPainter row(painter, option);
     row.background();
     row.indent(indentOf(depth(index)));
+    paintChoice(painter, option, &row, index);
     row.avatar(AvatarStore::instance().avatar(picture, makeJid(uid), name, RowPainter::AvatarSize,
                                               painter->device()->devicePixelRatioF()),
                faded);
-    row.presence(presence);
+    if (told.isValid())
+        row.presence(presence);
     row.texts(name, secondLine(index), faded);
+}
+
+void CVirtualTeamTreeDelegate::paintChoice(QPainter *, const QStyleOptionViewItem &, RowPainter *,
+                                           const QModelIndex &) const
+{
 }
 
 void CVirtualTeamTreeDelegate::paintState(QPainter *painter, const QStyleOptionViewItem &option,

@@ -5,6 +5,8 @@
 
 #include <QStyledItemDelegate>
 
+class RowPainter;
+
 class CVirtualTeamTreeDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
@@ -22,6 +24,12 @@ public:
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
+
+protected:
+    // Called before the avatar of a member is painted: what is painted at the left of
+    // what is left of the row takes that room.
+    virtual void paintChoice(QPainter *painter, const QStyleOptionViewItem &option, RowPainter *row,
+                             const QModelIndex &index) const;
 
 private:
     void paintTeam(QPainter *painter, const QStyleOptionViewItem &option,

@@ -48,7 +48,7 @@ Reply replyFor(const News &news)
 
 // For a caller who knows nothing yet: what he has to decide. One who knew something
 // that is forgotten here is also sent to look at all of his teams.
-News fromTheBeginning(Teams &teams, TeamEvents &events, bool hasMissed)
+News fromTheBeginning(Teams &teams, TeamEventLog &events, bool hasMissed)
 {
     News news{events.last(), teams.waiting()};
     if (hasMissed) {
@@ -62,7 +62,7 @@ News fromTheBeginning(Teams &teams, TeamEvents &events, bool hasMissed)
 News newsAfter(qint64 number, BackEndContext &context, const QString &uid)
 {
     Transaction transaction(context.database);
-    TeamEvents events(transaction);
+    TeamEventLog events(transaction);
     if (number >= 0 && !events.isForgotten(number)) {
         News news{number, events.after(uid, number)};
         if (!news.events.empty())

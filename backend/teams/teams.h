@@ -6,7 +6,7 @@
 
 #include "backend/people.h"
 #include "backend/teams/companies.h"
-#include "backend/teams/teamevents.h"
+#include "backend/teams/teameventlog.h"
 #include "backend/teams/teamstore.h"
 
 #include <QVector>
@@ -90,7 +90,7 @@ private:
 
     const People &m_people;
     TeamStore m_store;
-    TeamEvents m_events;
+    TeamEventLog m_events;
     Companies m_companies;
     User m_caller;
 };

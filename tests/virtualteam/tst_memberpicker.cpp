@@ -53,8 +53,12 @@ private slots:
     void theOwnCompanyMayBeInATeam()
     {
         F f;
-        f.pick("u5", "C1");
-        QVERIFY(f.field()->text().isEmpty());
+        f.service.answer("searchMember", F::person("u5", "C1"));
+        f.field()->setText(QStringLiteral("u5"));
+        F::button(f.dialog, "memberAdd")->click();
+        QTRY_COMPARE(f.chosen(), QStringList{QStringLiteral("u5")});
+        QVERIFY(f.field()->text().isEmpty()); // for the next one
+        QCOMPARE(f.dialog->focusWidget(), f.field());
     }
 
     // Every search counts, in whatever order the replies come.
@@ -90,6 +94,15 @@ private slots:
         QTRY_COMPARE(f.boxes(), 1);
         QCOMPARE(TipBox::lastText(), QStringLiteral("first\nidNoExist"));
         QCOMPARE(f.field()->text(), QStringLiteral("sec"));
+    }
+
+    void escapeClosesFromTheSearch()
+    {
+        F f;
+        f.field()->setText(QStringLiteral("u2"));
+        QTest::keyClick(f.field(), Qt::Key_Escape);
+        F::settle();
+        QVERIFY(!f.dialog);
     }
 
     void closedWhileItSearches()

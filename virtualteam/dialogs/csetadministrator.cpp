@@ -168,7 +168,7 @@ void CSetAdministrator::changeEvent(QEvent *event)
 
 void CSetAdministrator::sure()
 {
-    if (m_state != State::Loaded || m_bar->isBusy())
+    if (m_state != State::Loaded)
         return;
     const QStringList chosen = m_list->members()->checkedIds();
     if (QSet<QString>(chosen.begin(), chosen.end()) == m_before) {

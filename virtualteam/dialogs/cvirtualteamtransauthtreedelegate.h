@@ -1,27 +1,23 @@
-// Paints the rows of which one is chosen: members, sub-groups, and what stands for a
-// level that is not there.
+// Paints the rows of which one is chosen: members and sub-groups with the mark for it.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "virtualteam/cvirtualteamtreedelegate.h"
 
-class CVirtualTeamTransAuthTreeDelegate : public QStyledItemDelegate
+class CVirtualTeamTransAuthTreeDelegate : public CVirtualTeamTreeDelegate
 {
     Q_OBJECT
 
 public:
     explicit CVirtualTeamTransAuthTreeDelegate(QObject *parent);
 
-    // Where a row of that depth opens and closes, in the view's coordinates.
-    static QRect caretArea(const QRect &row, int depth, Qt::LayoutDirection direction);
-    static int depth(const QModelIndex &index);
-
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+protected:
+    void paintChoice(QPainter *painter, const QStyleOptionViewItem &option, RowPainter *row,
+                     const QModelIndex &index) const override;
 
 private:
     void paintGroup(QPainter *painter, const QStyleOptionViewItem &option,
-                    const QModelIndex &index) const;
-    void paintState(QPainter *painter, const QStyleOptionViewItem &option,
                     const QModelIndex &index) const;
 };

@@ -15,6 +15,15 @@ MemberPlace placeByRoleAndName(const CVirtualTeamMemberInfo &member)
             CChCharacterToPP().toPinyin(member.shownName(), false).toLower()};
 }
 
+// What tells people of one nick name apart.
+QString whoIs(const CVirtualTeamMemberInfo &member)
+{
+    QStringList lines{member.shownName(), member.name, member.userId};
+    lines.removeAll(QString());
+    lines.removeDuplicates();
+    return lines.join(QLatin1Char('\n'));
+}
+
 QString spokenText(const MemberChoice &choice)
 {
     const QString role = TeamTreeTexts::roleText(choice.member.role);
@@ -109,7 +118,7 @@ QVariant MemberChoiceModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Name:
         return ::displayText(member.shownName());
     case Qt::ToolTipRole:
-        return toolTipText(member.shownName());
+        return toolTipText(whoIs(member));
     case Qt::AccessibleTextRole:
         return spokenText(choice);
     case Qt::CheckStateRole:
@@ -123,9 +132,9 @@ QVariant MemberChoiceModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Presence:
         return QVariant();
     case TeamRowRole::Duty:
-        return member.duty;
+        return ::displayText(member.duty);
     case TeamRowRole::Company:
-        return member.companyName;
+        return ::displayText(member.companyName);
     case TeamRowRole::Checked:
         return choice.checked;
     case TeamRowRole::Kind:

@@ -1,5 +1,6 @@
 #include "virtualteam/dialogs/memberlistdelegate.h"
 
+#include "common/displaytext.h"
 #include "controls/avatarstore.h"
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
@@ -54,7 +55,7 @@ void MemberListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
     row.background();
     row.avatar(AvatarStore::instance().avatar(index.data(TeamRowRole::Photo).toString(),
-                                              index.data(TeamRowRole::Id).toString(), name,
+                                              makeJid(index.data(TeamRowRole::Id).toString()), name,
                                               RowPainter::AvatarSize, ratio),
                false);
     if (m_kind == Removable)

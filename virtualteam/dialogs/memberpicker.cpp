@@ -52,7 +52,10 @@ MemberPicker::MemberPicker(Kind kind, QWidget *parent)
     layout->addWidget(new FieldFrame(m_list, this), 2, 0, 1, 2);
     layout->setRowStretch(2, 1);
 
-    connect(m_add, &QPushButton::clicked, this, &MemberPicker::search);
+    connect(m_add, &QPushButton::clicked, this, [this] {
+        takeFocus(); // for the next one
+        search();
+    });
     connect(m_key, &SearchBox::enterPressed, this, &MemberPicker::search);
     connect(m_key, &SearchBox::escapePressed, this, &MemberPicker::escapePressed);
     connect(m_key, &SearchBox::downPressed, m_list, qOverload<>(&QWidget::setFocus));

@@ -1,16 +1,16 @@
 // Paints the members that can be ticked.
 #pragma once
 
-#include <QStyledItemDelegate>
+#include "virtualteam/cvirtualteamtreedelegate.h"
 
-class SetAdminListDelegate : public QStyledItemDelegate
+class SetAdminListDelegate : public CVirtualTeamTreeDelegate
 {
     Q_OBJECT
 
 public:
     explicit SetAdminListDelegate(QObject *parent);
 
-    void paint(QPainter *painter, const QStyleOptionViewItem &option,
-               const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+protected:
+    void paintChoice(QPainter *painter, const QStyleOptionViewItem &option, RowPainter *row,
+                     const QModelIndex &index) const override;
 };

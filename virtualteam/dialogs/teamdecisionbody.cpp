@@ -215,8 +215,8 @@ void TeamDecisionBody::showPicture()
     if (m_info.userId.isEmpty())
         return;
     const QString file = memberPicture(m_info.userId, m_info.photoName);
-    m_portrait->setPixmap(AvatarStore::instance().avatar(file, m_info.userId, nameOf(m_info),
-                                                         PortraitSize, devicePixelRatioF()));
+    m_portrait->setPixmap(AvatarStore::instance().avatar(
+        file, makeJid(m_info.userId), nameOf(m_info), PortraitSize, devicePixelRatioF()));
 }
 
 void TeamDecisionBody::setOutcome(Outcome outcome)

@@ -38,5 +38,5 @@ TeamNameEdit::TeamNameEdit(QWidget *parent) : QLineEdit(parent)
     setValidator(new WholeCharacters(this));
     setPlaceholderText(QString::fromUtf8("16字以内"));
     setFont(skinFont(13));
-    followSkinAsField(this);
+    followSkin(this);
 }

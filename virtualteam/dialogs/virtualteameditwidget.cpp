@@ -3,6 +3,7 @@
 #include "controls/skinbutton.h"
 #include "controls/tipbox.h"
 #include "virtualteam/dialogs/dialogparts.h"
+#include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/teamrecords.h"
 
@@ -14,8 +15,6 @@
 namespace {
 
 constexpr int Width = 340; // device-independent pixels, as all below
-constexpr int LineHeight = 32;
-constexpr int Inset = 4;
 constexpr int ButtonWidth = 84;
 
 struct ModeTexts
@@ -71,8 +70,6 @@ void VirtualTeamEditWidget::build()
 {
     m_state->setObjectName(QStringLiteral("label_state"));
     m_length->setObjectName(QStringLiteral("label_length"));
-    m_line->setMinimumHeight(LineHeight);
-    m_line->setTextMargins(Inset, 0, Inset, 0);
     m_line->setPlaceholderText(QString()); // the length stands below, in every language
     m_sure->setObjectName(QStringLiteral("sureButton"));
     m_cancel->setObjectName(QStringLiteral("cancelButton"));
@@ -90,7 +87,7 @@ void VirtualTeamEditWidget::build()
     auto *body = new QVBoxLayout;
     body->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, DialogParts::Edge);
     body->setSpacing(6);
-    body->addWidget(m_line);
+    body->addWidget(new FieldFrame(m_line, this));
     body->addLayout(notes);
     body->addSpacing(10);
     body->addLayout(buttons);

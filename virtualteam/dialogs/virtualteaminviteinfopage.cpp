@@ -6,7 +6,8 @@
 #include <algorithm>
 
 VirtualTeamInviteInfoPage::VirtualTeamInviteInfoPage(const QString &vtId)
-    : TeamDecisionWindow(vtId, "teamInviter", &CHttpVirtualTeamOperation::signal_GetVirtualTeamJoinDetailFinish,
+    : TeamDecisionWindow(vtId, "teamInviter",
+                         &CHttpVirtualTeamOperation::signal_GetVirtualTeamJoinDetailFinish,
                          &CHttpVirtualTeamOperation::signal_ResponseJoinVirtualTeamRequestFinish)
 {
     setObjectName(QStringLiteral("VirtualTeamInviteInfoPage"));

@@ -23,10 +23,10 @@ struct TeamEvent
     QString member; // who caused it; the applicant of "audit" and "join"
 };
 
-class TeamEvents
+class TeamEventLog
 {
 public:
-    explicit TeamEvents(Transaction &transaction) : m_transaction(transaction) {}
+    explicit TeamEventLog(Transaction &transaction) : m_transaction(transaction) {}
 
     void tell(const QStringList &uids, const char *type, qint64 team, const QString &member);
     // An update, for all members of now.

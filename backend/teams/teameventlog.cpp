@@ -1,4 +1,4 @@
-#include "backend/teams/teamevents.h"
+#include "backend/teams/teameventlog.h"
 
 #include <QDateTime>
 
@@ -8,7 +8,7 @@ constexpr qint64 Kept = 24 * Hour;
 } // namespace
 
 // An hour's events at once, so that most calls only look at the oldest.
-void TeamEvents::tidy()
+void TeamEventLog::tidy()
 {
     const qint64 now = QDateTime::currentSecsSinceEpoch();
     bool isDue = false;
@@ -26,7 +26,8 @@ void TeamEvents::tidy()
     m_transaction.prepare("DELETE FROM teamEvent WHERE time < ?").bind(now - Kept).run();
 }
 
-void TeamEvents::tell(const QStringList &uids, const char *type, qint64 team, const QString &member)
+void TeamEventLog::tell(const QStringList &uids, const char *type, qint64 team,
+                        const QString &member)
 {
     tidy();
     Statement insert = m_transaction.prepare(
@@ -38,7 +39,7 @@ void TeamEvents::tell(const QStringList &uids, const char *type, qint64 team, co
     }
 }
 
-void TeamEvents::tellMembers(qint64 team, const QString &member)
+void TeamEventLog::tellMembers(qint64 team, const QString &member)
 {
     tidy();
     m_transaction
@@ -51,7 +52,7 @@ void TeamEvents::tellMembers(qint64 team, const QString &member)
         .run();
 }
 
-std::vector<TeamEvent> TeamEvents::after(const QString &uid, qint64 number)
+std::vector<TeamEvent> TeamEventLog::after(const QString &uid, qint64 number)
 {
     Statement rows = m_transaction.prepare("SELECT seq, type, vtId, member FROM teamEvent"
                                            " WHERE uid = ? AND seq > ? ORDER BY seq LIMIT ?");
@@ -62,14 +63,14 @@ std::vector<TeamEvent> TeamEvents::after(const QString &uid, qint64 number)
     return events;
 }
 
-qint64 TeamEvents::last()
+qint64 TeamEventLog::last()
 {
     Statement row =
         m_transaction.prepare("SELECT seq FROM sqlite_sequence WHERE name = 'teamEvent'");
     return row.next() ? row.number(0) : 0;
 }
 
-bool TeamEvents::isForgotten(qint64 number)
+bool TeamEventLog::isForgotten(qint64 number)
 {
     Statement forgotten = m_transaction.prepare("SELECT seq FROM teamEventForgotten");
     return number > last() || (forgotten.next() && number < forgotten.number(0));
