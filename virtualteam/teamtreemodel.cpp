@@ -324,16 +324,16 @@ QStringList TeamTreeModel::loadedMembers(const QString &vtId) const
     return userIds;
 }
 
-QStringList TeamTreeModel::loadedGroups(const QString &vtId) const
+QStringList TeamTreeModel::askedGroups(const QString &vtId) const
 {
     QStringList ids;
     const TeamTreeBranch *team = d->rows.findTeam(vtId);
-    if (team && team->state == TeamChildren::Loaded)
+    if (team && team->state != TeamChildren::NotAsked)
         ids.append(rootGroupId());
     const auto nodes = team ? TeamTreeRows::below(team) : std::vector<TeamTreeNode *>();
     for (const TeamTreeNode *node : nodes) {
         const auto *branch = node->isBranch() ? static_cast<const TeamTreeBranch *>(node) : nullptr;
-        if (branch && branch->state == TeamChildren::Loaded)
+        if (branch && branch->state != TeamChildren::NotAsked)
             ids.append(branch->info.vtId);
     }
     return ids;

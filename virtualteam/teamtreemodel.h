@@ -79,7 +79,8 @@ public:
     // Whether `groupId` is `ancestor` or somewhere below it.
     bool isAtOrBelow(const QString &vtId, const QString &groupId, const QString &ancestor) const;
     QStringList loadedMembers(const QString &vtId) const;
-    QStringList loadedGroups(const QString &vtId) const; // whose levels are, also the team's
+    // Whose levels have been asked for, whatever came of it; first the team's own.
+    QStringList askedGroups(const QString &vtId) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;
