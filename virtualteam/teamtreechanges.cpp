@@ -2,7 +2,6 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
-#include "virtualteam/teamtreemodel.h"
 
 #include <algorithm>
 #include <tuple>
@@ -81,7 +80,7 @@ bool TeamTreeChanges::mayHold(const TeamTreeBranch *branch, const QString &group
 {
     if (branch->isRoot())
         return !groupId.isEmpty();
-    if (TeamTreeRows::isRootId(groupId) || branch->level() >= TeamTreeModel::MaximumDepth)
+    if (TeamTreeRows::isRootId(groupId) || branch->level() >= TeamTreeSteps::MaximumDepth)
         return false;
     for (; branch != branch->team; branch = branch->above) {
         if (branch->info.vtId == groupId)
