@@ -1,15 +1,13 @@
 // The pages and windows of virtual teams, with two teams that other people of the sample
 // belong to as well.
-#include "host/core/embeddedcore.h"
 #include "host/hostapplication.h"
 #include "host/mainwindow.h"
-#include "host/tour/serviceuser.h"
+#include "host/tour/teamscenes.h"
 #include "host/tour/tourparts.h"
 #include "host/tour/tourstage.h"
 #include "host/webservices.h"
 #include "host/windows/hostwindows.h"
 #include "host/windows/notices.h"
-#include "http/jsonreader.h"
 
 #include <QDialog>
 #include <QLineEdit>
@@ -30,77 +28,6 @@ constexpr int IdRole = 258;
 constexpr int KindRole = 280;
 constexpr int MemberKind = 3;
 
-const QString OwnTeam = QString::fromUtf8("新产品项目组");
-const QStringList Groups{QString::fromUtf8("开发"), QString::fromUtf8("前端"),
-                         QString::fromUtf8("组件库")};
-
-QString uid(int index)
-{
-    return SampleCompany::uid(index);
-}
-
-QString uids(int first, int count)
-{
-    QStringList list;
-    for (int i = first; i < first + count; ++i)
-        list.append(uid(i));
-    return list.join(QLatin1Char(','));
-}
-
-QString idIn(const Json::Value &data, const char *key)
-{
-    return JsonReader::text(data, key);
-}
-
-// A team of the own user with groups in groups, sub-administrators, posts, and people of
-// another company.
-void makeOwnTeam(const BackendAddress &services)
-{
-    ServiceUser owner(services, uid(0));
-    const QString id =
-        idIn(owner.team("createVirtualTeam",
-                        {{"members", uids(1, 14)}, {"vtName", OwnTeam}, {"reason", QString()}}),
-             "vtId");
-    QString parent = QStringLiteral("0");
-    int next = 3;
-    for (const QString &name : Groups) {
-        parent = idIn(owner.team("addVirtualTeamGroup",
-                                 {{"vtId", id}, {"pgId", parent}, {"groupName", name}}),
-                      "groupId");
-        owner.team("transferVirtualTeamMember",
-                   {{"vtId", id}, {"groupId", parent}, {"members", uids(next, 3)}});
-        next += 3;
-    }
-    owner.team("addVirtualTeamGroup",
-               {{"vtId", id}, {"pgId", QStringLiteral("0")}, {"groupName", QStringLiteral("QA")}});
-    owner.team("setVirtualTeamAdmin", {{"vtId", id}, {"members", uids(2, 2)}});
-    owner.team("modifyVirtualTeamMemberInfo",
-               {{"vtId", id}, {"member", uid(1)}, {"duty", QString::fromUtf8("产品经理")}});
-    const QString guest = QStringLiteral("x000000");
-    owner.team("inviteVirtualTeam",
-               {{"vtId", id}, {"members", guest}, {"reason", QString::fromUtf8("请加入")}});
-    ServiceUser(services, guest)
-        .team("confirmJoinVirtualTeam", {{"vtId", id}, {"agree", QStringLiteral("1")}});
-}
-
-bool hasTeams(ServiceUser *user)
-{
-    return !JsonReader::array(user->team("getAllVirtualTeam"), "vt").empty();
-}
-
-void makeTeams(Stage &s)
-{
-    const BackendAddress &services = s.host().services()->address();
-    ServiceUser own(services, s.host().core()->ownUid());
-    if (hasTeams(&own))
-        return;
-    ServiceUser(services, uid(20))
-        .team("createVirtualTeam", {{"members", uids(0, 4)},
-                                    {"vtName", QStringLiteral("Release <train>")},
-                                    {"reason", QString()}});
-    makeOwnTeam(services);
-}
-
 // A row of any level, by its name.
 QModelIndex rowOf(const Stage &s, const QString &name)
 {
@@ -115,7 +42,7 @@ QModelIndex rowOf(const Stage &s, const QString &name)
 // The row of a person in the own team's top level, by uid.
 QModelIndex memberRow(const Stage &s, const QString &id)
 {
-    const QModelIndex team = rowOf(s, OwnTeam);
+    const QModelIndex team = rowOf(s, TeamScenes::ownTeam());
     const int rows = team.isValid() ? team.model()->rowCount(team) : 0;
     for (int i = 0; i < rows; ++i) {
         const QModelIndex row = team.model()->index(i, 0, team);
@@ -134,8 +61,9 @@ TourMove pageOpened()
 
 TourMove teamsListed()
 {
-    return {"the own team is listed", makeTeams,
-            [](Stage &s) { return rowOf(s, OwnTeam).isValid(); }};
+    return {"the own team is listed",
+            [](Stage &s) { TeamScenes::makeTeams(s.host().services()->address()); },
+            [](Stage &s) { return rowOf(s, TeamScenes::ownTeam()).isValid(); }};
 }
 
 TourMove opened(const QString &name)
@@ -155,8 +83,9 @@ TourMove opened(const QString &name)
 
 std::vector<TourMove> teamOpened()
 {
-    std::vector<TourMove> moves{servicesReady(), pageOpened(), teamsListed(), opened(OwnTeam)};
-    for (const QString &group : Groups)
+    std::vector<TourMove> moves{servicesReady(), pageOpened(), teamsListed(),
+                                opened(TeamScenes::ownTeam())};
+    for (const QString &group : TeamScenes::groups())
         moves.push_back(opened(group));
     return moves;
 }
@@ -174,12 +103,12 @@ TourMove menuOf(const std::function<QModelIndex(Stage &)> &row, const char *menu
 
 TourMove teamMenu()
 {
-    return menuOf([](Stage &s) { return rowOf(s, OwnTeam); }, "orgMenu");
+    return menuOf([](Stage &s) { return rowOf(s, TeamScenes::ownTeam()); }, "orgMenu");
 }
 
 TourMove memberMenu(int index)
 {
-    return menuOf([index](Stage &s) { return memberRow(s, uid(index)); }, "empMenu");
+    return menuOf([index](Stage &s) { return memberRow(s, SampleCompany::uid(index)); }, "empMenu");
 }
 
 TourMove chosen(const char *menu, const char *action, const char *dialog)
@@ -327,30 +256,6 @@ TourMove decided(const char *dialog)
             [](Stage &s) { return s.window().windows()->notices()->count() == 0; }};
 }
 
-void askApproval(const BackendAddress &services)
-{
-    ServiceUser colleague(services, uid(30));
-    const QString path = QStringLiteral("/center/company/teamApproval.do");
-    colleague.call(path, {{"approval", QStringLiteral("1")}, {"approver", uid(0)}});
-    colleague.team("createVirtualTeam", {{"members", uids(31, 5)},
-                                         {"vtName", QString::fromUtf8("客户满意度")},
-                                         {"reason", QString::fromUtf8("收集并改进客户反馈。")}});
-    colleague.call(path, {{"approval", QStringLiteral("0")}});
-}
-
-void askToJoin(const BackendAddress &services)
-{
-    ServiceUser outsider(services, QStringLiteral("x000001"));
-    const QString id =
-        idIn(outsider.team("createVirtualTeam", {{"members", QStringLiteral("x000004,x000007")},
-                                                 {"vtName", QStringLiteral("Joint project")},
-                                                 {"reason", QString()}}),
-             "vtId");
-    outsider.team("inviteVirtualTeam", {{"vtId", id},
-                                        {"members", uids(0, 3)},
-                                        {"reason", QStringLiteral("Let us build it together.")}});
-}
-
 TourMove looksLike(const QString &skin, const QString &language)
 {
     return {"skin and language are others",
@@ -420,14 +325,15 @@ std::vector<TourStep> teamSteps()
     const std::vector<TourStep> rest{
         {"team-approval",
          TourStep::Pane,
-         {servicesReady(), pageOpened(), asked(askApproval), decisionOpened("CVirtualApply")}},
+         {servicesReady(), pageOpened(), asked(TeamScenes::askApproval),
+          decisionOpened("CVirtualApply")}},
         {"team-approved",
          TourStep::Pane,
          {servicesReady(), asked([](const BackendAddress &) {}), decisionOpened("CVirtualApply"),
           decided("CVirtualApply")}},
         {"team-join",
          TourStep::Pane,
-         {servicesReady(), pageOpened(), asked(askToJoin),
+         {servicesReady(), pageOpened(), asked(TeamScenes::askToJoin),
           decisionOpened("VirtualTeamInviteInfoPage")}},
         {"team-joined",
          TourStep::Pane,
