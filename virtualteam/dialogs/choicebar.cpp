@@ -4,6 +4,7 @@
 #include "controls/elidedlabel.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
+#include "virtualteam/dialogs/dialogparts.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -27,6 +28,9 @@ ChoiceBar::ChoiceBar(QWidget *parent)
     m_cancel->setObjectName(QStringLiteral("btnCancel"));
     m_sure->setObjectName(QStringLiteral("btnSure"));
     m_sure->setDefault(true);
+    setTabOrder(m_sure, m_cancel);
+    for (SkinButton *button : {m_sure, m_cancel})
+        button->setMinimumWidth(DialogParts::ButtonWidth);
     connect(&Skin::instance(), &Skin::changed, this, qOverload<>(&QWidget::update));
     connect(m_cancel, &QPushButton::clicked, this, &ChoiceBar::cancelled);
     connect(m_sure, &QPushButton::clicked, this, &ChoiceBar::sure);
@@ -35,8 +39,8 @@ ChoiceBar::ChoiceBar(QWidget *parent)
     layout->setContentsMargins(Edge, Edge - Gap / 2, Edge, Edge - Gap / 2);
     layout->setSpacing(Gap);
     layout->addWidget(m_note, 1);
-    layout->addWidget(m_cancel);
     layout->addWidget(m_sure);
+    layout->addWidget(m_cancel);
     showState();
 }
 
@@ -54,8 +58,17 @@ void ChoiceBar::setSureEnabled(bool enabled)
 
 void ChoiceBar::setBusy(bool busy)
 {
+    if (busy == m_busy)
+        return;
+    QWidget *focused = window()->focusWidget();
+    if (busy && focused) {
+        m_focusBefore = focused;
+        m_cancel->setFocus();
+    }
     m_busy = busy;
     showState();
+    if (!busy && m_focusBefore && focused == m_cancel)
+        m_focusBefore->setFocus();
 }
 
 void ChoiceBar::showState()

@@ -2,6 +2,7 @@
 // buttons "cancel" and "sure".
 #pragma once
 
+#include <QPointer>
 #include <QWidget>
 
 class ElidedLabel;
@@ -17,6 +18,7 @@ public:
     void setNote(const QString &text); // plain text, whoever wrote it
     void setSureEnabled(bool enabled);
     // While it is so "sure" cannot be pressed and the note says that work is under way.
+    // The focus waits on "cancel" and goes back afterwards, unless the user has moved it.
     void setBusy(bool busy);
     bool isBusy() const { return m_busy; }
 
@@ -34,6 +36,7 @@ private:
     ElidedLabel *m_note;
     SkinButton *m_cancel; // "btnCancel"
     SkinButton *m_sure;   // "btnSure"
+    QPointer<QWidget> m_focusBefore;
     QString m_text;
     bool m_sureEnabled = false;
     bool m_busy = false;
