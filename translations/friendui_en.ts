@@ -1207,10 +1207,6 @@
         <translation>Declined</translation>
     </message>
     <message>
-        <source>teamSaving</source>
-        <translation>Saving…</translation>
-    </message>
-    <message>
         <source>teamSubAdministrator</source>
         <translation>Sub-admin</translation>
     </message>

@@ -1207,10 +1207,6 @@
         <translation>已拒绝</translation>
     </message>
     <message>
-        <source>teamSaving</source>
-        <translation>正在保存…</translation>
-    </message>
-    <message>
         <source>teamSubAdministrator</source>
         <translation>子管理员</translation>
     </message>

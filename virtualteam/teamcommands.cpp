@@ -74,10 +74,8 @@ void TeamCommands::failed(const Operation *operation, const QString &text, QWidg
 
 void TeamCommands::checkOutdated(const Operation *operation)
 {
-    constexpr int Unknown = 10001;
-    constexpr int Blocked = 10003;
     const int code = operation->resultCode();
-    if (code < Unknown || code > Blocked)
+    if (code < TeamCode::Unknown || code > TeamCode::Blocked)
         return;
     const QString vtId = operation->vtId();
     emit teamsChanged();

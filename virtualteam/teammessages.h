@@ -8,6 +8,10 @@ class QWidget;
 
 namespace TeamMessages {
 
+// Fixed texts, for lists of members that cannot be shown.
+constexpr char MembersFailed[] = "获取成员信息出错";
+constexpr char NoMembers[] = "没有成员信息";
+
 QString created(bool ok, int code); // with ok: CHttpVirtualTeamOperation::PendingCode or 0
 QString invited(bool ok, int code);
 QString memberSearchFailed(qint64 code);

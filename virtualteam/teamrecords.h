@@ -26,6 +26,13 @@ constexpr int GroupLevels = 10;  // the team itself is level 0
 constexpr int FewestMembers = 2; // of a new team, its creator not counted
 } // namespace TeamLimits
 
+// What most services mean by a code; TeamMessages knows what is special to one.
+namespace TeamCode {
+constexpr int Unknown = 10001;    // there is no such team, group or member for the user
+constexpr int NotAllowed = 10002; // in the user's role
+constexpr int Blocked = 10003;    // by how things stand, such as a decision that was taken
+} // namespace TeamCode
+
 // The id of a team's topmost group, which is the team itself.
 inline QString rootGroupId()
 {

@@ -21,7 +21,7 @@ struct Dialog
         widget = new VirtualTeamEditWidget(mode, preset, nullptr);
         widget->present();
         line = widget->findChild<TeamNameEdit *>();
-        sure = widget->findChild<QPushButton *>(QStringLiteral("sureButton"));
+        sure = widget->findChild<QPushButton *>(QStringLiteral("btnSure"));
     }
     ~Dialog()
     {
@@ -119,7 +119,7 @@ private slots:
         Dialog dialog(VirtualTeamEditWidget::AddGroup);
         const QSignalSpy spy(dialog.widget, &VirtualTeamEditWidget::signal_sure);
         QTest::keyClicks(dialog.line, QStringLiteral("name"));
-        const auto *state = dialog.widget->findChild<QLabel *>(QStringLiteral("label_state"));
+        const auto *state = dialog.widget->findChild<QLabel *>(QStringLiteral("note"));
         QVERIFY(state->text().isEmpty());
         for (int i = 0; i < 2; ++i)
             QTest::mouseClick(dialog.sure, Qt::LeftButton);

@@ -4,7 +4,8 @@
 #include "controls/searchbox.h"
 #include "controls/statepage.h"
 #include "controls/tipbox.h"
-#include "virtualteam/dialogs/choicebar.h"
+#include "virtualteam/dialogs/dialogbar.h"
+#include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/memberchoicemodel.h"
 #include "virtualteam/dialogs/setadiministratorlistview.h"
 #include "virtualteam/httpvirtualteamoperation.h"
@@ -16,34 +17,17 @@
 
 #include <algorithm>
 
-namespace {
-constexpr int Width = 400; // device-independent pixels, as all below
-constexpr int ListHeight = 420;
-constexpr int Edge = 16;
-constexpr int Gap = 8;
-// The service's code for a team that is not there for the user.
-constexpr int NotThere = 10001;
-} // namespace
-
 CSetAdministrator::CSetAdministrator(const CVirtualTeamSimpleInfo &team, QWidget *parent)
     : BaseDialog(parent),
       m_team(team),
       m_filter(new SearchBox(this, "inputNameIDTel")),
       m_list(new SetAdiministratorListView(this)),
-      m_loading(new StatePage("loading",
-                              QStringLiteral("Resources/images/SearchFriend/qora_Loading.gif"),
-                              nullptr, this)),
-      m_failed(new StatePage("获取成员信息出错",
-                             QStringLiteral("Resources/images/icon/ic_lion_load_failure.png"),
-                             "retry", this)),
-      m_empty(new StatePage("没有成员信息",
-                            QStringLiteral("Resources/images/contacts/empty_list.png"), nullptr,
-                            this)),
-      m_nothing(new StatePage("searchNothing",
-                              QStringLiteral("Resources/images/contacts/empty_list.png"), nullptr,
-                              this)),
+      m_loading(DialogParts::loadingPage(this)),
+      m_failed(DialogParts::failedPage(TeamMessages::MembersFailed, this)),
+      m_empty(DialogParts::emptyPage(TeamMessages::NoMembers, this)),
+      m_nothing(DialogParts::emptyPage("searchNothing", this)),
       m_pages(new QStackedLayout),
-      m_bar(new ChoiceBar(this))
+      m_bar(new DialogBar(this))
 {
     setObjectName(QStringLiteral("CSetAdministrator"));
     setTitleKey("setAdmin");
@@ -52,24 +36,21 @@ CSetAdministrator::CSetAdministrator(const CVirtualTeamSimpleInfo &team, QWidget
     connect(m_failed, &StatePage::buttonClicked, this, &CSetAdministrator::load);
     connect(m_list, &SetAdiministratorListView::checkedChanged, this,
             &CSetAdministrator::updateChoice);
-    connect(m_bar, &ChoiceBar::sure, this, &CSetAdministrator::sure);
-    connect(m_bar, &ChoiceBar::cancelled, this, &QDialog::reject);
+    connect(m_bar, &DialogBar::sure, this, &CSetAdministrator::sure);
+    connect(m_bar, &DialogBar::cancelled, this, &QDialog::reject);
     load();
 }
 
 void CSetAdministrator::build()
 {
-    auto *line = new QVBoxLayout;
-    line->setContentsMargins(Edge, Gap, Edge, Gap);
-    line->addWidget(m_filter);
-    m_list->setMinimumSize(Width, ListHeight);
+    m_list->setMinimumSize(DialogParts::ListWidth, DialogParts::ListHeight);
     m_failed->setObjectName(QStringLiteral("loadFailed"));
     m_empty->setObjectName(QStringLiteral("nobody"));
     for (QWidget *page : {static_cast<QWidget *>(m_list), static_cast<QWidget *>(m_loading),
                           static_cast<QWidget *>(m_failed), static_cast<QWidget *>(m_empty),
                           static_cast<QWidget *>(m_nothing)})
         m_pages->addWidget(page);
-    bodyLayout()->addLayout(line);
+    bodyLayout()->addLayout(DialogParts::searchLine(m_filter, this));
     bodyLayout()->addLayout(m_pages, 1);
     bodyLayout()->addWidget(m_bar);
     m_filter->setFocus();
@@ -90,12 +71,6 @@ void CSetAdministrator::connectFilter()
     };
     connect(m_filter, &SearchBox::downPressed, this, enterList);
     connect(m_filter, &SearchBox::enterPressed, this, enterList);
-    connect(m_filter, &SearchBox::escapePressed, this, [this] {
-        if (m_filter->text().isEmpty())
-            reject();
-        else
-            m_filter->clear();
-    });
 }
 
 // --- Members -------------------------------------------------------------------------
@@ -115,8 +90,8 @@ void CSetAdministrator::load()
 
 void CSetAdministrator::arrived(bool ok, int code, const QList<CVirtualTeamMemberInfo> &members)
 {
-    if (!ok && code == NotThere) {
-        TipBox::tell(parentWidget(), QString::fromUtf8("获取成员信息出错"));
+    if (!ok && code == TeamCode::Unknown) {
+        TipBox::tell(parentWidget(), QString::fromUtf8(TeamMessages::MembersFailed));
         reject();
         return;
     }

@@ -8,7 +8,7 @@
 #include <QSet>
 #include <QStringList>
 
-class ChoiceBar;
+class DialogBar;
 class QStackedLayout;
 class SearchBox;
 class SetAdiministratorListView;
@@ -54,7 +54,7 @@ private:
     StatePage *m_empty;   // there is nobody but the owner
     StatePage *m_nothing; // the filter finds nobody
     QStackedLayout *m_pages;
-    ChoiceBar *m_bar;
+    DialogBar *m_bar;
     QSet<QString> m_before; // the sub-administrators as the service knows them
     State m_state = State::Loading;
 };

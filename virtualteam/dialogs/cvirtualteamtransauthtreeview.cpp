@@ -1,5 +1,6 @@
 #include "virtualteam/dialogs/cvirtualteamtransauthtreeview.h"
 
+#include "common/displaytext.h"
 #include "common/logging.h"
 #include "controls/typefinder.h"
 #include "plugin/frienduisignalsender.h"
@@ -12,12 +13,7 @@
 
 #include <utility>
 
-namespace {
-// The service's code for a group, or a team, that is not there for the user.
-constexpr int NotThere = 10001;
-
 using Delegate = CVirtualTeamTransAuthTreeDelegate;
-} // namespace
 
 CVirtualTeamTransAuthTreeView::CVirtualTeamTransAuthTreeView(const CVirtualTeamSimpleInfo &team,
                                                              TeamChoices::Kind kind,
@@ -31,7 +27,7 @@ CVirtualTeamTransAuthTreeView::CVirtualTeamTransAuthTreeView(const CVirtualTeamS
     m_teams->setParent(this);
     setObjectName(QStringLiteral("CVirtualTeamTransAuthTreeView"));
     setItemDelegate(new Delegate(this));
-    setAccessibleName(team.vtName);
+    setAccessibleName(displayText(team.vtName));
     connectRows();
     connectHub();
     m_teams->setTeams({team});
@@ -241,11 +237,11 @@ void CVirtualTeamTransAuthTreeView::failed(const QString &groupId, int code)
 {
     LOG_ERROR("CVirtualTeamTransAuthTreeView: a level of the team failed nCode:"
               << QString::number(code));
-    if (code == NotThere && groupId == rootGroupId()) {
+    if (code == TeamCode::Unknown && groupId == rootGroupId()) {
         emit teamGone();
         return;
     }
-    if (code == NotThere)
+    if (code == TeamCode::Unknown)
         m_teams->removeGroup(m_vtId, groupId);
     else if (m_teams->childrenState(m_vtId, groupId) != TeamChildren::Loaded)
         m_teams->setChildrenState(m_vtId, groupId, TeamChildren::Failed);

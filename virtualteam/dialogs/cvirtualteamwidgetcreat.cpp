@@ -5,9 +5,9 @@
 #include "common/logging.h"
 #include "controls/elidedlabel.h"
 #include "controls/skin.h"
-#include "controls/skinbutton.h"
 #include "controls/tipbox.h"
 #include "plugin/frienduisignalsender.h"
+#include "virtualteam/dialogs/dialogbar.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/memberpicker.h"
@@ -49,9 +49,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
       m_reasonCaption(DialogParts::label(this)),
       m_length(DialogParts::quietLabel(this)),
       m_reason(new ReasonEdit(this)),
-      m_sure(new SkinButton(SkinButton::Primary, QString(), this)),
-      m_cancel(new SkinButton(SkinButton::Outline, QString(), this)),
-      m_state(DialogParts::quietLabel(this))
+      m_bar(new DialogBar(this))
 {
     setObjectName(QStringLiteral("CVirtualTeamWidgetCreat"));
     if (invites)
@@ -65,10 +63,11 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
 
     connect(m_reason, &ReasonEdit::lengthChanged, this, &CVirtualTeamWidgetCreat::showLength);
     // Whom a search is about to find belongs to the team, too.
-    connect(m_picker, &MemberPicker::changed, this, [this] { setSending(m_sending); });
+    connect(m_picker, &MemberPicker::changed, this,
+            [this] { m_bar->setSureEnabled(!m_picker->isSearching()); });
     connect(m_picker, &MemberPicker::escapePressed, this, &QDialog::reject);
-    connect(m_sure, &QPushButton::clicked, this, &CVirtualTeamWidgetCreat::slot_sure);
-    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_bar, &DialogBar::sure, this, &CVirtualTeamWidgetCreat::slot_sure);
+    connect(m_bar, &DialogBar::cancelled, this, &QDialog::reject);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
     connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_logout, this,
             &QDialog::reject);
@@ -77,13 +76,13 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
 void CVirtualTeamWidgetCreat::build()
 {
     auto *body = new QVBoxLayout;
-    body->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, 16);
+    body->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, 12);
     body->setSpacing(14);
     body->addLayout(buildName());
     body->addWidget(m_picker, 1);
     body->addLayout(buildReason());
-    body->addLayout(buildButtons());
     bodyLayout()->addLayout(body);
+    bodyLayout()->addWidget(m_bar);
 }
 
 QLayout *CVirtualTeamWidgetCreat::buildName()
@@ -118,21 +117,6 @@ QLayout *CVirtualTeamWidgetCreat::buildReason()
     return layout;
 }
 
-QLayout *CVirtualTeamWidgetCreat::buildButtons()
-{
-    m_sure->setObjectName(QStringLiteral("btnSure"));
-    m_sure->setDefault(true);
-    m_cancel->setObjectName(QStringLiteral("btnCancel"));
-    for (SkinButton *button : {m_sure, m_cancel})
-        button->setMinimumWidth(DialogParts::ButtonWidth);
-    auto *layout = new QHBoxLayout;
-    layout->setSpacing(8);
-    layout->addWidget(m_state, 1);
-    layout->addWidget(m_sure);
-    layout->addWidget(m_cancel);
-    return layout;
-}
-
 void CVirtualTeamWidgetCreat::retranslate()
 {
     m_nameCaption->setText(QObject::tr("teamName"));
@@ -141,9 +125,6 @@ void CVirtualTeamWidgetCreat::retranslate()
     m_reason->setAccessibleName(m_reasonCaption->text());
     if (m_name)
         m_name->setAccessibleName(m_nameCaption->text());
-    m_sure->setText(QObject::tr("sure"));
-    m_cancel->setText(QObject::tr("cancel"));
-    setSending(m_sending);
 }
 
 void CVirtualTeamWidgetCreat::showLength(int length)
@@ -174,13 +155,13 @@ bool CVirtualTeamWidgetCreat::isComplete()
 void CVirtualTeamWidgetCreat::slot_sure()
 {
     LOG_SCOPE("CVirtualTeamWidgetCreat::slot_sure()");
-    if (m_sending || m_isClosed || m_picker->isSearching())
+    if (m_bar->isBusy() || m_isClosed || m_picker->isSearching())
         return;
     if (!isComplete() || !TeamMessages::mayRequest(this))
         return;
     const QString typed = m_reason->reason();
     const QString reason = typed.isEmpty() ? QObject::tr("defaltInvitReasion") : typed;
-    setSending(true);
+    m_bar->setBusy(true);
     if (m_invites)
         invite(m_picker->userIds(), reason);
     else
@@ -244,17 +225,8 @@ void CVirtualTeamWidgetCreat::succeeded(const QString &text)
 
 void CVirtualTeamWidgetCreat::failed(const QString &text)
 {
-    setSending(false);
-    if (!focusWidget() || focusWidget() == m_cancel)
-        m_sure->setFocus(); // which lost it when it was disabled
+    m_bar->setBusy(false);
     TeamMessages::tell(this, text);
-}
-
-void CVirtualTeamWidgetCreat::setSending(bool sending)
-{
-    m_sending = sending;
-    m_sure->setEnabled(!sending && !m_picker->isSearching());
-    m_state->setText(sending ? QObject::tr("teamSaving") : QString());
 }
 
 // --- Events ------------------------------------------------------------------------

@@ -8,6 +8,7 @@
 #include "controls/basedialog.h"
 #include "virtualteam/teamrecords.h"
 
+class DialogBar;
 class MemberPicker;
 class ReasonEdit;
 class TeamNameEdit;
@@ -19,8 +20,6 @@ class CVirtualTeamWidgetCreat : public BaseDialog
 public:
     explicit CVirtualTeamWidgetCreat(QWidget *parent);                            // creates
     CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &team, QWidget *parent); // invites
-
-    bool isSending() const { return m_sending; }
 
 signals:
     // The team is there, or waits for its approval. The dialog closes after this.
@@ -38,19 +37,16 @@ private:
     void build();
     QLayout *buildName();
     QLayout *buildReason();
-    QLayout *buildButtons();
     void retranslate();
     void showLength(int length);
     bool isComplete(); // else the user was told what is missing
     void create(const QString &name, const QStringList &members, const QString &reason);
     void invite(const QStringList &members, const QString &reason);
-    void setSending(bool sending);
     void succeeded(const QString &text);
     void failed(const QString &text);
 
     const CVirtualTeamSimpleInfo m_team; // empty for a new one
     const bool m_invites;
-    bool m_sending = false;
     bool m_isClosed = false;
 
     QLabel *m_nameCaption;
@@ -59,7 +55,5 @@ private:
     QLabel *m_reasonCaption;
     QLabel *m_length;
     ReasonEdit *m_reason;
-    SkinButton *m_sure;
-    SkinButton *m_cancel;
-    QLabel *m_state; // that the request runs
+    DialogBar *m_bar;
 };

@@ -1,5 +1,6 @@
 #include "virtualteam/dialogs/teamchoices.h"
 
+#include "virtualteam/teammessages.h"
 #include "virtualteam/teamtreemodel.h"
 
 namespace {
@@ -66,9 +67,9 @@ QVariant TeamChoices::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case Qt::AccessibleTextRole:
         if (kindOf(index) == TeamRowKind::Failed)
-            return QString::fromUtf8("获取成员信息出错");
+            return QString::fromUtf8(TeamMessages::MembersFailed);
         if (kindOf(index) == TeamRowKind::Empty)
-            return QString::fromUtf8("没有成员信息");
+            return QString::fromUtf8(TeamMessages::NoMembers);
         break;
     default:
         break;

@@ -4,6 +4,7 @@
 #include "common/logging.h"
 #include "controls/statepage.h"
 #include "plugin/frienduisignalsender.h"
+#include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/teamdecisionbody.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
@@ -20,7 +21,6 @@
 namespace {
 constexpr int WindowWidth = 420; // device-independent pixels
 constexpr int WindowHeight = 560;
-constexpr int DecidedAlready = 10003; // the service's code
 } // namespace
 
 TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, const char *personKey,
@@ -29,12 +29,8 @@ TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, const char *personKe
       m_detailSignal(detail),
       m_decisionSignal(decision),
       m_pages(new QStackedWidget(this)),
-      m_loading(new StatePage("loading",
-                              QStringLiteral("Resources/images/SearchFriend/qora_Loading.gif"),
-                              nullptr, this)),
-      m_failed(new StatePage("loadErrorAndCrazyRetry",
-                             QStringLiteral("Resources/images/icon/ic_lion_load_failure.png"),
-                             "retry", this)),
+      m_loading(DialogParts::loadingPage(this)),
+      m_failed(DialogParts::failedPage("loadErrorAndCrazyRetry", this)),
       m_body(new TeamDecisionBody(personKey, this))
 {
     m_pages->setObjectName(QStringLiteral("decisionPages"));
@@ -161,7 +157,7 @@ void TeamDecisionWindow::decided(bool ok, bool agreed, int code)
     }
     LOG_ERROR("the decision about team " << logText(m_vtId)
                                          << " has failed, nCode:" << QString::number(code));
-    if (code == DecidedAlready) {
+    if (code == TeamCode::Blocked) {
         m_body->setOutcome(TeamDecisionBody::Decided);
         request(); // for what else has changed
         return;

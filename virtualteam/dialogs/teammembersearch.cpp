@@ -3,9 +3,11 @@
 #include "controls/loadingoverlay.h"
 #include "controls/statepage.h"
 #include "virtualteam/dialogs/cvirtualteamtransauthtreedelegate.h"
+#include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/memberchoicemodel.h"
 #include "virtualteam/dialogs/teamchoiceview.h"
 #include "virtualteam/httpvirtualteamoperation.h"
+#include "virtualteam/teammessages.h"
 #include "virtualteam/teamroles.h"
 
 #include <QStackedLayout>
@@ -17,12 +19,8 @@ TeamMemberSearch::TeamMemberSearch(const QString &vtId, QWidget *parent)
       m_list(new TeamChoiceView(m_hits, this)),
       m_busy(new LoadingOverlay(this)),
       m_pages(new QStackedLayout(this)),
-      m_nothing(new StatePage("searchNothing",
-                              QStringLiteral("Resources/images/contacts/empty_list.png"), nullptr,
-                              this)),
-      m_failed(new StatePage("获取成员信息出错",
-                             QStringLiteral("Resources/images/icon/ic_lion_load_failure.png"),
-                             "retry", this))
+      m_nothing(DialogParts::emptyPage("searchNothing", this)),
+      m_failed(DialogParts::failedPage(TeamMessages::MembersFailed, this))
 {
     m_list->setObjectName(QStringLiteral("hits"));
     m_list->setItemDelegate(new CVirtualTeamTransAuthTreeDelegate(this));
@@ -54,11 +52,10 @@ void TeamMemberSearch::search(const QString &text)
         return;
     }
     m_delay.start();
-    if (m_hits->rowCount() > 0) {
+    if (m_hits->rowCount() > 0)
         m_busy->note();
-    } else {
+    else
         m_busy->cover();
-    }
 }
 
 void TeamMemberSearch::ask()

@@ -1,21 +1,19 @@
 #include "virtualteam/dialogs/virtualteameditwidget.h"
 
-#include "controls/skinbutton.h"
 #include "controls/tipbox.h"
+#include "virtualteam/dialogs/dialogbar.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/fieldframe.h"
 #include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/teamrecords.h"
 
 #include <QEvent>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 
 namespace {
 
-constexpr int Width = 340; // device-independent pixels, as all below
-constexpr int ButtonWidth = 84;
+constexpr int Width = 340; // device-independent pixels
 
 struct ModeTexts
 {
@@ -46,10 +44,8 @@ VirtualTeamEditWidget::VirtualTeamEditWidget(Mode mode, const QString &preset, Q
     : BaseDialog(parent),
       m_mode(mode),
       m_line(new TeamNameEdit(this)),
-      m_state(DialogParts::quietLabel(this)),
       m_length(DialogParts::quietLabel(this)),
-      m_sure(new SkinButton(SkinButton::Primary, QString(), this)),
-      m_cancel(new SkinButton(SkinButton::Outline, QString(), this))
+      m_bar(new DialogBar(this))
 {
     setObjectName(QStringLiteral("VirtualTeamEditWidget"));
     setTitleKey(textsOf(mode).title);
@@ -61,43 +57,27 @@ VirtualTeamEditWidget::VirtualTeamEditWidget(Mode mode, const QString &preset, Q
     retranslate();
     showLength();
     connect(m_line, &QLineEdit::textChanged, this, &VirtualTeamEditWidget::showLength);
-    connect(m_line, &QLineEdit::returnPressed, this, &VirtualTeamEditWidget::confirm);
-    connect(m_sure, &QPushButton::clicked, this, &VirtualTeamEditWidget::confirm);
-    connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(m_bar, &DialogBar::sure, this, &VirtualTeamEditWidget::confirm);
+    connect(m_bar, &DialogBar::cancelled, this, &QDialog::reject);
 }
 
 void VirtualTeamEditWidget::build()
 {
-    m_state->setObjectName(QStringLiteral("label_state"));
-    m_length->setObjectName(QStringLiteral("label_length"));
+    m_length->setObjectName(QStringLiteral("nameLength"));
     m_line->setPlaceholderText(QString()); // the length stands below, in every language
-    m_sure->setObjectName(QStringLiteral("sureButton"));
-    m_cancel->setObjectName(QStringLiteral("cancelButton"));
-    for (SkinButton *button : {m_sure, m_cancel})
-        button->setMinimumWidth(ButtonWidth);
-
-    auto *notes = new QHBoxLayout;
-    notes->addWidget(m_state, 1);
-    notes->addWidget(m_length);
-    auto *buttons = new QHBoxLayout;
-    buttons->setSpacing(10);
-    buttons->addStretch(1);
-    buttons->addWidget(m_sure);
-    buttons->addWidget(m_cancel);
     auto *body = new QVBoxLayout;
-    body->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, DialogParts::Edge);
+    body->setContentsMargins(DialogParts::Edge, 8, DialogParts::Edge, 12);
     body->setSpacing(6);
     body->addWidget(new FieldFrame(m_line, this));
-    body->addLayout(notes);
-    body->addSpacing(10);
-    body->addLayout(buttons);
+    body->addWidget(m_length, 0, Qt::AlignRight);
     bodyLayout()->addLayout(body);
+    bodyLayout()->addWidget(m_bar);
     setMinimumWidth(Width);
 }
 
 void VirtualTeamEditWidget::confirm()
 {
-    if (m_waiting)
+    if (isWaiting())
         return;
     const QString text = m_line->name();
     const char *refusal = textsOf(m_mode).refusesEmpty;
@@ -120,10 +100,14 @@ void VirtualTeamEditWidget::finish(bool ok)
 
 void VirtualTeamEditWidget::setWaiting(bool waiting)
 {
-    m_waiting = waiting;
-    m_sure->setEnabled(!waiting);
+    m_bar->setBusy(waiting);
     m_line->setReadOnly(waiting);
     retranslate();
+}
+
+bool VirtualTeamEditWidget::isWaiting() const
+{
+    return m_bar->isBusy();
 }
 
 void VirtualTeamEditWidget::showLength()
@@ -133,11 +117,8 @@ void VirtualTeamEditWidget::showLength()
 
 void VirtualTeamEditWidget::retranslate()
 {
-    m_sure->setText(QObject::tr("sure"));
-    m_cancel->setText(QObject::tr("cancel"));
-    m_state->setText(m_waiting ? QObject::tr("teamSaving") : QString());
     m_line->setAccessibleName(windowTitle());
-    m_line->setAccessibleDescription(m_state->text());
+    m_line->setAccessibleDescription(isWaiting() ? QObject::tr("teamWorking") : QString());
 }
 
 void VirtualTeamEditWidget::changeEvent(QEvent *event)

@@ -5,8 +5,8 @@
 
 #include "controls/basedialog.h"
 
+class DialogBar;
 class QLabel;
-class SkinButton;
 class TeamNameEdit;
 
 class VirtualTeamEditWidget : public BaseDialog
@@ -27,7 +27,7 @@ public:
 
     // Closes the dialog, or lets the user try again.
     void finish(bool ok);
-    bool isWaiting() const { return m_waiting; }
+    bool isWaiting() const;
     // Whether the text is another than the preset, as far as that could be shown.
     bool isChange(const QString &text) const { return text != m_preset; }
 
@@ -47,10 +47,7 @@ private:
 
     Mode m_mode;
     QString m_preset;
-    bool m_waiting = false;
     TeamNameEdit *m_line;
-    QLabel *m_state;      // "label_state"
-    QLabel *m_length;     // "label_length"
-    SkinButton *m_sure;   // "sureButton"
-    SkinButton *m_cancel; // "cancelButton"
+    QLabel *m_length;
+    DialogBar *m_bar;
 };

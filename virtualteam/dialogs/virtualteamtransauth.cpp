@@ -5,8 +5,9 @@
 #include "common/logging.h"
 #include "controls/searchbox.h"
 #include "controls/tipbox.h"
-#include "virtualteam/dialogs/choicebar.h"
 #include "virtualteam/dialogs/cvirtualteamtransauthtreeview.h"
+#include "virtualteam/dialogs/dialogbar.h"
+#include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/teammembersearch.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
@@ -17,18 +18,11 @@
 
 #include <utility>
 
-namespace {
-constexpr int Width = 400; // device-independent pixels, as all below
-constexpr int TreeHeight = 420;
-constexpr int Edge = 16;
-constexpr int Gap = 8;
-} // namespace
-
 VirtualTeamTransAuth::VirtualTeamTransAuth(const CVirtualTeamSimpleInfo &team, QWidget *parent)
     : BaseDialog(parent),
       m_team(team),
       m_tree(new CVirtualTeamTransAuthTreeView(team, TeamChoices::Members, this)),
-      m_bar(new ChoiceBar(this)),
+      m_bar(new DialogBar(this)),
       m_pages(new QStackedLayout)
 {
     setTitleKey("transAuth");
@@ -44,7 +38,7 @@ VirtualTeamTransAuth::VirtualTeamTransAuth(const CVirtualTeamSimpleInfo &team,
       m_team(team),
       m_members(members),
       m_tree(new CVirtualTeamTransAuthTreeView(team, TeamChoices::Groups, this)),
-      m_bar(new ChoiceBar(this)),
+      m_bar(new DialogBar(this)),
       m_pages(new QStackedLayout)
 {
     setTitleKey("moveTeamMembers");
@@ -56,7 +50,7 @@ VirtualTeamTransAuth::VirtualTeamTransAuth(const CVirtualTeamSimpleInfo &team,
 void VirtualTeamTransAuth::build()
 {
     setObjectName(QStringLiteral("VirtualTeamTransAuth"));
-    m_tree->setMinimumSize(Width, TreeHeight);
+    m_tree->setMinimumSize(DialogParts::ListWidth, DialogParts::ListHeight);
     m_pages->insertWidget(0, m_tree);
     m_pages->setCurrentIndex(0);
     bodyLayout()->addLayout(m_pages, 1);
@@ -65,8 +59,8 @@ void VirtualTeamTransAuth::build()
     connect(m_tree, &CVirtualTeamTransAuthTreeView::confirmed, this, &VirtualTeamTransAuth::sure);
     connect(m_tree, &CVirtualTeamTransAuthTreeView::teamGone, this,
             &VirtualTeamTransAuth::leaveGoneTeam);
-    connect(m_bar, &ChoiceBar::sure, this, &VirtualTeamTransAuth::sure);
-    connect(m_bar, &ChoiceBar::cancelled, this, &QDialog::reject);
+    connect(m_bar, &DialogBar::sure, this, &VirtualTeamTransAuth::sure);
+    connect(m_bar, &DialogBar::cancelled, this, &QDialog::reject);
     updateChoice();
 }
 
@@ -76,10 +70,7 @@ void VirtualTeamTransAuth::addSearch()
 {
     m_search = new SearchBox(this, "inputNameIDTel");
     m_hits = new TeamMemberSearch(m_team.vtId, this);
-    auto *line = new QVBoxLayout;
-    line->setContentsMargins(Edge, Gap, Edge, Gap);
-    line->addWidget(m_search);
-    bodyLayout()->addLayout(line);
+    bodyLayout()->addLayout(DialogParts::searchLine(m_search, this));
     m_pages->addWidget(m_hits);
     m_search->setFocus();
     connect(m_search, &QLineEdit::textChanged, this, &VirtualTeamTransAuth::searchTextChanged);
@@ -93,12 +84,6 @@ void VirtualTeamTransAuth::addSearch()
     };
     connect(m_search, &SearchBox::downPressed, this, enterList);
     connect(m_search, &SearchBox::enterPressed, this, enterList);
-    connect(m_search, &SearchBox::escapePressed, this, [this] {
-        if (m_search->text().isEmpty())
-            reject();
-        else
-            m_search->clear();
-    });
 }
 
 void VirtualTeamTransAuth::searchTextChanged(const QString &text)
@@ -201,7 +186,7 @@ void VirtualTeamTransAuth::companiesArrived(bool ok, const QList<CVirtualTeamMem
     if (ok)
         sure();
     else
-        TipBox::tell(this, QString::fromUtf8("获取成员信息出错"));
+        TipBox::tell(this, QString::fromUtf8(TeamMessages::MembersFailed));
 }
 
 bool VirtualTeamTransAuth::begin()
@@ -262,6 +247,6 @@ void VirtualTeamTransAuth::failed(const QString &text, int code)
 
 void VirtualTeamTransAuth::leaveGoneTeam()
 {
-    TipBox::tell(parentWidget(), QString::fromUtf8("获取成员信息出错"));
+    TipBox::tell(parentWidget(), QString::fromUtf8(TeamMessages::MembersFailed));
     reject();
 }

@@ -9,8 +9,8 @@
 #include <QHash>
 #include <QStringList>
 
-class ChoiceBar;
 class CVirtualTeamTransAuthTreeView;
+class DialogBar;
 class QStackedLayout;
 class SearchBox;
 class TeamMemberSearch;
@@ -60,7 +60,7 @@ private:
     const CVirtualTeamSimpleInfo m_team;
     const QStringList m_members; // to move; empty: the authority is handed over
     CVirtualTeamTransAuthTreeView *m_tree;
-    ChoiceBar *m_bar;
+    DialogBar *m_bar;
     QStackedLayout *m_pages;
     SearchBox *m_search = nullptr; // both null in "moveTeamMembers"
     TeamMemberSearch *m_hits = nullptr;

@@ -1,29 +1,26 @@
-// The lower end of a dialog in which something is chosen: what is chosen, and the
-// buttons "cancel" and "sure".
+// The lower end of a team's dialog: a note, and the buttons "sure" and "cancel".
 #pragma once
 
-#include <QPointer>
 #include <QWidget>
 
 class ElidedLabel;
 class SkinButton;
 
-class ChoiceBar : public QWidget
+class DialogBar : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit ChoiceBar(QWidget *parent);
+    explicit DialogBar(QWidget *parent);
 
     void setNote(const QString &text); // plain text, whoever wrote it
     void setSureEnabled(bool enabled);
     // While it is so "sure" cannot be pressed and the note says that work is under way.
-    // The focus waits on "cancel" and goes back afterwards, unless the user has moved it.
     void setBusy(bool busy);
     bool isBusy() const { return m_busy; }
 
 signals:
-    void sure();
+    void sure(); // also by Enter in a field that leaves it to the dialog
     void cancelled();
 
 protected:
@@ -34,10 +31,9 @@ private:
     void showState();
 
     ElidedLabel *m_note;
-    SkinButton *m_cancel; // "btnCancel"
     SkinButton *m_sure;   // "btnSure"
-    QPointer<QWidget> m_focusBefore;
+    SkinButton *m_cancel; // "btnCancel"
     QString m_text;
-    bool m_sureEnabled = false;
+    bool m_sureEnabled = true;
     bool m_busy = false;
 };
