@@ -112,22 +112,7 @@ std::optional<User> People::find(const QString &uid) const
 
 QString People::uidOfLogin(const QString &loginName) const
 {
-    if (find(loginName))
-        return loginName;
-    // An account ends in its owner's number, but the letters before may end in
-    // digits of their own.
-    const QString account = loginName.toLower();
-    for (int begin = account.size(); begin > 0 && account.at(begin - 1).isDigit(); --begin) {
-        const int index = account.midRef(begin - 1).toInt();
-        if (m_company.person(index).account == account)
-            return SampleCompany::uid(index);
-    }
-    for (int i = 0; i < SampleCompany::OutsiderCount; ++i) {
-        const SamplePerson outsider = m_company.outsider(i);
-        if (outsider.account == account)
-            return outsider.uid;
-    }
-    return {};
+    return find(loginName) ? loginName : m_company.uidOf(loginName);
 }
 
 void People::change(const QString &uid, const Change &change)

@@ -3,7 +3,7 @@
 #include "common/logging.h"
 
 BackendSource::BackendSource(const Options &options, QObject *parent)
-    : QObject(parent), m_options(options), m_process(options.process)
+    : QObject(parent), m_options(options), m_process(options.process, this)
 {
     m_look.setInterval(LookMs);
     m_pause.setSingleShot(true);

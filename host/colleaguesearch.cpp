@@ -36,6 +36,7 @@ void ColleagueSearch::send()
                       {"pageNo", QStringLiteral("1")},
                       {"pageSize", QString::number(MaximumHits)}};
     m_call = ServiceCall::start(request, this, HERE, [this](const ServiceReply &reply) {
+        m_call.clear(); // it ends by itself
         if (!reply.ok)
             return;
         const Json::Value &users = JsonReader::array(reply.data(), "userList");

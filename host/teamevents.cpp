@@ -110,6 +110,7 @@ void TeamEvents::tryLater()
 
 void TeamEvents::takeWaiting(const ServiceReply &reply)
 {
+    m_refresh.clear(); // it ends by itself
     if (!reply.ok) {
         // Otherwise the request that waits finds out whether there are services.
         if (m_since < 0)
@@ -128,6 +129,7 @@ void TeamEvents::takeWaiting(const ServiceReply &reply)
 
 void TeamEvents::takeNews(const ServiceReply &reply)
 {
+    m_poll.clear();
     if (!reply.ok) {
         tryLater();
         return;

@@ -11,6 +11,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace {
 constexpr int RefreshMs = 200;
 
@@ -37,6 +39,12 @@ TeamNews::TeamNews(const Parts &parts, QObject *parent) : QObject(parent), m_par
     connect(parts.core, &MessagingCore::connectionChanged, this, &TeamNews::follow);
     connect(parts.webLog, &WebLog::recorded, this, &TeamNews::watch);
     connect(&m_events, &TeamEvents::teamsChanged, this, [this](const QStringList &ids) {
+        // Somebody else may have decided what is listed.
+        const bool isListed =
+            std::any_of(m_requests.cbegin(), m_requests.cend(),
+                        [&ids](const TeamRequest &each) { return ids.contains(each.teamId); });
+        if (isListed)
+            m_refresh.start();
         m_parts.bus->notify(Inbound::VirtualTeamsChanged, ids.join(QLatin1Char(',')), QString());
     });
     connect(&m_events, &TeamEvents::requested, this, &TeamNews::list);

@@ -10,6 +10,7 @@
 #include "virtualteam/teamsearchpage.h"
 #include "virtualteam/teamtreemodel.h"
 
+#include <QApplication>
 #include <QStackedWidget>
 
 #include <algorithm>
@@ -32,17 +33,27 @@ void CVirtualTeamPage::start()
         return;
     m_started = true;
     m_owner = ctx().ownJid();
-    reload(false);
+    reload(true);
+}
+
+// What the user sees stays until somebody else logs in.
+void CVirtualTeamPage::stop()
+{
+    m_reloadDue.stop();
+    m_dueTeams.clear();
+    m_failed = m_failed || !m_known;
+    const auto levels = m_loader->stop();
+    for (const Level &level : levels)
+        slot_getVirtualTeamStructureFinish(false, level.first, level.second, {}, {});
+    showState();
 }
 
 void CVirtualTeamPage::startAnew()
 {
-    m_loader->stop();
-    m_reloadDue.stop();
-    m_dueTeams.clear();
-    m_failedLevels.clear();
+    stop();
     m_started = false;
     if (m_owner != ctx().ownJid()) {
+        m_failedLevels.clear();
         m_wantedTeam.clear();
         m_wantedMember = {};
         m_searchBox->clear();
@@ -68,9 +79,18 @@ void CVirtualTeamPage::reconnected()
 
 void CVirtualTeamPage::reload(bool withLevels)
 {
+    QSet<Level> levels;
     if (withLevels) {
+        levels = std::exchange(m_failedLevels, {});
         for (const CVirtualTeamSimpleInfo &team : qAsConst(m_told))
             m_dueTeams.insert(team.vtId);
+    }
+    const QSet<QString> due = std::exchange(m_dueTeams, {});
+    for (const QString &team : due) {
+        m_loader->repeatLevels(team);
+        const auto open = m_tree->openLevels(team);
+        for (const Level &level : open)
+            levels.insert(level);
     }
     if (isOnline()) {
         m_loader->loadTeams();
@@ -78,12 +98,8 @@ void CVirtualTeamPage::reload(bool withLevels)
         LOG_DEBUG("offline: the teams cannot be loaded");
         slot_getMyVirtualTeamFinish(false, {});
     }
-    const QSet<QString> due = std::exchange(m_dueTeams, {});
-    for (const QString &team : due) {
-        const auto levels = m_tree->openLevels(team);
-        for (const Level &level : levels)
-            slot_getMembers(level.first, level.second);
-    }
+    for (const Level &level : qAsConst(levels))
+        slot_getMembers(level.first, level.second);
     showState();
 }
 
@@ -130,6 +146,10 @@ void CVirtualTeamPage::slot_getMyVirtualTeamFinish(bool ok, QList<CVirtualTeamSi
         return;
     if (m_tree->teams()->teamIndex(m_wantedTeam).isValid()) {
         m_tree->expandTeam(std::exchange(m_wantedTeam, {}));
+        // Not from who types elsewhere by now.
+        const QWidget *focus = QApplication::focusWidget();
+        if (isAncestorOf(focus) && focus != m_searchBox)
+            m_tree->setFocus(Qt::OtherFocusReason);
     } else if (!m_loader->isLoadingTeams()) {
         // Nor is a newer list on its way.
         LOG_DEBUG("there is no team " << logText(m_wantedTeam));
@@ -140,6 +160,10 @@ void CVirtualTeamPage::slot_getMyVirtualTeamFinish(bool ok, QList<CVirtualTeamSi
 void CVirtualTeamPage::slot_getMembers(QString vtId, QString pgId)
 {
     LOG_SCOPE("CVirtualTeamPage::slot_getMembers(QString vtId, QString pgId)");
+    if (!m_tree->teams()->groupIndex(vtId, pgId).isValid()) {
+        LOG_DEBUG("item is null");
+        return;
+    }
     if (!isOnline()) {
         slot_getVirtualTeamStructureFinish(false, vtId, pgId, {}, {});
         return;
@@ -161,6 +185,7 @@ void CVirtualTeamPage::slot_getVirtualTeamStructureFinish(bool ok, QString vtId,
         m_failedLevels.remove({vtId, pgId});
         if (teams->setLevel(vtId, pgId, groups, members))
             revealWanted();
+        showState();
         return;
     }
     if (!teams->groupIndex(vtId, pgId).isValid()) {
@@ -172,6 +197,20 @@ void CVirtualTeamPage::slot_getVirtualTeamStructureFinish(bool ok, QString vtId,
     // What is known stays.
     if (teams->childrenState(vtId, pgId) != TeamChildren::Loaded)
         teams->setChildrenState(vtId, pgId, TeamChildren::Failed);
+    showState();
+}
+
+bool CVirtualTeamPage::isOutOfDate() const
+{
+    if (!m_known || m_loader->isLoadingTeams())
+        return false;
+    // A level without rows says by itself that it failed.
+    const TeamTreeModel *teams = m_tree->teams();
+    const auto hasRows = [teams](const Level &level) {
+        const QModelIndex group = teams->groupIndex(level.first, level.second);
+        return group.isValid() && teams->kind(teams->index(0, 0, group)) != TeamRowKind::Failed;
+    };
+    return m_failed || std::any_of(m_failedLevels.cbegin(), m_failedLevels.cend(), hasRows);
 }
 
 // --- What others are told ------------------------------------------------------------
@@ -199,6 +238,7 @@ void CVirtualTeamPage::locateTeam(const QString &vtId)
     m_searchBox->clear();
     if (m_started && m_tree->teams()->teamIndex(vtId).isValid()) {
         m_tree->expandTeam(vtId);
+        m_tree->setFocus(Qt::OtherFocusReason);
         return;
     }
     m_wantedTeam = vtId;

@@ -70,11 +70,13 @@ private:
     void connectSearch();
     void connectHub();
     void start(); // loads for the first time; nothing more after that
+    void stop();
     void startAnew();
     void reconnected();
     void reload(bool withLevels);
     void reloadSoon();
-    void followTeams(); // brings the others in line with the rows of the tree
+    void followTeams();       // brings the others in line with the rows of the tree
+    bool isOutOfDate() const; // something shown could not be loaded again
     void showState();
     void showBusy(bool loading);
     void revealWanted();

@@ -138,9 +138,8 @@ void CVirtualTeamTreeDelegate::paintTeam(QPainter *painter, const QStyleOptionVi
             pointed ? Skin::instance().colors().theme : Skin::instance().quietText(selected));
     }
     row.markAtRight(more);
-    const int count = index.data(TeamRowRole::Count).toInt();
     row.texts(index.data(TeamRowRole::Name).toString(),
-              count > 0 ? QObject::tr("teamMemberCount").arg(count) : QString(), false);
+              TeamTreeTexts::countText(index.data(TeamRowRole::Count).toInt()), false);
 }
 
 void CVirtualTeamTreeDelegate::paintGroup(QPainter *painter, const QStyleOptionViewItem &option,

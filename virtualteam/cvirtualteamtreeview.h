@@ -132,6 +132,7 @@ private:
     QString m_dragTeam;
     QStringList m_dragMembers; // under way
     QPersistentModelIndex m_dropTarget;
+    QPersistentModelIndex m_pointedAt;  // by what is dragged
     QPersistentModelIndex m_toBeOpened; // while something is dragged over it
     QTimer m_openTimer;
 };

@@ -43,6 +43,14 @@ void TeamLoader::loadLevel(const QString &vtId, const QString &pgId)
     sendLevels();
 }
 
+void TeamLoader::repeatLevels(const QString &vtId)
+{
+    for (auto running = m_levels.cbegin(); running != m_levels.cend(); ++running) {
+        if (running.key().first == vtId)
+            m_levelsAgain.insert(running.key());
+    }
+}
+
 void TeamLoader::sendLevels()
 {
     while (m_levels.size() < LevelsAtATime && !m_waiting.isEmpty()) {
@@ -68,11 +76,11 @@ void TeamLoader::levelEnded(const Level &level)
     sendLevels();
 }
 
-void TeamLoader::stop()
+QList<TeamLoader::Level> TeamLoader::stop()
 {
     m_listAgain = false;
     m_levelsAgain.clear();
-    m_waiting.clear();
+    const QList<Level> levels = std::exchange(m_waiting, {}) + m_levels.keys();
     QList<Operation *> running = m_levels.values();
     m_levels.clear();
     const bool wasLoading = m_list;
@@ -84,4 +92,5 @@ void TeamLoader::stop()
     }
     if (wasLoading)
         emit loadingTeamsChanged(false);
+    return levels;
 }

@@ -23,11 +23,16 @@ public:
 
     using QObject::QObject;
 
+    using Level = QPair<QString, QString>; // team, group
+
     void loadTeams();
     bool isLoadingTeams() const { return m_list != nullptr; }
     void loadLevel(const QString &vtId, const QString &pgId);
-    // Forgets what runs and what waits: none of it is told of any more.
-    void stop();
+    // The team has changed: what is being asked for of it is asked for again.
+    void repeatLevels(const QString &vtId);
+    // Forgets what runs and what waits: none of it is told of any more. Returns the
+    // levels that somebody was waiting for.
+    QList<Level> stop();
 
 signals:
     void loadingTeamsChanged(bool loading);
@@ -37,8 +42,6 @@ signals:
                      const QList<CVirtualTeamMemberInfo> &members);
 
 private:
-    using Level = QPair<QString, QString>; // team, group
-
     void sendList();
     void sendLevels();
     void levelEnded(const Level &level);

@@ -181,12 +181,7 @@ void CVirtualTeamPage::connectHub()
             reloadSoon();
     });
     connect(hub, &Hub::signal_login, this, &CVirtualTeamPage::startAnew);
-    connect(hub, &Hub::signal_logout, this, [this] {
-        m_reloadDue.stop();
-        m_loader->stop();
-        m_failed = m_failed || !m_known;
-        showState();
-    });
+    connect(hub, &Hub::signal_logout, this, &CVirtualTeamPage::stop);
     connect(hub, &Hub::signal_isConnected, this, [this](bool connected) {
         if (connected)
             reconnected();
@@ -206,7 +201,7 @@ void CVirtualTeamPage::showState()
         page = m_emptyPage;
     m_pages->setCurrentWidget(page);
     m_searchBox->setVisible(!m_told.isEmpty() || !m_searchText.isEmpty());
-    const bool isStale = m_known && m_failed && !m_loader->isLoadingTeams();
+    const bool isStale = isOutOfDate();
     m_notice->say(isStale ? "refreshTeamsFailed" : nullptr, isStale);
 }
 

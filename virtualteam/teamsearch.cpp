@@ -5,6 +5,8 @@
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 
+#include <QSet>
+
 #include <utility>
 
 namespace {
@@ -26,14 +28,16 @@ TeamSearch::TeamSearch(QObject *parent) : QObject(parent)
 void TeamSearch::setTeams(const QStringList &teams)
 {
     const QStringList before = std::exchange(m_teams, teams);
+    const QSet<QString> there(teams.cbegin(), teams.cend());
     for (const QString &team : before) {
-        if (!teams.contains(team))
+        if (!there.contains(team))
             drop(team);
     }
     if (m_state == Idle || m_state == Offline)
         return;
+    const QSet<QString> known(before.cbegin(), before.cend());
     for (const QString &team : teams) {
-        if (!before.contains(team))
+        if (!known.contains(team))
             m_waiting.append(team);
     }
     // What is about to begin finds them.

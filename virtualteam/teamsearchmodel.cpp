@@ -107,6 +107,16 @@ void TeamSearchModel::setHits(const QString &vtId, const QList<CVirtualTeamMembe
     endInsertRows();
 }
 
+void TeamSearchModel::setPresence(const QMap<QString, PresenceData> &presence)
+{
+    for (TeamHit &hit : m_hits) {
+        const auto news = presence.constFind(makeJid(hit.member.userId));
+        if (news != presence.constEnd())
+            hit.member.presence = *news;
+    }
+    showAnew();
+}
+
 void TeamSearchModel::showAnew()
 {
     if (!m_hits.isEmpty())
@@ -122,7 +132,8 @@ int TeamSearchModel::rowCount(const QModelIndex &parent) const
 
 QString TeamSearchModel::secondLine(const TeamHit &hit) const
 {
-    QStringList parts{m_teams.value(hit.vtId).name, displayText(hit.member.companyName)};
+    QStringList parts{m_teams.value(hit.vtId).name, displayText(hit.member.duty),
+                      displayText(hit.member.companyName)};
     parts.removeAll(QString());
     return parts.join(QString::fromUtf8(" · "));
 }

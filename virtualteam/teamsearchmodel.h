@@ -9,6 +9,7 @@
 #include <QAbstractListModel>
 #include <QHash>
 #include <QList>
+#include <QMap>
 #include <QVector>
 
 namespace TeamHitRole {
@@ -41,7 +42,9 @@ public:
     void setText(const QString &text);
     // `atEnd`: no row may come between others now.
     void setHits(const QString &vtId, const QList<CVirtualTeamMemberInfo> &hits, bool atEnd);
-    // Presence, pictures or the language have changed.
+    // By jid.
+    void setPresence(const QMap<QString, PresenceData> &presence);
+    // Pictures, the language or what the host knows of presence have changed.
     void showAnew();
 
     const TeamHit &at(int row) const { return m_hits.at(row); }

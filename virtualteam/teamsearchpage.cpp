@@ -45,7 +45,7 @@ void TeamSearchPage::connectSources()
     using Hub = FriendUISignalSender;
     const Hub *hub = Hub::instance();
     const auto showAnew = [this] { m_model->showAnew(); };
-    connect(hub, &Hub::signal_updateFriendPresence, this, showAnew);
+    connect(hub, &Hub::signal_updateFriendPresence, m_model, &TeamSearchModel::setPresence);
     connect(hub, &Hub::signal_doalloffline, this, showAnew);
     connect(hub, &Hub::signal_isConnected, this, showAnew);
     connect(hub, &Hub::signal_UpdateFrdHead, this, showAnew);

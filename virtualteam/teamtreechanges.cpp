@@ -2,7 +2,6 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
-#include "virtualteam/teamtreemodel.h"
 
 #include <algorithm>
 #include <tuple>
@@ -23,13 +22,11 @@ auto fieldsOf(const CVirtualTeamMemberInfo &r)
 }
 
 // Of a contact the host knows more, and earlier, than the team service.
-CVirtualTeamMemberInfo withHostsPresence(CVirtualTeamMemberInfo record)
+PresenceData presenceOf(const CVirtualTeamMemberInfo &record)
 {
     const QString jid = makeJid(record.userId);
     FriendData contact;
-    if (ctx().friendData(jid, &contact))
-        record.presence = ctx().presence(jid);
-    return record;
+    return ctx().friendData(jid, &contact) ? ctx().presence(jid) : record.presence;
 }
 
 TeamRowKind placeholderKind(TeamChildren state)
@@ -83,7 +80,7 @@ bool TeamTreeChanges::mayHold(const TeamTreeBranch *branch, const QString &group
 {
     if (branch->isRoot())
         return !groupId.isEmpty();
-    if (TeamTreeRows::isRootId(groupId) || branch->level() >= TeamTreeModel::MaximumDepth)
+    if (TeamTreeRows::isRootId(groupId) || branch->level() >= TeamTreeSteps::MaximumDepth)
         return false;
     for (; branch != branch->team; branch = branch->above) {
         if (branch->info.vtId == groupId)
@@ -162,11 +159,12 @@ TeamTreeChanges::Nodes TeamTreeChanges::listedMembers(TeamTreeBranch *branch,
         TeamTreeMember *member = m_rows->findMember(branch->team, listed.userId);
         if (member && member->isListed)
             continue;
-        const CVirtualTeamMemberInfo record = withHostsPresence(listed);
+        CVirtualTeamMemberInfo record = listed;
+        record.presence = presenceOf(listed);
         if (!member) {
-            member = m_rows->makeMember(branch->team, record);
+            member = m_rows->makeMember(branch->team, std::move(record));
         } else if (fieldsOf(member->record) != fieldsOf(record)) {
-            TeamTreeRows::setRecord(member, record);
+            TeamTreeRows::setRecord(member, std::move(record));
             m_changed.push_back(member);
         }
         if (member->above && member->above != branch)

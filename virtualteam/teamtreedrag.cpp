@@ -74,14 +74,13 @@ QModelIndex CVirtualTeamTreeView::dropTarget(QPoint pos) const
 
 void CVirtualTeamTreeView::setDropTarget(const QModelIndex &group, const QModelIndex &pointedAt)
 {
-    if (m_dropTarget != group) {
-        m_dropTarget = group;
-        viewport()->update();
-    }
+    m_dropTarget = group;
+    m_pointedAt = pointedAt;
+    viewport()->update();
     const TeamRowKind kind = m_model->kind(pointedAt);
     const bool isClosed =
         (kind == TeamRowKind::Team || kind == TeamRowKind::Group) && !isExpanded(pointedAt);
-    if (!isClosed) {
+    if (!isClosed || m_model->team(pointedAt).vtId != m_dragTeam) {
         m_openTimer.stop();
         m_toBeOpened = QModelIndex();
     } else if (m_toBeOpened != pointedAt) {

@@ -1,12 +1,12 @@
 // What the team tree hears of: the hub's news of people, and what the commands did.
+#include "common/context.h"
 #include "common/logging.h"
+#include "controls/avatarstore.h"
 #include "http/fileservices.h"
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/cvirtualteamtreeview.h"
 #include "virtualteam/teamcommands.h"
 #include "virtualteam/teamtreemodel.h"
-
-#include "common/context.h"
 
 void CVirtualTeamTreeView::followHub()
 {
@@ -14,7 +14,10 @@ void CVirtualTeamTreeView::followHub()
     Hub *hub = Hub::instance();
     const auto repaint = [this] { viewport()->update(); };
     connect(hub, &Hub::signal_updateFriendPresence, m_model, &TeamTreeModel::setPresence);
-    connect(hub, &Hub::signal_UpdateFrdHead, this, repaint);
+    connect(hub, &Hub::signal_UpdateFrdHead, this, [repaint](const QString &, const QString &file) {
+        AvatarStore::instance().refresh(file);
+        repaint();
+    });
     connect(hub, &Hub::signal_isConnected, this, repaint);
     connect(&PictureFiles::instance(), &PictureFiles::ready, this, repaint);
     connect(hub, &Hub::signal_addMembersToVirtualTeam, this,

@@ -6,6 +6,7 @@
 #include "virtualteam/teamtreetexts.h"
 
 #include <algorithm>
+#include <utility>
 
 struct TeamTreeModel::Private
 {
@@ -23,7 +24,7 @@ struct TeamTreeModel::Private
             return;
         CVirtualTeamMemberInfo record = member->record;
         function(&record);
-        TeamTreeRows::setRecord(member, record);
+        TeamTreeRows::setRecord(member, std::move(record));
         changes.update({member});
     }
     template <class Function>

@@ -23,8 +23,6 @@ class TeamTreeModel : public TeamTreeSteps
     Q_OBJECT
 
 public:
-    static constexpr int MaximumDepth = 64; // levels of sub-groups that are shown
-
     explicit TeamTreeModel(QObject *parent = nullptr);
     ~TeamTreeModel() override;
 

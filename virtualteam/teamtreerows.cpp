@@ -4,6 +4,7 @@
 #include "common/displaytext.h"
 
 #include <algorithm>
+#include <utility>
 
 TeamTreePlace TeamTreeMember::place() const
 {
@@ -77,19 +78,19 @@ TeamTreeBranch *TeamTreeRows::makeGroup(TeamTreeBranch *team, const CVirtualTeam
     return group;
 }
 
-TeamTreeMember *TeamTreeRows::makeMember(TeamTreeBranch *team, const CVirtualTeamMemberInfo &record)
+TeamTreeMember *TeamTreeRows::makeMember(TeamTreeBranch *team, CVirtualTeamMemberInfo record)
 {
     auto *member = new TeamTreeMember;
-    setRecord(member, record);
+    setRecord(member, std::move(record));
     member->stand = member->place();
     member->team = team;
-    TeamTreeMember *&first = m_people[record.userId];
+    TeamTreeMember *&first = m_people[member->record.userId];
     member->inNextTeam = first;
     first = member;
     return member;
 }
 
-void TeamTreeRows::setRecord(TeamTreeMember *member, const CVirtualTeamMemberInfo &record)
+void TeamTreeRows::setRecord(TeamTreeMember *member, CVirtualTeamMemberInfo record)
 {
     const bool isNamed = !member->key.isNull() && member->record.shownName() == record.shownName();
     member->record = record;

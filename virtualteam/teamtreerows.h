@@ -92,12 +92,12 @@ public:
     // Nodes that can be found, but are among nobody's rows yet.
     TeamTreeBranch *makeTeam(const CVirtualTeamSimpleInfo &info);
     TeamTreeBranch *makeGroup(TeamTreeBranch *team, const CVirtualTeamSimpleInfo &info);
-    TeamTreeMember *makeMember(TeamTreeBranch *team, const CVirtualTeamMemberInfo &record);
+    TeamTreeMember *makeMember(TeamTreeBranch *team, CVirtualTeamMemberInfo record);
     // Takes a node, which is among nobody's rows any more, and all below out.
     void destroy(TeamTreeNode *node);
     void clear();
 
-    static void setRecord(TeamTreeMember *member, const CVirtualTeamMemberInfo &record);
+    static void setRecord(TeamTreeMember *member, CVirtualTeamMemberInfo record);
     static bool isRootId(const QString &groupId);
     // All rows below, the nearest first.
     static std::vector<TeamTreeNode *> below(const TeamTreeBranch *branch);

@@ -1,4 +1,5 @@
-// What TeamTreeChanges needs of the model: the steps by which views are told.
+// What TeamTreeChanges needs of the model: the steps by which views are told, and how
+// deep it goes.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -8,5 +9,7 @@ class TeamTreeSteps : public QAbstractItemModel
     friend class TeamTreeChanges;
 
 public:
+    static constexpr int MaximumDepth = 64; // levels of sub-groups that are shown
+
     using QAbstractItemModel::QAbstractItemModel;
 };

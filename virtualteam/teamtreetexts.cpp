@@ -11,6 +11,11 @@ QString TeamTreeTexts::roleText(int role)
     return role == TeamRole::SubAdministrator ? QObject::tr("teamSubAdministrator") : QString();
 }
 
+QString TeamTreeTexts::countText(int members)
+{
+    return members > 0 ? QObject::tr("teamMemberCount").arg(members) : QString();
+}
+
 QString TeamTreeTexts::foreignCompany(const CVirtualTeamMemberInfo &member)
 {
     const QString own = ctx().companyCode();
@@ -61,9 +66,13 @@ QVariant TeamTreeTexts::branch(const TeamTreeBranch &branch, int role)
 {
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
     case TeamRowRole::Name:
         return displayText(branch.info.vtName);
+    case Qt::AccessibleTextRole: {
+        QStringList parts{displayText(branch.info.vtName), countText(branch.info.count)};
+        parts.removeAll(QString());
+        return parts.join(QStringLiteral(", "));
+    }
     case Qt::ToolTipRole:
         return toolTipText(branch.info.vtName);
     case TeamRowRole::Id:

@@ -13,6 +13,8 @@ QVariant placeholder(TeamRowKind kind, int role);
 
 // In words; empty for an ordinary member.
 QString roleText(int role);
+// Empty for an unknown number.
+QString countText(int members);
 // The company of people of another one than the user's; its code when the service
 // tells no name.
 QString foreignCompany(const CVirtualTeamMemberInfo &member);

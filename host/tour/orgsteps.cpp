@@ -73,13 +73,6 @@ bool isLoading(const QWidget *window)
     });
 }
 
-TourMove servicesReady()
-{
-    return {"the web services are logged in", {}, [](Stage &s) {
-                return s.host().services()->state() == WebServices::Ready;
-            }};
-}
-
 TourMove pageOpened()
 {
     return {"the organisation shows its departments",
@@ -242,6 +235,13 @@ std::vector<TourMove> chosenPersonAnd(const TourMove &choice, const Moves &...mo
 }
 
 } // namespace
+
+TourMove servicesReady()
+{
+    return {"the web services are logged in", {}, [](Stage &s) {
+                return s.host().services()->state() == WebServices::Ready;
+            }};
+}
 
 TourMove strangerFound(SampleCompany::Policy policy)
 {

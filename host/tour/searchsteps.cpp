@@ -56,13 +56,6 @@ TourMove contactChosen()
             [](Stage &s) { return !s.jid.isEmpty() && !s.name.isEmpty(); }};
 }
 
-TourMove servicesReady()
-{
-    return {"the web services are logged in", {}, [](Stage &s) {
-                return s.host().services()->state() == WebServices::Ready;
-            }};
-}
-
 TourMove typed(const QString &text)
 {
     return {"the box has the text and results are shown", [text](Stage &s) { type(s, text); },

@@ -4,6 +4,8 @@
 #include "host/tour/tourstep.h"
 #include "sample/samplecompany.h"
 
+TourMove servicesReady();
+
 // The stage remembers who. In a large company everybody is a contact; then somebody
 // stops being one.
 TourMove strangerFound(SampleCompany::Policy policy);
@@ -20,3 +22,8 @@ std::vector<TourStep> organisationStateSteps();
 std::vector<TourStep> localSteps();
 std::vector<TourStep> searchSteps(); // a part of those
 std::vector<TourStep> localStateSteps();
+
+// Virtual teams, and the friend tree in front again; what only a start without web
+// services shows of them.
+std::vector<TourStep> teamSteps();
+std::vector<TourStep> teamStateSteps();

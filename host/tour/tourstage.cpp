@@ -196,7 +196,13 @@ QString TourStage::stranger(SampleCompany::Policy policy) const
 QMenu *TourStage::menu(const QString &objectName) const
 {
     const QWidget *pane = window().paneArea()->pane();
-    return pane ? pane->findChild<QMenu *>(objectName) : nullptr;
+    const auto menus = pane ? pane->findChildren<QMenu *>(objectName) : QList<QMenu *>();
+    // Menus of different pages have the same name; the one that is open is meant.
+    for (QMenu *found : menus) {
+        if (found->isVisible())
+            return found;
+    }
+    return menus.value(0);
 }
 
 QMenu *TourStage::openMenu(const QString &objectName) const

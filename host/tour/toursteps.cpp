@@ -374,8 +374,9 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part : {hostSteps(), organisationSteps(), organisationStateSteps(),
-                                 localSteps(), localStateSteps(), ownProcessSteps()})
+        for (const auto &part :
+             {hostSteps(), organisationSteps(), organisationStateSteps(), localSteps(),
+              localStateSteps(), teamSteps(), teamStateSteps(), ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

@@ -204,7 +204,7 @@ QList<FriendData> HostWindows::colleagues() const
     QList<FriendData> people;
     const QList<FriendData> contacts = m_core->contacts();
     for (const FriendData &contact : contacts) {
-        if (contact.outside == 0)
+        if (contact.outside == 0 && contact.onJob != 0)
             people.append(contact);
     }
     return people;

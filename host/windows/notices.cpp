@@ -188,8 +188,9 @@ int Notices::unread() const
 
 void Notices::showState()
 {
-    if (!m_list->currentItem() && m_list->count() > 0)
-        m_list->setCurrentRow(0);
+    // A list that gets the focus has a current row, but none that is selected.
+    if (m_list->selectedItems().isEmpty() && m_list->count() > 0)
+        m_list->setCurrentRow(qMax(0, m_list->currentRow()), QItemSelectionModel::ClearAndSelect);
     const QListWidgetItem *item = m_list->selectedItems().value(0);
     m_accept->setEnabled(item != nullptr);
     m_ignore->setEnabled(item != nullptr);

@@ -10,6 +10,7 @@
 #include "tests/contacts/panefixture.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/files.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 #include "virtualteam/cvirtualapplymannger.h"
 #include "virtualteam/cvirtualteaminfomanager.h"
@@ -63,6 +64,7 @@ private slots:
         QCOMPARE(m_pane->pane->currentPage(), Entry);
         QTRY_COMPARE(model()->teamIds(), (QStringList{Quarry, Harbour}));
         QVERIFY(page()->isVisible());
+        keepPicture(m_pane->pane->grab().toImage(), QStringLiteral("pane-teams"));
         QCOMPARE(m_server->count(ListPath), 1);
 
         m_pane->pane->raisePage(QStringLiteral("friends"));
@@ -142,6 +144,7 @@ private slots:
         paneActions()->locateTeam(Harbour);
         QCOMPARE(m_pane->pane->currentPage(), Entry);
         QTRY_COMPARE(tree()->currentIndex().data(TeamRowRole::Id).toString(), Harbour);
+        QVERIFY(tree()->hasFocus());
         QCOMPARE(m_server->count(ListPath), 1);
     }
 

@@ -1,7 +1,7 @@
 // Replies of the organisation services, also such as no service should send.
+#include "http/servicepresence.h"
 #include "org/httporgfun.h"
 #include "org/orgparser.h"
-#include "http/servicepresence.h"
 #include "tests/support/testrunner.h"
 
 namespace {

@@ -6,6 +6,8 @@
 
 #include <QAbstractItemModelTester>
 
+#include <memory>
+
 inline CVirtualTeamSimpleInfo makeTeam(const QString &id, int role = TeamRole::Member,
                                        int count = 0)
 {
@@ -132,6 +134,7 @@ struct TeamModelFixture
     FakeContext host;
     const HostContextScope scope{&host};
     TeamTreeModel model;
-    const QAbstractItemModelTester tester{&model,
-                                          QAbstractItemModelTester::FailureReportingMode::QtTest};
+    // Looks at every row at every step.
+    std::unique_ptr<QAbstractItemModelTester> tester = std::make_unique<QAbstractItemModelTester>(
+        &model, QAbstractItemModelTester::FailureReportingMode::QtTest);
 };

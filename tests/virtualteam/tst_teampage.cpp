@@ -143,17 +143,21 @@ private slots:
         QCOMPARE(resets.size(), 0);
     }
 
+    void refreshFails_data()
+    {
+        const Rows<QByteArray> row{"service"};
+        row("list", "getAllVirtualTeam");
+        row("open level", "getVirtualTeamGroup");
+    }
     void refreshFails()
     {
+        QFETCH(QByteArray, service);
         TeamPageFixture f({One});
         f.setMembers(One, {f.member(QStringLiteral("a"))});
         f.load();
         f.page->tree()->expandTeam(One);
         QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
-        f.setSpecial([](const FakeRequest &, FakeReply *answer) {
-            *answer = FakeReply::of(500);
-            return true;
-        });
+        f.fail(service.constData());
         QTest::mouseClick(f.refresh, Qt::LeftButton);
         QTRY_VERIFY(f.visible<QPushButton>("noticeRetry"));
         QTRY_COMPARE(f.server.unanswered(), 0);
@@ -163,7 +167,9 @@ private slots:
         f.setTeams({One, Two});
         QTest::mouseClick(f.visible<QPushButton>("noticeRetry"), Qt::LeftButton);
         QTRY_COMPARE(f.model->teamIds(), (QStringList{One, Two}));
-        QVERIFY(!f.visible<QPushButton>("noticeRetry"));
+        QTRY_COMPARE(f.levels(), 3);
+        QTRY_COMPARE(f.server.unanswered(), 0);
+        QTRY_VERIFY(!f.visible<QPushButton>("noticeRetry"));
     }
 
     // A burst of news is one list, and each open level once.
@@ -208,19 +214,40 @@ private slots:
     void levelsOnceAtATime()
     {
         TeamPageFixture f({One});
-        f.load();
+        TeamLoader loader;
+        QSignalSpy loaded(&loader, &TeamLoader::levelLoaded);
         f.hold("getVirtualTeamGroup");
         for (int i = 0; i < 5; ++i)
-            f.page->slot_getMembers(One, Root);
-        for (int i = 0; i < 3 * TeamLoader::LevelsAtATime; ++i)
-            f.page->slot_getMembers(One, QString::number(100 + i));
+            loader.loadLevel(One, Root);
+        const int others = 3 * TeamLoader::LevelsAtATime;
+        for (int i = 0; i < 2 * others; ++i)
+            loader.loadLevel(One, QString::number(1 + i % others));
         QTRY_COMPARE(f.server.unanswered(), TeamLoader::LevelsAtATime);
         f.failNothing();
         f.server.release();
-        QTRY_COMPARE(f.levels(), 3 * TeamLoader::LevelsAtATime + 2);
-        QTRY_COMPARE(f.server.unanswered(), 0);
+        // Those that ran when they were wanted once more are asked for twice.
+        const int all = 1 + others + TeamLoader::LevelsAtATime;
+        QTRY_COMPARE(loaded.size(), all);
+        QCOMPARE(f.levels(), all);
         QCOMPARE(f.server.mostUnanswered(), TeamLoader::LevelsAtATime);
         QCOMPARE(f.asked("getVirtualTeamGroup", "pgId").count(Root), 2);
+    }
+
+    // The level on its way was read before the change.
+    void newsWhileALevelLoads()
+    {
+        TeamPageFixture f({One});
+        f.load();
+        f.hold("getVirtualTeamGroup");
+        f.page->tree()->expandTeam(One);
+        QTRY_COMPARE(f.levels(), 1);
+        f.setMembers(One, {f.member(QStringLiteral("a"))});
+        emit f.hub()->signal_refresh_virtualTeam(One);
+        QTRY_COMPARE(f.lists(), 2);
+        f.failNothing();
+        f.server.release();
+        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+        QCOMPARE(f.levels(), 2);
     }
 
     void levelOfATeamThatHasGone()
@@ -260,6 +287,28 @@ private slots:
         QCOMPARE(f.levels(), 2);
     }
 
+    // A level was on its way when the user logged out.
+    void sameUserLogsInAgain()
+    {
+        TeamPageFixture f({One});
+        f.setMembers(One, {f.member(QStringLiteral("a"))});
+        f.load();
+        f.hold("getVirtualTeamGroup");
+        f.page->tree()->expandTeam(One);
+        QTRY_COMPARE(f.levels(), 1);
+        emit f.hub()->signal_logout();
+        QCOMPARE(f.model->childrenState(One, Root), TeamChildren::Failed);
+        f.failNothing();
+        f.setTeams({One, Two});
+        f.page->hide();
+        emit f.hub()->signal_login();
+        QCOMPARE(f.lists(), 1);
+        f.page->show();
+        QCOMPARE(f.shown(), ListPage); // what was known, meanwhile
+        QTRY_COMPARE(f.model->teamIds(), (QStringList{One, Two}));
+        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+    }
+
     void anotherUserLogsIn()
     {
         TeamPageFixture f({One});
@@ -282,20 +331,6 @@ private slots:
         QCOMPARE(f.model->teamIds(), QStringList{Two});
         QCOMPARE(known.size(), 2); // the late answer was none of this user's
         QCOMPARE(known.last().first().value<QList<CVirtualTeamSimpleInfo>>().value(0).vtId, Two);
-    }
-
-    void sameUserLogsInAgain()
-    {
-        TeamPageFixture f({One});
-        f.load();
-        emit f.hub()->signal_logout();
-        f.page->hide();
-        emit f.hub()->signal_login();
-        QCOMPARE(f.lists(), 1);
-        f.setTeams({One, Two});
-        f.page->show();
-        QCOMPARE(f.shown(), ListPage); // what was known, meanwhile
-        QTRY_COMPARE(f.model->teamIds(), (QStringList{One, Two}));
     }
 
     void lastTeamIsLeft()

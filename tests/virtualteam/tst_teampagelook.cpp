@@ -74,7 +74,7 @@ private:
                   {R"({"userId":"u000001","nickName":"小王","name":"王小明",)"
                    R"("companyName":"北方科技有限公司","mobile":"13800001234",)"
                    R"("presence":{"av":true,"show":"chat","pt":"pc"}})",
-                   R"({"userId":"u000002","nickName":"Wang Wei",)"
+                   R"({"userId":"u000002","nickName":"Wang Wei","duty":"Tester",)"
                    R"("companyName":"A company with a very long name indeed Ltd."})"});
         f.show();
         if (state == QLatin1String("loading"))

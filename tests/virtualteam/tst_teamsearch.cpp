@@ -148,6 +148,23 @@ private slots:
         QCOMPARE(m_f->hits(), QString());
     }
 
+    void presence()
+    {
+        const QString jid = QStringLiteral("b@corp.example");
+        m_f->setHits(One,
+                     {m_f->member(B, QStringLiteral(R"(,"presence":{"av":true,"show":"away"})"))});
+        m_f->setHits(Two, {});
+        type("b");
+        const auto shown = [this] {
+            return row(B, One).data(TeamRowRole::Presence).value<PresenceData>().pcShow;
+        };
+        QCOMPARE(shown(), PresenceData::Away);
+        emit m_f->hub()->signal_updateFriendPresence({{jid, PresenceData()}});
+        QCOMPARE(shown(), PresenceData::Offline);
+        m_f->host.context.presences[jid].pcShow = PresenceData::DoNotDisturb;
+        QCOMPARE(shown(), PresenceData::DoNotDisturb);
+    }
+
     void someTeamsFail()
     {
         failFor({Two});
@@ -170,14 +187,6 @@ private slots:
         QTest::mouseClick(m_f->visible<QPushButton>("retry"), Qt::LeftButton);
         QTRY_COMPARE(m_f->list->model()->rowCount(), 3);
         QVERIFY(m_f->list->isVisible());
-    }
-
-    void nothingFound()
-    {
-        for (const QString &team : {One, Two})
-            m_f->setHits(team, {});
-        m_f->box->setText(A);
-        QTRY_VERIFY(m_f->visible<QWidget>("searchNothing"));
     }
 
     void offline()
@@ -289,6 +298,22 @@ private slots:
         const auto [jid, kind] = m_f->host.arguments<QString, qint32>(Outbound::OpenChat);
         QCOMPARE(jid, QStringLiteral("b@corp.example"));
         QCOMPARE(kind, qint32(MessageData::Person));
+    }
+
+    // The host closes its window when a chat is opened.
+    void pageGoesInsideARequest()
+    {
+        m_f->setHits(One, {m_f->member(B)});
+        m_f->setHits(Two, {});
+        type("b");
+        SkinMenu *menu = openMenu(row(B, One));
+        m_tester.reset();
+        m_f->host.onRequest = [this](const FakeHost::Request &) { m_f->page.reset(); };
+        menu->setActiveAction(menu->action("invitechat"));
+        QTest::keyClick(menu, Qt::Key_Return);
+        QVERIFY(!m_f->page);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        m_f->host.onRequest = nullptr;
     }
 
     // What an answer may hold, and what a row makes of it.

@@ -39,6 +39,7 @@ class TstTeamTreeDrag : public QObject
     static void show(const TeamTreeFixture &tree)
     {
         tree.showOpen();
+        tree.model->setTeamRole(QStringLiteral("S"), TeamRole::Owner);
         tree.model->setLevel(QStringLiteral("S"), rootGroupId(), {}, membersOf("zoe"));
         tree.view->setExpanded(tree.model->teamIndex(QStringLiteral("S")), true);
         TeamTreeFixture::settle();
@@ -73,8 +74,8 @@ private slots:
         row("on itself", anna, "anna", "");
         row("on the own group", {QStringLiteral("dora")}, "G", "");
         row("on one beside", anna, "bob", "");
-        row("on another team", anna, "S", "");
-        row("on a member of another team", anna, "zoe", "");
+        row("on another team", {QStringLiteral("dora")}, "S", "");
+        row("on a member of another team", {QStringLiteral("dora")}, "zoe", "");
         row("below all rows", anna, "", "");
     }
 

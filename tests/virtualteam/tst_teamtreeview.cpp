@@ -201,6 +201,27 @@ private slots:
                  int(PresenceData::Ios));
     }
 
+    void newPictureIsShown()
+    {
+        TeamTreeFixture tree;
+        tree.showOpen();
+        const QString file = tree.service.folder.filePath(QStringLiteral("anna.png"));
+        QImage red(64, 64, QImage::Format_RGB32);
+        const QString anna = QStringLiteral("anna@corp.example");
+        const QPoint avatar = tree.view->visualRect(tree.member("anna")).topLeft() + QPoint(44, 16);
+        for (const QColor color : {Qt::red, Qt::blue}) {
+            red.fill(color);
+            QVERIFY(red.save(file));
+            tree.service.host.context.headPaths.insert(anna, file);
+            emit FriendUISignalSender::instance()->signal_UpdateFrdHead(anna, file);
+            const auto seen = [&] {
+                const QColor pixel = tree.view->viewport()->grab().toImage().pixelColor(avatar);
+                return color == Qt::red ? pixel.red() - pixel.blue() : pixel.blue() - pixel.red();
+            };
+            QTRY_VERIFY(seen() > 60); // faded: she is offline
+        }
+    }
+
     void commandsReachTheRows()
     {
         TeamTreeFixture tree;

@@ -67,6 +67,10 @@ private slots:
         bench.notices.setAll(Notice::TeamRequest, {});
         QCOMPARE(bench.notices.count(), 0);
         QVERIFY(!bench.notices.isVisible());
+        bench.notices.setAll(Notice::TeamRequest, {team(QStringLiteral("2"))});
+        bench.notices.hide();
+        bench.notices.show(); // the list takes the focus
+        QVERIFY(bench.accept->isEnabled());
     }
 
     void whatWaitsIsListedOnce()

@@ -131,6 +131,17 @@ private slots:
         QTRY_COMPARE(bench.notices.count(), 0);
     }
 
+    void whatSomebodyElseDecidesDisappears()
+    {
+        Bench bench;
+        bench.server.reply(Events, {news(1, "[" + Audit + "]"),
+                                    news(2, R"([{"type":"update","teams":"4,5"}])"),
+                                    news(2).onRelease(), news(2)});
+        bench.services->start();
+        QTRY_COMPARE(bench.told.size(), 1);
+        QTRY_COMPARE(bench.notices.count(), 0);
+    }
+
     void nobodyIsAskedWhileOffline()
     {
         Bench bench;
