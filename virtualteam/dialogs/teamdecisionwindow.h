@@ -42,7 +42,7 @@ protected:
 private:
     void retry();
     void request();
-    void detailArrived(bool ok, const CVirtualTeamInfo &info);
+    void detailArrived(bool ok, int code, const CVirtualTeamInfo &info);
     void decide(bool agree);
     void decided(bool ok, bool agreed, int code);
 
