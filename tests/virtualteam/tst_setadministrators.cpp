@@ -150,6 +150,7 @@ private slots:
         QTRY_COMPARE(a.service.told(), QString::fromUtf8("设置子管理员失败，请重试"));
         QVERIFY(!log.linesWith((" nCode:" + QByteArray::number(code)).constData()).isEmpty());
         QTRY_VERIFY(a.sure(a.dialog)->isEnabled());
+        QCOMPARE(a.dialog->focusWidget(), a.sure(a.dialog));
         if (code == 0) {
             QCOMPARE(a.list->members()->checkedIds(), words("u4 u5"));
             return;
