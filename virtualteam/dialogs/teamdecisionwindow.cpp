@@ -8,6 +8,7 @@
 #include "virtualteam/dialogs/teamdecisionbody.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
+#include "virtualteam/teamuser.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -47,13 +48,15 @@ TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, const char *personKe
     connect(m_failed, &StatePage::buttonClicked, this, &TeamDecisionWindow::retry);
     connect(m_body, &TeamDecisionBody::decided, this, &TeamDecisionWindow::decide);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
+    whenUserLeaves(this, [this] { reject(); });
     using Hub = FriendUISignalSender;
-    connect(Hub::instance(), &Hub::signal_logout, this, &QDialog::reject);
     // Somebody else may have decided.
     connect(Hub::instance(), &Hub::signal_refresh_virtualTeam, this,
             [this](const QString &changed) {
-                if (changed == m_vtId && m_isShown && !m_deciding && m_body->isOpen() && isOnline())
-                    request();
+                if (changed != m_vtId)
+                    return;
+                m_isOutdated = true;
+                followTeam();
             });
 }
 
@@ -71,8 +74,17 @@ void TeamDecisionWindow::retry()
         load();
 }
 
+// News come by the thousand: they are one request, and one more for those that came
+// while it ran.
+void TeamDecisionWindow::followTeam()
+{
+    if (m_isOutdated && m_isShown && !m_request && !m_deciding && m_body->isOpen() && isOnline())
+        request();
+}
+
 void TeamDecisionWindow::request()
 {
+    m_isOutdated = false;
     m_request = new CHttpVirtualTeamOperation(this);
     connect(m_request, m_detailSignal, this,
             [this, operation = m_request](bool ok, const CVirtualTeamInfo &info) {
@@ -80,6 +92,7 @@ void TeamDecisionWindow::request()
                     return;
                 m_request = nullptr;
                 detailArrived(ok, info);
+                followTeam();
             });
     requestDetail(m_request);
 }
@@ -163,4 +176,5 @@ void TeamDecisionWindow::decided(bool ok, bool agreed, int code)
         return;
     }
     TeamMessages::tell(this, TeamMessages::failed());
+    followTeam();
 }
