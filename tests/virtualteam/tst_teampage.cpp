@@ -274,6 +274,7 @@ private slots:
         row("other direction", QStringLiteral("\u202Eabc\u202D"));
         row("lines", QStringLiteral("a\nb\u2028c\td"));
         row("nothing", QString(QChar(0)) + QLatin1String("a"));
+        row("half a pair", QString(QChar(0xD800)));
         row("long", QString(1000000, QLatin1Char('x')));
         row("path", QStringLiteral("../../../etc/passwd"));
     }
