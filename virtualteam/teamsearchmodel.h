@@ -3,6 +3,7 @@
 // a team are replaced by what the team answers anew, and rows that stay do not move.
 #pragma once
 
+#include "controls/markedline.h"
 #include "virtualteam/teamrecords.h"
 #include "virtualteam/teamroles.h"
 
@@ -17,8 +18,9 @@ enum Role // besides those of TeamRowRole
 {
     TeamName = 267, // a display text
     Second = 268,   // the second line: where the person was found
-    Mobile = 269,   // the number, when it was what was typed
-    HasPresence = 270
+    Beside = 269,   // a MarkedText: number or account, when that was what was typed
+    HasPresence = 270,
+    MarkedName = 271 // a MarkedText
 };
 }
 
@@ -56,7 +58,8 @@ private:
     template <class Condition> void removeIf(const Condition &isGone);
     int rowAfter(const QString &vtId) const; // where the team's next row belongs
     QString secondLine(const TeamHit &hit) const;
-    QString foundMobile(const CVirtualTeamMemberInfo &member) const;
+    MarkedText markedName(const CVirtualTeamMemberInfo &member) const;
+    MarkedText foundBeside(const CVirtualTeamMemberInfo &member) const;
 
     QVector<TeamHit> m_hits;
     struct Team
