@@ -107,7 +107,7 @@ QList<QPair<QString, QString>> CVirtualTeamTreeView::openLevels(const QString &v
 {
     QList<QPair<QString, QString>> levels;
     m_model->expire(vtId);
-    const QStringList groups = m_model->loadedGroups(vtId);
+    const QStringList groups = m_model->askedGroups(vtId);
     for (const QString &groupId : groups) {
         QModelIndex group = m_model->groupIndex(vtId, groupId);
         while (group.isValid() && isExpanded(group))

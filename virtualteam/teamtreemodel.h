@@ -18,6 +18,8 @@
 
 #include <memory>
 
+struct TeamTreeParts;
+
 class TeamTreeModel : public TeamTreeSteps
 {
     Q_OBJECT
@@ -76,10 +78,9 @@ public:
     // Of the row itself or, for others than teams and groups, of the one above.
     QString groupId(const QModelIndex &index) const;
     int level(const QModelIndex &index) const; // of that group; a team's is 0
-    // Whether `groupId` is `ancestor` or somewhere below it.
-    bool isAtOrBelow(const QString &vtId, const QString &groupId, const QString &ancestor) const;
     QStringList loadedMembers(const QString &vtId) const;
-    QStringList loadedGroups(const QString &vtId) const; // whose levels are, also the team's
+    // Whose levels have been asked for, whatever came of it; first the team's own.
+    QStringList askedGroups(const QString &vtId) const;
 
     QModelIndex index(int row, int column, const QModelIndex &parent = {}) const override;
     QModelIndex parent(const QModelIndex &child) const override;
@@ -90,6 +91,5 @@ public:
     Qt::ItemFlags flags(const QModelIndex &index) const override;
 
 private:
-    struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<TeamTreeParts> d;
 };

@@ -115,6 +115,10 @@ private slots:
         QCOMPARE(tree.view->openLevels(T),
                  QList<Level>({Level(T, QStringLiteral("0")), Level(T, QStringLiteral("G"))}));
         tree.level("0", "G H", "u1# anna");
+        // One whose refresh fails keeps its rows, and is refreshed with the others again.
+        tree.model->setChildrenState(T, QStringLiteral("G"), TeamChildren::Failed);
+        QCOMPARE(tree.view->openLevels(T).size(), 2);
+        tree.level("0", "G H", "u1# anna");
         tree.level("G", "", "dora");
         tree.asks.clear();
         tree.view->setExpanded(tree.group("G"), false);

@@ -2,7 +2,6 @@
 
 #include "common/displaytext.h"
 #include "virtualteam/companynames.h"
-#include "virtualteam/memberpicture.h"
 #include "virtualteam/teamroles.h"
 
 #include <QSet>
@@ -76,7 +75,7 @@ QVariant MemberListModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Id:
         return member.userId;
     case TeamRowRole::Photo:
-        return memberPicture(member.userId, member.photoName);
+        return member.photoName;
     case TeamRowRole::Role:
         return member.role;
     case TeamRowRole::Company:
