@@ -53,10 +53,8 @@ QString CompanyNames::of(const CVirtualTeamMemberInfo &member) const
 
 QString CompanyNames::foreign(const CVirtualTeamMemberInfo &member) const
 {
-    const QString own = ctx().companyCode();
-    const bool isForeign =
-        !own.isEmpty() && !member.companyCode.isEmpty() && member.companyCode != own;
-    return isForeign ? of(member) : QString();
+    const bool isOwn = !member.companyCode.isEmpty() && member.companyCode == ctx().companyCode();
+    return isOwn ? QString() : of(member);
 }
 
 void CompanyNames::learn(const QString &code, const QString &name)

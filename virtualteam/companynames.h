@@ -26,7 +26,7 @@ public:
 
     // Of the member's company; empty while it is unknown.
     QString of(const CVirtualTeamMemberInfo &member) const;
-    // Of people of another company than the user's only.
+    // The same, but nothing for people of the user's own company.
     QString foreign(const CVirtualTeamMemberInfo &member) const;
 
     // What a service has told: records without code or name tell nothing.

@@ -4,8 +4,8 @@
 #include "common/displaytext.h"
 #include "common/textmatch.h"
 #include "controls/presencetext.h"
-#include "virtualteam/companynames.h"
 #include "virtualteam/memberpicture.h"
+#include "virtualteam/teamtreetexts.h"
 
 #include <algorithm>
 
@@ -135,7 +135,7 @@ int TeamSearchModel::rowCount(const QModelIndex &parent) const
 QString TeamSearchModel::secondLine(const TeamHit &hit) const
 {
     QStringList parts{m_teams.value(hit.vtId).name, displayText(hit.member.duty),
-                      displayText(CompanyNames::instance().of(hit.member))};
+                      TeamTreeTexts::foreignCompany(hit.member)};
     parts.removeAll(QString());
     return parts.join(QString::fromUtf8(" · "));
 }
@@ -199,7 +199,7 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Duty:
         return displayText(member.duty);
     case TeamRowRole::Company:
-        return displayText(CompanyNames::instance().of(member));
+        return TeamTreeTexts::foreignCompany(member);
     case TeamRowRole::Kind:
         return int(TeamRowKind::Member);
     case TeamHitRole::TeamName:

@@ -2,7 +2,6 @@
 
 #include "common/cchcharactertopp.h"
 #include "common/displaytext.h"
-#include "virtualteam/companynames.h"
 #include "virtualteam/teamroles.h"
 #include "virtualteam/teamtreetexts.h"
 
@@ -29,7 +28,7 @@ QString spokenText(const MemberChoice &choice)
 {
     QStringList parts{::displayText(choice.member.shownName()),
                       TeamTreeTexts::roleText(choice.member.role),
-                      ::displayText(CompanyNames::instance().foreign(choice.member))};
+                      TeamTreeTexts::foreignCompany(choice.member)};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }
@@ -137,7 +136,7 @@ QVariant MemberChoiceModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Duty:
         return ::displayText(member.duty);
     case TeamRowRole::Company:
-        return ::displayText(CompanyNames::instance().foreign(member));
+        return TeamTreeTexts::foreignCompany(member);
     case TeamRowRole::Checked:
         return choice.checked;
     case TeamRowRole::Kind:
