@@ -13,6 +13,7 @@
 #include "http/requestthrottle.h"
 #include "http/serviceaddresses.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QHttpMultiPart>
 #include <QMetaMethod>
@@ -392,6 +393,9 @@ void CHttpSession::Private::stopReply()
     if (!reply)
         return;
     reply->disconnect(q);
+    // An error that is on its way already would be a second one for a reply that has
+    // been aborted, which Qt reports as a fault.
+    QCoreApplication::removePostedEvents(reply, QEvent::MetaCall);
     reply->abort();
     reply->deleteLater();
     reply = nullptr;

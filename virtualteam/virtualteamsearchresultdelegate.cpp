@@ -1,5 +1,6 @@
 #include "virtualteam/virtualteamsearchresultdelegate.h"
 
+#include "common/displaytext.h"
 #include "common/logging.h"
 #include "controls/avatarstore.h"
 #include "controls/rowpainter.h"
@@ -28,7 +29,7 @@ void VirtualTeamSearchResultDelegate::paint(QPainter *painter, const QStyleOptio
     row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
     row.background();
     row.avatar(AvatarStore::instance().avatar(index.data(TeamRowRole::Photo).toString(),
-                                              index.data(TeamRowRole::Id).toString(), name,
+                                              makeJid(index.data(TeamRowRole::Id).toString()), name,
                                               RowPainter::AvatarSize,
                                               painter->device()->devicePixelRatioF()),
                faded);

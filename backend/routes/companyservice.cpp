@@ -2,6 +2,7 @@
 // it: it is there to try things out.
 #include "backend/routes/routes.h"
 #include "backend/routes/teamcall.h"
+#include "backend/routes/teamreplies.h"
 
 namespace {
 Reply teamApproval(const Call &call, Teams &teams)
@@ -17,13 +18,11 @@ Reply teamApproval(const Call &call, Teams &teams)
         company.approver = call.form.required("approver");
     if (call.form.has("approval") || call.form.has("approver"))
         teams.changeCompany(company);
-    std::string text;
-    JsonText json(&text);
-    json.open('{').member("code", ReplyCode::Done).open("data", '{');
-    json.member("companyCode", code).flag("approval", company.needsApproval);
-    json.member("approver", company.approver);
-    json.member("approverName", teams.person(company.approver).name).close('}').close('}');
-    return Reply::text(std::move(text));
+    TeamReply reply;
+    reply.json().member("companyCode", code).flag("approval", company.needsApproval);
+    reply.json().member("approver", company.approver);
+    reply.json().member("approverName", teams.person(company.approver).name);
+    return reply.end();
 }
 } // namespace
 

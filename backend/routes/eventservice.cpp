@@ -2,6 +2,7 @@
 #include "backend/context.h"
 #include "backend/routes/routes.h"
 #include "backend/routes/teamcall.h"
+#include "backend/routes/teamreplies.h"
 
 #include <limits>
 
@@ -14,11 +15,11 @@ struct News
     std::vector<TeamEvent> events;
 };
 
-void writeEvent(JsonText *json, const QString &teams, const TeamEvent &event)
+void writeEvent(JsonText &json, const QString &teams, const TeamEvent &event)
 {
-    json->open('{').member("teams", teams).member("type", event.type);
-    json->member("vtId", QString::number(event.team)).member("member", event.member);
-    json->close('}');
+    json.open('{').member("teams", teams).member("type", event.type);
+    json.member("vtId", QString::number(event.team)).member("member", event.member);
+    json.close('}');
 }
 
 // All updates are one event.
@@ -26,22 +27,21 @@ Reply replyFor(const News &news)
 {
     QStringList updated;
     const TeamEvent *update = nullptr;
-    std::string text;
-    JsonText json(&text);
-    json.open('{').member("code", ReplyCode::Done).open("data", '{');
+    TeamReply written;
+    JsonText &json = written.json();
     json.member("next", news.next).open("events", '[');
     for (const TeamEvent &event : news.events) {
         if (event.type == QLatin1String(TeamEventType::Update)) {
             update = &event;
             updated.append(QString::number(event.team));
         } else {
-            writeEvent(&json, QString::number(event.team), event);
+            writeEvent(json, QString::number(event.team), event);
         }
     }
     if (update)
-        writeEvent(&json, updated.join(QLatin1Char(',')), *update);
-    json.close(']').close('}').close('}');
-    Reply reply = Reply::text(std::move(text));
+        writeEvent(json, updated.join(QLatin1Char(',')), *update);
+    json.close(']');
+    Reply reply = written.end();
     reply.isRoutine = true;
     return reply;
 }

@@ -35,7 +35,11 @@ Reply structure(const Call &call, Teams &teams)
     reply.json().close(']').open("members", '[');
     for (const TeamMember &member : teams.store().membersOf(team, group)) {
         reply.json().open('{');
-        reply.writeMember(member, teams.person(member.uid));
+        const User user = teams.person(member.uid);
+        reply.writeMember(member, user);
+        // Everybody knows what the own company is called.
+        if (user.companyCode != teams.person(call.caller.uid).companyCode)
+            reply.json().member("companyName", user.companyName);
         reply.json().close('}');
     }
     reply.json().close(']');

@@ -16,6 +16,15 @@ std::vector<TeamMember> allMembers(Statement *rows)
         members.push_back(memberFrom(*rows));
     return members;
 }
+
+template <class Value>
+void set(Transaction &transaction, const char *column, const Value &value, qint64 team,
+         const QString &uid)
+{
+    const std::string sql =
+        std::string("UPDATE teamMember SET ") + column + " = ? WHERE vtId = ? AND uid = ?";
+    transaction.prepare(sql.c_str()).bind(value).bind(team).bind(uid).run();
+}
 } // namespace
 
 qint64 TeamStore::addTeam(const Team &team)
@@ -130,11 +139,7 @@ void TeamStore::removeMember(qint64 team, const QString &uid)
 
 void TeamStore::setRole(qint64 team, const QString &uid, int role)
 {
-    m_transaction.prepare("UPDATE teamMember SET role = ? WHERE vtId = ? AND uid = ?")
-        .bind(role)
-        .bind(team)
-        .bind(uid)
-        .run();
+    set(m_transaction, "role", qint64(role), team, uid);
 }
 
 void TeamStore::clearSubAdmins(qint64 team)
@@ -148,27 +153,15 @@ void TeamStore::clearSubAdmins(qint64 team)
 
 void TeamStore::setGroup(qint64 team, const QString &uid, qint64 group)
 {
-    m_transaction.prepare("UPDATE teamMember SET groupId = ? WHERE vtId = ? AND uid = ?")
-        .bind(group)
-        .bind(team)
-        .bind(uid)
-        .run();
+    set(m_transaction, "groupId", group, team, uid);
 }
 
 void TeamStore::setNickName(qint64 team, const QString &uid, const QString &nickName)
 {
-    m_transaction.prepare("UPDATE teamMember SET nickName = ? WHERE vtId = ? AND uid = ?")
-        .bind(nickName)
-        .bind(team)
-        .bind(uid)
-        .run();
+    set(m_transaction, "nickName", nickName, team, uid);
 }
 
 void TeamStore::setDuty(qint64 team, const QString &uid, const QString &duty)
 {
-    m_transaction.prepare("UPDATE teamMember SET duty = ? WHERE vtId = ? AND uid = ?")
-        .bind(duty)
-        .bind(team)
-        .bind(uid)
-        .run();
+    set(m_transaction, "duty", duty, team, uid);
 }

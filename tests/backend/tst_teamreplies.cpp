@@ -41,6 +41,8 @@ private slots:
         QVERIFY(data["group"].isArray() && data["members"].isArray());
         QTEST(each(data["group"], "groupName"), "groups");
         QTEST(each(data["members"], "userId"), "members");
+        for (const Json::Value &member : data["members"])
+            QCOMPARE(member.isMember("companyName"), member["companyCode"].asString() != "C2");
     }
 
     void lists()

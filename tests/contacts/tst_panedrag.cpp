@@ -1,12 +1,10 @@
 // Real drags in the friend tree. Runs on the platform plug-in "minimal", where a
 // drag has its own event loop; on "offscreen" it ends at once.
 #include "tests/contacts/panefixture.h"
+#include "tests/support/drags.h"
 #include "tests/support/testrunner.h"
 
-#include <QDrag>
 #include <QGuiApplication>
-#include <QTimer>
-#include <QWindow>
 
 namespace {
 
@@ -16,30 +14,12 @@ const QString G2 = QStringLiteral("g2");
 
 QPoint inWindow(const PaneFixture &fixture, const QModelIndex &index)
 {
-    const QPoint inView = fixture.view->visualRect(index).center();
-    return fixture.view->viewport()->mapTo(fixture.pane, inView);
+    return placeInWindow(fixture.view, index);
 }
 
-// Drags anna's row; `meanwhile` runs in the drag's event loop and must end it.
 template <class Function> bool dragAnna(const PaneFixture &fixture, Function meanwhile)
 {
-    bool started = false;
-    QWindow *window = fixture.pane->windowHandle();
-    const QPoint from = inWindow(fixture, fixture.contact("anna"));
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        if (started || !fixture.view->findChild<QDrag *>())
-            return;
-        started = true;
-        meanwhile();
-    });
-    poll.start(0);
-    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, from);
-    const int distance = QApplication::startDragDistance() + 1;
-    for (int i = 1; i < 4 && !started; ++i)
-        QTest::mouseMove(window, from + QPoint(i * distance, 0));
-    PaneFixture::settle();
-    return started;
+    return dragRow(fixture.view, fixture.contact("anna"), meanwhile);
 }
 
 } // namespace

@@ -7,15 +7,6 @@
 
 namespace {
 
-QImage pictureOf(QWidget *widget, qreal ratio)
-{
-    QImage image(widget->size() * ratio, QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Skin::instance().colors().background);
-    widget->render(&image);
-    return image;
-}
-
 void fill(LatestFixture *page)
 {
     FakeContext &context = page->host.context;

@@ -10,10 +10,7 @@ namespace {
 
 QImage picture(QWidget *widget, qreal ratio, const QString &name)
 {
-    QImage image(widget->size() * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Skin::instance().colors().background);
-    widget->render(&image);
+    const QImage image = pictureOf(widget, ratio);
     keepPicture(image, name);
     return image;
 }
@@ -37,19 +34,7 @@ class TstOrgLook : public QObject
 private slots:
     void cleanup() { setSkin(QStringLiteral("light")); }
 
-    void watermarkLiesBehindTheRows_data()
-    {
-        QTest::addColumn<QString>("skin");
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<qreal>("ratio");
-        for (const char *skin : {"light", "dark"}) {
-            for (const char *language : {"zh_CN", "en"}) {
-                for (const qreal ratio : {1.0, 2.0})
-                    QTest::addRow("%s %s %gx", skin, language, ratio)
-                        << QString::fromLatin1(skin) << QString::fromLatin1(language) << ratio;
-            }
-        }
-    }
+    void watermarkLiesBehindTheRows_data() { addLooks({1.0, 2.0}); }
 
     void watermarkLiesBehindTheRows()
     {

@@ -9,15 +9,6 @@
 #include <QPainter>
 
 namespace {
-// The page as it is on a screen of that ratio.
-QImage pictureOf(QWidget *widget, qreal ratio)
-{
-    QImage image(widget->size() * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    widget->render(&image);
-    return image;
-}
-
 QImage pictureOfRow(const RoomsFixture &page, const char *user)
 {
     const QRect row = page.view->visualRect(page.row(user));

@@ -3,12 +3,14 @@
 #pragma once
 
 #include "controls/skin.h"
+#include "tests/support/rows.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QImage>
 #include <QTest>
 #include <QTranslator>
+#include <QWidget>
 
 #include <cmath>
 
@@ -17,6 +19,31 @@ inline void keepPicture(const QImage &image, const QString &name)
     const QString folder = qEnvironmentVariable("FRIENDUI_ARTEFACTS");
     if (!folder.isEmpty() && QDir().mkpath(folder))
         image.save(folder + QLatin1Char('/') + name + QStringLiteral(".png"));
+}
+
+// The widget as it is on a screen of that ratio.
+inline QImage pictureOf(QWidget *widget, qreal ratio)
+{
+    QImage image(widget->size() * ratio, QImage::Format_RGB32);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Skin::instance().colors().background);
+    widget->render(&image);
+    return image;
+}
+
+// A row for each skin, language and ratio, in columns of these names.
+inline void addLooks(const QVector<qreal> &ratios = {1.0})
+{
+    const Rows<QString, QString, qreal> row{"skin", "language", "ratio"};
+    for (const char *skin : {"light", "dark"}) {
+        for (const char *language : {"zh_CN", "en"}) {
+            for (const qreal ratio : ratios)
+                row(qPrintable(QStringLiteral("%1 %2 %3x")
+                                   .arg(QLatin1String(skin), QLatin1String(language))
+                                   .arg(ratio)),
+                    QLatin1String(skin), QLatin1String(language), ratio);
+        }
+    }
 }
 
 inline void setSkin(const QString &name, const char *watermarkColour = "")

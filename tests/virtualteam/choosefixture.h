@@ -47,9 +47,6 @@ public:
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
 
-    // What the user was told since the test began, empty for nothing.
-    QString told() const { return TipBox::count() > m_boxes ? TipBox::lastText() : QString(); }
-
     static QPushButton *sure(const QWidget *dialog)
     {
         return dialog->findChild<QPushButton *>(QStringLiteral("btnSure"));
@@ -83,5 +80,4 @@ public:
 
 private:
     const Language m_language;
-    const int m_boxes = TipBox::count();
 };

@@ -66,7 +66,6 @@ public:
     // A command by its name, as the menus give it; what is asked for is typed.
     void give(const QString &command) const;
     bool isBusy() const { return commands->isBusy(QStringLiteral("t")); }
-    void setOnline(bool online) { service.host.context.settings.setConnected(online); }
     // The answers to what has been sent are there and have been dealt with.
     bool settle() const
     {

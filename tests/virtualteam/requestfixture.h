@@ -24,7 +24,6 @@
 class RequestFixture
 {
 public:
-    RequestFixture() { m_boxes = TipBox::count(); }
     ~RequestFixture()
     {
         emit FriendUISignalSender::instance()->signal_logout(); // closes every window
@@ -33,13 +32,6 @@ public:
         service.server.release();
     }
 
-    int boxes() const { return TipBox::count() - m_boxes; }
-    void setOnline(bool online) { service.host.context.settings.setConnected(online); }
-    // The service's next replies wait for service.server.release().
-    void hold(const char *name, const QByteArray &data = "{}", int code = 0)
-    {
-        service.server.reply(TeamService::path(name), TeamService::reply(data, code).onRelease());
-    }
     static void settle()
     {
         QCoreApplication::sendPostedEvents();
@@ -57,9 +49,6 @@ public:
 
     TeamService service;
     QWidget opener; // of the dialogs
-
-private:
-    int m_boxes = 0;
 };
 
 class CreationFixture : public RequestFixture

@@ -141,7 +141,7 @@ public:
     static FriendUISignalSender *hub() { return FriendUISignalSender::instance(); }
     void setOnline(bool online)
     {
-        host.context.settings.setConnected(online);
+        TeamService::setOnline(online);
         emit hub()->signal_isConnected(online);
     }
 

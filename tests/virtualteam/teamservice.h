@@ -42,11 +42,24 @@ public:
     {
         server.reply(path(name), reply(data, code));
     }
+    // The service's next replies wait for server.release().
+    void hold(const char *name, const QByteArray &data = "{}", int code = 0)
+    {
+        server.reply(path(name), reply(data, code).onRelease());
+    }
     int count(const char *name) const { return server.count(path(name)); }
     // The form of the newest request, as it was sent.
     QByteArray form() const { return server.last().body; }
 
+    void setOnline(bool online) { host.context.settings.setConnected(online); }
+    // Since the test began.
+    int boxes() const { return TipBox::count() - m_boxes; }
+    QString told() const { return boxes() > 0 ? TipBox::lastText() : QString(); }
+
     QTemporaryDir folder;
     FakeServer server;
     FakeHost host;
+
+private:
+    const int m_boxes = TipBox::count();
 };

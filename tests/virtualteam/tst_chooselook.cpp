@@ -9,14 +9,6 @@
 
 namespace {
 
-QImage pictureOf(QWidget *widget, qreal ratio)
-{
-    QImage image(widget->size() * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    widget->render(&image);
-    return image;
-}
-
 int pixelsOf(const QImage &image, const QColor &color)
 {
     int count = 0;

@@ -41,7 +41,7 @@ private slots:
         f.pick("u2");
         f.service.answer("searchMember", data, code);
         f.search(QStringLiteral(" 13800 "));
-        QTRY_COMPARE(f.boxes(), 1);
+        QTRY_COMPARE(f.service.boxes(), 1);
         QTEST(TipBox::lastText(), "told");
         QCOMPARE(f.service.form(), QByteArray("key=13800"));
         QCOMPARE(f.chosen(), QStringList{QStringLiteral("u2")});
@@ -86,12 +86,12 @@ private slots:
     void aLateRefusalNamesWhom()
     {
         F f;
-        f.hold("searchMember", "{}", 10002);
+        f.service.hold("searchMember", "{}", 10002);
         f.search(QStringLiteral("first"));
         f.field()->setText(QStringLiteral("sec"));
         QTRY_COMPARE(f.service.count("searchMember"), 1);
         f.service.server.release();
-        QTRY_COMPARE(f.boxes(), 1);
+        QTRY_COMPARE(f.service.boxes(), 1);
         QCOMPARE(TipBox::lastText(), QStringLiteral("first\nidNoExist"));
         QCOMPARE(f.field()->text(), QStringLiteral("sec"));
     }
@@ -108,7 +108,7 @@ private slots:
     void closedWhileItSearches()
     {
         F f;
-        f.hold("searchMember", F::person("u2"));
+        f.service.hold("searchMember", F::person("u2"));
         f.search(QStringLiteral("u2"));
         QTRY_COMPARE(f.service.count("searchMember"), 1);
         f.dialog->close();
@@ -116,7 +116,7 @@ private slots:
         QVERIFY(!f.dialog);
         f.service.server.release();
         QTRY_COMPARE(f.service.host.context.webRequests.size(), 1);
-        QCOMPARE(f.boxes(), 0);
+        QCOMPARE(f.service.boxes(), 0);
     }
 
     void membersAreTakenOut()

@@ -93,7 +93,7 @@ private slots:
                 f.name()->setText(QString::fromUtf8("测试"));
         }
         if (state == "sending") {
-            f.hold("createVirtualTeam");
+            f.service.hold("createVirtualTeam");
             f.sure()->click();
             QTRY_COMPARE(f.service.count("createVirtualTeam"), 1);
         }
@@ -116,7 +116,7 @@ private slots:
         const bool joins = state == "join";
         const char *service = joins ? "joinVirtualTeamStatus" : "auditVirtualTeamDetail";
         if (state == "loading")
-            f.hold(service);
+            f.service.hold(service);
         else if (state == "failed")
             f.service.answer(service, "{}", 10001);
         else

@@ -141,7 +141,7 @@ private slots:
     {
         QFETCH(QString, command);
         CommandsFixture team;
-        team.setOnline(false);
+        team.service.setOnline(false);
         TipBox::setNextAnswers(TipBox::Sure);
         team.give(command);
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
@@ -172,7 +172,7 @@ private slots:
         TipBox::setNextAnswers(TipBox::Cancel);
         if (what == QLatin1String("busy"))
             team.give(QStringLiteral("move"));
-        team.setOnline(what != QLatin1String("offline"));
+        team.service.setOnline(what != QLatin1String("offline"));
         sure->click();
         if (what == QLatin1String("twice"))
             sure->click();
@@ -185,12 +185,12 @@ private slots:
     {
         CommandsFixture team;
         team.commands->renameTeam(teamSelection().team);
-        team.setOnline(false);
+        team.service.setOnline(false);
         team.type(QStringLiteral("new"));
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QVERIFY(!team.editor()->isWaiting());
         QVERIFY(!team.isBusy());
-        team.setOnline(true);
+        team.service.setOnline(true);
         team.type(QStringLiteral("new"));
         QVERIFY(team.settle());
         QCOMPARE(team.service.count("modifyVirtualTeamInfo"), 1);
@@ -269,8 +269,7 @@ private slots:
         QFETCH(QString, command);
         CommandsFixture team;
         const QByteArray name = service.toLatin1();
-        team.service.server.reply(TeamService::path(name.constData()),
-                                  TeamService::reply("{}", 10001).onRelease());
+        team.service.hold(name.constData(), "{}", 10001);
         TipBox::setNextAnswers(TipBox::Sure);
         team.give(command);
         QTRY_COMPARE(team.service.count(name.constData()), 1);
@@ -286,8 +285,7 @@ private slots:
     {
         CommandsFixture team;
         const Told told(team.commands);
-        team.service.server.reply(TeamService::path("modifyVirtualTeamInfo"),
-                                  TeamService::reply("{}").onRelease());
+        team.service.hold("modifyVirtualTeamInfo");
         team.give(QStringLiteral("renameTeam"));
         team.editor()->reject();
         QTRY_VERIFY(!team.editor());

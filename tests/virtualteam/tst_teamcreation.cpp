@@ -53,7 +53,7 @@ private slots:
             f.pick(userId);
         f.sure()->click();
         QTEST(TipBox::lastText(), "told");
-        QCOMPARE(f.boxes(), 1);
+        QCOMPARE(f.service.boxes(), 1);
         QCOMPARE(f.service.count("createVirtualTeam") + f.service.count("inviteVirtualTeam"), 0);
         QVERIFY(f.dialog->isVisible() && f.sure()->isEnabled());
     }
@@ -63,12 +63,12 @@ private slots:
         F f;
         f.fill();
         const int searches = f.service.count("searchMember");
-        f.setOnline(false);
+        f.service.setOnline(false);
         f.search(QStringLiteral("u4"));
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         f.sure()->click();
-        QCOMPARE(f.boxes(), 2);
-        f.setOnline(true);
+        QCOMPARE(f.service.boxes(), 2);
+        f.service.setOnline(true);
         f.sure()->click();
         QTRY_VERIFY(!f.dialog);
         QCOMPARE(f.service.count("searchMember"), searches);
@@ -117,7 +117,7 @@ private slots:
         F f(invites);
         const char *service = invites ? "inviteVirtualTeam" : "createVirtualTeam";
         f.fill();
-        f.hold(service);
+        f.service.hold(service);
         confirm(f, way);
         QVERIFY(!f.sure()->isEnabled());
         confirm(f, way);
@@ -159,7 +159,7 @@ private slots:
         f.service.answer(invites ? "inviteVirtualTeam" : "createVirtualTeam", data, code);
         QSignalSpy created(f.dialog, &CVirtualTeamWidgetCreat::teamCreated);
         f.sure()->click();
-        QTRY_COMPARE(f.boxes(), 1);
+        QTRY_COMPARE(f.service.boxes(), 1);
         QCOMPARE(TipBox::lastText(), told);
         QCOMPARE(created.size(), closes && !invites ? 1 : 0);
         if (!created.isEmpty()) {
@@ -195,7 +195,7 @@ private slots:
         F f(invites);
         const char *service = invites ? "inviteVirtualTeam" : "createVirtualTeam";
         f.fill();
-        f.hold(service, data, code);
+        f.service.hold(service, data, code);
         const QSignalSpy refreshes(FriendUISignalSender::instance(),
                                    &FriendUISignalSender::signal_refresh_virtualTeam);
         f.sure()->click();
@@ -204,7 +204,7 @@ private slots:
         F::settle();
         QVERIFY(!f.dialog);
         f.service.server.release();
-        QTRY_COMPARE(f.boxes(), 1);
+        QTRY_COMPARE(f.service.boxes(), 1);
         QCOMPARE(TipBox::lastText(), told);
         QTEST(int(refreshes.size()), "refreshes");
     }
@@ -214,7 +214,7 @@ private slots:
     {
         F f;
         f.fill();
-        f.hold("createVirtualTeam", R"({"vtId":"8"})");
+        f.service.hold("createVirtualTeam", R"({"vtId":"8"})");
         f.sure()->click();
         QTRY_COMPARE(f.service.count("createVirtualTeam"), 1);
         emit FriendUISignalSender::instance()->signal_logout();
@@ -224,37 +224,15 @@ private slots:
         f.service.server.release();
         QTRY_COMPARE(f.service.host.context.webRequests.size(), 3);
         F::settle();
-        QCOMPARE(f.boxes(), 0);
+        QCOMPARE(f.service.boxes(), 0);
     }
 
-    // --- The name -----------------------------------------------------------------------
-
-    void nameLimit_data()
-    {
-        const Rows<QString, QString> row{"pasted", "kept"};
-        const QString wide = QString::fromUtf8("测").repeated(16);
-        const QString pairs = QString::fromUtf8("😀").repeated(8);
-        row("16 narrow", "abcdefghijklmnop", "abcdefghijklmnop");
-        row("17 narrow", "abcdefghijklmnopq", "abcdefghijklmnop");
-        row("16 wide", wide, wide);
-        row("17 wide", wide + QString::fromUtf8("试"), wide);
-        row("8 pairs", pairs, pairs);
-        row("a pair across the limit", "x" + pairs, "x" + pairs.left(14));
-    }
-
-    void nameLimit()
-    {
-        QFETCH(QString, pasted);
-        const F f;
-        QTest::keyClicks(f.name(), QString()); // has the focus
-        f.name()->insert(pasted);
-        QTEST(f.name()->text(), "kept");
-        QCOMPARE(f.name()->placeholderText(), QString::fromUtf8("16字以内"));
-    }
+    // --- The form -----------------------------------------------------------------------
 
     void tabOrder()
     {
-        CreationFixture f;
+        const F f;
+        QCOMPARE(f.name()->placeholderText(), QString::fromUtf8("16字以内"));
         f.field()->setText(QStringLiteral("x")); // there is something to add
         QStringList order;
         const QWidget *widget = f.name();

@@ -99,7 +99,7 @@ private slots:
         QFETCH(bool, joins);
         const Kind kind{joins};
         F f;
-        f.hold(kind.detailService(), detail());
+        f.service.hold(kind.detailService(), detail());
         const auto window = kind.open();
         QVERIFY(window && window->isVisible());
         QCOMPARE(Kind::page(window), QStringLiteral("loadingPage"));
@@ -145,11 +145,11 @@ private slots:
         f.service.answer(kind.detailService(), "{}", 10001);
         const auto window = kind.open();
         QTRY_COMPARE(Kind::page(window), QStringLiteral("failedPage"));
-        f.setOnline(false);
+        f.service.setOnline(false);
         F::button(window, "retry")->click();
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QCOMPARE(Kind::page(window), QStringLiteral("failedPage"));
-        f.setOnline(true);
+        f.service.setOnline(true);
         f.service.answer(kind.detailService(), detail());
         // The sentence, too, asks for a click.
         auto *failed = window->findChild<QWidget *>(QStringLiteral("failedPage"));
@@ -177,7 +177,7 @@ private slots:
         const Kind kind{joins};
         F f;
         const auto window = kind.openLoaded(&f);
-        f.hold(kind.decisionService());
+        f.service.hold(kind.decisionService());
         const QSignalSpy refreshes(FriendUISignalSender::instance(),
                                    &FriendUISignalSender::signal_refresh_virtualTeam);
         QPushButton *chosen = F::button(window, agrees ? "agree" : "refuse");
@@ -194,7 +194,7 @@ private slots:
         QTEST(F::text(window, "markText"), "mark");
         QTEST(int(refreshes.size()), "refreshes");
         QCOMPARE(f.service.count(kind.decisionService()), 1);
-        QCOMPARE(f.boxes(), 0);
+        QCOMPARE(f.service.boxes(), 0);
     }
 
     void wasDecidedBefore_data() { bothKinds(); }
@@ -223,7 +223,7 @@ private slots:
         QTRY_COMPARE(f.service.count(kind.detailService()), 2);
         const auto *members = window->findChild<CVirtualTeamMemberListView *>();
         QTRY_COMPARE(members->members()->rowCount(), 1);
-        QCOMPARE(f.boxes(), 0);
+        QCOMPARE(f.service.boxes(), 0);
     }
 
     void aFailedDecisionIsTriedAgain_data()
@@ -244,9 +244,9 @@ private slots:
             F f;
             const auto window = kind.openLoaded(&f);
             f.service.answer(kind.decisionService(), "{}", code);
-            f.setOnline(online);
+            f.service.setOnline(online);
             F::button(window, "agree")->click();
-            QTRY_COMPARE(f.boxes(), 1);
+            QTRY_COMPARE(f.service.boxes(), 1);
             QTEST(TipBox::lastText(), "told");
             QCOMPARE(f.service.count(kind.decisionService()), online ? 1 : 0);
             QVERIFY(buttonsShown(window) && F::button(window, "agree")->isEnabled() &&
@@ -261,7 +261,7 @@ private slots:
         const Kind kind{joins};
         F f;
         const auto window = kind.openLoaded(&f);
-        f.hold(kind.decisionService());
+        f.service.hold(kind.decisionService());
         const QSignalSpy refreshes(FriendUISignalSender::instance(),
                                    &FriendUISignalSender::signal_refresh_virtualTeam);
         F::button(window, "agree")->click();
@@ -296,11 +296,11 @@ private slots:
         F f;
         const auto first = kind.openLoaded(&f);
         first->showMinimized();
-        f.setOnline(false);
+        f.service.setOnline(false);
         QCOMPARE(kind.open(), first); // raised offline, too
         QVERIFY(!first->isMinimized() && first->isVisible());
         QCOMPARE(f.service.count(kind.detailService()), 1);
-        QCOMPARE(f.boxes(), 0);
+        QCOMPARE(f.service.boxes(), 0);
         QVERIFY(!kind.open("8"));
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QCOMPARE(f.service.count(kind.detailService()), 1);

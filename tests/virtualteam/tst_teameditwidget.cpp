@@ -138,16 +138,7 @@ private slots:
         QTRY_VERIFY(!dialog.widget);
     }
 
-    void pictures_data()
-    {
-        const Rows<QString, QString> row{"skin", "language"};
-        for (const char *skin : {"light", "dark"}) {
-            for (const char *language : {"zh_CN", "en"})
-                row(qPrintable(
-                        QStringLiteral("%1 %2").arg(QLatin1String(skin), QLatin1String(language))),
-                    QLatin1String(skin), QLatin1String(language));
-        }
-    }
+    void pictures_data() { addLooks(); }
 
     // Nothing is cut off, in either language.
     void pictures()

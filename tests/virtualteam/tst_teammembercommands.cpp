@@ -1,5 +1,4 @@
-// Who cannot be deleted, how people are picked, and talking with members.
-#include "tests/support/recordingactions.h"
+// Who cannot be deleted, and how people are picked.
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/commandsfixture.h"
 #include "virtualteam/teammessages.h"
@@ -93,29 +92,6 @@ private slots:
         QCOMPARE(told.words.join(u','), QStringLiteral("level 7,teams"));
         team.commands->addPicked(QStringLiteral("t"), QStringLiteral("7"), {QStringLiteral("u1")});
         QVERIFY(!team.isBusy()); // nobody but oneself
-    }
-
-    // --- Talking -----------------------------------------------------------------------
-
-    void talking()
-    {
-        CommandsFixture team;
-        RecordingActions actions;
-        const auto &host = team.service.host;
-        team.commands->openChat(teamSelection({teamMember("u1")}));
-        team.commands->createGroupChat(teamSelection({teamMember("u1")}));
-        QCOMPARE(host.requests.size(), 0);
-        team.setOnline(false); // which is the host's to refuse
-        team.commands->openChat(teamSelection({teamMember("u2")}));
-        const auto [jid, kind] = host.arguments<QString, int>(Outbound::OpenChat);
-        QCOMPARE(jid, QStringLiteral("u2@corp.example"));
-        QCOMPARE(kind, 0);
-        team.commands->createGroupChat(teamSelection(
-            {teamMember("u2"), teamMember("u1"), teamMember("u3"), teamMember("u2")}));
-        const auto [jids] = host.arguments<QStringList>(Outbound::CreateGroupChat);
-        QCOMPARE(jids.join(u','), QStringLiteral("u2@corp.example,u3@corp.example"));
-        team.commands->viewDetail(teamSelection({teamMember("u2")}));
-        QCOMPARE(actions.calls, QStringList{QStringLiteral("openContactDetail u2@corp.example")});
     }
 };
 

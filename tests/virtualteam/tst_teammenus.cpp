@@ -41,14 +41,23 @@ private slots:
         row("owner, of two teams", Owner, text("u2 S/u9"), text("createMuc"));
         row("sub-administrator, team", Sub, text("T"),
             text("addTeamMember addTeamGroupName inviteCompany existVirtualTeam"));
-        row("sub-administrator, owner", Sub, text("u3"),
-            text("invitechat createMuc viewdetail editNickName virtemModPostName "
-                 "moveTeamMembers deleteTeamMembers"));
+        row("sub-administrator, group", Sub, text("7"),
+            text("addTeamMember addTeamGroupName modifyTeamGroupName delGroup"));
+        for (const char *id : {"u2", "u3"}) // a member, the owner
+            row(id, Sub, text(id),
+                text("invitechat createMuc viewdetail editNickName virtemModPostName "
+                     "moveTeamMembers deleteTeamMembers"));
+        row("sub-administrator, himself", Sub, text("u1"),
+            text("viewdetail editNickName virtemModPostName moveTeamMembers"));
+        row("sub-administrator, several", Sub, text("u2 u4"),
+            text("createMuc batMoveTeamMembers batDeleteTeamMembers"));
         row("member, team", Member, text("T"), text("existVirtualTeam"));
         row("member, group", Member, text("7"), {});
         row("member, another", Member, text("u2"), text("invitechat createMuc viewdetail"));
         row("member, himself", Member, text("u1"), text("viewdetail editNickName"));
         row("member, several", Member, text("u2 u4"), text("createMuc"));
+        row("role below, group", -1, text("7"), {});
+        row("role above, team", 3, text("T"), text("existVirtualTeam"));
     }
 
     void entries()
@@ -178,11 +187,11 @@ private slots:
         QFETCH(QByteArray, dialog);
         MenusFixture tree(Owner);
         const auto opened = [&tree] { return tree.tree->findChildren<BaseDialog *>(); };
-        tree.service.host.context.settings.setConnected(false);
+        tree.service.setOnline(false);
         tree.choose(rows, key.constData());
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QCOMPARE(opened().size(), 0);
-        tree.service.host.context.settings.setConnected(true);
+        tree.service.setOnline(true);
         for (int i = 0; i < 2; ++i)
             tree.choose(rows, key.constData());
         QCOMPARE(opened().size(), 1);
@@ -371,16 +380,7 @@ private slots:
         QVERIFY(!tree.tree->findChild<BaseDialog *>());
     }
 
-    void pictures_data()
-    {
-        const Rows<QString, QString> row{"skin", "language"};
-        for (const char *skin : {"light", "dark"}) {
-            for (const char *language : {"zh_CN", "en"})
-                row(qPrintable(
-                        QStringLiteral("%1 %2").arg(QLatin1String(skin), QLatin1String(language))),
-                    QLatin1String(skin), QLatin1String(language));
-        }
-    }
+    void pictures_data() { addLooks(); }
 
     // Every entry has a text in both languages.
     void pictures()

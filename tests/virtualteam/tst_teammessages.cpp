@@ -36,7 +36,7 @@ private slots:
     {
         TeamService service;
         QVERIFY(TeamMessages::mayRequest(nullptr));
-        service.host.context.settings.setConnected(false);
+        service.setOnline(false);
         QVERIFY(!TeamMessages::mayRequest(nullptr, "isOfflinePleaseLogin"));
         QCOMPARE(TipBox::lastText(), QStringLiteral("isOfflinePleaseLogin"));
     }

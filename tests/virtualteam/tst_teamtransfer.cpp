@@ -79,10 +79,10 @@ private slots:
         t.pressSure();
         if (text.isEmpty()) {
             QTRY_COMPARE(t.service.count("grantVirtualTeamAuthority"), 1);
-            QCOMPARE(t.told(), QObject::tr("sureTransAuthTip"));
+            QCOMPARE(t.service.told(), QObject::tr("sureTransAuthTip"));
             return;
         }
-        QTRY_COMPARE(t.told(), text);
+        QTRY_COMPARE(t.service.told(), text);
         QCOMPARE(t.service.count("grantVirtualTeamAuthority"), 0);
     }
 
@@ -301,7 +301,7 @@ private slots:
         t.choose(moves ? "7" : "u2");
         TipBox::setNextAnswers(TipBox::Sure);
         t.pressSure();
-        QTRY_COMPARE(t.told(), text);
+        QTRY_COMPARE(t.service.told(), text);
         QTRY_VERIFY(t.sure(t.dialog)->isEnabled()); // it can be tried again
         QTRY_COMPARE(t.service.count("getVirtualTeamGroup"), moves || !reloads ? 1 + reloads : 2);
     }
@@ -311,9 +311,9 @@ private slots:
         Transfer t;
         t.open({QStringLiteral("u2")});
         t.choose("7");
-        t.service.host.context.settings.setConnected(false);
+        t.service.setOnline(false);
         t.pressSure();
-        QCOMPARE(t.told(), QObject::tr("notexecuteoperation"));
+        QCOMPARE(t.service.told(), QObject::tr("notexecuteoperation"));
         QCOMPARE(t.service.count("transferVirtualTeamMember"), 0);
         QVERIFY(t.sure(t.dialog)->isEnabled());
     }
@@ -325,7 +325,7 @@ private slots:
         t.levels["vtId=1&pgId=0"] = TeamService::reply("{}", 10001);
         QTest::keyClick(t.tree, Qt::Key_F5);
         QTRY_VERIFY(!t.dialog);
-        QCOMPARE(t.told(), QString::fromUtf8("获取成员信息出错"));
+        QCOMPARE(t.service.told(), QString::fromUtf8("获取成员信息出错"));
     }
 
     void canBeClosedAtAnyTime()
@@ -333,7 +333,7 @@ private slots:
         Transfer t;
         for (const char *name :
              {"grantVirtualTeamAuthority", "getMembers", "fuzzySearchVirtualTeamMember"})
-            t.service.server.reply(TeamService::path(name), TeamService::reply("{}").onRelease());
+            t.service.hold(name);
         t.open();
         t.choose("u2");
         TipBox::setNextAnswers(TipBox::Sure);

@@ -1,14 +1,12 @@
 // Real drags in the team tree. Runs on the platform plug-in "minimal", where a drag has
 // its own event loop; on "offscreen" it ends at once.
+#include "tests/support/drags.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/teamtreefixture.h"
 
-#include <QDrag>
 #include <QDropEvent>
 #include <QMimeData>
-#include <QTimer>
-#include <QWindow>
 
 namespace {
 
@@ -22,33 +20,13 @@ struct ViewAccess : CVirtualTeamTreeView
 
 QPoint inWindow(const TeamTreeFixture &tree, const QModelIndex &index)
 {
-    return tree.view->viewport()->mapTo(tree.view.get(), tree.middle(index));
+    return placeInWindow(tree.view.get(), index);
 }
 
-// Drags a row; `meanwhile` runs in the drag's event loop and must end it.
 template <class Function>
 bool drag(const TeamTreeFixture &tree, const QModelIndex &row, Function meanwhile)
 {
-    bool started = false;
-    QWindow *window = tree.view->windowHandle();
-    const QPoint from = inWindow(tree, row);
-    QTimer poll;
-    QObject::connect(&poll, &QTimer::timeout, [&] {
-        if (started || !tree.view || !tree.view->findChild<QDrag *>())
-            return;
-        started = true;
-        meanwhile();
-    });
-    poll.start(0);
-    // A member who is selected already stays so, with the others, while the button is down.
-    QTest::mousePress(window, Qt::LeftButton, Qt::NoModifier, from);
-    const int distance = QApplication::startDragDistance() + 1;
-    for (int i = 1; i < 4 && !started; ++i)
-        QTest::mouseMove(window, from + QPoint(i * distance, 0));
-    TeamTreeFixture::settle();
-    if (!started) // Nobody else lets go of the button.
-        QTest::mouseRelease(window, Qt::LeftButton, Qt::NoModifier, from);
-    return started;
+    return dragRow(tree.view.get(), row, meanwhile);
 }
 
 } // namespace

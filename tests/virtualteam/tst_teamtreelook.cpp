@@ -11,10 +11,7 @@ const QString T = QStringLiteral("T");
 
 QImage picture(QWidget *widget, qreal ratio, const QString &name)
 {
-    QImage image(widget->size() * ratio, QImage::Format_RGB32);
-    image.setDevicePixelRatio(ratio);
-    image.fill(Skin::instance().colors().background);
-    widget->render(&image);
+    const QImage image = pictureOf(widget, ratio);
     keepPicture(image, name);
     return image;
 }
@@ -59,19 +56,7 @@ class TstTeamTreeLook : public QObject
 private slots:
     void cleanup() { setSkin(QStringLiteral("light")); }
 
-    void rows_data()
-    {
-        QTest::addColumn<QString>("skin");
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<qreal>("ratio");
-        for (const char *skin : {"light", "dark"}) {
-            for (const char *language : {"zh_CN", "en"}) {
-                for (const qreal ratio : {1.0, 2.0})
-                    QTest::addRow("%s %s %gx", skin, language, ratio)
-                        << QString::fromLatin1(skin) << QString::fromLatin1(language) << ratio;
-            }
-        }
-    }
+    void rows_data() { addLooks({1.0, 2.0}); }
 
     void rows()
     {

@@ -164,8 +164,8 @@ void CSetAdministrator::sure()
 
 void CSetAdministrator::finished(bool ok, int code, const QStringList &chosen)
 {
-    m_bar->setBusy(false);
     m_list->setEnabled(true);
+    m_bar->setBusy(false);
     if (!ok) {
         LOG_ERROR("CSetAdministrator: setVirtualTeamAdmin failed nCode:" << QString::number(code));
         TipBox::tell(this, TeamMessages::addAdministratorFailed());

@@ -5,6 +5,7 @@
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
 #include "controls/skin.h"
+#include "virtualteam/memberpicture.h"
 #include "virtualteam/teamroles.h"
 
 #include <QStyle>
@@ -49,15 +50,16 @@ void MemberListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
                                const QModelIndex &index) const
 {
     painter->save();
+    const QString uid = index.data(TeamRowRole::Id).toString();
     const QString name = index.data(TeamRowRole::Name).toString();
+    const QString picture = memberPicture(uid, index.data(TeamRowRole::Photo).toString());
     const qreal ratio = painter->device()->devicePixelRatioF();
     RowPainter row(painter, option);
     row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
     row.background();
-    row.avatar(AvatarStore::instance().avatar(index.data(TeamRowRole::Photo).toString(),
-                                              makeJid(index.data(TeamRowRole::Id).toString()), name,
-                                              RowPainter::AvatarSize, ratio),
-               false);
+    row.avatar(
+        AvatarStore::instance().avatar(picture, makeJid(uid), name, RowPainter::AvatarSize, ratio),
+        false);
     if (m_kind == Removable)
         row.markAtRight(cross(option, ratio));
     row.texts(name, index.data(TeamRowRole::Company).toString(), false);

@@ -1,7 +1,6 @@
 #include "virtualteam/dialogs/memberlistmodel.h"
 
 #include "common/displaytext.h"
-#include "virtualteam/memberpicture.h"
 #include "virtualteam/teamroles.h"
 
 #include <QSet>
@@ -75,7 +74,7 @@ QVariant MemberListModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Id:
         return member.userId;
     case TeamRowRole::Photo:
-        return memberPicture(member.userId, member.photoName);
+        return member.photoName;
     case TeamRowRole::Role:
         return member.role;
     case TeamRowRole::Company:
