@@ -185,18 +185,15 @@ QRect RowPainter::secondLine() const
     return QRect(m_left.left(), top, m_left.width() - m_secondTaken, SecondLine);
 }
 
-void RowPainter::textAtRight(const QString &text)
+void RowPainter::textAtRight(const MarkedText &text)
 {
-    if (text.isEmpty())
+    if (text.text.isEmpty())
         return;
-    const QFont font = skinFont(SmallPixels);
+    const MarkedLine line(skinFont(SmallPixels));
     QRect area = firstLine();
-    area.setLeft(area.right() - QFontMetrics(font).horizontalAdvance(text));
-    m_painter->setFont(font);
+    area.setLeft(area.right() - line.width(text) + 1);
     m_painter->setPen(Skin::instance().quietText(m_option.state.testFlag(QStyle::State_Selected)));
-    const Qt::Alignment side =
-        QStyle::visualAlignment(m_option.direction, Qt::AlignRight) | Qt::AlignVCenter;
-    m_painter->drawText(visual(area), int(side) | Qt::TextSingleLine, text);
+    line.paint(m_painter, visual(area), text, m_option.direction);
     m_firstTaken += area.width() + SmallGap;
 }
 
@@ -264,7 +261,7 @@ QColor RowPainter::secondaryColor() const
     return m_secondary.isValid() && !selected ? m_secondary : Skin::instance().quietText(selected);
 }
 
-void RowPainter::texts(const QString &first, const QString &second, bool faded)
+void RowPainter::texts(const MarkedText &first, const QString &second, bool faded)
 {
     QVector<Piece> pieces;
     if (!second.isEmpty())
@@ -272,23 +269,20 @@ void RowPainter::texts(const QString &first, const QString &second, bool faded)
     texts(first, pieces, faded);
 }
 
-void RowPainter::texts(const QString &first, const QVector<Piece> &second, bool faded)
+void RowPainter::texts(const MarkedText &first, const QVector<Piece> &second, bool faded)
 {
     drawSecondLine(second);
     drawName(first, second.isEmpty() ? m_left : firstLine(), faded);
 }
 
-void RowPainter::drawName(const QString &name, const QRect &line, bool faded)
+void RowPainter::drawName(const MarkedText &name, const QRect &line, bool faded)
 {
-    const QFont font = skinFont(NamePixels);
     const bool selected = m_option.state.testFlag(QStyle::State_Selected);
-    m_painter->setFont(font);
     m_painter->setPen(faded ? Skin::instance().quietText(selected)
                             : Skin::instance().colors().text);
-    const Qt::Alignment side =
-        QStyle::visualAlignment(m_option.direction, Qt::AlignLeft) | Qt::AlignVCenter;
-    m_painter->drawText(visual(line), int(side) | Qt::TextSingleLine,
-                        QFontMetrics(font).elidedText(name, Qt::ElideRight, line.width()));
+    const MarkedLine painted(skinFont(NamePixels));
+    painted.paint(m_painter, visual(line), painted.fitted(name, line.width(), Qt::ElideRight),
+                  m_option.direction);
 }
 
 void RowPainter::drawSecondLine(const QVector<Piece> &pieces)

@@ -2,6 +2,7 @@
 // presence mark, one or two lines of text.
 #pragma once
 
+#include "controls/markedline.h"
 #include "hostapi/rosterrecords.h"
 
 #include <QFont>
@@ -50,7 +51,8 @@ public:
     // At the right of the first of two lines: a short text in quiet colour, small
     // marks; of the second line: how many messages are unread, if any, small marks.
     // Before texts().
-    void textAtRight(const QString &text);
+    void textAtRight(const QString &text) { textAtRight(MarkedText{text, {}}); }
+    void textAtRight(const MarkedText &text);
     void markInFirstLine(const QPixmap &glyph);
     void badge(int count);
     void markInSecondLine(const QPixmap &glyph);
@@ -66,7 +68,11 @@ public:
     QColor secondaryColor() const;
 
     // `second` may be empty; texts are cut with an ellipsis.
-    void texts(const QString &first, const QString &second, bool faded);
+    void texts(const QString &first, const QString &second, bool faded)
+    {
+        texts(MarkedText{first, {}}, second, faded);
+    }
+    void texts(const MarkedText &first, const QString &second, bool faded);
     // The second line in pieces: texts, or as marks on a ground of their colour. On a
     // selected row the colours of the texts give way as that of setSecondaryColor().
     struct Piece
@@ -75,7 +81,11 @@ public:
         QColor color;
         bool isMark = false;
     };
-    void texts(const QString &first, const QVector<Piece> &second, bool faded);
+    void texts(const MarkedText &first, const QVector<Piece> &second, bool faded);
+    void texts(const QString &first, const QVector<Piece> &second, bool faded)
+    {
+        texts(MarkedText{first, {}}, second, faded);
+    }
 
     // For what only one list paints: the avatar's place, and the part of the row that
     // nothing was painted on yet, the latter not mirrored for right-to-left.
@@ -88,7 +98,7 @@ private:
     QRect firstLine() const; // of two, what is left of it
     QRect secondLine() const;
     void drawSecondLine(const QVector<Piece> &pieces);
-    void drawName(const QString &name, const QRect &line, bool faded);
+    void drawName(const MarkedText &name, const QRect &line, bool faded);
     void smallMark(const QPixmap &glyph, const QRect &line, int *taken);
     QRect visual(const QRect &area) const;
 

@@ -3,6 +3,8 @@
 #include "controls/skin.h"
 
 #include <QEvent>
+#include <QPaintEvent>
+#include <QPainter>
 
 SkinMenu::SkinMenu(const QString &name, QWidget *parent) : QMenu(parent)
 {
@@ -34,6 +36,25 @@ SkinMenu *SkinMenu::addSubMenu(const char *key)
     menu->menuAction()->setObjectName(QLatin1String(key));
     menu->setTitle(QObject::tr(key));
     return menu;
+}
+
+// The style's own separators are shadows, which cannot be seen on a dark ground.
+void SkinMenu::paintEvent(QPaintEvent *event)
+{
+    QMenu::paintEvent(event);
+    constexpr int Margin = 6;
+    constexpr int Opacity = 60; // of 255
+    QColor line = Skin::instance().colors().text;
+    line.setAlpha(Opacity);
+    QPainter painter(this);
+    for (QAction *action : actions()) {
+        const QRect area = actionGeometry(action);
+        if (!action->isSeparator() || !action->isVisible() || !event->region().intersects(area))
+            continue;
+        painter.fillRect(area, palette().base());
+        painter.fillRect(area.left() + Margin, area.center().y(), area.width() - 2 * Margin, 1,
+                         line);
+    }
 }
 
 void SkinMenu::changeEvent(QEvent *event)

@@ -19,6 +19,7 @@ public:
     SkinMenu *addSubMenu(const char *key);
 
 protected:
+    void paintEvent(QPaintEvent *event) override;
     void changeEvent(QEvent *event) override;
 
 private:

@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "controls/searchbox.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/cvirtualteamtreeview.h"
 #include "virtualteam/dialogs/cvirtualteamwidgetcreat.h"
 #include "virtualteam/teamloader.h"
@@ -42,6 +43,7 @@ void CVirtualTeamPage::stop()
     m_reloadDue.stop();
     m_dueTeams.clear();
     m_failed = m_failed || !m_known;
+    m_quest.end();
     const auto levels = m_loader->stop();
     for (const Level &level : levels)
         slot_getVirtualTeamStructureFinish(false, level.first, level.second, {}, {});
@@ -55,7 +57,6 @@ void CVirtualTeamPage::startAnew()
     if (m_owner != ctx().ownJid()) {
         m_failedLevels.clear();
         m_wantedTeam.clear();
-        m_wantedMember = {};
         m_searchBox->clear();
         m_known = false;
         m_failed = false;
@@ -181,10 +182,13 @@ void CVirtualTeamPage::slot_getVirtualTeamStructureFinish(bool ok, QString vtId,
               "QString pgId, QList<CVirtualTeamSimpleInfo> groups, QList<CVirtualTeamMemberInfo> "
               "members)");
     TeamTreeModel *teams = m_tree->teams();
+    if (vtId == m_quest.vtId())
+        m_quest.answered(pgId);
     if (ok) {
         m_failedLevels.remove({vtId, pgId});
         if (teams->setLevel(vtId, pgId, groups, members))
-            revealWanted();
+            CompanyNames::instance().find(vtId, members);
+        revealWanted();
         showState();
         return;
     }
@@ -197,6 +201,7 @@ void CVirtualTeamPage::slot_getVirtualTeamStructureFinish(bool ok, QString vtId,
     // What is known stays.
     if (teams->childrenState(vtId, pgId) != TeamChildren::Loaded)
         teams->setChildrenState(vtId, pgId, TeamChildren::Failed);
+    revealWanted();
     showState();
 }
 
@@ -235,6 +240,7 @@ void CVirtualTeamPage::followTeams()
 
 void CVirtualTeamPage::locateTeam(const QString &vtId)
 {
+    endQuest();
     m_searchBox->clear();
     if (m_started && m_tree->teams()->teamIndex(vtId).isValid()) {
         m_tree->expandTeam(vtId);
@@ -271,6 +277,8 @@ void CVirtualTeamPage::slot_creatVirtualTeam()
 
 void CVirtualTeamPage::slot_searchTextChanged(const QString &text)
 {
+    if (!text.isEmpty())
+        endQuest();
     m_searchText = text.simplified();
     m_searchPage->setText(m_searchText);
     showState();
@@ -288,28 +296,69 @@ void CVirtualTeamPage::slot_expendVirtualTeam(QString vtId)
 {
     LOG_SCOPE("CVirtualTeamPage::slot_expendVirtualTeam(QString vtId)");
     leaveSearch();
+    m_sinceLed.start();
     if (!m_tree->teams()->teamIndex(vtId).isValid()) {
         LOG_DEBUG("item is null");
+        endQuest();
         return;
     }
     m_tree->expandTeam(vtId);
     revealWanted();
 }
 
+// --- The way to a member ---------------------------------------------------------------
+
 void CVirtualTeamPage::revealWanted()
 {
-    if (m_wantedMember.second.isEmpty())
+    if (!m_quest.isUnderWay())
         return;
-    const TeamTreeModel *teams = m_tree->teams();
-    const auto [team, user] = m_wantedMember;
+    const TeamTreeModel &teams = *m_tree->teams();
+    const QModelIndex team = teams.teamIndex(m_quest.vtId());
     // Somebody who has gone on is not called back.
-    if (m_tree->currentIndex() != teams->teamIndex(team)) {
-        m_wantedMember = {};
+    const bool isThere = team.isValid() && m_tree->currentIndex() == team;
+    if (!isThere || !m_tree->isExpanded(team) || !isOnline()) {
+        endQuest();
         return;
     }
-    const QModelIndex member = teams->memberIndex(team, user);
-    if (member.isValid())
+    const QModelIndex member = m_quest.member(teams);
+    if (member.isValid()) {
+        endQuest();
         m_tree->reveal(member);
-    if (member.isValid() || teams->childrenState(team, rootGroupId()) == TeamChildren::Loaded)
-        m_wantedMember = {};
+        return;
+    }
+    const QString vtId = m_quest.vtId();
+    const QStringList groups = m_quest.next(teams);
+    for (const QString &groupId : groups)
+        slot_getMembers(vtId, groupId);
+    if (!m_quest.isUnderWay())
+        LOG_DEBUG("the member is in no group of the team " << logText(vtId));
+    showState();
+}
+
+void CVirtualTeamPage::endQuest()
+{
+    if (!m_quest.isUnderWay())
+        return;
+    m_quest.end();
+    showState();
+}
+
+bool CVirtualTeamPage::eventFilter(QObject *watched, QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::MouseButtonDblClick:
+        // The first of the two clicks was on a hit, where the tree stands by now.
+        if (m_sinceLed.isValid() && !m_sinceLed.hasExpired(QApplication::doubleClickInterval()))
+            return true;
+        endQuest();
+        break;
+    case QEvent::MouseButtonPress:
+    case QEvent::KeyPress:
+    case QEvent::Wheel:
+        endQuest();
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
 }

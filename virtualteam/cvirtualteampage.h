@@ -2,8 +2,10 @@
 // there while it loads, when it failed, and for who has no team.
 #pragma once
 
+#include "virtualteam/memberquest.h"
 #include "virtualteam/teamrecords.h"
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QPair>
 #include <QPointer>
@@ -58,10 +60,10 @@ public slots:
 protected:
     void changeEvent(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    using Level = QPair<QString, QString>;  // team, group
-    using Member = QPair<QString, QString>; // team, user
+    using Level = QPair<QString, QString>; // team, group
 
     QWidget *makeHead();
     QWidget *makeListPage();
@@ -80,6 +82,7 @@ private:
     void showState();
     void showBusy(bool loading);
     void revealWanted();
+    void endQuest();
     void leaveSearch();
     void retranslate();
 
@@ -107,7 +110,8 @@ private:
     QSet<Level> m_failedLevels;
     QSet<QString> m_dueTeams; // their open levels are to be loaded again
     QString m_wantedTeam;     // to be shown when the list is there
-    Member m_wantedMember;    // to be shown when the level is there
+    MemberQuest m_quest;      // for a member to be shown
+    QElapsedTimer m_sinceLed; // from a hit to the tree
     QPointer<QWidget> m_focusDue;
     QTimer m_reloadDue;
     QTimer m_followDue;

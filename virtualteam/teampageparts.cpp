@@ -21,6 +21,7 @@
 #include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QScrollBar>
 #include <QStackedWidget>
 
 namespace {
@@ -156,6 +157,9 @@ void CVirtualTeamPage::connectTree()
         if (m_loader->isLoadingTeams())
             m_loader->loadTeams();
     });
+    m_tree->installEventFilter(this);
+    m_tree->viewport()->installEventFilter(this);
+    m_tree->verticalScrollBar()->installEventFilter(this);
     // Members come and go by the thousand; only teams are of interest here.
     const TeamTreeModel *teams = m_tree->teams();
     const auto follow = [this](const QModelIndex &parent) {
@@ -179,9 +183,8 @@ void CVirtualTeamPage::connectSearch()
             m_tree->setFocus(Qt::TabFocusReason);
     });
     connect(list, &FoundList::escapePressed, this, &CVirtualTeamPage::leaveSearch);
-    connect(list, &List::memberChosen, this, [this](const QString &vtId, const QString &userId) {
-        m_wantedMember = {vtId, userId};
-    });
+    connect(list, &List::memberChosen, this,
+            [this](const QString &vtId, const QString &userId) { m_quest.begin(vtId, userId); });
     connect(list, &List::signal_expendVirtualTeam, this, &CVirtualTeamPage::slot_expendVirtualTeam);
 }
 
@@ -217,7 +220,10 @@ void CVirtualTeamPage::showState()
     m_pages->setCurrentWidget(page);
     m_searchBox->setVisible(!m_told.isEmpty() || !m_searchText.isEmpty());
     const bool isStale = isOutOfDate();
-    m_notice->say(isStale ? "refreshTeamsFailed" : nullptr, isStale);
+    if (m_quest.isLooking())
+        m_notice->say("searchSearching");
+    else
+        m_notice->say(isStale ? "refreshTeamsFailed" : nullptr, isStale);
 }
 
 // A button that is disabled passes the focus on; it gets it back, unless the user has

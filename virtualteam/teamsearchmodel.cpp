@@ -2,7 +2,9 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/textmatch.h"
 #include "controls/presencetext.h"
+#include "virtualteam/teamtreetexts.h"
 
 #include <algorithm>
 
@@ -132,17 +134,43 @@ int TeamSearchModel::rowCount(const QModelIndex &parent) const
 QString TeamSearchModel::secondLine(const TeamHit &hit) const
 {
     QStringList parts{m_teams.value(hit.vtId).name, displayText(hit.member.duty),
-                      displayText(hit.member.companyName)};
+                      TeamTreeTexts::foreignCompany(hit.member)};
     parts.removeAll(QString());
     return parts.join(QString::fromUtf8(" · "));
 }
 
-// Who was found by the name needs no number beside it.
-QString TeamSearchModel::foundMobile(const CVirtualTeamMemberInfo &member) const
+// As the service looks for it: anywhere, or by the spelling of Chinese.
+MarkedText TeamSearchModel::markedName(const CVirtualTeamMemberInfo &member) const
 {
-    const QString typed = digitsOf(m_text);
-    const bool isFound = typed.size() >= FewestDigits && digitsOf(member.mobile).contains(typed);
-    return isFound ? displayText(member.mobile) : QString();
+    const QString name = nameOf(member);
+    const int at = m_text.isEmpty() ? -1 : name.indexOf(m_text, 0, Qt::CaseInsensitive);
+    if (at >= 0)
+        return {name, {{at, m_text.size()}}};
+    const TextMatch match = TextPattern(m_text).match(name);
+    if (match.kind == TextMatch::None)
+        return {name, {}};
+    return {name, {{match.start, match.length}}};
+}
+
+// Who was found by the name needs nothing beside it.
+MarkedText TeamSearchModel::foundBeside(const CVirtualTeamMemberInfo &member) const
+{
+    const QString digits = digitsOf(m_text);
+    if (digits.size() >= FewestDigits && digitsOf(member.mobile).contains(digits)) {
+        const QString mobile = displayText(member.mobile);
+        const int at = mobile.indexOf(m_text);
+        // Written with other blanks than it was typed, it is marked as a whole.
+        return {mobile, {at >= 0 ? SearchMark(at, m_text.size()) : SearchMark(0, mobile.size())}};
+    }
+    if (m_text.isEmpty() || !markedName(member).marks.isEmpty())
+        return {};
+    for (const QString &text : {member.employeeCode, member.userId}) {
+        const QString shown = displayText(text);
+        const int at = shown.indexOf(m_text, 0, Qt::CaseInsensitive);
+        if (at >= 0)
+            return {shown, {{at, m_text.size()}}};
+    }
+    return {};
 }
 
 QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
@@ -168,20 +196,22 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Duty:
         return displayText(member.duty);
     case TeamRowRole::Company:
-        return displayText(member.companyName);
+        return TeamTreeTexts::foreignCompany(member);
     case TeamRowRole::Kind:
         return int(TeamRowKind::Member);
     case TeamHitRole::Second:
         return secondLine(hit);
-    case TeamHitRole::Mobile:
-        return foundMobile(member);
+    case TeamHitRole::Beside:
+        return QVariant::fromValue(foundBeside(member));
+    case TeamHitRole::MarkedName:
+        return QVariant::fromValue(markedName(member));
     case Qt::ToolTipRole:
         return toolTipText(nameOf(member) + QLatin1Char('\n') + secondLine(hit));
     case Qt::AccessibleTextRole: {
         QStringList spoken{nameOf(member)};
         if (isOnline())
             spoken.append(presenceText(presenceOf(member)));
-        return (spoken + QStringList{secondLine(hit), foundMobile(member)})
+        return (spoken + QStringList{secondLine(hit), foundBeside(member).text})
             .join(QStringLiteral(", "));
     }
     default:

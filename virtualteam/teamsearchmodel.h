@@ -3,6 +3,7 @@
 // a team are replaced by what the team answers anew, and rows that stay do not move.
 #pragma once
 
+#include "controls/markedline.h"
 #include "virtualteam/teamrecords.h"
 #include "virtualteam/teamroles.h"
 
@@ -15,8 +16,9 @@
 namespace TeamHitRole {
 enum Role // besides those of TeamRowRole
 {
-    Second = 267, // the second line: where the person was found
-    Mobile = 268  // the number, when it was what was typed
+    Second = 267,    // the second line: where the person was found
+    Beside = 268,    // a MarkedText: number or account, when that was what was typed
+    MarkedName = 269 // a MarkedText
 };
 }
 
@@ -54,7 +56,8 @@ private:
     template <class Condition> void removeIf(const Condition &isGone);
     int rowAfter(const QString &vtId) const; // where the team's next row belongs
     QString secondLine(const TeamHit &hit) const;
-    QString foundMobile(const CVirtualTeamMemberInfo &member) const;
+    MarkedText markedName(const CVirtualTeamMemberInfo &member) const;
+    MarkedText foundBeside(const CVirtualTeamMemberInfo &member) const;
 
     QVector<TeamHit> m_hits;
     struct Team

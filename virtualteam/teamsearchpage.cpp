@@ -5,6 +5,7 @@
 #include "controls/statestack.h"
 #include "http/fileservices.h"
 #include "plugin/frienduisignalsender.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/teamsearch.h"
 #include "virtualteam/teamsearchmodel.h"
 #include "virtualteam/virtualteamsearchresultlistview.h"
@@ -50,6 +51,7 @@ void TeamSearchPage::connectSources()
     connect(hub, &Hub::signal_isConnected, this, showAnew);
     connect(hub, &Hub::signal_UpdateFrdHead, this, showAnew);
     connect(&PictureFiles::instance(), &PictureFiles::ready, this, showAnew);
+    connect(&CompanyNames::instance(), &CompanyNames::learned, this, showAnew);
 }
 
 void TeamSearchPage::setTeams(const QList<CVirtualTeamSimpleInfo> &teams)

@@ -1,6 +1,7 @@
 #include "virtualteam/teamservicetable.h"
 
 #include "http/jsonreader.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/teamrecordreader.h"
 
 namespace {
@@ -15,6 +16,26 @@ constexpr Field reason = [](const TeamArguments &a) { return a.reason; };
 constexpr Field decision = [](const TeamArguments &a) {
     return a.agrees ? QStringLiteral("1") : QStringLiteral("0");
 };
+
+// Many services tell a company by its code alone, some by its name as well.
+CVirtualTeamMemberInfo heard(const CVirtualTeamMemberInfo &member)
+{
+    CompanyNames::instance().learn(member.companyCode, member.companyName);
+    return member;
+}
+
+QList<CVirtualTeamMemberInfo> heard(const QList<CVirtualTeamMemberInfo> &members)
+{
+    CompanyNames::instance().learn(members);
+    return members;
+}
+
+CVirtualTeamInfo heard(const CVirtualTeamInfo &info)
+{
+    CompanyNames::instance().learn(info.companyCode, info.companyName);
+    CompanyNames::instance().learn(info.members);
+    return info;
+}
 
 // --- What several signals have in common ---------------------------------------------
 
@@ -62,7 +83,8 @@ const Operation::Service Operation::Service::SearchMember{
     "CHttpVirtualTeamOperation::slot_SearchMemberFinish()",
     &Operation::slot_SearchMemberFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
-        emit q.signal_SearchVirtualTeamMemberFinish(o.ok, o.code, TeamRecordReader::member(o.data));
+        emit q.signal_SearchVirtualTeamMemberFinish(o.ok, o.code,
+                                                    heard(TeamRecordReader::member(o.data)));
     },
     {{"key", entered}}};
 
@@ -98,7 +120,8 @@ const Operation::Service Operation::Service::CreateDetail{
     "CHttpVirtualTeamOperation::slot_GetVirtualTeamCreatDetailFinish()",
     &Operation::slot_GetVirtualTeamCreatDetailFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
-        emit q.signal_GetVirtualTeamCreatDetailFinish(o.ok, TeamRecordReader::detail(o.data));
+        emit q.signal_GetVirtualTeamCreatDetailFinish(o.ok,
+                                                      heard(TeamRecordReader::detail(o.data)));
     },
     {{"vtId", team}, {"member", people}}};
 
@@ -108,7 +131,7 @@ const Operation::Service Operation::Service::JoinDetail{
     "CHttpVirtualTeamOperation::slot_GetVirtualTeamJoinDetailFinish()",
     &Operation::slot_GetVirtualTeamJoinDetailFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
-        emit q.signal_GetVirtualTeamJoinDetailFinish(o.ok, TeamRecordReader::detail(o.data));
+        emit q.signal_GetVirtualTeamJoinDetailFinish(o.ok, heard(TeamRecordReader::detail(o.data)));
     },
     {{"vtId", team}}};
 
@@ -128,7 +151,7 @@ const Operation::Service Operation::Service::Structure{
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
         emit q.signal_GetVirtualTeamStructureFinish(o.ok, a.vtId, a.groupId,
                                                     TeamRecordReader::groups(o.data),
-                                                    TeamRecordReader::members(o.data));
+                                                    heard(TeamRecordReader::members(o.data)));
     },
     {{"vtId", team}, {"pgId", group}}};
 
@@ -202,7 +225,7 @@ const Operation::Service Operation::Service::MemberInfo{
     "CHttpVirtualTeamOperation::slot_GetVirtualTeamMemberInfoFinish()",
     &Operation::slot_GetVirtualTeamMemberInfoFinish,
     [](Operation &q, const TeamArguments &, const TeamOutcome &o) {
-        emit q.signal_GetVirtualTeamMemberInfoFinish(o.ok, TeamRecordReader::member(o.data));
+        emit q.signal_GetVirtualTeamMemberInfoFinish(o.ok, heard(TeamRecordReader::member(o.data)));
     },
     {{"vtId", team}, {"member", people}}};
 
@@ -223,7 +246,8 @@ const Operation::Service Operation::Service::FuzzySearch{
     "CHttpVirtualTeamOperation::slot_FuzzySearchVirtualTeamMemberFinish()",
     &Operation::slot_FuzzySearchVirtualTeamMemberFinish,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
-        emit q.signal_GetFuzzySearchFinish(o.ok, a.vtId, a.text, TeamRecordReader::members(o.data));
+        emit q.signal_GetFuzzySearchFinish(o.ok, a.vtId, a.text,
+                                           heard(TeamRecordReader::members(o.data)));
     },
     {{"vtId", team}, {"key", entered}}};
 
@@ -270,7 +294,8 @@ const Operation::Service Operation::Service::Members{
     "CHttpVirtualTeamOperation::slot_getVirtualTeamMembers()",
     &Operation::slot_getVirtualTeamMembers,
     [](Operation &q, const TeamArguments &a, const TeamOutcome &o) {
-        emit q.siganal_getVirtualTeamMembersFinish(a.vtId, TeamRecordReader::members(o.data), o.ok);
+        emit q.siganal_getVirtualTeamMembersFinish(a.vtId, heard(TeamRecordReader::members(o.data)),
+                                                   o.ok);
     },
     {{"vtId", team}}};
 

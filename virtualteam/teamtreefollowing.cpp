@@ -4,6 +4,7 @@
 #include "controls/avatarstore.h"
 #include "http/fileservices.h"
 #include "plugin/frienduisignalsender.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/cvirtualteamtreeview.h"
 #include "virtualteam/teamcommands.h"
 #include "virtualteam/teamtreemodel.h"
@@ -20,6 +21,7 @@ void CVirtualTeamTreeView::followHub()
     });
     connect(hub, &Hub::signal_isConnected, this, repaint);
     connect(&PictureFiles::instance(), &PictureFiles::ready, this, repaint);
+    connect(&CompanyNames::instance(), &CompanyNames::learned, this, repaint);
     connect(hub, &Hub::signal_addMembersToVirtualTeam, this,
             [this](const QString &vtId, const QStringList &userIds, int groupId) {
                 if (groupId < 0 || !m_model->teamIndex(vtId).isValid()) {

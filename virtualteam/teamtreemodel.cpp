@@ -8,7 +8,7 @@ namespace {
 
 TeamTreeNode *nodeOf(const QModelIndex &index)
 {
-    return static_cast<TeamTreeNode *>(index.internalPointer());
+    return TeamTreeId::node(index.internalId());
 }
 
 // The team or sub-group of a row: itself, or the one that it is in.
@@ -116,7 +116,9 @@ QModelIndex TeamTreeModel::memberIndex(const QString &vtId, const QString &userI
 
 TeamRowKind TeamTreeModel::kind(const QModelIndex &index) const
 {
-    return index.isValid() ? nodeOf(index)->kind : TeamRowKind::Empty;
+    if (!index.isValid())
+        return TeamRowKind::Empty;
+    return TeamTreeId::isMember(index.internalId()) ? TeamRowKind::Member : nodeOf(index)->kind;
 }
 
 CVirtualTeamSimpleInfo TeamTreeModel::team(const QModelIndex &index) const
@@ -184,20 +186,22 @@ QModelIndex TeamTreeModel::index(int row, int column, const QModelIndex &parent)
     if (column != 0 || row < 0 || row >= rowCount(parent))
         return QModelIndex();
     const TeamTreeBranch *branch = parent.isValid() ? branchOf(parent) : d->rows.root();
-    return createIndex(row, 0, branch->rows[size_t(row)]);
+    const TeamTreeNode *node = branch->rows[size_t(row)];
+    return createIndex(row, 0, TeamTreeId::of(node, branch->areMembers[size_t(row)]));
 }
 
 QModelIndex TeamTreeModel::parent(const QModelIndex &child) const
 {
     TeamTreeBranch *above = child.isValid() ? nodeOf(child)->above : nullptr;
-    return !above || above->isRoot() ? QModelIndex() : createIndex(above->row, 0, above);
+    return !above || above->isRoot() ? QModelIndex() : d->changes.index(above);
 }
 
 int TeamTreeModel::rowCount(const QModelIndex &parent) const
 {
     if (!parent.isValid())
         return int(d->rows.root()->rows.size());
-    const bool mayHave = parent.column() == 0 && nodeOf(parent)->isBranch();
+    const bool mayHave = parent.column() == 0 && !TeamTreeId::isMember(parent.internalId()) &&
+                         nodeOf(parent)->isBranch();
     return mayHave ? int(branchOf(parent)->rows.size()) : 0;
 }
 
@@ -209,8 +213,9 @@ int TeamTreeModel::columnCount(const QModelIndex &) const
 // There may be rows below until the service has told.
 bool TeamTreeModel::hasChildren(const QModelIndex &parent) const
 {
-    return rowCount(parent) > 0 || (parent.isValid() && nodeOf(parent)->isBranch() &&
-                                    branchOf(parent)->state == TeamChildren::NotAsked);
+    return rowCount(parent) > 0 ||
+           (parent.isValid() && kind(parent) != TeamRowKind::Member && nodeOf(parent)->isBranch() &&
+            branchOf(parent)->state == TeamChildren::NotAsked);
 }
 
 Qt::ItemFlags TeamTreeModel::flags(const QModelIndex &index) const

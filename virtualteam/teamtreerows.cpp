@@ -32,8 +32,11 @@ int TeamTreeBranch::level() const
 
 void TeamTreeBranch::renumber(size_t from)
 {
-    for (size_t i = from; i < rows.size(); ++i)
+    areMembers.resize(rows.size());
+    for (size_t i = from; i < rows.size(); ++i) {
         rows[i]->row = int(i);
+        areMembers[i] = rows[i]->isMember();
+    }
 }
 
 TeamTreeRows::TeamTreeRows() : m_root(TeamRowKind::Team)
@@ -131,6 +134,7 @@ void TeamTreeRows::clear()
     for (const TeamTreeNode *node : m_root.rows)
         delete node;
     m_root.rows.clear();
+    m_root.areMembers.clear();
     m_root.branches.clear();
     m_people.clear();
 }

@@ -42,6 +42,23 @@ struct TeamTreeNode
     TeamTreeBranch *above = nullptr; // null before the views know of the row
 };
 
+// The internal ids of model indexes: a node, and whether it is a member, so that a view
+// that lays out thousands of them need not look at each.
+namespace TeamTreeId {
+inline quintptr of(const TeamTreeNode *node, bool isMember)
+{
+    return reinterpret_cast<quintptr>(node) | quintptr(isMember);
+}
+inline bool isMember(quintptr id)
+{
+    return id & 1;
+}
+inline TeamTreeNode *node(quintptr id)
+{
+    return reinterpret_cast<TeamTreeNode *>(id & ~quintptr(1));
+}
+} // namespace TeamTreeId
+
 struct TeamTreeMember : TeamTreeNode
 {
     TeamTreeMember() : TeamTreeNode(TeamRowKind::Member) {}
@@ -73,6 +90,7 @@ struct TeamTreeBranch : TeamTreeNode
     int order = 0;        // among its siblings, as the service lists them
     TeamTreeBranch *team = nullptr;
     std::vector<TeamTreeNode *> rows;          // owned
+    std::vector<quint8> areMembers;            // of each row, kept by renumber()
     QHash<QString, TeamTreeBranch *> branches; // of the root its teams, of a team all sub-groups
 };
 

@@ -10,7 +10,9 @@ constexpr int MaximumRuns = 32;
 
 QModelIndex TeamTreeChanges::index(TeamTreeNode *node) const
 {
-    return node && node->above ? m_model->createIndex(node->row, 0, node) : QModelIndex();
+    if (!node || !node->above)
+        return QModelIndex();
+    return m_model->createIndex(node->row, 0, TeamTreeId::of(node, node->isMember()));
 }
 
 // One range for each branch with changed rows.
@@ -197,7 +199,7 @@ void TeamTreeChanges::reorder(std::vector<Order> orders)
     QModelIndexList after;
     after.reserve(before.size());
     for (const QModelIndex &old : before)
-        after.append(index(static_cast<TeamTreeNode *>(old.internalPointer())));
+        after.append(index(TeamTreeId::node(old.internalId())));
     m_model->changePersistentIndexList(before, after);
     emit m_model->layoutChanged(parents, QAbstractItemModel::VerticalSortHint);
 }

@@ -1,8 +1,8 @@
 #include "virtualteam/teamtreetexts.h"
 
-#include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/presencetext.h"
+#include "virtualteam/companynames.h"
 
 QString TeamTreeTexts::roleText(int role)
 {
@@ -18,10 +18,7 @@ QString TeamTreeTexts::countText(int members)
 
 QString TeamTreeTexts::foreignCompany(const CVirtualTeamMemberInfo &member)
 {
-    const QString own = ctx().companyCode();
-    if (own.isEmpty() || member.companyCode.isEmpty() || member.companyCode == own)
-        return QString();
-    return displayText(member.companyName.isEmpty() ? member.companyCode : member.companyName);
+    return displayText(CompanyNames::instance().foreign(member));
 }
 
 QVariant TeamTreeTexts::member(const TeamTreeMember &member, int role)

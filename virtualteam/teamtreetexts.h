@@ -15,8 +15,7 @@ QVariant placeholder(TeamRowKind kind, int role);
 QString roleText(int role);
 // Empty for an unknown number.
 QString countText(int members);
-// The company of people of another one than the user's; its code when the service
-// tells no name.
+// The company of people of another one than the user's, once its name is known.
 QString foreignCompany(const CVirtualTeamMemberInfo &member);
 
 } // namespace TeamTreeTexts

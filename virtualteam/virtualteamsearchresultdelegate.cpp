@@ -37,7 +37,8 @@ void VirtualTeamSearchResultDelegate::paint(QPainter *painter, const QStyleOptio
                faded);
     if (hasPresence)
         row.presence(presence);
-    row.textAtRight(index.data(TeamHitRole::Mobile).toString());
-    row.texts(name, index.data(TeamHitRole::Second).toString(), faded);
+    row.textAtRight(index.data(TeamHitRole::Beside).value<MarkedText>());
+    row.texts(index.data(TeamHitRole::MarkedName).value<MarkedText>(),
+              index.data(TeamHitRole::Second).toString(), faded);
     painter->restore();
 }

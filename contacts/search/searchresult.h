@@ -5,9 +5,6 @@
 #include "hostapi/rosterrecords.h"
 #include "http/orgrecords.h"
 
-#include <QPair>
-#include <QVector>
-
 struct SearchResult
 {
     SearchEntry entry;
@@ -30,13 +27,3 @@ SearchResult department(const OrgElement &element);
 bool mayBeSeen(const SearchEntry &entry);
 
 } // namespace SearchResults
-
-// A stretch of a text to highlight: where it begins and how long it is.
-using SearchMark = QPair<int, int>;
-using SearchMarks = QVector<SearchMark>;
-
-struct MarkedText
-{
-    QString text;
-    SearchMarks marks;
-};

@@ -1,8 +1,8 @@
 #include "contacts/search/searchresultdelegate.h"
 
-#include "contacts/search/markedline.h"
 #include "contacts/search/searchresultmodel.h"
 #include "controls/avatarstore.h"
+#include "controls/markedline.h"
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
 #include "controls/skin.h"

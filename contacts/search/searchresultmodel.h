@@ -6,6 +6,7 @@
 #include "common/textmatch.h"
 #include "contacts/search/searchindex.h"
 #include "contacts/search/searchresult.h"
+#include "controls/markedline.h"
 
 #include <QAbstractListModel>
 #include <QHash>

@@ -1,6 +1,7 @@
 #include "controls/skin.h"
 #include "controls/skinmenu.h"
 #include "plugin/frienduisignalsender.h"
+#include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
 #include <QTranslator>
@@ -36,6 +37,27 @@ private slots:
         QFETCH(QString, text);
         QFETCH(QColor, color);
         QCOMPARE(Skin::color(text, QColor(1, 2, 3)), color);
+    }
+
+    void separatorsCanBeSeen_data()
+    {
+        const Rows<QString> row{"skin"};
+        row("light", QString());
+        row("dark", QStringLiteral("dark"));
+    }
+    void separatorsCanBeSeen()
+    {
+        QFETCH(QString, skin);
+        setSkin(skin);
+        SkinMenu menu(QStringLiteral("menu"), nullptr);
+        menu.addKey("one");
+        QAction *separator = menu.addSeparator();
+        menu.addKey("two");
+        menu.resize(menu.sizeHint());
+        const QImage picture = menu.grab().toImage();
+        const QRect area = menu.actionGeometry(separator);
+        QVERIFY(contrast(picture.pixelColor(area.center()), Skin::instance().colors().background) >
+                1.5);
     }
 
     void followsTheHost()

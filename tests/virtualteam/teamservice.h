@@ -11,6 +11,7 @@
 #include "tests/support/fakehost.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/files.h"
+#include "virtualteam/companynames.h"
 
 #include <QTemporaryDir>
 
@@ -30,7 +31,11 @@ public:
         writeFile(folder.filePath(QStringLiteral("allurl.ini")), ini);
         server.replyElsewhere([](const FakeRequest &) { return reply("{}"); });
     }
-    ~TeamService() { TipBox::setNextAnswers(TipBox::ShowBox); }
+    ~TeamService()
+    {
+        TipBox::setNextAnswers(TipBox::ShowBox);
+        CompanyNames::instance().clear();
+    }
 
     static QByteArray path(const char *name) { return QByteArray("/center/vt/") + name + ".do"; }
     static FakeReply reply(const QByteArray &data, int code = 0)

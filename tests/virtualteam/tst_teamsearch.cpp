@@ -334,7 +334,8 @@ private slots:
         QCOMPARE(m.row(), 1);
         QCOMPARE(m.data(TeamRowRole::Name).toString(), QStringLiteral("<b>x</b> (Real)"));
         QCOMPARE(m.data(TeamHitRole::Second).toString(), QString::fromUtf8("Team 1 · Co & <i>"));
-        QCOMPARE(m.data(TeamHitRole::Mobile).toString(), QStringLiteral("138-0000 1234"));
+        QCOMPARE(m.data(TeamHitRole::Beside).value<MarkedText>().text,
+                 QStringLiteral("138-0000 1234"));
         QVERIFY(!m.data(Qt::ToolTipRole).toString().contains(QLatin1String("<b>")));
     }
 

@@ -4,6 +4,7 @@
 #include "controls/searchbox.h"
 #include "controls/statepage.h"
 #include "controls/tipbox.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/dialogs/dialogbar.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/memberchoicemodel.h"
@@ -103,6 +104,7 @@ void CSetAdministrator::arrived(bool ok, int code, const QList<CVirtualTeamMembe
                 m_before.insert(member.userId);
         }
         m_list->setMembers(members);
+        CompanyNames::instance().find(m_team.vtId, members);
     } else if (m_state != State::Loaded) {
         m_state = State::Failed;
     }

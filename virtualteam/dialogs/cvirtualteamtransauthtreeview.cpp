@@ -4,6 +4,7 @@
 #include "common/logging.h"
 #include "controls/typefinder.h"
 #include "plugin/frienduisignalsender.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/dialogs/cvirtualteamtransauthtreedelegate.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teamtreemodel.h"
@@ -230,6 +231,8 @@ void CVirtualTeamTransAuthTreeView::arrived(const QString &groupId,
     m_teams->setLevel(m_vtId, groupId, groups,
                       wantsMembers ? members : QList<CVirtualTeamMemberInfo>());
     learnPlace(groupId, members);
+    if (wantsMembers)
+        CompanyNames::instance().find(m_vtId, members);
     emit choiceChanged();
 }
 

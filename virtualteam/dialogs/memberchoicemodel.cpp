@@ -26,9 +26,11 @@ QString whoIs(const CVirtualTeamMemberInfo &member)
 
 QString spokenText(const MemberChoice &choice)
 {
-    const QString role = TeamTreeTexts::roleText(choice.member.role);
-    const QString name = ::displayText(choice.member.shownName());
-    return role.isEmpty() ? name : name + QLatin1String(", ") + role;
+    QStringList parts{::displayText(choice.member.shownName()),
+                      TeamTreeTexts::roleText(choice.member.role),
+                      TeamTreeTexts::foreignCompany(choice.member)};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -134,7 +136,7 @@ QVariant MemberChoiceModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Duty:
         return ::displayText(member.duty);
     case TeamRowRole::Company:
-        return ::displayText(member.companyName);
+        return TeamTreeTexts::foreignCompany(member);
     case TeamRowRole::Checked:
         return choice.checked;
     case TeamRowRole::Kind:

@@ -1,6 +1,7 @@
 #include "virtualteam/dialogs/memberlistmodel.h"
 
 #include "common/displaytext.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/teamroles.h"
 
 #include <QSet>
@@ -18,7 +19,7 @@ QString originOf(const CVirtualTeamMemberInfo &member)
 {
     QStringList parts;
     for (const QString &part :
-         {member.companyName,
+         {CompanyNames::instance().of(member),
           member.employeeCode.isEmpty() ? member.mobile : member.employeeCode}) {
         const QString shown = displayText(part);
         if (!shown.isEmpty())

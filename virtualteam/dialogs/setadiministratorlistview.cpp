@@ -2,6 +2,7 @@
 
 #include "controls/typefinder.h"
 #include "http/fileservices.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/dialogs/memberchoicemodel.h"
 #include "virtualteam/dialogs/setadminlistdelegate.h"
 #include "virtualteam/teamroles.h"
@@ -19,6 +20,8 @@ SetAdiministratorListView::SetAdiministratorListView(QWidget *parent)
     setAccessibleName(QObject::tr("setAdmin"));
     connect(this, &QTreeView::clicked, this, &SetAdiministratorListView::toggle);
     connect(&PictureFiles::instance(), &PictureFiles::ready, viewport(),
+            QOverload<>::of(&QWidget::update));
+    connect(&CompanyNames::instance(), &CompanyNames::learned, viewport(),
             QOverload<>::of(&QWidget::update));
 }
 

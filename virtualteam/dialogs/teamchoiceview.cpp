@@ -1,6 +1,7 @@
 #include "virtualteam/dialogs/teamchoiceview.h"
 
 #include "http/fileservices.h"
+#include "virtualteam/companynames.h"
 #include "virtualteam/teamroles.h"
 
 #include <QEvent>
@@ -13,6 +14,8 @@ TeamChoiceView::TeamChoiceView(QAbstractItemModel *model, QWidget *parent)
     connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &TeamChoiceView::choiceChanged);
     connect(&PictureFiles::instance(), &PictureFiles::ready, viewport(),
+            QOverload<>::of(&QWidget::update));
+    connect(&CompanyNames::instance(), &CompanyNames::learned, viewport(),
             QOverload<>::of(&QWidget::update));
 }
 

@@ -1,4 +1,4 @@
-#include "contacts/search/markedline.h"
+#include "controls/markedline.h"
 
 #include "controls/skin.h"
 

@@ -2,13 +2,26 @@
 // painting. All widths are device-independent pixels.
 #pragma once
 
-#include "contacts/search/searchresult.h"
-
 #include <QFont>
 #include <QFontMetrics>
+#include <QMetaType>
+#include <QPair>
+#include <QString>
+#include <QVector>
 
 class QPainter;
 class QRect;
+
+// A stretch of a text to highlight: where it begins and how long it is.
+using SearchMark = QPair<int, int>;
+using SearchMarks = QVector<SearchMark>;
+
+struct MarkedText
+{
+    QString text;
+    SearchMarks marks;
+};
+Q_DECLARE_METATYPE(MarkedText)
 
 class MarkedLine
 {

@@ -1,5 +1,5 @@
 // What of a line is left where it does not fit.
-#include "contacts/search/markedline.h"
+#include "controls/markedline.h"
 
 #include "controls/skin.h"
 #include "tests/support/testrunner.h"
