@@ -4,6 +4,18 @@
 #include "common/displaytext.h"
 #include "controls/presencetext.h"
 
+namespace {
+// The company of people of another one than the user's; its code when the service tells
+// no name.
+QString foreignCompany(const CVirtualTeamMemberInfo &member)
+{
+    const QString own = ctx().companyCode();
+    if (own.isEmpty() || member.companyCode.isEmpty() || member.companyCode == own)
+        return QString();
+    return displayText(member.companyName.isEmpty() ? member.companyCode : member.companyName);
+}
+} // namespace
+
 QString TeamTreeTexts::roleText(int role)
 {
     if (role == TeamRole::Owner)
@@ -14,14 +26,6 @@ QString TeamTreeTexts::roleText(int role)
 QString TeamTreeTexts::countText(int members)
 {
     return members > 0 ? QObject::tr("teamMemberCount").arg(members) : QString();
-}
-
-QString TeamTreeTexts::foreignCompany(const CVirtualTeamMemberInfo &member)
-{
-    const QString own = ctx().companyCode();
-    if (own.isEmpty() || member.companyCode.isEmpty() || member.companyCode == own)
-        return QString();
-    return displayText(member.companyName.isEmpty() ? member.companyCode : member.companyName);
 }
 
 QVariant TeamTreeTexts::member(const TeamTreeMember &member, int role)

@@ -15,8 +15,5 @@ QVariant placeholder(TeamRowKind kind, int role);
 QString roleText(int role);
 // Empty for an unknown number.
 QString countText(int members);
-// The company of people of another one than the user's; its code when the service
-// tells no name.
-QString foreignCompany(const CVirtualTeamMemberInfo &member);
 
 } // namespace TeamTreeTexts
