@@ -363,6 +363,17 @@ private slots:
         QTEST(told, "told");
     }
 
+    // The current row was taken out of the selection again.
+    void keysOfOtherRowsThanTheCurrent()
+    {
+        const MenusFixture tree(Owner);
+        tree.select(QStringLiteral("u5 u2 u4"));
+        tree.tree->selectionModel()->select(tree.row(QStringLiteral("u5")),
+                                            QItemSelectionModel::Deselect);
+        QTest::keyClick(tree.tree.get(), Qt::Key_Delete);
+        QCOMPARE(TipBox::lastText(), QString::fromUtf8("确定批量删除成员吗？"));
+    }
+
     void keysOfNoRow()
     {
         const MenusFixture tree(Owner);
