@@ -87,9 +87,8 @@ public:
         texts(MarkedText{first, {}}, second, faded);
     }
 
-    // For what only one list paints: the avatar's place, and the part of the row that
-    // nothing was painted on yet, the latter not mirrored for right-to-left.
-    QRect avatarArea() const { return m_avatar; }
+    // For what only one list paints: the part of the row that nothing was painted on yet,
+    // not mirrored for right-to-left.
     QRect rest() const { return m_left; }
 
     static void drawPresence(QPainter *painter, const QRectF &area, const PresenceData &presence);

@@ -27,11 +27,11 @@ public:
     TeamTreeModel *teams() const { return m_model; }
     TeamCommands *commands() const { return m_commands; }
 
-    // Opens a team and shows its row, or the row of one of its members once its level
-    // is there.
+    // Opens a team and shows its row.
     void expandTeam(const QString &vtId);
-    // The levels of a team that are open, as team and group, to be loaded again. What
-    // is loaded of the closed ones is asked for again when they are opened next.
+    // The levels of a team that are open, as team and group, to be loaded again by the
+    // caller. What is loaded of the closed ones expires: it is asked for when they are
+    // opened next.
     QList<QPair<QString, QString>> openLevels(const QString &vtId);
 
 signals:

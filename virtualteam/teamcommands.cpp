@@ -92,7 +92,7 @@ void TeamCommands::failed(const Operation *operation, const QString &text, QWidg
 void TeamCommands::checkOutdated(const Operation *operation)
 {
     const int code = operation->resultCode();
-    if (code < TeamCode::Unknown || code > TeamCode::Blocked)
+    if (code != TeamCode::Unknown && code != TeamCode::NotAllowed && code != TeamCode::Blocked)
         return;
     const QString vtId = operation->vtId();
     emit teamsChanged();

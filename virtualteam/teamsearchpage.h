@@ -25,7 +25,6 @@ public:
     void setText(const QString &text); // empty: ends the search
 
     VirtualTeamSearchResultListView *view() const { return m_view; }
-    TeamSearch *search() const { return m_search; }
 
 protected:
     void changeEvent(QEvent *event) override;
