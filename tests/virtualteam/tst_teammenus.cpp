@@ -192,9 +192,11 @@ private slots:
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QCOMPARE(opened().size(), 0);
         tree.service.setOnline(true);
-        for (int i = 0; i < 2; ++i)
-            tree.choose(rows, key.constData());
+        tree.choose(rows, key.constData());
+        opened().first()->showMinimized();
+        tree.choose(rows, key.constData());
         QCOMPARE(opened().size(), 1);
+        QVERIFY(!opened().first()->isMinimized());
         QVERIFY(opened().first()->inherits(dialog.constData()));
         opened().first()->reject();
         tree.choose(rows, key.constData()); // before the closed one has gone
