@@ -22,6 +22,10 @@ void CVirtualTeamTreeView::followHub()
     connect(&PictureFiles::instance(), &PictureFiles::ready, this, repaint);
     connect(hub, &Hub::signal_addMembersToVirtualTeam, this,
             [this](const QString &vtId, const QStringList &userIds, int groupId) {
+                if (groupId < 0 || !m_model->teamIndex(vtId).isValid()) {
+                    LOG_ERROR("item is null");
+                    return;
+                }
                 m_commands->addPicked(vtId, QString::number(groupId), userIds);
                 emit signal_addMembersToVirtualTeam(vtId, userIds, groupId);
             });

@@ -299,6 +299,21 @@ private slots:
         QCOMPARE(f.service.count(kind.detailService()), 2);
     }
 
+    void newsByTheThousand()
+    {
+        const Kind kind{true};
+        F f;
+        const auto window = kind.openLoaded(&f);
+        f.hold(kind.detailService(), detail());
+        for (int i = 0; i < 10000; ++i)
+            emit FriendUISignalSender::instance()->signal_refresh_virtualTeam(QStringLiteral("7"));
+        QTRY_COMPARE(f.service.count(kind.detailService()), 2);
+        f.service.answer(kind.detailService(), detail(R"("audited":true,)"));
+        f.service.server.release();
+        QTRY_COMPARE(F::text(window, "markText"), QStringLiteral("teamDecided"));
+        QCOMPARE(f.service.count(kind.detailService()), 3);
+    }
+
     // --- One window per request -----------------------------------------------------------
 
     void oneWindowPerKey_data() { bothKinds(); }

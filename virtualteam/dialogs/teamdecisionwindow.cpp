@@ -9,6 +9,7 @@
 #include "virtualteam/dialogs/teamdecisionbody.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
+#include "virtualteam/teamuser.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -48,13 +49,15 @@ TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, const char *personKe
     connect(m_failed, &StatePage::buttonClicked, this, &TeamDecisionWindow::retry);
     connect(m_body, &TeamDecisionBody::decided, this, &TeamDecisionWindow::decide);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
+    whenUserLeaves(this, [this] { reject(); });
     using Hub = FriendUISignalSender;
-    connect(Hub::instance(), &Hub::signal_logout, this, &QDialog::reject);
     // Somebody else may have decided.
     connect(Hub::instance(), &Hub::signal_refresh_virtualTeam, this,
             [this](const QString &changed) {
-                if (changed == m_vtId && m_isShown && !m_deciding && m_body->isOpen() && isOnline())
-                    request();
+                if (changed != m_vtId)
+                    return;
+                m_isOutdated = true;
+                followTeam();
             });
 }
 
@@ -72,8 +75,17 @@ void TeamDecisionWindow::retry()
         load();
 }
 
+// News come by the thousand: they are one request, and one more for those that came
+// while it ran.
+void TeamDecisionWindow::followTeam()
+{
+    if (m_isOutdated && m_isShown && !m_request && !m_deciding && m_body->isOpen() && isOnline())
+        request();
+}
+
 void TeamDecisionWindow::request()
 {
+    m_isOutdated = false;
     m_request = new CHttpVirtualTeamOperation(this);
     connect(m_request, m_detailSignal, this,
             [this, operation = m_request](bool ok, const CVirtualTeamInfo &info) {
@@ -81,6 +93,7 @@ void TeamDecisionWindow::request()
                     return;
                 m_request = nullptr;
                 detailArrived(ok, operation->resultCode(), info);
+                followTeam();
             });
     requestDetail(m_request);
 }
@@ -169,5 +182,6 @@ void TeamDecisionWindow::decided(bool ok, bool agreed, int code)
     if (code == TeamCode::Unknown)
         m_body->setOutcome(TeamDecisionBody::Gone);
     else
-        TipBox::tell(this, TeamMessages::failed());
+        TeamMessages::tell(this, TeamMessages::failed());
+    followTeam();
 }
