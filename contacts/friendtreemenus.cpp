@@ -285,6 +285,7 @@ void FriendTreeView::runDrag()
     if (m_drag || !(QGuiApplication::mouseButtons() & Qt::LeftButton))
         return;
     m_drag = new MyDrag(this);
+    m_drag->showPeople(currentIndex().data().toString(), m_dragItems.size());
     connect(m_drag, &MyDrag::signal_dropEnd, this, &FriendTreeView::slot_dropend);
     updateHold();
     const QPointer<FriendTreeView> alive(this);

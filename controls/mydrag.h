@@ -15,6 +15,9 @@ public:
     // `source` is the view.
     explicit MyDrag(QWidget *source);
 
+    // What goes along with the pointer: one of the people, and how many they are.
+    void showPeople(const QString &name, int count);
+
     // Runs the drag until it ends and tells the outcome. Deletes itself later.
     void run();
 

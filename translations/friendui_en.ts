@@ -296,7 +296,7 @@
     </message>
     <message>
         <source>deleteTeamGroupTip</source>
-        <translation>Delete this group?</translation>
+        <translation>Delete this group? Its sub-groups and all members in them leave the team.</translation>
     </message>
     <message>
         <source>deleteTeamMembers</source>

@@ -296,7 +296,7 @@
     </message>
     <message>
         <source>deleteTeamGroupTip</source>
-        <translation>确定删除该分组吗？</translation>
+        <translation>确定删除该分组吗？其中的子分组和成员将一并移出团队。</translation>
     </message>
     <message>
         <source>deleteTeamMembers</source>

@@ -46,6 +46,8 @@ void CVirtualTeamTreeView::runDrag()
     if (m_drag || !(QGuiApplication::mouseButtons() & Qt::LeftButton))
         return;
     m_drag = new MyDrag(this);
+    const QModelIndex first = m_model->memberIndex(m_dragTeam, m_dragMembers.value(0));
+    m_drag->showPeople(first.data().toString(), m_dragMembers.size());
     connect(m_drag, &MyDrag::signal_dropEnd, this, &CVirtualTeamTreeView::dropEnded);
     updateHold();
     const QPointer<CVirtualTeamTreeView> alive(this);
