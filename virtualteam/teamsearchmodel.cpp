@@ -3,7 +3,6 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "controls/presencetext.h"
-#include "virtualteam/memberpicture.h"
 
 #include <algorithm>
 
@@ -159,13 +158,11 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Id:
         return member.userId;
     case TeamRowRole::Photo:
-        return memberPicture(member.userId, member.photoName);
+        return member.photoName;
     case TeamRowRole::Role:
         return member.role;
     case TeamRowRole::Presence:
         return QVariant::fromValue(presenceOf(member));
-    case TeamHitRole::HasPresence:
-        return isOnline();
     case TeamRowRole::SortKey:
         return index.row();
     case TeamRowRole::Duty:
@@ -174,8 +171,6 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
         return displayText(member.companyName);
     case TeamRowRole::Kind:
         return int(TeamRowKind::Member);
-    case TeamHitRole::TeamName:
-        return m_teams.value(hit.vtId).name;
     case TeamHitRole::Second:
         return secondLine(hit);
     case TeamHitRole::Mobile:

@@ -15,10 +15,8 @@
 namespace TeamHitRole {
 enum Role // besides those of TeamRowRole
 {
-    TeamName = 267, // a display text
-    Second = 268,   // the second line: where the person was found
-    Mobile = 269,   // the number, when it was what was typed
-    HasPresence = 270
+    Second = 267, // the second line: where the person was found
+    Mobile = 268  // the number, when it was what was typed
 };
 }
 

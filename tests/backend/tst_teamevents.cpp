@@ -76,7 +76,7 @@ private slots:
         qint64 begun = m_world.lastEvent(TeamWorld::Owner);
         m_world.code(TeamWorld::Owner, settings, "approval=1");
         const TeamAnswer made = m_world.call(TeamWorld::Owner, "createVirtualTeam",
-                                             "members=u000011,x000004&vtName=w&reason=r");
+                                             "members=u000011,x000004,x000003&vtName=w&reason=r");
         const QString team = QString::fromStdString(made.data["vtId"].asString());
         const QString audit = "audit " + team + " u000010";
         const QString join = "join " + team + " u000010";

@@ -226,11 +226,24 @@ private slots:
         QCOMPARE(f.service.boxes(), 0);
     }
 
+    void theTeamHasGone_data() { bothKinds(); }
+    void theTeamHasGone()
+    {
+        QFETCH(bool, joins);
+        const Kind kind{joins};
+        F f;
+        const auto window = kind.openLoaded(&f);
+        f.service.answer(kind.decisionService(), "{}", 10001);
+        F::button(window, "agree")->click();
+        QTRY_COMPARE(F::text(window, "markText"), QStringLiteral("teamRequestGone"));
+        QVERIFY(!buttonsShown(window) && !markShown(window));
+        QCOMPARE(f.service.boxes(), 0);
+    }
+
     void aFailedDecisionIsTriedAgain_data()
     {
         const Rows<bool, int, QString> row{"online", "code", "told"};
         row("offline", false, 0, "notexecuteoperation");
-        row("10001", true, 10001, "teamChangeFailed");
         row("10002", true, 10002, "teamChangeFailed");
         row("other", true, 1, "teamChangeFailed");
     }

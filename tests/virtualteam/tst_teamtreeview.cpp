@@ -263,6 +263,24 @@ private slots:
         QCOMPARE(reloads.size(), 2);
     }
 
+    void newGroupOfAClosedGroup()
+    {
+        for (const bool goesOn : {false, true}) {
+            TeamTreeFixture tree;
+            tree.view->setExpanded(tree.group("0"), true);
+            tree.level("0", "G", "u1#");
+            tree.select(tree.group("G"));
+            emit tree.view->commands()->groupAdded(TeamTreeFixture::T(), QStringLiteral("G"),
+                                                   QStringLiteral("K"), QStringLiteral("K"));
+            TeamTreeFixture::settle();
+            if (goesOn)
+                tree.select(tree.member("u1"));
+            tree.level("G", "J K", "");
+            QCOMPARE(tree.rowText(), QStringLiteral("T G J K u1 S"));
+            QCOMPARE(tree.current(), goesOn ? QStringLiteral("u1") : QStringLiteral("K"));
+        }
+    }
+
     void deletionOfWhoHasGone()
     {
         TeamTreeFixture tree;

@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "controls/statepage.h"
+#include "controls/tipbox.h"
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/teamdecisionbody.h"
@@ -91,18 +92,21 @@ void TeamDecisionWindow::request()
                 if (operation != m_request)
                     return;
                 m_request = nullptr;
-                detailArrived(ok, info);
+                detailArrived(ok, operation->resultCode(), info);
                 followTeam();
             });
     requestDetail(m_request);
 }
 
-void TeamDecisionWindow::detailArrived(bool ok, const CVirtualTeamInfo &info)
+void TeamDecisionWindow::detailArrived(bool ok, int code, const CVirtualTeamInfo &info)
 {
     if (!ok) {
         LOG_ERROR("the detail of team " << logText(m_vtId) << " could not be loaded");
         // What is shown already stays.
-        if (!m_isShown) {
+        if (m_isShown) {
+            if (code == TeamCode::Unknown && m_body->isOpen())
+                m_body->setOutcome(TeamDecisionBody::Gone);
+        } else {
             m_pages->setCurrentWidget(m_failed);
             m_failed->findChild<QPushButton *>()->setFocus();
         }
@@ -155,7 +159,7 @@ void TeamDecisionWindow::decide(bool agree)
                 if (ok && agreed)
                     emit FriendUISignalSender::instance()->signal_refresh_virtualTeam(vtId);
                 if (!ok && (!window || window->m_isClosed))
-                    TeamMessages::tell(nullptr, TeamMessages::failed());
+                    TipBox::tell(nullptr, TeamMessages::failed());
             });
     sendDecision(operation, agree);
 }
@@ -175,6 +179,9 @@ void TeamDecisionWindow::decided(bool ok, bool agreed, int code)
         request(); // for what else has changed
         return;
     }
-    TeamMessages::tell(this, TeamMessages::failed());
+    if (code == TeamCode::Unknown)
+        m_body->setOutcome(TeamDecisionBody::Gone);
+    else
+        TeamMessages::tell(this, TeamMessages::failed());
     followTeam();
 }

@@ -43,7 +43,7 @@ private:
     void retry();
     void followTeam();
     void request();
-    void detailArrived(bool ok, const CVirtualTeamInfo &info);
+    void detailArrived(bool ok, int code, const CVirtualTeamInfo &info);
     void decide(bool agree);
     void decided(bool ok, bool agreed, int code);
 
