@@ -4,6 +4,7 @@
 #include <QMap>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <cstdio>
 #include <memory>
@@ -47,6 +48,9 @@ int runTestClasses(int argc, char **argv)
         const std::unique_ptr<QObject> test(at.value()());
         failed += QTest::qExec(test.get(), arguments) == 0 ? 0 : 1;
     }
+    // As an application ends: what still runs is told.
+    QTimer::singleShot(0, &app, &QCoreApplication::quit);
+    QApplication::exec();
     return failed;
 }
 
