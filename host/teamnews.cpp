@@ -8,6 +8,7 @@
 #include "host/windows/notices.h"
 #include "hostapi/eventcodes.h"
 
+#include <QEvent>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -53,7 +54,16 @@ TeamNews::TeamNews(const Parts &parts, QObject *parent) : QObject(parent), m_par
         if (kind == Notice::TeamRequest)
             open(id);
     });
+    parts.notices->installEventFilter(this);
     follow();
+}
+
+// What is listed is said anew in the other language.
+bool TeamNews::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::LanguageChange)
+        listAll(m_requests.values());
+    return QObject::eventFilter(watched, event);
 }
 
 void TeamNews::follow()

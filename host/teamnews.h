@@ -33,6 +33,9 @@ public:
     // None of the parts is owned; all outlive this object.
     explicit TeamNews(const Parts &parts, QObject *parent = nullptr);
 
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
 private:
     void follow();
     void list(const TeamRequest &request);

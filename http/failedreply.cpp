@@ -7,9 +7,9 @@ FailedReply::FailedReply(const QNetworkRequest &request, QNetworkAccessManager::
     setRequest(request);
     setUrl(request.url());
     setOperation(operation);
+    open(QIODevice::ReadOnly); // first: it forgets the text of an error
     setError(error, text);
     setFinished(true);
-    open(QIODevice::ReadOnly);
 }
 
 qint64 FailedReply::readData(char *, qint64)

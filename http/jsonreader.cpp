@@ -43,6 +43,34 @@ bool isWhole(double number)
     return std::abs(number) <= limit && std::trunc(number) == number;
 }
 
+// The kind of the surrogate that is escaped at a place: 'h' or 'l'; 0 for anything else.
+char surrogateAt(const QByteArray &text, int at)
+{
+    if (text.mid(at, 2) != "\\u")
+        return 0;
+    const ushort unit = text.mid(at + 2, 4).toUShort(nullptr, 16);
+    return QChar::isHighSurrogate(unit) ? 'h' : QChar::isLowSurrogate(unit) ? 'l' : 0;
+}
+
+// The parser refuses the whole reply for half a pair, which a service leaves where it
+// has cut somebody's name.
+QByteArray withoutHalfPairs(QByteArray text)
+{
+    constexpr int Escape = 6; // bytes
+    for (int at = text.indexOf('\\'); at >= 0; at = text.indexOf('\\', at)) {
+        const char kind = surrogateAt(text, at);
+        if (kind == 'h' && surrogateAt(text, at + Escape) == 'l') {
+            at += 2 * Escape;
+        } else if (kind) {
+            text.replace(at, Escape, "\\ufffd");
+            at += Escape;
+        } else {
+            at += 2;
+        }
+    }
+    return text;
+}
+
 bool parseText(const QByteArray &text, Json::Value *root, std::string *error)
 {
     Json::CharReaderBuilder builder;
@@ -63,6 +91,8 @@ bool JsonReader::parse(const QByteArray &utf8, Json::Value *root, QString *error
     bool ok = false;
     try {
         ok = parseText(text, root, &reason);
+        if (!ok && text.contains("\\u"))
+            ok = parseText(withoutHalfPairs(text), root, &reason);
         if (ok && !root->isObject()) {
             ok = false;
             reason = "not an object";

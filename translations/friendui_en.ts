@@ -1207,6 +1207,10 @@
         <translation>Declined</translation>
     </message>
     <message>
+        <source>teamRequestGone</source>
+        <translation>This request does not exist any more.</translation>
+    </message>
+    <message>
         <source>teamSubAdministrator</source>
         <translation>Sub-admin</translation>
     </message>

@@ -1207,6 +1207,10 @@
         <translation>已拒绝</translation>
     </message>
     <message>
+        <source>teamRequestGone</source>
+        <translation>该申请已不存在。</translation>
+    </message>
+    <message>
         <source>teamSubAdministrator</source>
         <translation>子管理员</translation>
     </message>

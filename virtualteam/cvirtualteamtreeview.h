@@ -96,6 +96,7 @@ private:
     void refreshTeam(const QString &vtId);
     void groupAdded(const QString &vtId, const QString &pgId, const QString &groupId,
                     const QString &name);
+    void revealAdded();
 
     // --- Drag and drop: teamtreedrag.cpp -----------------------------------------------
     void runDrag();
@@ -110,6 +111,7 @@ private:
     void openSettingMenu(const QModelIndex &team, const QPoint &position);
     // What Delete and F2 do with the selection; false: the key means nothing here.
     bool runKey(int key);
+    QModelIndex rowOfKeys() const;
     void openChatWith(const QModelIndex &member);
     void showMenu(TeamMenu *menu, const TeamSubject &subject, const QPoint &position);
     TeamSubject subjectOf(const QModelIndex &index, bool withSelection) const;
@@ -125,6 +127,7 @@ private:
     TeamMenu *m_multipMenu = nullptr;
     TeamMenu *m_settingMenu = nullptr;
     TeamSubject m_menuSubject; // of the menu that was opened last
+    TeamSubject m_added;       // a new group whose level is not there yet; else empty
 
     bool m_pressTaken = false;
     QPointer<MyDrag> m_drag;

@@ -4,10 +4,14 @@
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
 #include "virtualteam/teamrules.h"
+#include "virtualteam/teamuser.h"
 
 #include <QPointer>
 
-TeamCommands::TeamCommands(QWidget *view) : QObject(view), m_view(view) {}
+TeamCommands::TeamCommands(QWidget *view) : QObject(view), m_view(view)
+{
+    whenUserLeaves(this, [this] { forgetUser(); });
+}
 
 TeamCommands::~TeamCommands() = default;
 
@@ -25,6 +29,18 @@ CHttpVirtualTeamOperation *TeamCommands::begin(const QString &vtId)
     if (++m_busy[vtId] == 1)
         emit busyChanged(vtId);
     return operation;
+}
+
+// What was asked or sent for somebody else is neither answered nor told of any more; the
+// dialogs close by themselves.
+void TeamCommands::forgetUser()
+{
+    const auto boxes = m_view->findChildren<TipBox *>();
+    for (TipBox *box : boxes)
+        box->close();
+    const auto operations = findChildren<Operation *>(QString(), Qt::FindDirectChildrenOnly);
+    for (Operation *operation : operations)
+        delete operation;
 }
 
 bool TeamCommands::mayAsk(const QString &vtId)
@@ -58,6 +74,7 @@ void TeamCommands::open(const QString &vtId, const QString &about,
         return;
     BaseDialog *dialog = m_dialogs.findOrMake(about, make);
     connect(dialog, &BaseDialog::closed, this, [this, about] { m_dialogs.take(about); });
+    whenUserLeaves(dialog, [dialog] { dialog->reject(); });
     dialog->present();
 }
 

@@ -105,6 +105,7 @@ private:
     void failed(const Operation *operation, const QString &text, QWidget *over = nullptr);
     // Has the team loaded again when the service's answer means that it has changed.
     void checkOutdated(const Operation *operation);
+    void forgetUser();
     void editPersonalInfo(VirtualTeamEditWidget::Mode mode, const TeamSelection &member);
     void askMembers(const QString &vtId, int groupId, const QStringList &presentIds);
 

@@ -108,6 +108,10 @@ void TeamCommands::addPicked(const QString &vtId, const QString &groupId,
     uids.removeDuplicates();
     if (uids.isEmpty() || !TeamMessages::mayRequest(m_view))
         return;
+    if (isBusy(vtId)) {
+        TipBox::tell(m_view, QObject::tr("teamBusy"));
+        return;
+    }
     Operation *operation = begin(vtId);
     connect(operation, &Operation::signal_AddVirtualTeamMembersFinish, this,
             [this, operation](const QString &team, const QString &group, bool ok) {

@@ -11,6 +11,7 @@
 #include "virtualteam/cvirtualteamtreeview.h"
 #include "virtualteam/dialogs/cvirtualteamwidgetcreat.h"
 #include "virtualteam/noteampage.h"
+#include "virtualteam/teamcommands.h"
 #include "virtualteam/teamloader.h"
 #include "virtualteam/teamsearchpage.h"
 #include "virtualteam/teamtreemodel.h"
@@ -145,6 +146,20 @@ void CVirtualTeamPage::connectTree()
     m_tree->installEventFilter(this);
     m_tree->viewport()->installEventFilter(this);
     m_tree->verticalScrollBar()->installEventFilter(this);
+    // What is being asked for may be answered as it was before the user's change.
+    using Commands = TeamCommands;
+    const Commands *commands = m_tree->commands();
+    const auto askAgainAfter = [&](auto... changes) {
+        (connect(commands, changes, m_loader, &TeamLoader::repeatLevels), ...);
+    };
+    askAgainAfter(&Commands::groupAdded, &Commands::groupRenamed, &Commands::groupDeleted,
+                  &Commands::nickNameChanged, &Commands::postChanged, &Commands::membersDeleted,
+                  &Commands::membersMoved, &Commands::administratorsChanged,
+                  &Commands::authorityGranted);
+    connect(commands, &Commands::teamRenamed, this, [this] {
+        if (m_loader->isLoadingTeams())
+            m_loader->loadTeams();
+    });
     // Members come and go by the thousand; only teams are of interest here.
     const TeamTreeModel *teams = m_tree->teams();
     const auto follow = [this](const QModelIndex &parent) {

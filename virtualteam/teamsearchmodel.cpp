@@ -4,7 +4,6 @@
 #include "common/displaytext.h"
 #include "common/textmatch.h"
 #include "controls/presencetext.h"
-#include "virtualteam/memberpicture.h"
 #include "virtualteam/teamtreetexts.h"
 
 #include <algorithm>
@@ -196,13 +195,11 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::Id:
         return member.userId;
     case TeamRowRole::Photo:
-        return memberPicture(member.userId, member.photoName);
+        return member.photoName;
     case TeamRowRole::Role:
         return member.role;
     case TeamRowRole::Presence:
         return QVariant::fromValue(presenceOf(member));
-    case TeamHitRole::HasPresence:
-        return isOnline();
     case TeamRowRole::SortKey:
         return index.row();
     case TeamRowRole::Duty:
@@ -211,8 +208,6 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
         return TeamTreeTexts::foreignCompany(member);
     case TeamRowRole::Kind:
         return int(TeamRowKind::Member);
-    case TeamHitRole::TeamName:
-        return m_teams.value(hit.vtId).name;
     case TeamHitRole::Second:
         return secondLine(hit);
     case TeamHitRole::Beside:

@@ -16,11 +16,9 @@
 namespace TeamHitRole {
 enum Role // besides those of TeamRowRole
 {
-    TeamName = 267, // a display text
-    Second = 268,   // the second line: where the person was found
-    Beside = 269,   // a MarkedText: number or account, when that was what was typed
-    HasPresence = 270,
-    MarkedName = 271 // a MarkedText
+    Second = 267,    // the second line: where the person was found
+    Beside = 268,    // a MarkedText: number or account, when that was what was typed
+    MarkedName = 269 // a MarkedText
 };
 }
 

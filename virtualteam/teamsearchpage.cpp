@@ -2,7 +2,7 @@
 
 #include "controls/noticeline.h"
 #include "controls/searchbox.h"
-#include "controls/statepage.h"
+#include "controls/statestack.h"
 #include "http/fileservices.h"
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/companynames.h"
@@ -11,7 +11,6 @@
 #include "virtualteam/virtualteamsearchresultlistview.h"
 
 #include <QEvent>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 
 TeamSearchPage::TeamSearchPage(SearchBox *box, QWidget *parent)
@@ -19,7 +18,7 @@ TeamSearchPage::TeamSearchPage(SearchBox *box, QWidget *parent)
       m_search(new TeamSearch(this)),
       m_model(new TeamSearchModel(this)),
       m_view(new VirtualTeamSearchResultListView(box, m_model, this)),
-      m_states(new QStackedLayout),
+      m_states(new StateStack),
       m_notice(new NoticeLine(this))
 {
     setObjectName(QStringLiteral("VirtualTeamSearchPage"));
@@ -43,6 +42,7 @@ void TeamSearchPage::connectSources()
     connect(m_model, &QAbstractItemModel::rowsInserted, this, &TeamSearchPage::showState);
     connect(m_model, &QAbstractItemModel::rowsRemoved, this, &TeamSearchPage::showState);
     connect(m_notice, &NoticeLine::retryClicked, m_search, &TeamSearch::retry);
+    connect(m_states, &StateStack::buttonClicked, m_search, &TeamSearch::retry);
     using Hub = FriendUISignalSender;
     const Hub *hub = Hub::instance();
     const auto showAnew = [this] { m_model->showAnew(); };
@@ -86,36 +86,20 @@ void TeamSearchPage::showState()
     if (hasRows)
         m_states->setCurrentWidget(m_view);
     else if (state == TeamSearch::Searching)
-        m_states->setCurrentWidget(statePage(m_searchingPage, "searchSearching",
-                                             "Resources/images/SearchFriend/qora_Loading.gif",
-                                             nullptr));
+        m_states->showPage("searchSearching", "Resources/images/SearchFriend/qora_Loading.gif");
     else if (state == TeamSearch::Offline)
-        m_states->setCurrentWidget(statePage(m_offlinePage, "isOfflinePleaseLogin",
-                                             "Resources/images/FriendDetail/failed.png", nullptr));
+        m_states->showPage("isOfflinePleaseLogin", "Resources/images/FriendDetail/failed.png");
     else if (state == TeamSearch::Failed)
-        m_states->setCurrentWidget(statePage(m_failedPage, "searchTeamsFailed",
-                                             "Resources/images/FriendDetail/failed.png", "retry"));
+        m_states->showPage("searchTeamsFailed", "Resources/images/FriendDetail/failed.png",
+                           "retry");
     else
-        m_states->setCurrentWidget(statePage(m_nothingPage, "searchNothing",
-                                             "Resources/images/contacts/empty_list.png", nullptr));
+        m_states->showPage("searchNothing", "Resources/images/contacts/empty_list.png");
     if (hasRows && state == TeamSearch::Searching)
         m_notice->say("searchSearching");
     else if (state == TeamSearch::SomeFailed)
         m_notice->say("searchSomeTeamsFailed", true);
     else
         m_notice->say(nullptr);
-}
-
-StatePage *TeamSearchPage::statePage(StatePage *&page, const char *key, const char *picture,
-                                     const char *button)
-{
-    if (!page) {
-        page = new StatePage(key, QString::fromLatin1(picture), button, this);
-        page->setObjectName(QLatin1String(key));
-        m_states->addWidget(page);
-        connect(page, &StatePage::buttonClicked, m_search, &TeamSearch::retry);
-    }
-    return page;
 }
 
 void TeamSearchPage::changeEvent(QEvent *event)

@@ -7,9 +7,8 @@
 #include <QWidget>
 
 class NoticeLine;
-class QStackedLayout;
 class SearchBox;
-class StatePage;
+class StateStack;
 class TeamSearch;
 class TeamSearchModel;
 class VirtualTeamSearchResultListView;
@@ -34,17 +33,11 @@ protected:
 private:
     void connectSources();
     void showState();
-    StatePage *statePage(StatePage *&page, const char *key, const char *picture,
-                         const char *button);
     void chooseFirst();
 
     TeamSearch *m_search;
     TeamSearchModel *m_model;
     VirtualTeamSearchResultListView *m_view;
-    QStackedLayout *m_states;
+    StateStack *m_states;
     NoticeLine *m_notice;
-    StatePage *m_searchingPage = nullptr;
-    StatePage *m_nothingPage = nullptr;
-    StatePage *m_failedPage = nullptr;
-    StatePage *m_offlinePage = nullptr;
 };

@@ -24,6 +24,10 @@ void CVirtualTeamTreeView::followHub()
     connect(&CompanyNames::instance(), &CompanyNames::learned, this, repaint);
     connect(hub, &Hub::signal_addMembersToVirtualTeam, this,
             [this](const QString &vtId, const QStringList &userIds, int groupId) {
+                if (groupId < 0 || !m_model->teamIndex(vtId).isValid()) {
+                    LOG_ERROR("item is null");
+                    return;
+                }
                 m_commands->addPicked(vtId, QString::number(groupId), userIds);
                 emit signal_addMembersToVirtualTeam(vtId, userIds, groupId);
             });
@@ -46,6 +50,8 @@ void CVirtualTeamTreeView::followCommands()
     connect(m_commands, &Commands::groupRenamed, this, &View::signal_updateVirtualTeamGroupName);
     connect(m_commands, &Commands::groupDeleted, m_model, &TeamTreeModel::removeGroup);
     connect(m_commands, &Commands::groupAdded, this, &View::groupAdded);
+    connect(m_model, &QAbstractItemModel::rowsInserted, this, &View::revealAdded,
+            Qt::QueuedConnection);
     connect(m_commands, &Commands::nickNameChanged, m_model, &TeamTreeModel::setNickName);
     connect(m_commands, &Commands::nickNameChanged, this, &View::signal_updateVirtualTeamNickName);
     connect(m_commands, &Commands::postChanged, m_model, &TeamTreeModel::setDuty);
@@ -105,7 +111,28 @@ void CVirtualTeamTreeView::groupAdded(const QString &vtId, const QString &pgId,
 {
     m_model->addGroup(vtId, pgId, groupId, name);
     const QPersistentModelIndex parent = m_model->groupIndex(vtId, pgId);
-    if (parent.isValid())
-        setExpanded(parent, true);
-    reveal(m_model->groupIndex(vtId, groupId));
+    if (!parent.isValid())
+        return;
+    setExpanded(parent, true);
+    const QModelIndex group = m_model->groupIndex(vtId, groupId);
+    if (group.isValid()) {
+        reveal(group);
+    } else {
+        m_added.vtId = vtId;
+        m_added.groupId = groupId;
+    }
+}
+
+// Its level was not there when it was made.
+void CVirtualTeamTreeView::revealAdded()
+{
+    if (m_added.vtId.isEmpty())
+        return;
+    const QModelIndex group = m_model->groupIndex(m_added.vtId, m_added.groupId);
+    if (!group.isValid())
+        return;
+    m_added = TeamSubject();
+    // Somebody who has gone on is not called back.
+    if (currentIndex() == group.parent())
+        reveal(group);
 }

@@ -212,9 +212,18 @@ void CVirtualTeamTreeView::openChatWith(const QModelIndex &member)
         run(TeamAction::Chat, subjectOf(member, false));
 }
 
+// A row that was taken out of the selection stays the current one, but is not what the
+// user sees as chosen.
+QModelIndex CVirtualTeamTreeView::rowOfKeys() const
+{
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    return selected.isEmpty() || selected.contains(currentIndex()) ? currentIndex()
+                                                                   : selected.first();
+}
+
 bool CVirtualTeamTreeView::runKey(int key)
 {
-    const QModelIndex index = currentIndex();
+    const QModelIndex index = rowOfKeys();
     if (!index.isValid() || (key != Qt::Key_Delete && key != Qt::Key_F2))
         return false;
     const bool deletes = key == Qt::Key_Delete;

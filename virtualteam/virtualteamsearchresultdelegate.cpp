@@ -1,9 +1,11 @@
 #include "virtualteam/virtualteamsearchresultdelegate.h"
 
+#include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
 #include "controls/avatarstore.h"
 #include "controls/rowpainter.h"
+#include "virtualteam/memberpicture.h"
 #include "virtualteam/teamsearchmodel.h"
 
 QSize VirtualTeamSearchResultDelegate::sizeHint(const QStyleOptionViewItem &,
@@ -20,17 +22,17 @@ void VirtualTeamSearchResultDelegate::paint(QPainter *painter, const QStyleOptio
         LOG_ERROR("item is null");
         return;
     }
+    const QString uid = index.data(TeamRowRole::Id).toString();
     const QString name = index.data(TeamRowRole::Name).toString();
+    const QString picture = memberPicture(uid, index.data(TeamRowRole::Photo).toString());
     const auto presence = index.data(TeamRowRole::Presence).value<PresenceData>();
-    const bool hasPresence = index.data(TeamHitRole::HasPresence).toBool();
+    const bool hasPresence = isOnline();
     const bool faded = !hasPresence || !presence.isOnline();
     painter->save();
     RowPainter row(painter, option);
     row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
     row.background();
-    row.avatar(AvatarStore::instance().avatar(index.data(TeamRowRole::Photo).toString(),
-                                              makeJid(index.data(TeamRowRole::Id).toString()), name,
-                                              RowPainter::AvatarSize,
+    row.avatar(AvatarStore::instance().avatar(picture, makeJid(uid), name, RowPainter::AvatarSize,
                                               painter->device()->devicePixelRatioF()),
                faded);
     if (hasPresence)

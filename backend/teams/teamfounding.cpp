@@ -10,13 +10,20 @@ QString Teams::approverOf(const QString &company)
     return found ? found->approver : QString();
 }
 
+// Who may answer the invitation of a company.
+QStringList Teams::asked(qint64 team, const QString &company)
+{
+    QStringList uids = m_store.invited(team, company);
+    const QString approver = approverOf(company);
+    if (!uids.contains(approver))
+        uids.append(approver);
+    return uids;
+}
+
 void Teams::tellInvited(const TeamInvitation &invitation)
 {
-    QStringList asked = m_store.invited(invitation.team, invitation.company);
-    const QString approver = approverOf(invitation.company);
-    if (!asked.contains(approver))
-        asked.append(approver);
-    m_events.tell(asked, TeamEventType::Join, invitation.team, invitation.inviter);
+    m_events.tell(asked(invitation.team, invitation.company), TeamEventType::Join, invitation.team,
+                  invitation.inviter);
 }
 
 // The team begins.
@@ -89,10 +96,12 @@ void Teams::decideCreation(qint64 id, const QString &creator, bool agrees)
     if (application.isDecided)
         throw TeamRefusal(ReplyCode::Blocked);
     m_store.setCreation(id, agrees ? Decision::Agreed : Decision::Refused);
+    QStringList concerned{m_caller.uid}; // wherever else he is logged in
     if (agrees)
         admit(application.team);
     else
-        m_events.tell({creator}, TeamEventType::Update, id, m_caller.uid);
+        concerned.append(creator);
+    m_events.tell(concerned, TeamEventType::Update, id, m_caller.uid);
 }
 
 void Teams::invite(qint64 id, const QStringList &uids, const QString &reason)
@@ -141,12 +150,15 @@ void Teams::answerInvitation(qint64 id, bool agrees)
     if (application.isDecided)
         throw TeamRefusal(ReplyCode::Blocked);
     m_store.decideInvitation(id, company, agrees ? Decision::Agreed : Decision::Refused);
+    // The others who were asked have nothing to decide any more.
+    QStringList concerned = asked(id, company);
     if (agrees) {
         m_store.addMembers(id, known(invited), 0, TeamRole::Member);
         tellMembers(id);
     } else {
-        m_events.tell({application.applicant.uid}, TeamEventType::Update, id, m_caller.uid);
+        concerned.append(application.applicant.uid);
     }
+    m_events.tell(concerned, TeamEventType::Update, id, m_caller.uid);
 }
 
 void Teams::changeCompany(const Company &company)
@@ -157,10 +169,14 @@ void Teams::changeCompany(const Company &company)
     m_companies.change(company);
     if (company.approver == earlier)
         return;
-    for (const Team &team : m_store.openCreationsOf(company.code))
+    for (const Team &team : m_store.openCreationsOf(company.code)) {
         m_events.tell({company.approver}, TeamEventType::Audit, team.id, team.creator);
-    for (const TeamInvitation &open : m_store.openInvitationsOf(company.code))
+        m_events.tell({earlier}, TeamEventType::Update, team.id, m_caller.uid);
+    }
+    for (const TeamInvitation &open : m_store.openInvitationsOf(company.code)) {
         m_events.tell({company.approver}, TeamEventType::Join, open.team, open.inviter);
+        m_events.tell({earlier}, TeamEventType::Update, open.team, m_caller.uid);
+    }
 }
 
 std::vector<TeamEvent> Teams::waiting()

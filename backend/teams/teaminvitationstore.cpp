@@ -13,6 +13,17 @@ std::vector<TeamInvitation> all(Statement *rows)
                                Decision(rows->number(4))});
     return invitations;
 }
+
+// Into active teams. `condition` has one value.
+std::vector<TeamInvitation> openOf(Transaction &transaction, const char *condition,
+                                   const QString &value)
+{
+    const std::string sql = std::string(Columns) + " JOIN team USING (vtId)" + condition +
+                            " AND decision = ? AND creation = ? ORDER BY vtId";
+    Statement rows = transaction.prepare(sql.c_str());
+    rows.bind(value).bind(qint64(Decision::Open)).bind(qint64(Decision::Agreed));
+    return all(&rows);
+}
 } // namespace
 
 void TeamStore::addInvited(qint64 team, const QString &company, const QStringList &uids)
@@ -81,23 +92,15 @@ void TeamStore::decideInvitation(qint64 team, const QString &company, Decision d
 
 std::vector<TeamInvitation> TeamStore::openInvitationsTo(const QString &uid)
 {
-    static const std::string sql = std::string(Columns) +
-                                   " JOIN team USING (vtId) JOIN teamInvited USING (vtId)"
-                                   " WHERE uid = ? AND teamInvited.company = teamInvitation.company"
-                                   " AND decision = ? AND creation = ? ORDER BY vtId";
-    Statement rows = m_transaction.prepare(sql.c_str());
-    rows.bind(uid).bind(qint64(Decision::Open)).bind(qint64(Decision::Agreed));
-    return all(&rows);
+    return openOf(m_transaction,
+                  " JOIN teamInvited USING (vtId)"
+                  " WHERE teamInvited.company = teamInvitation.company AND uid = ?",
+                  uid);
 }
 
 std::vector<TeamInvitation> TeamStore::openInvitationsOf(const QString &company)
 {
-    static const std::string sql = std::string(Columns) +
-                                   " JOIN team USING (vtId) WHERE teamInvitation.company = ?"
-                                   " AND decision = ? AND creation = ? ORDER BY vtId";
-    Statement rows = m_transaction.prepare(sql.c_str());
-    rows.bind(company).bind(qint64(Decision::Open)).bind(qint64(Decision::Agreed));
-    return all(&rows);
+    return openOf(m_transaction, " WHERE teamInvitation.company = ?", company);
 }
 
 std::vector<Team> TeamStore::openCreationsOf(const QString &company)

@@ -57,6 +57,8 @@ void Teams::dissolve(qint64 team)
     if (role(team) != TeamRole::Owner)
         throw TeamRefusal(ReplyCode::NoRight);
     tellMembers(team);
+    for (const TeamInvitation &open : m_store.openInvitations(team))
+        m_events.tell(asked(team, open.company), TeamEventType::Update, team, m_caller.uid);
     m_store.removeTeam(team);
 }
 

@@ -73,7 +73,7 @@ public:
 
     std::optional<Company> company(const QString &code) { return m_companies.find(code); }
     // Refuses an approver who is not one of its people. A new approver is told what
-    // waits for him.
+    // waits for him, and the earlier one that it does not any more.
     void changeCompany(const Company &company);
     // What waits for the caller's decision, as if it had just happened.
     std::vector<TeamEvent> waiting();
@@ -84,6 +84,7 @@ private:
     QStringList known(const QStringList &uids) const;
     QString approverOf(const QString &company);
     void admit(const Team &team);
+    QStringList asked(qint64 team, const QString &company);
     void tellInvited(const TeamInvitation &invitation);
     void tellRemoved(qint64 team, const QStringList &uids);
     void tellMembers(qint64 team) { m_events.tellMembers(team, m_caller.uid); }

@@ -9,13 +9,12 @@
 #include "controls/rowpainter.h"
 #include "controls/searchbox.h"
 #include "controls/skin.h"
-#include "controls/statepage.h"
+#include "controls/statestack.h"
 #include "http/fileservices.h"
 #include "plugin/frienduisignalsender.h"
 
 #include <QEvent>
 #include <QScrollBar>
-#include <QStackedLayout>
 #include <QVBoxLayout>
 
 #include <limits>
@@ -27,7 +26,7 @@ SearchPage::SearchPage(SearchBox *box, SearchSources *sources, QWidget *parent)
       m_people(new PeopleSearch(this)),
       m_model(new SearchResultModel(&sources->index(), this)),
       m_view(new SearchResultView(box, m_model, this)),
-      m_states(new QStackedLayout),
+      m_states(new StateStack),
       m_notice(new NoticeLine(this))
 {
     setObjectName(QStringLiteral("searchPage"));
@@ -61,6 +60,7 @@ void SearchPage::connectBox()
 {
     connect(m_box, &SearchBox::enterPressed, this, &SearchPage::enter);
     connect(m_notice, &NoticeLine::retryClicked, m_people, &PeopleSearch::retry);
+    connect(m_states, &StateStack::buttonClicked, m_people, &PeopleSearch::retry);
 }
 
 void SearchPage::connectView()
@@ -231,15 +231,11 @@ void SearchPage::showState()
     if (hasRows)
         m_states->setCurrentWidget(m_view);
     else if (state == PeopleSearch::Searching || m_sources->isBusy())
-        m_states->setCurrentWidget(statePage(m_searchingPage, "searchSearching",
-                                             "Resources/images/SearchFriend/qora_Loading.gif",
-                                             nullptr));
+        m_states->showPage("searchSearching", "Resources/images/SearchFriend/qora_Loading.gif");
     else if (state == PeopleSearch::Failed)
-        m_states->setCurrentWidget(statePage(m_failedPage, "searchFailed",
-                                             "Resources/images/FriendDetail/failed.png", "retry"));
+        m_states->showPage("searchFailed", "Resources/images/FriendDetail/failed.png", "retry");
     else
-        m_states->setCurrentWidget(statePage(m_nothingPage, "searchNothing",
-                                             "Resources/images/contacts/empty_list.png", nullptr));
+        m_states->showPage("searchNothing", "Resources/images/contacts/empty_list.png");
     const char *line = nullptr;
     if (state == PeopleSearch::Offline)
         line = "searchOffline";
@@ -248,18 +244,6 @@ void SearchPage::showState()
     else if (hasRows && state == PeopleSearch::Failed)
         line = "searchFailed";
     m_notice->say(line, state == PeopleSearch::Failed);
-}
-
-StatePage *SearchPage::statePage(StatePage *&page, const char *key, const char *picture,
-                                 const char *button)
-{
-    if (!page) {
-        page = new StatePage(key, QString::fromLatin1(picture), button, this);
-        page->setObjectName(QLatin1String(key));
-        m_states->addWidget(page);
-        connect(page, &StatePage::buttonClicked, m_people, &PeopleSearch::retry);
-    }
-    return page;
 }
 
 void SearchPage::changeEvent(QEvent *event)

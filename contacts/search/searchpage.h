@@ -10,12 +10,11 @@
 
 class NoticeLine;
 class PeopleSearch;
-class QStackedLayout;
 class SearchBox;
 class SearchResultModel;
 class SearchResultView;
 class SearchSources;
-class StatePage;
+class StateStack;
 
 class SearchPage : public QWidget
 {
@@ -55,8 +54,6 @@ private:
     void open(const SearchEntry &entry);
     void enter(bool locate);
     void showState();
-    StatePage *statePage(StatePage *&page, const char *key, const char *picture,
-                         const char *button);
     void retranslate();
 
     SearchBox *m_box;
@@ -64,11 +61,8 @@ private:
     PeopleSearch *m_people;
     SearchResultModel *m_model;
     SearchResultView *m_view;
-    QStackedLayout *m_states;
+    StateStack *m_states;
     NoticeLine *m_notice;
-    StatePage *m_searchingPage = nullptr;
-    StatePage *m_nothingPage = nullptr;
-    StatePage *m_failedPage = nullptr;
 
     QString m_typed;
     int m_limit = LocalPage;

@@ -124,8 +124,11 @@ void Notices::setAll(Notice::Kind kind, const QList<Notice> &notices)
     }
     m_ignored.intersect(wanted);
     for (const Notice &notice : notices) {
-        const bool isNew = !find(kind, notice.id) && !m_ignored.contains(notice.id);
-        if (isNew)
+        QListWidgetItem *item = find(kind, notice.id);
+        const bool isNew = !item && !m_ignored.contains(notice.id);
+        if (item)
+            put(notice, m_list->row(item)); // where it is, perhaps in other words
+        else if (isNew)
             put(notice, 0);
         if (isNew && !isVisible())
             show();

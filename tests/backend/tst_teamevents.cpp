@@ -76,7 +76,7 @@ private slots:
         qint64 begun = m_world.lastEvent(TeamWorld::Owner);
         m_world.code(TeamWorld::Owner, settings, "approval=1");
         const TeamAnswer made = m_world.call(TeamWorld::Owner, "createVirtualTeam",
-                                             "members=u000011,x000004&vtName=w&reason=r");
+                                             "members=u000011,x000004,x000003&vtName=w&reason=r");
         const QString team = QString::fromStdString(made.data["vtId"].asString());
         const QString audit = "audit " + team + " u000010";
         const QString join = "join " + team + " u000010";
@@ -88,6 +88,8 @@ private slots:
         QCOMPARE(m_world.events("u000002", &(since = begun)), QStringList{audit});
         QCOMPARE(m_world.events("u000002", &(since = -1)), QStringList{audit});
         QCOMPARE(m_world.events("u000001", &(since = -1)), QStringList());
+        QCOMPARE(m_world.events("u000001", &(since = begun)),
+                 (QStringList{audit, "update " + team + " u000010"}));
         m_world.code("u000002", "auditVirtualTeam",
                      QString("vtId=%1&member=u000010&flag=1").arg(team));
         m_world.code(TeamWorld::Owner, settings, "approval=0&approver=u000001");
@@ -102,6 +104,19 @@ private slots:
         QCOMPARE(m_world.events(TeamWorld::Owner, &since),
                  QStringList{"update " + team + " x000004"});
         QCOMPARE(m_world.events("x000001", &(since = -1)), QStringList());
+        QCOMPARE(m_world.events("x000001", &(since = begun)),
+                 QStringList{"update " + team + " x000004"});
+
+        // Nobody can answer for a team that has gone.
+        m_world.code(TeamWorld::Owner, "inviteVirtualTeam",
+                     QString("vtId=%1&members=x000004&reason=r").arg(team));
+        begun = since = m_world.lastEvent(TeamWorld::Owner);
+        m_world.code(TeamWorld::Owner, "dissolveVirtualTeam", QString("vtId=%1").arg(team));
+        for (const char *uid : {"x000004", "x000001"}) {
+            QCOMPARE(m_world.events(uid, &(since = begun)),
+                     QStringList{"update " + team + " u000010"});
+            QCOMPARE(m_world.events(uid, &(since = -1)), QStringList());
+        }
     }
 
     void whatIsForgotten()

@@ -47,6 +47,7 @@ struct Call
     bool hadReply = false;
     int status = 0;
     QNetworkReply::NetworkError error = QNetworkReply::NoError;
+    QString errorText;
     QByteArray body;
 
     Call()
@@ -86,6 +87,7 @@ private:
             return;
         status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
         error = reply->error();
+        errorText = reply->errorString();
         body = reply->readAll();
     }
 };

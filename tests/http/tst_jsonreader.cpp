@@ -46,6 +46,9 @@ private slots:
         row("object", R"({"k":{"k":1}})", no, qint64(-7), -1);
         row("Chinese", "{\"k\":\"李雷\"}", QString::fromUtf8("李雷"), qint64(-7), -1);
         row("NUL inside", R"({"k":"a\u0000b"})", "ab", qint64(-7), -1);
+        row("half a pair", R"({"k":"a\ud83d"})", QString::fromUtf8("a\uFFFD"), qint64(-7), -1);
+        row("halves and a pair", R"({"k":"\ud83dz\ude00\ud83d\ude00\\ud83d"})",
+            QString::fromUtf8("\uFFFDz\uFFFD😀\\ud83d"), qint64(-7), -1);
         row("last of two", R"({"k":1,"k":2})", "2", qint64(2), -1);
     }
 

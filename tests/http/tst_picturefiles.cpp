@@ -66,6 +66,21 @@ private slots:
         QCOMPARE(fixture.server.requests().size(), names.size());
     }
 
+    // What the host has of a person is newer than what a service tells.
+    void ofPersonByTheHostFirst()
+    {
+        ServiceFixture fixture;
+        PictureFiles &files = PictureFiles::instance();
+        const QString jid = QStringLiteral("u1@corp.example");
+        const QString photo = QStringLiteral("../../") + name(1);
+        QVERIFY(files.ofPerson(jid, QString()).isEmpty());
+        fixture.host.headPaths.insert(name(1), QStringLiteral("/of-name.png"));
+        QCOMPARE(files.ofPerson(jid, photo), QStringLiteral("/of-name.png"));
+        fixture.host.headPaths.insert(jid, QStringLiteral("/of-person.png"));
+        QCOMPARE(files.ofPerson(jid, photo), QStringLiteral("/of-person.png"));
+        QCOMPARE(fixture.server.requests().size(), 0);
+    }
+
     void unknownIsNotAskedForAgain_data()
     {
         const Rows<int> row{"status"};

@@ -4,7 +4,11 @@
 #include "tests/http/sessionfixture.h"
 #include "tests/support/testrunner.h"
 
+#include <QAbstractEventDispatcher>
+#include <QDeadlineTimer>
 #include <QElapsedTimer>
+#include <QTcpServer>
+#include <QThread>
 
 Q_DECLARE_METATYPE(FakeReply)
 
@@ -40,6 +44,7 @@ private slots:
     void replies_data();
     void replies();
     void lateReply();
+    void droppedWhileItsErrorIsOnTheWay();
     void secondReplyToOneRequest();
     void deadlineOverRedirects();
     void serverGone();
@@ -134,6 +139,33 @@ void TstSessionHostile::lateReply()
     QCOMPARE(other.body, QByteArray("other"));
     QCOMPARE(call.ends, 1);
     QCOMPARE(call.error, QNetworkReply::TimeoutError);
+    QCOMPARE(call.errorText, QStringLiteral("timed out"));
+}
+
+void TstSessionHostile::droppedWhileItsErrorIsOnTheWay()
+{
+    QTcpServer nobody;
+    QVERIFY(nobody.listen(QHostAddress::LocalHost));
+    const QUrl url(QStringLiteral("http://127.0.0.1:%1/").arg(nobody.serverPort()));
+    nobody.close();
+    static QStringList warnings;
+    warnings.clear();
+    const auto before = qInstallMessageHandler(
+        [](QtMsgType, const QMessageLogContext &, const QString &text) { warnings.append(text); });
+    // Whether the error waits already is a matter of luck.
+    const QDeadlineTimer deadline(20000);
+    for (int i = 0; i < 20; ++i) {
+        Call call;
+        call.get(url);
+        QCoreApplication::processEvents(); // it sets off
+        while (!QAbstractEventDispatcher::instance()->hasPendingEvents() && !deadline.hasExpired())
+            QThread::yieldCurrentThread();
+        call.session.reset();
+        QCoreApplication::processEvents();
+    }
+    qInstallMessageHandler(before);
+    QVERIFY(!deadline.hasExpired());
+    QCOMPARE(warnings, QStringList());
 }
 
 // The second must not become the answer to the next request.

@@ -132,9 +132,8 @@ public:
     {
         QStringList rows;
         for (int row = 0; row < list->model()->rowCount(); ++row) {
-            const QModelIndex index = list->model()->index(row, 0);
-            rows.append(index.data(TeamRowRole::Id).toString() + QLatin1Char('/') +
-                        index.data(TeamHitRole::TeamName).toString());
+            const TeamHit &hit = static_cast<const TeamSearchModel *>(list->model())->at(row);
+            rows.append(hit.member.userId + QLatin1Char('/') + hit.vtId);
         }
         return rows.join(QLatin1Char(' '));
     }

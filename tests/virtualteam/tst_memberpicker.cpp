@@ -1,4 +1,5 @@
 // Whom the search for members finds, and the list of the chosen ones.
+#include "controls/rowpainter.h"
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/requestfixture.h"
 
@@ -141,6 +142,25 @@ private slots:
         QCOMPARE(f.chosen(), QStringList{QStringLiteral("u4")});
         QCOMPARE(removals.size(), 3);
         f.pick("u5"); // may come back
+    }
+
+    void rowsShowPictures()
+    {
+        F f;
+        const QString file = f.service.folder.filePath(QStringLiteral("u2.png"));
+        QImage red(64, 64, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        QVERIFY(red.save(file));
+        f.service.host.context.headPaths.insert(QStringLiteral("u2@corp.example"), file);
+        f.pick("u2");
+        const auto redness = [&f] {
+            const QModelIndex row = f.list()->members()->index(0, 0);
+            const QPoint avatar = f.list()->visualRect(row).topLeft() +
+                                  QPoint(RowPainter::Margin + 4, RowPainter::RowHeight / 2);
+            const QColor pixel = f.list()->viewport()->grab().toImage().pixelColor(avatar);
+            return pixel.red() - pixel.blue();
+        };
+        QTRY_VERIFY(redness() > 200);
     }
 
     // Other people's texts.

@@ -4,6 +4,7 @@
 #include "tests/virtualteam/teampagefixture.h"
 #include "virtualteam/memberquest.h"
 
+#include <QLineEdit>
 #include <QWheelEvent>
 
 namespace {
@@ -108,6 +109,37 @@ private slots:
         QTRY_VERIFY(!m_f->visible<QWidget>("noticeText"));
         QCOMPARE(asked().size(), MemberQuest::MostLevels + 1);
         QVERIFY(m_f->server.mostUnanswered() <= MemberQuest::AtATime);
+    }
+
+    // Who comes from another page by the keyboard goes on in the tree.
+    void treeTakesTheFocus_data()
+    {
+        const Rows<bool> row{"goesOn"};
+        row("waits", false);
+        row("goes on meanwhile", true);
+    }
+    void treeTakesTheFocus()
+    {
+        QFETCH(bool, goesOn);
+        m_f->make();
+        QStackedWidget pane;
+        auto *elsewhere = new QLineEdit;
+        pane.addWidget(elsewhere);
+        pane.addWidget(m_f->page.get());
+        pane.show();
+        QVERIFY(QTest::qWaitForWindowActive(&pane));
+        elsewhere->setFocus();
+        const int lists = m_f->lists();
+        m_f->hold("getAllVirtualTeam");
+        pane.setCurrentWidget(m_f->page.get());
+        QTRY_COMPARE(m_f->lists(), lists + 1);
+        if (goesOn)
+            QTest::keyClick(m_f->create, Qt::Key_Tab);
+        m_f->server.release();
+        QTRY_COMPARE(m_f->shown(), QStringLiteral("VirtualTeamListPage"));
+        QCOMPARE(m_f->page->tree()->hasFocus(), !goesOn);
+        pane.removeWidget(m_f->page.get());
+        m_f->page->setParent(nullptr);
     }
 
     // Where the first click of two hits the list, the second one meets the tree.

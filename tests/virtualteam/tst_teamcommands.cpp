@@ -1,4 +1,5 @@
 // What is sent for each command, what the user is told, and what the tree hears.
+#include "plugin/frienduisignalsender.h"
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/commandsfixture.h"
 #include "virtualteam/teammessages.h"
@@ -203,6 +204,7 @@ private slots:
         row("move", QStringLiteral("move"), QStringLiteral("transferVirtualTeamMember"));
         row("picker", QStringLiteral("add"), QStringLiteral("getMembers"));
         row("edit", QStringLiteral("nick"), QStringLiteral("modifyVirtualTeamMemberInfo"));
+        row("picked", QStringLiteral("addPicked"), QStringLiteral("batchAddVirtualTeamMember"));
     }
 
     void nothingTwice()
@@ -279,6 +281,49 @@ private slots:
         QTRY_COMPARE(team.service.server.unanswered(), 0);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         QCOMPARE(TipBox::count(), boxes);
+    }
+
+    // --- Another user ------------------------------------------------------------------
+
+    void whatWasAskedEndsWithTheUser()
+    {
+        CommandsFixture team;
+        team.view->show();
+        TipBox::setNextAnswers(TipBox::ShowBox);
+        team.give(QStringLiteral("delete"));
+        auto *box = team.view->findChild<TipBox *>();
+        team.commands->renameTeam(teamSelection().team);
+        QVERIFY(box && box->isVisible() && team.editor());
+        emit FriendUISignalSender::instance()->signal_login(); // the same once more
+        QVERIFY(box->isVisible() && team.editor()->isVisible());
+        team.service.host.context.user = QStringLiteral("u9");
+        emit FriendUISignalSender::instance()->signal_login();
+        QVERIFY(!box->isVisible() && !team.editor()->isVisible());
+        QCOMPARE(team.service.server.requests().size(), 0);
+    }
+
+    void whatWasSentEndsWithTheUser_data() { addFailures({10001}); }
+
+    void whatWasSentEndsWithTheUser()
+    {
+        QFETCH(QString, service);
+        QFETCH(QString, command);
+        CommandsFixture team;
+        const Told told(team.commands);
+        const QByteArray name = service.toLatin1();
+        team.service.server.reply(TeamService::path(name.constData()),
+                                  TeamService::reply("{}", 10001).onRelease());
+        TipBox::setNextAnswers(TipBox::Sure);
+        team.give(command);
+        QTRY_COMPARE(team.service.count(name.constData()), 1);
+        const int boxes = TipBox::count();
+        emit FriendUISignalSender::instance()->signal_logout();
+        QVERIFY(!team.isBusy());
+        team.service.server.release();
+        QTRY_COMPARE(team.service.server.unanswered(), 0);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(TipBox::count(), boxes);
+        QCOMPARE(told.words, QStringList());
     }
 
     void dialogClosedInTheMiddle()

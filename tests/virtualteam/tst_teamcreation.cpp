@@ -158,6 +158,7 @@ private slots:
         f.reason()->setPlainText(QStringLiteral("why"));
         f.service.answer(invites ? "inviteVirtualTeam" : "createVirtualTeam", data, code);
         QSignalSpy created(f.dialog, &CVirtualTeamWidgetCreat::teamCreated);
+        f.sure()->setFocus();
         f.sure()->click();
         QTRY_COMPARE(f.service.boxes(), 1);
         QCOMPARE(TipBox::lastText(), told);
@@ -172,6 +173,7 @@ private slots:
             return;
         // Nothing that was typed is lost, and it can be tried again.
         QVERIFY(f.dialog->isVisible() && f.sure()->isEnabled());
+        QCOMPARE(f.dialog->focusWidget(), f.sure());
         QCOMPARE(f.chosen().size(), 2);
         QCOMPARE(f.reason()->toPlainText(), QStringLiteral("why"));
         QVERIFY(!f.name() || f.name()->text() == QLatin1String(" Beta "));

@@ -226,11 +226,24 @@ private slots:
         QCOMPARE(f.service.boxes(), 0);
     }
 
+    void theTeamHasGone_data() { bothKinds(); }
+    void theTeamHasGone()
+    {
+        QFETCH(bool, joins);
+        const Kind kind{joins};
+        F f;
+        const auto window = kind.openLoaded(&f);
+        f.service.answer(kind.decisionService(), "{}", 10001);
+        F::button(window, "agree")->click();
+        QTRY_COMPARE(F::text(window, "markText"), QStringLiteral("teamRequestGone"));
+        QVERIFY(!buttonsShown(window) && !markShown(window));
+        QCOMPARE(f.service.boxes(), 0);
+    }
+
     void aFailedDecisionIsTriedAgain_data()
     {
         const Rows<bool, int, QString> row{"online", "code", "told"};
         row("offline", false, 0, "notexecuteoperation");
-        row("10001", true, 10001, "teamChangeFailed");
         row("10002", true, 10002, "teamChangeFailed");
         row("other", true, 1, "teamChangeFailed");
     }
@@ -284,6 +297,21 @@ private slots:
         emit FriendUISignalSender::instance()->signal_refresh_virtualTeam(QStringLiteral("7"));
         QTRY_COMPARE(F::text(window, "markText"), QStringLiteral("teamDecided"));
         QCOMPARE(f.service.count(kind.detailService()), 2);
+    }
+
+    void newsByTheThousand()
+    {
+        const Kind kind{true};
+        F f;
+        const auto window = kind.openLoaded(&f);
+        f.hold(kind.detailService(), detail());
+        for (int i = 0; i < 10000; ++i)
+            emit FriendUISignalSender::instance()->signal_refresh_virtualTeam(QStringLiteral("7"));
+        QTRY_COMPARE(f.service.count(kind.detailService()), 2);
+        f.service.answer(kind.detailService(), detail(R"("audited":true,)"));
+        f.service.server.release();
+        QTRY_COMPARE(F::text(window, "markText"), QStringLiteral("teamDecided"));
+        QCOMPARE(f.service.count(kind.detailService()), 3);
     }
 
     // --- One window per request -----------------------------------------------------------

@@ -192,9 +192,11 @@ private slots:
         QCOMPARE(TipBox::lastText(), QStringLiteral("notexecuteoperation"));
         QCOMPARE(opened().size(), 0);
         tree.service.setOnline(true);
-        for (int i = 0; i < 2; ++i)
-            tree.choose(rows, key.constData());
+        tree.choose(rows, key.constData());
+        opened().first()->showMinimized();
+        tree.choose(rows, key.constData());
         QCOMPARE(opened().size(), 1);
+        QVERIFY(!opened().first()->isMinimized());
         QVERIFY(opened().first()->inherits(dialog.constData()));
         opened().first()->reject();
         tree.choose(rows, key.constData()); // before the closed one has gone
@@ -359,6 +361,17 @@ private slots:
                              : TipBox::count() > boxes ? TipBox::lastText()
                                                        : QString();
         QTEST(told, "told");
+    }
+
+    // The current row was taken out of the selection again.
+    void keysOfOtherRowsThanTheCurrent()
+    {
+        const MenusFixture tree(Owner);
+        tree.select(QStringLiteral("u5 u2 u4"));
+        tree.tree->selectionModel()->select(tree.row(QStringLiteral("u5")),
+                                            QItemSelectionModel::Deselect);
+        QTest::keyClick(tree.tree.get(), Qt::Key_Delete);
+        QCOMPARE(TipBox::lastText(), QString::fromUtf8("确定批量删除成员吗？"));
     }
 
     void keysOfNoRow()

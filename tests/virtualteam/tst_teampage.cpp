@@ -4,9 +4,14 @@
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/teampagefixture.h"
 #include "virtualteam/dialogs/cvirtualteamwidgetcreat.h"
+#include "virtualteam/teamcommands.h"
 #include "virtualteam/teamloader.h"
 #include "virtualteam/waitwgt.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRegularExpression>
 #include <QSignalSpy>
 
 namespace {
@@ -234,20 +239,83 @@ private slots:
     }
 
     // The level on its way was read before the change.
+    void newsWhileALevelLoads_data()
+    {
+        const Rows<bool> row{"own"};
+        row("of the user", true);
+        row("of others", false);
+    }
+
     void newsWhileALevelLoads()
     {
+        QFETCH(bool, own);
         TeamPageFixture f({One});
         f.load();
         f.hold("getVirtualTeamGroup");
         f.page->tree()->expandTeam(One);
         QTRY_COMPARE(f.levels(), 1);
         f.setMembers(One, {f.member(QStringLiteral("a"))});
-        emit f.hub()->signal_refresh_virtualTeam(One);
-        QTRY_COMPARE(f.lists(), 2);
+        if (own) {
+            emit f.page->tree()->commands()->membersMoved(One, rootGroupId(), {});
+        } else {
+            emit f.hub()->signal_refresh_virtualTeam(One);
+            QTRY_COMPARE(f.lists(), 2);
+        }
         f.failNothing();
         f.server.release();
         QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
         QCOMPARE(f.levels(), 2);
+    }
+
+    void textsThatMeanNoGood_data()
+    {
+        const Rows<QString> row{"text"};
+        row("markup", QStringLiteral("<b>bold</b><img src='/etc/hostname'>"));
+        row("other direction", QStringLiteral("\u202Eabc\u202D"));
+        row("lines", QStringLiteral("a\nb\u2028c\td"));
+        row("nothing", QString(QChar(0)) + QLatin1String("a"));
+        row("half a pair", QString(QChar(0xD800)));
+        row("long", QString(1000000, QLatin1Char('x')));
+        row("path", QStringLiteral("../../../etc/passwd"));
+    }
+
+    void textsThatMeanNoGood()
+    {
+        QFETCH(QString, text);
+        TeamPageFixture f;
+        f.setSpecial([&text](const FakeRequest &request, FakeReply *answer) {
+            const QJsonObject member{{"userId", "a"},
+                                     {"nickName", text},
+                                     {"photoName", text},
+                                     {"duty", text},
+                                     {"role", 1}};
+            const QJsonObject group{{"groupId", "7"}, {"groupName", text}};
+            const QJsonObject team{{"vtId", "1"}, {"vtName", text}, {"role", 2}, {"count", -1}};
+            QJsonObject data;
+            if (request.path == TeamService::path("getAllVirtualTeam"))
+                data = {{"vt", QJsonArray{team}}};
+            else
+                data = {{"group", QJsonArray{group}}, {"members", QJsonArray{member}}};
+            *answer = TeamService::reply(QJsonDocument(data).toJson());
+            return true;
+        });
+        f.load();
+        f.page->tree()->expandTeam(One);
+        QTRY_VERIFY(f.model->memberIndex(One, QStringLiteral("a")).isValid());
+        f.page->grab();
+        for (const QModelIndex &index :
+             {f.model->teamIndex(One), f.model->groupIndex(One, QStringLiteral("7")),
+              f.model->memberIndex(One, QStringLiteral("a"))}) {
+            const QString shown = index.data().toString();
+            static const QRegularExpression bad(
+                QStringLiteral("[\\x{0}\n\t\\x{2028}\\x{202A}-\\x{202E}]"));
+            QVERIFY2(!shown.contains(bad) && shown.size() <= 100, qPrintable(shown));
+            const QString tip = index.data(Qt::ToolTipRole).toString();
+            QVERIFY(!tip.contains(QLatin1String("<b>")) && !tip.contains(QLatin1String("<img")));
+            QVERIFY(tip.size() < 10000);
+        }
+        for (const FakeRequest &request : f.server.requests())
+            QVERIFY2(!request.path.contains(".."), request.path);
     }
 
     void levelOfATeamThatHasGone()

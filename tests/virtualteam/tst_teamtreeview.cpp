@@ -263,6 +263,24 @@ private slots:
         QCOMPARE(reloads.size(), 2);
     }
 
+    void newGroupOfAClosedGroup()
+    {
+        for (const bool goesOn : {false, true}) {
+            TeamTreeFixture tree;
+            tree.view->setExpanded(tree.group("0"), true);
+            tree.level("0", "G", "u1#");
+            tree.select(tree.group("G"));
+            emit tree.view->commands()->groupAdded(TeamTreeFixture::T(), QStringLiteral("G"),
+                                                   QStringLiteral("K"), QStringLiteral("K"));
+            TeamTreeFixture::settle();
+            if (goesOn)
+                tree.select(tree.member("u1"));
+            tree.level("G", "J K", "");
+            QCOMPARE(tree.rowText(), QStringLiteral("T G J K u1 S"));
+            QCOMPARE(tree.current(), goesOn ? QStringLiteral("u1") : QStringLiteral("K"));
+        }
+    }
+
     void deletionOfWhoHasGone()
     {
         TeamTreeFixture tree;
@@ -311,6 +329,48 @@ private slots:
             QTest::keyClick(tree.view.get(), key);
         QCOMPARE(tree.asks, QStringList());
         QCOMPARE(tree.service.host.count(Outbound::OpenChat), 1);
+    }
+
+    void hostEndsTheViewInsideARequest_data()
+    {
+        const Rows<bool> row{"byKey"};
+        row("double click", false);
+        row("Return", true);
+    }
+
+    void hostEndsTheViewInsideARequest()
+    {
+        QFETCH(bool, byKey);
+        TeamTreeFixture tree;
+        tree.showOpen();
+        tree.tester.reset();
+        tree.service.host.onRequest = [&tree](const FakeHost::Request &) { tree.view.reset(); };
+        tree.view->setCurrentIndex(tree.member("bob"));
+        if (byKey)
+            QTest::keyPress(tree.view.get(), Qt::Key_Return);
+        else
+            QTest::mouseDClick(tree.view->viewport(), Qt::LeftButton, Qt::NoModifier,
+                               tree.middle(tree.member("bob")));
+        QCOMPARE(tree.service.host.count(Outbound::OpenChat), 1);
+        QVERIFY(!tree.view);
+    }
+
+    // People picked by the thousand are one request, and none for a team that is not here.
+    void pickedMembers()
+    {
+        TeamTreeFixture tree;
+        tree.showOpen();
+        TipBox::setNextAnswers(TipBox::Cancel);
+        const QStringList people{QStringLiteral("u5")};
+        for (int i = 0; i < 10000; ++i) {
+            for (const QString &team : {T, QStringLiteral("gone"), QString()})
+                emit FriendUISignalSender::instance()->signal_addMembersToVirtualTeam(team, people,
+                                                                                      0);
+        }
+        emit FriendUISignalSender::instance()->signal_addMembersToVirtualTeam(T, people, -1);
+        QTRY_VERIFY(!tree.view->commands()->isBusy(T));
+        QCOMPARE(tree.service.count("batchAddVirtualTeamMember"), 1);
+        QCOMPARE(tree.service.form(), QByteArray("vtId=T&groupId=0&members=u5"));
     }
 };
 

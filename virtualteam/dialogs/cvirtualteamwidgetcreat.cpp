@@ -15,6 +15,7 @@
 #include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
+#include "virtualteam/teamuser.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -69,8 +70,7 @@ CVirtualTeamWidgetCreat::CVirtualTeamWidgetCreat(const CVirtualTeamSimpleInfo &t
     connect(m_bar, &DialogBar::sure, this, &CVirtualTeamWidgetCreat::slot_sure);
     connect(m_bar, &DialogBar::cancelled, this, &QDialog::reject);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
-    connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_logout, this,
-            &QDialog::reject);
+    whenUserLeaves(this, [this] { reject(); });
 }
 
 void CVirtualTeamWidgetCreat::build()

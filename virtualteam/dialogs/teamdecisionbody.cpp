@@ -249,6 +249,7 @@ void TeamDecisionBody::showOutcome()
     }
     m_markText->setText(m_outcome == Agreed    ? QObject::tr("teamAgreed")
                         : m_outcome == Refused ? QObject::tr("teamRefused")
+                        : m_outcome == Gone    ? QObject::tr("teamRequestGone")
                                                : QObject::tr("teamDecided"));
     m_mark->setAccessibleName(m_markText->text());
 }

@@ -24,7 +24,8 @@ public:
         Open,
         Agreed,
         Refused,
-        Decided // one way or the other
+        Decided, // one way or the other
+        Gone     // nobody can decide it any more
     };
 
     // `personKey`: what who asks is called, as a translation key.

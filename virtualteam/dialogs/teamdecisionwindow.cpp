@@ -3,11 +3,13 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "controls/statepage.h"
+#include "controls/tipbox.h"
 #include "plugin/frienduisignalsender.h"
 #include "virtualteam/dialogs/dialogparts.h"
 #include "virtualteam/dialogs/teamdecisionbody.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 #include "virtualteam/teammessages.h"
+#include "virtualteam/teamuser.h"
 
 #include <QEvent>
 #include <QMouseEvent>
@@ -47,13 +49,15 @@ TeamDecisionWindow::TeamDecisionWindow(const QString &vtId, const char *personKe
     connect(m_failed, &StatePage::buttonClicked, this, &TeamDecisionWindow::retry);
     connect(m_body, &TeamDecisionBody::decided, this, &TeamDecisionWindow::decide);
     connect(this, &BaseDialog::closed, this, [this] { m_isClosed = true; });
+    whenUserLeaves(this, [this] { reject(); });
     using Hub = FriendUISignalSender;
-    connect(Hub::instance(), &Hub::signal_logout, this, &QDialog::reject);
     // Somebody else may have decided.
     connect(Hub::instance(), &Hub::signal_refresh_virtualTeam, this,
             [this](const QString &changed) {
-                if (changed == m_vtId && m_isShown && !m_deciding && m_body->isOpen() && isOnline())
-                    request();
+                if (changed != m_vtId)
+                    return;
+                m_isOutdated = true;
+                followTeam();
             });
 }
 
@@ -71,25 +75,38 @@ void TeamDecisionWindow::retry()
         load();
 }
 
+// News come by the thousand: they are one request, and one more for those that came
+// while it ran.
+void TeamDecisionWindow::followTeam()
+{
+    if (m_isOutdated && m_isShown && !m_request && !m_deciding && m_body->isOpen() && isOnline())
+        request();
+}
+
 void TeamDecisionWindow::request()
 {
+    m_isOutdated = false;
     m_request = new CHttpVirtualTeamOperation(this);
     connect(m_request, m_detailSignal, this,
             [this, operation = m_request](bool ok, const CVirtualTeamInfo &info) {
                 if (operation != m_request)
                     return;
                 m_request = nullptr;
-                detailArrived(ok, info);
+                detailArrived(ok, operation->resultCode(), info);
+                followTeam();
             });
     requestDetail(m_request);
 }
 
-void TeamDecisionWindow::detailArrived(bool ok, const CVirtualTeamInfo &info)
+void TeamDecisionWindow::detailArrived(bool ok, int code, const CVirtualTeamInfo &info)
 {
     if (!ok) {
         LOG_ERROR("the detail of team " << logText(m_vtId) << " could not be loaded");
         // What is shown already stays.
-        if (!m_isShown) {
+        if (m_isShown) {
+            if (code == TeamCode::Unknown && m_body->isOpen())
+                m_body->setOutcome(TeamDecisionBody::Gone);
+        } else {
             m_pages->setCurrentWidget(m_failed);
             m_failed->findChild<QPushButton *>()->setFocus();
         }
@@ -142,7 +159,7 @@ void TeamDecisionWindow::decide(bool agree)
                 if (ok && agreed)
                     emit FriendUISignalSender::instance()->signal_refresh_virtualTeam(vtId);
                 if (!ok && (!window || window->m_isClosed))
-                    TeamMessages::tell(nullptr, TeamMessages::failed());
+                    TipBox::tell(nullptr, TeamMessages::failed());
             });
     sendDecision(operation, agree);
 }
@@ -162,5 +179,9 @@ void TeamDecisionWindow::decided(bool ok, bool agreed, int code)
         request(); // for what else has changed
         return;
     }
-    TeamMessages::tell(this, TeamMessages::failed());
+    if (code == TeamCode::Unknown)
+        m_body->setOutcome(TeamDecisionBody::Gone);
+    else
+        TeamMessages::tell(this, TeamMessages::failed());
+    followTeam();
 }

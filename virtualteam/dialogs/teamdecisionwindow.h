@@ -41,8 +41,9 @@ protected:
 
 private:
     void retry();
+    void followTeam();
     void request();
-    void detailArrived(bool ok, const CVirtualTeamInfo &info);
+    void detailArrived(bool ok, int code, const CVirtualTeamInfo &info);
     void decide(bool agree);
     void decided(bool ok, bool agreed, int code);
 
@@ -52,6 +53,7 @@ private:
     CHttpVirtualTeamOperation *m_request = nullptr; // the newest one for the detail
     bool m_isShown = false;                         // some detail
     bool m_deciding = false;
+    bool m_isOutdated = false; // the team has changed since it was asked for
     bool m_isClosed = false;
 
     QStackedWidget *m_pages;

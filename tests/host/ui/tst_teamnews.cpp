@@ -19,6 +19,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTemporaryDir>
+#include <QTranslator>
 
 namespace {
 
@@ -32,6 +33,16 @@ FakeReply news(int next, const QByteArray &events = "[]")
 }
 
 const QByteArray Audit = R"({"type":"audit","teams":"5","vtId":"5","member":"u2"})";
+
+class OtherLanguage : public QTranslator
+{
+public:
+    QString translate(const char *, const char *, const char *, int) const override
+    {
+        return QStringLiteral("other words");
+    }
+    bool isEmpty() const override { return false; }
+};
 
 struct Bench
 {
@@ -140,6 +151,20 @@ private slots:
         bench.services->start();
         QTRY_COMPARE(bench.told.size(), 1);
         QTRY_COMPARE(bench.notices.count(), 0);
+    }
+
+    void noticesFollowTheLanguage()
+    {
+        Bench bench;
+        bench.server.reply(
+            Events, {news(1, "[" + Audit + "]"), news(1).onRelease(), news(1, "[" + Audit + "]")});
+        bench.services->start();
+        QTRY_COMPARE(bench.notices.count(), 1);
+        QTRY_COMPARE(bench.server.unanswered(), 1);
+        OtherLanguage language;
+        QCoreApplication::installTranslator(&language);
+        const auto *list = bench.notices.findChild<QListWidget *>();
+        QTRY_VERIFY(list->item(0)->text().contains(QStringLiteral("other words")));
     }
 
     void nobodyIsAskedWhileOffline()
