@@ -218,8 +218,8 @@ void CVirtualTeamPage::showState()
     else if (m_told.isEmpty())
         page = m_emptyPage;
     m_pages->setCurrentWidget(page);
-    if (page != m_loadingPage) {
-        if (page == m_listPage && m_passedOn && m_passedOn->hasFocus())
+    if (page == m_listPage) {
+        if (m_passedOn && m_passedOn->hasFocus())
             m_tree->setFocus(Qt::OtherFocusReason);
         m_passedOn = nullptr;
     }
@@ -253,7 +253,7 @@ void CVirtualTeamPage::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     // Who comes by the keyboard finds the focus on a button, the tree being out of sight.
     QTimer::singleShot(0, this, [this] {
-        if (m_pages->currentWidget() == m_loadingPage && isAncestorOf(QApplication::focusWidget()))
+        if (m_pages->currentWidget() != m_listPage && isAncestorOf(QApplication::focusWidget()))
             m_passedOn = QApplication::focusWidget();
     });
 }
