@@ -143,9 +143,6 @@ void CVirtualTeamPage::connectTree()
             &CVirtualTeamPage::signal_GetMembers);
     connect(this, &CVirtualTeamPage::signal_GetMembers, this, &CVirtualTeamPage::slot_getMembers);
     connect(m_tree, &CVirtualTeamTreeView::teamsChanged, this, &CVirtualTeamPage::reloadSoon);
-    m_tree->installEventFilter(this);
-    m_tree->viewport()->installEventFilter(this);
-    m_tree->verticalScrollBar()->installEventFilter(this);
     // What is being asked for may be answered as it was before the user's change.
     using Commands = TeamCommands;
     const Commands *commands = m_tree->commands();
@@ -160,6 +157,9 @@ void CVirtualTeamPage::connectTree()
         if (m_loader->isLoadingTeams())
             m_loader->loadTeams();
     });
+    m_tree->installEventFilter(this);
+    m_tree->viewport()->installEventFilter(this);
+    m_tree->verticalScrollBar()->installEventFilter(this);
     // Members come and go by the thousand; only teams are of interest here.
     const TeamTreeModel *teams = m_tree->teams();
     const auto follow = [this](const QModelIndex &parent) {

@@ -304,7 +304,7 @@ private slots:
         const Kind kind{true};
         F f;
         const auto window = kind.openLoaded(&f);
-        f.hold(kind.detailService(), detail());
+        f.service.hold(kind.detailService(), detail());
         for (int i = 0; i < 10000; ++i)
             emit FriendUISignalSender::instance()->signal_refresh_virtualTeam(QStringLiteral("7"));
         QTRY_COMPARE(f.service.count(kind.detailService()), 2);
