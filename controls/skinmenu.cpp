@@ -42,7 +42,8 @@ SkinMenu *SkinMenu::addSubMenu(const char *key)
 void SkinMenu::paintEvent(QPaintEvent *event)
 {
     QMenu::paintEvent(event);
-    constexpr int Margin = 6;
+    constexpr int Frame = 3;
+    constexpr int Margin = 5;
     constexpr int Opacity = 60; // of 255
     QColor line = Skin::instance().colors().text;
     line.setAlpha(Opacity);
@@ -51,7 +52,7 @@ void SkinMenu::paintEvent(QPaintEvent *event)
         const QRect area = actionGeometry(action);
         if (!action->isSeparator() || !action->isVisible() || !event->region().intersects(area))
             continue;
-        painter.fillRect(area, palette().base());
+        painter.fillRect(area.adjusted(Frame, 0, -Frame, 0), palette().base());
         painter.fillRect(area.left() + Margin, area.center().y(), area.width() - 2 * Margin, 1,
                          line);
     }

@@ -108,11 +108,12 @@ private:
     bool m_failed = false; // the newest one could not be loaded
     QList<CVirtualTeamSimpleInfo> m_told;
     QSet<Level> m_failedLevels;
-    QSet<QString> m_dueTeams; // their open levels are to be loaded again
-    QString m_wantedTeam;     // to be shown when the list is there
-    MemberQuest m_quest;      // for a member to be shown
-    QElapsedTimer m_sinceLed; // from a hit to the tree
-    QPointer<QWidget> m_focusDue;
+    QSet<QString> m_dueTeams;     // their open levels are to be loaded again
+    QString m_wantedTeam;         // to be shown when the list is there
+    MemberQuest m_quest;          // for a member to be shown
+    QElapsedTimer m_sinceLed;     // from a hit to the tree
+    QPointer<QWidget> m_focusDue; // got the focus in place of the button to refresh
+    QPointer<QWidget> m_passedOn; // got it in place of the tree
     QTimer m_reloadDue;
     QTimer m_followDue;
 };

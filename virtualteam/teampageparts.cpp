@@ -218,6 +218,11 @@ void CVirtualTeamPage::showState()
     else if (m_told.isEmpty())
         page = m_emptyPage;
     m_pages->setCurrentWidget(page);
+    if (page == m_listPage) {
+        if (m_passedOn && m_passedOn->hasFocus())
+            m_tree->setFocus(Qt::OtherFocusReason);
+        m_passedOn = nullptr;
+    }
     m_searchBox->setVisible(!m_told.isEmpty() || !m_searchText.isEmpty());
     const bool isStale = isOutOfDate();
     if (m_quest.isLooking())
@@ -246,6 +251,11 @@ void CVirtualTeamPage::showEvent(QShowEvent *event)
 {
     start();
     QWidget::showEvent(event);
+    // Who comes by the keyboard finds the focus on a button, the tree being out of sight.
+    QTimer::singleShot(0, this, [this] {
+        if (m_pages->currentWidget() != m_listPage && isAncestorOf(QApplication::focusWidget()))
+            m_passedOn = QApplication::focusWidget();
+    });
 }
 
 void CVirtualTeamPage::retranslate()

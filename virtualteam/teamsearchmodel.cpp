@@ -35,6 +35,15 @@ QString digitsOf(const QString &text)
     return digits;
 }
 
+// Empty unless it can be a part of a number.
+QString typedDigits(const QString &text)
+{
+    const bool hasLetters =
+        std::any_of(text.begin(), text.end(), [](QChar letter) { return letter.isLetter(); });
+    const QString digits = hasLetters ? QString() : digitsOf(text);
+    return digits.size() >= FewestDigits ? digits : QString();
+}
+
 } // namespace
 
 // --- Rows ------------------------------------------------------------------------
@@ -155,8 +164,8 @@ MarkedText TeamSearchModel::markedName(const CVirtualTeamMemberInfo &member) con
 // Who was found by the name needs nothing beside it.
 MarkedText TeamSearchModel::foundBeside(const CVirtualTeamMemberInfo &member) const
 {
-    const QString digits = digitsOf(m_text);
-    if (digits.size() >= FewestDigits && digitsOf(member.mobile).contains(digits)) {
+    const QString digits = typedDigits(m_text);
+    if (!digits.isEmpty() && digitsOf(member.mobile).contains(digits)) {
         const QString mobile = displayText(member.mobile);
         const int at = mobile.indexOf(m_text);
         // Written with other blanks than it was typed, it is marked as a whole.

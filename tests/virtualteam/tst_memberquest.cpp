@@ -4,6 +4,7 @@
 #include "tests/virtualteam/teampagefixture.h"
 #include "virtualteam/memberquest.h"
 
+#include <QLineEdit>
 #include <QWheelEvent>
 
 namespace {
@@ -108,6 +109,23 @@ private slots:
         QTRY_VERIFY(!m_f->visible<QWidget>("noticeText"));
         QCOMPARE(asked().size(), MemberQuest::MostLevels + 1);
         QVERIFY(m_f->server.mostUnanswered() <= MemberQuest::AtATime);
+    }
+
+    // Who comes from another page by the keyboard goes on in the tree.
+    void treeTakesTheFocus()
+    {
+        m_f->make();
+        QStackedWidget pane;
+        auto *elsewhere = new QLineEdit;
+        pane.addWidget(elsewhere);
+        pane.addWidget(m_f->page.release());
+        pane.show();
+        QVERIFY(QTest::qWaitForWindowActive(&pane));
+        elsewhere->setFocus();
+        pane.setCurrentIndex(1);
+        QVERIFY(m_f->create->hasFocus());
+        QTRY_COMPARE(m_f->shown(), QStringLiteral("VirtualTeamListPage"));
+        QTRY_VERIFY(pane.findChild<CVirtualTeamTreeView *>()->hasFocus());
     }
 
     // Where the first click of two hits the list, the second one meets the tree.

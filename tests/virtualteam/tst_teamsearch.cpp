@@ -317,6 +317,34 @@ private slots:
         m_f->host.onRequest = nullptr;
     }
 
+    void marksWhatWasTyped_data()
+    {
+        const Rows<QString, QString, QString> row{"typed", "name", "beside"};
+        const QString plain = QString::fromUtf8("小王 (王小明)");
+        row("inside", QString::fromUtf8("小明"), QString::fromUtf8("小王 (王[小明])"), QString());
+        row("pinyin", "wangxiaoming", QString::fromUtf8("小王 ([王小明])"), QString());
+        row("number", "1234", plain, QStringLiteral("138 0000 [1234]"));
+        row("number, blanks", "00001234", plain, QStringLiteral("[138 0000 1234]"));
+        row("account", "U0000", plain, QStringLiteral("[u0000]42"));
+        row("what the service knows", "dev", plain, QString());
+    }
+    void marksWhatWasTyped()
+    {
+        QFETCH(QString, typed);
+        CVirtualTeamMemberInfo member;
+        member.userId = QStringLiteral("u000042");
+        member.nickName = QString::fromUtf8("小王");
+        member.name = QString::fromUtf8("王小明");
+        member.mobile = QStringLiteral("138 0000 1234");
+        TeamSearchModel model;
+        model.setTeams({{One, One, 0, 1}});
+        model.setText(typed);
+        model.setHits(One, {member}, true);
+        const QModelIndex row = model.index(0);
+        QTEST(bracketed(row.data(TeamHitRole::MarkedName)), "name");
+        QTEST(bracketed(row.data(TeamHitRole::Beside)), "beside");
+    }
+
     // What an answer may hold, and what a row makes of it.
     void answersThatMeanNoGood()
     {
@@ -340,6 +368,14 @@ private slots:
     }
 
 private:
+    static QString bracketed(const QVariant &line)
+    {
+        auto [text, marks] = line.value<MarkedText>();
+        for (const SearchMark &mark : marks)
+            text.insert(mark.first + mark.second, QLatin1Char(']'))
+                .insert(mark.first, QLatin1Char('['));
+        return text;
+    }
     void type(const char *text)
     {
         m_f->box->setFocus();
