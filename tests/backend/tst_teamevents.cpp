@@ -90,8 +90,9 @@ private slots:
         QCOMPARE(m_world.events("u000001", &(since = -1)), QStringList());
         QCOMPARE(m_world.events("u000001", &(since = begun)),
                  (QStringList{audit, "update " + team + " u000010"}));
-        m_world.code("u000002", "auditVirtualTeam",
-                     QString("vtId=%1&member=u000010&flag=1").arg(team));
+        const QString decision = QString("vtId=%1&member=u000010&flag=1").arg(team);
+        QCOMPARE(m_world.code("u000001", "auditVirtualTeam", decision), 10002);
+        QCOMPARE(m_world.code("u000002", "auditVirtualTeam", decision), 0);
         m_world.code(TeamWorld::Owner, settings, "approval=0&approver=u000001");
         QCOMPARE(m_world.events(TeamWorld::Owner, &(since = begun)),
                  QStringList{"update " + team + " u000002"});

@@ -53,6 +53,28 @@ private slots:
         }
     }
 
+    void joiningWhatEnds()
+    {
+        for (int round = 0; round < 20; ++round) {
+            const TeamWorld::StandardTeam team = m_world.makeStandardTeam();
+            m_world.code(TeamWorld::Owner, "inviteVirtualTeam",
+                         team.fill("vtId=%1&members=x000004"));
+            int ended = -1, joined = -1;
+            together({[&] {
+                          ended = m_world.code(TeamWorld::Owner, "dissolveVirtualTeam",
+                                               team.fill("vtId=%1"));
+                      },
+                      [&] {
+                          joined = m_world.code("x000004", "confirmJoinVirtualTeam",
+                                                team.fill("vtId=%1&agree=1"));
+                      }});
+            QCOMPARE(ended, 0);
+            QVERIFY(joined == 0 || joined == 10001);
+            QVERIFY(!m_world.teamsOf("x000004").contains(team.id));
+            QCOMPARE(m_world.contradictions(), QStringList());
+        }
+    }
+
     void oneHeirCounts()
     {
         for (int round = 0; round < 10; ++round) {
