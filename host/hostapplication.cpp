@@ -196,6 +196,7 @@ void HostApplication::buildWindow()
     m_teamNews =
         std::make_unique<TeamNews>(TeamNews::Parts{m_services.get(), m_core.get(), m_bus.get(),
                                                    m_webLog.get(), m_window->windows()->notices()});
+    QObject::connect(m_teamNews.get(), &TeamNews::note, m_window.get(), &MainWindow::showNote);
 
     m_window->setLanguage(m_language->current());
     m_window->setSkin(m_options.skin);

@@ -13,6 +13,7 @@ struct News
     qint64 next = 0;
     QStringList changed;
     QList<TeamRequest> requests;
+    QList<TeamDecision> decisions;
 };
 
 News newsIn(const Json::Value &data)
@@ -24,8 +25,12 @@ News newsIn(const Json::Value &data)
         const Json::Value &event = events[i];
         const QString type = JsonReader::text(event, "type");
         const TeamRequest request{type, JsonReader::text(event, "vtId"),
-                                  JsonReader::text(event, "member")};
-        if (type != QLatin1String("audit") && type != QLatin1String("join"))
+                                  JsonReader::text(event, "member"),
+                                  JsonReader::text(event, "vtName")};
+        if (type == QLatin1String("agreed") || type == QLatin1String("refused"))
+            news.decisions.append(
+                {request.teamName, request.member, type == QLatin1String("agreed")});
+        else if (type != QLatin1String("audit") && type != QLatin1String("join"))
             news.changed +=
                 JsonReader::text(event, "teams").split(QLatin1Char(','), Qt::SkipEmptyParts);
         else if (!request.teamId.isEmpty() && !news.requests.contains(request))
@@ -145,6 +150,8 @@ void TeamEvents::takeNews(const ServiceReply &reply)
         m_retry.start(FirstPause);
     for (const TeamRequest &request : news.requests)
         emit requested(request);
+    for (const TeamDecision &decision : news.decisions)
+        emit decided(decision);
     if (!news.changed.isEmpty())
         emit teamsChanged(news.changed);
 }

@@ -16,12 +16,21 @@ struct TeamRequest
 {
     QString type; // "audit": a team is to be made; "join": an invitation into one
     QString teamId;
-    QString member; // uid of who asks
+    QString member;        // uid of who asks
+    QString teamName = {}; // empty: not told
 
     friend bool operator==(const TeamRequest &a, const TeamRequest &b)
     {
         return a.type == b.type && a.teamId == b.teamId && a.member == b.member;
     }
+};
+
+// What became of an application of the user's own.
+struct TeamDecision
+{
+    QString teamName;
+    QString member; // uid of who has decided
+    bool agreed = false;
 };
 
 class TeamEvents : public QObject
@@ -49,6 +58,7 @@ public:
 signals:
     void teamsChanged(const QStringList &teamIds);
     void requested(const TeamRequest &request);
+    void decided(const TeamDecision &decision);
     // All that wait now; what is not among them has been decided.
     void waiting(const QList<TeamRequest> &requests);
 

@@ -49,6 +49,7 @@ TeamNews::TeamNews(const Parts &parts, QObject *parent) : QObject(parent), m_par
         m_parts.bus->notify(Inbound::VirtualTeamsChanged, ids.join(QLatin1Char(',')), QString());
     });
     connect(&m_events, &TeamEvents::requested, this, &TeamNews::list);
+    connect(&m_events, &TeamEvents::decided, this, &TeamNews::tell);
     connect(&m_events, &TeamEvents::waiting, this, &TeamNews::listAll);
     connect(parts.notices, &Notices::accepted, this, [this](int kind, const QString &id) {
         if (kind == Notice::TeamRequest)
@@ -82,12 +83,23 @@ void TeamNews::watch(const WebRequestRecord &record)
 
 Notice TeamNews::noticeOf(const TeamRequest &request) const
 {
-    const MessagingCore &core = *m_parts.core;
-    const QString jid = request.member + QLatin1Char('@') + core.serverDomain();
     const QString said = request.type == QLatin1String("audit")
-                             ? tr("asks for your approval of a new team")
-                             : tr("invites your company into a team");
-    return {Notice::TeamRequest, idOf(request), ChatPage::nameOf(core, jid), said};
+                             ? tr("asks for your approval of the team “%1”")
+                             : tr("invites your company into the team “%1”");
+    return {Notice::TeamRequest, idOf(request), nameOf(request.member), said.arg(request.teamName)};
+}
+
+QString TeamNews::nameOf(const QString &uid) const
+{
+    const MessagingCore &core = *m_parts.core;
+    return ChatPage::nameOf(core, uid + QLatin1Char('@') + core.serverDomain());
+}
+
+void TeamNews::tell(const TeamDecision &decision)
+{
+    const QString said =
+        decision.agreed ? tr("%1 has agreed: team “%2”") : tr("%1 has refused: team “%2”");
+    emit note(said.arg(nameOf(decision.member), decision.teamName));
 }
 
 void TeamNews::list(const TeamRequest &request)

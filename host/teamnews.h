@@ -33,15 +33,21 @@ public:
     // None of the parts is owned; all outlive this object.
     explicit TeamNews(const Parts &parts, QObject *parent = nullptr);
 
+signals:
+    // One line for the status bar.
+    void note(const QString &text);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     void follow();
+    QString nameOf(const QString &uid) const;
     void list(const TeamRequest &request);
     void listAll(const QList<TeamRequest> &requests);
     void open(const QString &id);
     Notice noticeOf(const TeamRequest &request) const;
+    void tell(const TeamDecision &decision);
     void watch(const WebRequestRecord &record);
 
     Parts m_parts;

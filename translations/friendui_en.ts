@@ -2346,12 +2346,20 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>TeamNews</name>
     <message>
-        <source>asks for your approval of a new team</source>
-        <translation>asks for your approval of a new team</translation>
+        <source>asks for your approval of the team “%1”</source>
+        <translation>asks for your approval of the team “%1”</translation>
     </message>
     <message>
-        <source>invites your company into a team</source>
-        <translation>invites your company into a team</translation>
+        <source>invites your company into the team “%1”</source>
+        <translation>invites your company into the team “%1”</translation>
+    </message>
+    <message>
+        <source>%1 has agreed: team “%2”</source>
+        <translation>%1 has agreed: team “%2”</translation>
+    </message>
+    <message>
+        <source>%1 has refused: team “%2”</source>
+        <translation>%1 has refused: team “%2”</translation>
     </message>
 </context>
 <context>

@@ -2346,12 +2346,20 @@ The people of the sample company come, go and answer by themselves; the event mo
 <context>
     <name>TeamNews</name>
     <message>
-        <source>asks for your approval of a new team</source>
-        <translation>申请创建虚拟团队，等待您审批</translation>
+        <source>asks for your approval of the team “%1”</source>
+        <translation>申请创建虚拟团队“%1”，等待您审批</translation>
     </message>
     <message>
-        <source>invites your company into a team</source>
-        <translation>邀请贵公司加入虚拟团队</translation>
+        <source>invites your company into the team “%1”</source>
+        <translation>邀请贵公司加入虚拟团队“%1”</translation>
+    </message>
+    <message>
+        <source>%1 has agreed: team “%2”</source>
+        <translation>%1已同意：团队“%2”</translation>
+    </message>
+    <message>
+        <source>%1 has refused: team “%2”</source>
+        <translation>%1已拒绝：团队“%2”</translation>
     </message>
 </context>
 <context>

@@ -18,7 +18,8 @@ struct News
 void writeEvent(JsonText &json, const QString &teams, const TeamEvent &event)
 {
     json.open('{').member("teams", teams).member("type", event.type);
-    json.member("vtId", QString::number(event.team)).member("member", event.member);
+    json.member("vtId", QString::number(event.team)).member("vtName", event.name);
+    json.member("member", event.member);
     json.close('}');
 }
 
@@ -54,7 +55,7 @@ News fromTheBeginning(Teams &teams, TeamEventLog &events, bool hasMissed)
     if (hasMissed) {
         const QString update = QString::fromLatin1(TeamEventType::Update);
         for (const OwnTeam &own : teams.store().teamsOf(teams.caller().uid))
-            news.events.push_back({news.next, update, own.id, {}});
+            news.events.push_back({news.next, update, own.id, {}, {}});
     }
     return news;
 }

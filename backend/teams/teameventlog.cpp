@@ -54,12 +54,14 @@ void TeamEventLog::tellMembers(qint64 team, const QString &member)
 
 std::vector<TeamEvent> TeamEventLog::after(const QString &uid, qint64 number)
 {
-    Statement rows = m_transaction.prepare("SELECT seq, type, vtId, member FROM teamEvent"
-                                           " WHERE uid = ? AND seq > ? ORDER BY seq LIMIT ?");
+    Statement rows = m_transaction.prepare(
+        "SELECT seq, type, vtId, member, name FROM teamEvent LEFT JOIN team USING (vtId)"
+        " WHERE uid = ? AND seq > ? ORDER BY seq LIMIT ?");
     rows.bind(uid).bind(number).bind(MaximumRead);
     std::vector<TeamEvent> events;
     while (rows.next())
-        events.push_back({rows.number(0), rows.text(1), rows.number(2), rows.text(3)});
+        events.push_back(
+            {rows.number(0), rows.text(1), rows.number(2), rows.text(3), rows.text(4)});
     return events;
 }
 

@@ -13,6 +13,9 @@ namespace TeamEventType {
 constexpr char Update[] = "update"; // something about the team has changed
 constexpr char Audit[] = "audit";   // somebody wants to make it
 constexpr char Join[] = "join";     // somebody of another company invites into it
+// What became of it, for the applicant.
+constexpr char Agreed[] = "agreed";
+constexpr char Refused[] = "refused";
 } // namespace TeamEventType
 
 struct TeamEvent
@@ -21,6 +24,7 @@ struct TeamEvent
     QString type;
     qint64 team;
     QString member; // who caused it; the applicant of "audit" and "join"
+    QString name;   // of the team; empty: it is gone
 };
 
 class TeamEventLog

@@ -102,6 +102,7 @@ void Teams::decideCreation(qint64 id, const QString &creator, bool agrees)
     else
         concerned.append(creator);
     m_events.tell(concerned, TeamEventType::Update, id, m_caller.uid);
+    tellDecision(creator, id, agrees);
 }
 
 void Teams::invite(qint64 id, const QStringList &uids, const QString &reason)
@@ -159,6 +160,15 @@ void Teams::answerInvitation(qint64 id, bool agrees)
         concerned.append(application.applicant.uid);
     }
     m_events.tell(concerned, TeamEventType::Update, id, m_caller.uid);
+    tellDecision(application.applicant.uid, id, agrees);
+}
+
+// To who decides about his own he has said it himself.
+void Teams::tellDecision(const QString &applicant, qint64 id, bool agrees)
+{
+    if (applicant != m_caller.uid)
+        m_events.tell({applicant}, agrees ? TeamEventType::Agreed : TeamEventType::Refused, id,
+                      m_caller.uid);
 }
 
 void Teams::changeCompany(const Company &company)
@@ -185,10 +195,12 @@ std::vector<TeamEvent> Teams::waiting()
     std::vector<TeamEvent> events;
     if (isApprover) {
         for (const Team &team : m_store.openCreationsOf(m_caller.companyCode))
-            events.push_back({0, QString::fromLatin1(TeamEventType::Audit), team.id, team.creator});
+            events.push_back(
+                {0, QString::fromLatin1(TeamEventType::Audit), team.id, team.creator, team.name});
     }
     for (const TeamInvitation &open : isApprover ? m_store.openInvitationsOf(m_caller.companyCode)
                                                  : m_store.openInvitationsTo(m_caller.uid))
-        events.push_back({0, QString::fromLatin1(TeamEventType::Join), open.team, open.inviter});
+        events.push_back({0, QString::fromLatin1(TeamEventType::Join), open.team, open.inviter,
+                          m_store.team(open.team).value_or(Team()).name});
     return events;
 }

@@ -86,6 +86,7 @@ private:
     void admit(const Team &team);
     QStringList asked(qint64 team, const QString &company);
     void tellInvited(const TeamInvitation &invitation);
+    void tellDecision(const QString &applicant, qint64 id, bool agrees);
     void tellRemoved(qint64 team, const QStringList &uids);
     void tellMembers(qint64 team) { m_events.tellMembers(team, m_caller.uid); }
 

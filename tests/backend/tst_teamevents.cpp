@@ -95,7 +95,7 @@ private slots:
         QCOMPARE(m_world.code("u000002", "auditVirtualTeam", decision), 0);
         m_world.code(TeamWorld::Owner, settings, "approval=0&approver=u000001");
         QCOMPARE(m_world.events(TeamWorld::Owner, &(since = begun)),
-                 QStringList{"update " + team + " u000002"});
+                 (QStringList{"agreed " + team + " u000002", "update " + team + " u000002"}));
         for (const char *uid : {"x000004", "x000001"}) { // the invited one and his approver
             QCOMPARE(m_world.events(uid, &(since = begun)), QStringList{join});
             QCOMPARE(m_world.events(uid, &(since = -1)), QStringList{join});
@@ -103,7 +103,7 @@ private slots:
         begun = since = m_world.lastEvent(TeamWorld::Owner);
         m_world.code("x000004", "confirmJoinVirtualTeam", QString("vtId=%1&agree=0").arg(team));
         QCOMPARE(m_world.events(TeamWorld::Owner, &since),
-                 QStringList{"update " + team + " x000004"});
+                 (QStringList{"refused " + team + " x000004", "update " + team + " x000004"}));
         QCOMPARE(m_world.events("x000001", &(since = -1)), QStringList());
         QCOMPARE(m_world.events("x000001", &(since = begun)),
                  QStringList{"update " + team + " x000004"});

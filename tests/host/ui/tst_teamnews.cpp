@@ -127,6 +127,24 @@ private slots:
         QCOMPARE(data.value(QStringLiteral("member")).toString(), QStringLiteral("u2"));
     }
 
+    // The text of a name is not taken for a place for another.
+    void whatOthersDecideIsTold()
+    {
+        Bench bench;
+        QStringList notes;
+        QObject::connect(bench.teamNews.get(), &TeamNews::note, bench.teamNews.get(),
+                         [&notes](const QString &text) { notes.append(text); });
+        bench.server.reply(
+            Events,
+            {news(1),
+             news(2, R"([{"type":"refused","teams":"5","vtId":"5","vtName":"B","member":"u%2"},)"
+                     R"({"type":"agreed","teams":"6","vtId":"6","vtName":"C","member":"u3"}])"),
+             news(2).onRelease()});
+        bench.services->start();
+        QTRY_COMPARE(notes, (QStringList{QString::fromUtf8("u%2 has refused: team “B”"),
+                                         QString::fromUtf8("u3 has agreed: team “C”")}));
+    }
+
     void whatTheUserDecidesDisappears()
     {
         Bench bench;
