@@ -25,6 +25,14 @@ std::unique_ptr<QLockFile> lockOf(const QString &file)
     lock->setStaleLockTime(0); // however long the host runs
     return lock;
 }
+
+// The process that holds the lock; 0: nobody.
+qint64 ownerOf(const QLockFile &lock)
+{
+    qint64 process = 0;
+    QString machine, program;
+    return lock.getLockInfo(&process, &machine, &program) ? process : 0;
+}
 } // namespace
 
 bool BackendNotice::publish(const QString &folder, const SharedBackend &backend, QString *problem)
@@ -71,11 +79,17 @@ bool BackendNotice::read(const QString &folder, SharedBackend *backend)
     if (!source.open(QIODevice::ReadOnly))
         return false;
     const QByteArray content = source.read(MaximumSize);
-    // Who gets the lock has found it without an owner.
-    if (lockOf(file)->tryLock(0))
+    const QJsonObject told = QJsonDocument::fromJson(content).object();
+    const std::unique_ptr<QLockFile> lock = lockOf(file);
+    if (lock->tryLock(0)) {
+        // Without an owner: that one was killed.
+        QFile::remove(file);
+        return false;
+    }
+    // It may be another reader who holds the lock just now.
+    if (ownerOf(*lock) != qint64(told.value(QLatin1String(Process)).toDouble()))
         return false;
     QString problem;
-    const QJsonObject told = QJsonDocument::fromJson(content).object();
     backend->people = told.value(QLatin1String(People)).toInt();
     backend->seed = told.value(QLatin1String(Seed)).toString().toULongLong();
     return backend->people > 0 && BackendProcess::readAddress(content, &backend->address, &problem);

@@ -27,7 +27,7 @@ public:
     void withdraw();
 
     // What a host that runs now tells in this folder; false: none does, or the file is
-    // not one of these.
+    // not one of these. What a killed host has left behind is removed.
     static bool read(const QString &folder, SharedBackend *backend);
 
 private:

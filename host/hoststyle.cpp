@@ -39,12 +39,17 @@ QIcon icon(bool cross)
     return pixmap;
 }
 
-// The toolkit's frames are darker than the window, which is not seen in the dark.
+// The toolkit's lines are darker than the window, which is not seen in the dark.
+bool isDark(const QStyleOption *option)
+{
+    return option->palette.color(QPalette::Window).lightness() <= 127;
+}
+
 void drawFrame(QStyle::PrimitiveElement element, const QStyleOption *option, QPainter *painter)
 {
     const bool focused =
         element == QStyle::PE_FrameLineEdit && option->state & QStyle::State_HasFocus;
-    if (focused || option->palette.color(QPalette::Window).lightness() > 127)
+    if (focused || !isDark(option))
         return;
     constexpr qreal Radius = 2;
     QColor frame = option->palette.color(QPalette::PlaceholderText);
@@ -55,6 +60,14 @@ void drawFrame(QStyle::PrimitiveElement element, const QStyleOption *option, QPa
     painter->setBrush(Qt::NoBrush);
     painter->drawRoundedRect(QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5), Radius, Radius);
     painter->restore();
+}
+
+bool isMenuSeparator(QStyle::ControlElement element, const QStyleOption *option)
+{
+    const auto *item = element == QStyle::CE_MenuItem
+                           ? qstyleoption_cast<const QStyleOptionMenuItem *>(option)
+                           : nullptr;
+    return item && item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty();
 }
 
 } // namespace
@@ -84,6 +97,21 @@ void HostStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     }
     drawCross(painter, option->rect,
               option->palette.color(hovered ? QPalette::WindowText : QPalette::PlaceholderText));
+}
+
+void HostStyle::drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                            const QWidget *widget) const
+{
+    if (!isMenuSeparator(element, option) || !isDark(option)) {
+        QProxyStyle::drawControl(element, option, painter, widget);
+        return;
+    }
+    constexpr int Margin = 6;
+    QColor line = option->palette.color(QPalette::PlaceholderText);
+    line.setAlpha(110);
+    painter->fillRect(QRect(option->rect.left() + Margin, option->rect.center().y(),
+                            option->rect.width() - 2 * Margin, 1),
+                      line);
 }
 
 QIcon HostStyle::standardIcon(StandardPixmap standard, const QStyleOption *option,

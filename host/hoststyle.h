@@ -1,6 +1,6 @@
 // Fusion, with the few signs that it draws in black whatever the palette, with frames
-// that are seen in the dark, and without pictures on the buttons of dialogs, which
-// desktops switch on or off.
+// and menus' separators that are seen in the dark, and without pictures on the buttons of dialogs,
+// which desktops switch on or off.
 #pragma once
 
 #include <QProxyStyle>
@@ -14,6 +14,8 @@ public:
 
     void drawPrimitive(PrimitiveElement element, const QStyleOption *option, QPainter *painter,
                        const QWidget *widget = nullptr) const override;
+    void drawControl(ControlElement element, const QStyleOption *option, QPainter *painter,
+                     const QWidget *widget = nullptr) const override;
     QIcon standardIcon(StandardPixmap icon, const QStyleOption *option = nullptr,
                        const QWidget *widget = nullptr) const override;
     int styleHint(StyleHint hint, const QStyleOption *option = nullptr,

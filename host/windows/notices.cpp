@@ -1,5 +1,7 @@
 #include "host/windows/notices.h"
 
+#include "common/displaytext.h"
+
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QListWidget>
@@ -58,7 +60,7 @@ Notices::Notices(QWidget *parent)
     layout->setSpacing(10);
     layout->addWidget(m_list, 1);
     layout->addLayout(buttons);
-    resize(440, 260);
+    resize(580, 320);
 
     connect(m_list, &QListWidget::itemSelectionChanged, this, &Notices::showState);
     connect(m_list, &QListWidget::itemClicked, this, &Notices::setRead);
@@ -88,6 +90,7 @@ void Notices::put(const Notice &notice, int row)
     const QString said = notice.text.simplified().left(LongestText);
     const QString who = notice.name.simplified().left(LongestName);
     item->setText(said.isEmpty() ? who : who + QStringLiteral(": ") + said);
+    item->setToolTip(toolTipText(item->text())); // the row may be too short for it
     item->setData(KindRole, notice.kind);
     item->setData(IdRole, notice.id);
     if (isKnown && m_list->row(item) == row)

@@ -160,12 +160,30 @@ private slots:
         QCOMPARE(found.address.password, QStringLiteral("s3cret"));
         writeFile(file, "{\"people\":40}");
         QVERIFY(!BackendNotice::read(folder.path(), &found));
-        // What a host that crashed leaves is nobody's.
-        const QByteArray left = "{\"people\":40,\"address\":\"https://127.0.0.1:1\"}";
         notice.withdraw();
         QVERIFY(!QFile::exists(file));
+    }
+
+    void whatAKilledHostLeavesIsNobodys()
+    {
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(QStringLiteral("backend.json"));
+        BackendNotice notice;
+        QString problem;
+        QVERIFY(notice.publish(folder.path(), sharedIn(folder.path(), 40), &problem));
+        QByteArray left = contentOf(file);
+        const QByteArray process = QByteArray::number(QCoreApplication::applicationPid());
+        QVERIFY(left.contains("\"process\":" + process));
+        left.replace("\"process\":" + process, "\"process\":" + process + "0");
+        notice.withdraw();
         writeFile(file, left);
+        SharedBackend found;
+        QLockFile otherReader(file + QLatin1String(".lock"));
+        QVERIFY(otherReader.tryLock(0));
         QVERIFY(!BackendNotice::read(folder.path(), &found));
+        otherReader.unlock();
+        QVERIFY(!BackendNotice::read(folder.path(), &found));
+        QVERIFY(!QFile::exists(file));
     }
 
     void aBackEndInUseIsNotReset()
