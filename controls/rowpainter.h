@@ -15,6 +15,7 @@ class RowPainter
 public:
     static constexpr int RowHeight = 44; // device-independent pixels, as all below
     static constexpr int AvatarSize = 32;
+    static constexpr QRgb CompanyColor = 0xff8f8f8f; // of companies and the like beside names
     static constexpr int MarkSize = 16;
     static constexpr int SmallMarkSize = 14;
     static constexpr int Margin = 12;

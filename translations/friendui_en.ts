@@ -1167,6 +1167,10 @@
         <translation>Members: %1</translation>
     </message>
     <message>
+        <source>teamMemberNotFound</source>
+        <translation>This person could not be found in the team.</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>Members</translation>
     </message>

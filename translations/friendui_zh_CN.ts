@@ -1167,6 +1167,10 @@
         <translation>%1人</translation>
     </message>
     <message>
+        <source>teamMemberNotFound</source>
+        <translation>未能在该团队中找到此人。</translation>
+    </message>
+    <message>
         <source>teamMembers</source>
         <translation>团队成员</translation>
     </message>

@@ -44,6 +44,7 @@ void CVirtualTeamPage::stop()
     m_dueTeams.clear();
     m_failed = m_failed || !m_known;
     m_quest.end();
+    m_questFailed = false;
     const auto levels = m_loader->stop();
     for (const Level &level : levels)
         slot_getVirtualTeamStructureFinish(false, level.first, level.second, {}, {});
@@ -89,7 +90,7 @@ void CVirtualTeamPage::reload(bool withLevels)
     const QSet<QString> due = std::exchange(m_dueTeams, {});
     for (const QString &team : due) {
         m_loader->repeatLevels(team);
-        const auto open = m_tree->openLevels(team);
+        const auto open = m_tree->expireClosedLevels(team);
         for (const Level &level : open)
             levels.insert(level);
     }
@@ -116,6 +117,7 @@ void CVirtualTeamPage::slot_refreshVirtualTeam()
     if (!TeamMessages::mayRequest(this, "isOfflinePleaseLogin"))
         return;
     m_reloadDue.stop();
+    m_questFailed = false;
     if (m_started)
         reload(true);
     else
@@ -330,14 +332,17 @@ void CVirtualTeamPage::revealWanted()
     const QStringList groups = m_quest.next(teams);
     for (const QString &groupId : groups)
         slot_getMembers(vtId, groupId);
-    if (!m_quest.isUnderWay())
+    if (!m_quest.isUnderWay()) {
         LOG_DEBUG("the member is in no group of the team " << logText(vtId));
+        m_questFailed = true;
+    }
     showState();
 }
 
 void CVirtualTeamPage::endQuest()
 {
-    if (!m_quest.isUnderWay())
+    const bool saysSo = std::exchange(m_questFailed, false);
+    if (!m_quest.isUnderWay() && !saysSo)
         return;
     m_quest.end();
     showState();

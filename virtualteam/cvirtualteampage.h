@@ -111,6 +111,7 @@ private:
     QSet<QString> m_dueTeams;     // their open levels are to be loaded again
     QString m_wantedTeam;         // to be shown when the list is there
     MemberQuest m_quest;          // for a member to be shown
+    bool m_questFailed = false;   // said so until the user goes on
     QElapsedTimer m_sinceLed;     // from a hit to the tree
     QPointer<QWidget> m_focusDue; // got the focus in place of the button to refresh
     QPointer<QWidget> m_passedOn; // got it in place of the tree

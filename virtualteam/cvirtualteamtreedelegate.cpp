@@ -20,7 +20,6 @@ constexpr int WideIndent = 16;
 constexpr int NarrowIndent = 6;
 constexpr int MostIndents = 12;
 
-constexpr QRgb CompanyColor = 0xff8f8f8f;
 constexpr QRgb DutyColor = 0xff999999;
 constexpr QRgb RoleColor = 0xffffa354;
 
@@ -41,7 +40,7 @@ QVector<RowPainter::Piece> secondLine(const QModelIndex &index)
     const QVector<RowPainter::Piece> pieces{
         {TeamTreeTexts::roleText(index.data(TeamRowRole::Role).toInt()), QColor(RoleColor), true},
         {index.data(TeamRowRole::Duty).toString(), QColor(DutyColor)},
-        {index.data(TeamRowRole::Company).toString(), QColor(CompanyColor)}};
+        {index.data(TeamRowRole::Company).toString(), QColor(RowPainter::CompanyColor)}};
     QVector<RowPainter::Piece> shown;
     for (const RowPainter::Piece &piece : pieces) {
         if (!piece.text.isEmpty())

@@ -103,7 +103,7 @@ void CVirtualTeamTreeView::expandTeam(const QString &vtId)
     reveal(team);
 }
 
-QList<QPair<QString, QString>> CVirtualTeamTreeView::openLevels(const QString &vtId)
+QList<QPair<QString, QString>> CVirtualTeamTreeView::expireClosedLevels(const QString &vtId)
 {
     QList<QPair<QString, QString>> levels;
     m_model->expire(vtId);

@@ -29,10 +29,10 @@ public:
 
     // Opens a team and shows its row.
     void expandTeam(const QString &vtId);
-    // The levels of a team that are open, as team and group, to be loaded again by the
-    // caller. What is loaded of the closed ones expires: it is asked for when they are
-    // opened next.
-    QList<QPair<QString, QString>> openLevels(const QString &vtId);
+    // What is loaded of a team's closed levels expires: it is asked for when they are
+    // opened next. Returns the open ones, as team and group, to be loaded again by the
+    // caller.
+    QList<QPair<QString, QString>> expireClosedLevels(const QString &vtId);
 
 signals:
     // One level is wanted.

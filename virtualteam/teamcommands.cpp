@@ -11,6 +11,7 @@
 TeamCommands::TeamCommands(QWidget *view) : QObject(view), m_view(view)
 {
     whenUserLeaves(this, [this] { forgetUser(); });
+    connect(this, &TeamCommands::busyChanged, this, &TeamCommands::sendPicked);
 }
 
 TeamCommands::~TeamCommands() = default;
@@ -38,6 +39,7 @@ void TeamCommands::forgetUser()
     const auto boxes = m_view->findChildren<TipBox *>();
     for (TipBox *box : boxes)
         box->close();
+    m_picks.clear();
     const auto operations = findChildren<Operation *>(QString(), Qt::FindDirectChildrenOnly);
     for (Operation *operation : operations)
         delete operation;
@@ -48,12 +50,12 @@ bool TeamCommands::mayAsk(const QString &vtId)
     return TeamMessages::mayRequest(m_view) && !isBusy(vtId);
 }
 
-void TeamCommands::confirm(const QString &vtId, const QString &question,
+void TeamCommands::confirm(const QString &vtId, const QString &question, const QString &name,
                            const std::function<void()> &send)
 {
     if (!mayAsk(vtId))
         return;
-    TipBox::ask(m_view, question, [this, vtId, send] {
+    TipBox::ask(m_view, TeamMessages::about(question, name), [this, vtId, send] {
         if (!TeamMessages::mayRequest(m_view))
             return;
         if (isBusy(vtId))
@@ -182,20 +184,22 @@ void TeamCommands::renameGroup(const TeamSelection &group)
 void TeamCommands::deleteGroup(const TeamSelection &group)
 {
     const QString vtId = group.team.vtId;
-    confirm(vtId, QObject::tr("deleteTeamGroupTip"), [this, vtId, groupId = group.groupId] {
-        Operation *operation = begin(vtId);
-        connect(operation, &Operation::signal_deleteVirtualTeamGroupFinish, this,
-                [this, operation](const QString &team, const QString &deleted, bool ok, int code) {
-                    if (ok) {
-                        emit groupDeleted(team, deleted);
-                        emit teamsChanged(); // its members have gone with it
-                        return;
-                    }
-                    TeamMessages::tell(m_view, TeamMessages::deletionFailed(code));
-                    checkOutdated(operation);
-                });
-        operation->deleteVirtualTeamGroup(vtId, groupId);
-    });
+    confirm(vtId, QObject::tr("deleteTeamGroupTip"), group.groupName,
+            [this, vtId, groupId = group.groupId] {
+                Operation *operation = begin(vtId);
+                connect(operation, &Operation::signal_deleteVirtualTeamGroupFinish, this,
+                        [this, operation](const QString &team, const QString &deleted, bool ok,
+                                          int code) {
+                            if (ok) {
+                                emit groupDeleted(team, deleted);
+                                emit teamsChanged(); // its members have gone with it
+                                return;
+                            }
+                            TeamMessages::tell(m_view, TeamMessages::deletionFailed(code));
+                            checkOutdated(operation);
+                        });
+                operation->deleteVirtualTeamGroup(vtId, groupId);
+            });
 }
 
 // --- Teams -------------------------------------------------------------------------
@@ -220,7 +224,7 @@ void TeamCommands::renameTeam(const CVirtualTeamSimpleInfo &team)
 void TeamCommands::quit(const CVirtualTeamSimpleInfo &team)
 {
     const QString vtId = team.vtId;
-    confirm(vtId, QObject::tr("sureExistTeam"), [this, vtId] {
+    confirm(vtId, QObject::tr("sureExistTeam"), team.vtName, [this, vtId] {
         Operation *operation = begin(vtId);
         connect(operation, &Operation::signal_QuitVirtualTeamFinish, this,
                 [this, operation](const QString &left, bool ok, int code) {
@@ -238,7 +242,7 @@ void TeamCommands::dissolve(const CVirtualTeamSimpleInfo &team)
     const QString vtId = team.vtId;
     const QString question =
         QString::fromUtf8("确定解散虚拟团队？解散团队后，将会删除团队所有信息。");
-    confirm(vtId, question, [this, vtId] {
+    confirm(vtId, question, team.vtName, [this, vtId] {
         Operation *operation = begin(vtId);
         connect(operation, &Operation::signal_DissolveVirtualTeamFinish, this,
                 [this, operation](const QString &dissolved, bool ok, int code) {

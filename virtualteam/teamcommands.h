@@ -52,8 +52,13 @@ public:
     void viewDetail(const TeamSelection &member);
     void createGroupChat(const TeamSelection &members);
 
-    // People picked in the host's picker.
+    // People picked in the host's picker. They wait while the team is busy, and go in
+    // portions that the service takes; the whole has one result.
     void addPicked(const QString &vtId, const QString &groupId, const QStringList &userIds);
+    static constexpr int MostPicks = 20;    // of one team that wait
+    static constexpr int MostAtOnce = 1000; // people in one request
+    // Forgets what was picked for teams that are none any more.
+    void keepPicksOf(const QStringList &vtIds);
 
     // Whether a request that changes this team runs.
     bool isBusy(const QString &vtId) const { return m_busy.contains(vtId); }
@@ -88,13 +93,25 @@ private:
     // Makes the request for the text that was typed.
     using Send = std::function<void(VirtualTeamEditWidget *dialog, const QString &text)>;
 
+    struct Pick
+    {
+        QString groupId;
+        QStringList userIds;
+        int done = 0;   // of them, those that the service has dealt with
+        int failed = 0; // of these
+
+        QStringList portion() const { return userIds.mid(done, MostAtOnce); }
+    };
+
     // An operation that keeps the team busy until it has ended.
     Operation *begin(const QString &vtId);
     // Whether a question about the team leads anywhere: tells of a lost connection, and
     // is silent while the team is busy, since the menus are disabled then.
     bool mayAsk(const QString &vtId);
-    // Asks; `send` makes the request if nothing has come in between.
-    void confirm(const QString &vtId, const QString &question, const std::function<void()> &send);
+    // Asks about what is called `name`; `send` makes the request if nothing has come in
+    // between.
+    void confirm(const QString &vtId, const QString &question, const QString &name,
+                 const std::function<void()> &send);
     // Raises the dialog of that key, or opens the one that `make` makes.
     void open(const QString &vtId, const QString &about, const std::function<BaseDialog *()> &make);
     // Asks for a line of text. One dialog for each `about`.
@@ -107,9 +124,14 @@ private:
     void checkOutdated(const Operation *operation);
     void forgetUser();
     void editPersonalInfo(VirtualTeamEditWidget::Mode mode, const TeamSelection &member);
+    void sendPicked(const QString &vtId);
+    void portionEnded(const Operation *operation, bool ok);
+    void pickEnded(const Operation *operation, const Pick &pick, bool ok);
     void askMembers(const QString &vtId, int groupId, const QStringList &presentIds);
 
     QWidget *m_view;
     QHash<QString, int> m_busy; // by team, how many requests
+    // By team, the one that is sent first; never empty.
+    QHash<QString, QList<Pick>> m_picks;
     WindowRegistry<BaseDialog> m_dialogs;
 };

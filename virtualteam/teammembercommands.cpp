@@ -97,37 +97,6 @@ void TeamCommands::askMembers(const QString &vtId, int groupId, const QStringLis
     operation->getVirtualTeamMembers(vtId);
 }
 
-void TeamCommands::addPicked(const QString &vtId, const QString &groupId,
-                             const QStringList &userIds)
-{
-    QStringList uids;
-    for (const QString &id : userIds)
-        uids.append(jidUser(id));
-    uids.removeAll(QString());
-    uids.removeAll(ctx().userId());
-    uids.removeDuplicates();
-    if (uids.isEmpty() || !TeamMessages::mayRequest(m_view))
-        return;
-    if (isBusy(vtId)) {
-        TipBox::tell(m_view, QObject::tr("teamBusy"));
-        return;
-    }
-    Operation *operation = begin(vtId);
-    connect(operation, &Operation::signal_AddVirtualTeamMembersFinish, this,
-            [this, operation](const QString &team, const QString &group, bool ok) {
-                if (!ok) {
-                    failed(operation, TeamMessages::failed());
-                    return;
-                }
-                if (operation->failNumber() > 0)
-                    TipBox::tell(m_view,
-                                 QObject::tr("teamMembersNotAdded").arg(operation->failNumber()));
-                emit levelChanged(team, group);
-                emit teamsChanged(); // it has more members now
-            });
-    operation->addVirtualTeamMembers(vtId, groupId, uids);
-}
-
 void TeamCommands::moveMembersTo(const QString &vtId, const QString &groupId,
                                  const QStringList &userIds)
 {
@@ -203,7 +172,7 @@ void TeamCommands::toggleAdministrator(const TeamSelection &member)
     const QString vtId = member.team.vtId;
     const QStringList ids{person.userId};
     if (person.role != TeamRole::SubAdministrator) {
-        confirm(vtId, QObject::tr("sureSetAdmin"), [this, vtId, ids] {
+        confirm(vtId, QObject::tr("sureSetAdmin"), person.shownName(), [this, vtId, ids] {
             Operation *operation = begin(vtId);
             connect(operation, &Operation::signal_addVirtualTeamAdminFinish, this,
                     [this, operation](const QString &team, const QStringList &added, bool ok) {
@@ -216,7 +185,7 @@ void TeamCommands::toggleAdministrator(const TeamSelection &member)
         });
         return;
     }
-    confirm(vtId, QObject::tr("sureCancelAdmin"), [this, vtId, ids] {
+    confirm(vtId, QObject::tr("sureCancelAdmin"), person.shownName(), [this, vtId, ids] {
         Operation *operation = begin(vtId);
         connect(operation, &Operation::signal_deleteVirtualTeamAdminFinish, this,
                 [this, operation](const QString &team, const QStringList &removed, bool ok) {
@@ -238,10 +207,11 @@ void TeamCommands::deleteMembers(const TeamSelection &members)
         return;
     }
     const QString vtId = members.team.vtId;
-    const QString question = members.members.size() == 1
-                                 ? QObject::tr("sureDeleteTeamMember")
-                                 : QString::fromUtf8("确定批量删除成员吗？");
-    confirm(vtId, question, [this, vtId, ids = idsOf(members.members)] {
+    const bool isOne = members.members.size() == 1;
+    const QString question =
+        isOne ? QObject::tr("sureDeleteTeamMember") : QString::fromUtf8("确定批量删除成员吗？");
+    const QString name = isOne ? members.members.first().shownName() : QString();
+    confirm(vtId, question, name, [this, vtId, ids = idsOf(members.members)] {
         Operation *operation = begin(vtId);
         connect(operation, &Operation::signal_deleteVirtualTeamMemberFinish, this,
                 [this, operation, ids](const QString &team, bool ok) {

@@ -1,6 +1,7 @@
 #include "virtualteam/teammessages.h"
 
 #include "common/context.h"
+#include "common/displaytext.h"
 #include "controls/tipbox.h"
 #include "virtualteam/httpvirtualteamoperation.h"
 
@@ -126,6 +127,12 @@ QString TeamMessages::failed()
 void TeamMessages::tell(QWidget *parent, const QString &text)
 {
     TipBox::tell(parent, text, QString::fromUtf8("确定"));
+}
+
+QString TeamMessages::about(const QString &question, const QString &name)
+{
+    const QString shown = displayText(name).trimmed();
+    return shown.isEmpty() ? question : question + QLatin1Char('\n') + shown;
 }
 
 bool TeamMessages::mayRequest(QWidget *parent, const char *key)

@@ -33,6 +33,9 @@ QString failed();
 // deletion.
 void tell(QWidget *parent, const QString &text);
 
+// A fixed question with a line below it for whom or what it is about, if that has a name.
+QString about(const QString &question, const QString &name);
+
 // False, and the user was told by `key`, when nothing can be sent now.
 bool mayRequest(QWidget *parent, const char *key = "notexecuteoperation");
 

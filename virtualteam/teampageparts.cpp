@@ -183,8 +183,10 @@ void CVirtualTeamPage::connectSearch()
             m_tree->setFocus(Qt::TabFocusReason);
     });
     connect(list, &FoundList::escapePressed, this, &CVirtualTeamPage::leaveSearch);
-    connect(list, &List::memberChosen, this,
-            [this](const QString &vtId, const QString &userId) { m_quest.begin(vtId, userId); });
+    connect(list, &List::memberChosen, this, [this](const QString &vtId, const QString &userId) {
+        endQuest();
+        m_quest.begin(vtId, userId);
+    });
     connect(list, &List::signal_expendVirtualTeam, this, &CVirtualTeamPage::slot_expendVirtualTeam);
 }
 
@@ -227,6 +229,8 @@ void CVirtualTeamPage::showState()
     const bool isStale = isOutOfDate();
     if (m_quest.isLooking())
         m_notice->say("searchSearching");
+    else if (m_questFailed)
+        m_notice->say("teamMemberNotFound");
     else
         m_notice->say(isStale ? "refreshTeamsFailed" : nullptr, isStale);
 }

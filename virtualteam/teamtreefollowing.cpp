@@ -44,6 +44,10 @@ void CVirtualTeamTreeView::followCommands()
         m_model->removeTeam(vtId);
         emit teamsChanged();
     });
+    connect(m_model, &QAbstractItemModel::rowsRemoved, this, [this](const QModelIndex &parent) {
+        if (!parent.isValid())
+            m_commands->keepPicksOf(m_model->teamIds());
+    });
     connect(m_commands, &Commands::teamRenamed, m_model, &TeamTreeModel::setTeamName);
     connect(m_commands, &Commands::teamRenamed, this, &View::signal_updateVirtualTeamName);
     connect(m_commands, &Commands::groupRenamed, m_model, &TeamTreeModel::setGroupName);
@@ -101,7 +105,7 @@ void CVirtualTeamTreeView::refreshLevel(const QString &vtId, const QString &grou
 
 void CVirtualTeamTreeView::refreshTeam(const QString &vtId)
 {
-    const auto levels = openLevels(vtId);
+    const auto levels = expireClosedLevels(vtId);
     for (const auto &level : levels)
         emit signal_GetMembers(level.first, level.second);
 }

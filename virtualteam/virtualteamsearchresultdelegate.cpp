@@ -30,7 +30,7 @@ void VirtualTeamSearchResultDelegate::paint(QPainter *painter, const QStyleOptio
     const bool faded = !hasPresence || !presence.isOnline();
     painter->save();
     RowPainter row(painter, option);
-    row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
+    row.setSecondaryColor(QColor(RowPainter::CompanyColor));
     row.background();
     row.avatar(AvatarStore::instance().avatar(picture, makeJid(uid), name, RowPainter::AvatarSize,
                                               painter->device()->devicePixelRatioF()),

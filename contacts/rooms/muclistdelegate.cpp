@@ -57,7 +57,7 @@ void MucListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &optio
     const qreal ratio = painter->device()->devicePixelRatioF();
     const QPoint shake = index.data(MucRole::ShakeOffset).toPoint();
     RowPainter row(painter, option);
-    row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
+    row.setSecondaryColor(QColor(RowPainter::CompanyColor));
     row.background();
     painter->translate(shake);
     row.avatar(AvatarStore::instance().groupPortrait(index.data(MucRole::HeadPath).toString(),

@@ -4,6 +4,7 @@
 #include "tests/virtualteam/teampagefixture.h"
 #include "virtualteam/memberquest.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QWheelEvent>
 
@@ -92,9 +93,11 @@ private slots:
         m_failGroup = someFail ? QStringLiteral("g") : QString();
         choose();
         QTRY_VERIFY(asked().contains(QStringLiteral("hhh")));
-        QTRY_VERIFY(!m_f->visible<QWidget>("noticeText"));
+        QTRY_COMPARE(notice(), QStringLiteral("teamMemberNotFound"));
         QCOMPARE(m_tree->currentIndex(), m_f->model->teamIndex(One));
         QCOMPARE(asked().size(), 5);
+        QTest::keyClick(m_tree, Qt::Key_Down); // the user goes on
+        QCOMPARE(notice(), QString());
     }
 
     void endsSomewhere()
@@ -106,7 +109,7 @@ private slots:
         m_groups = {{rootGroupId(), many}};
         choose();
         QTRY_COMPARE(asked().size(), MemberQuest::MostLevels + 1);
-        QTRY_VERIFY(!m_f->visible<QWidget>("noticeText"));
+        QTRY_COMPARE(notice(), QStringLiteral("teamMemberNotFound"));
         QCOMPARE(asked().size(), MemberQuest::MostLevels + 1);
         QVERIFY(m_f->server.mostUnanswered() <= MemberQuest::AtATime);
     }
@@ -157,6 +160,11 @@ private:
         if (group == m_heldGroup)
             answer->onRelease();
         return true;
+    }
+    QString notice() const
+    {
+        const auto *label = m_f->visible<QLabel>("noticeText");
+        return label ? label->text() : QString();
     }
     void choose() { m_f->list->choose(m_f->list->model()->index(0, 0)); }
     QStringList asked() const { return m_f->asked(Structure, "pgId"); }

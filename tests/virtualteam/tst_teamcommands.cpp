@@ -54,24 +54,24 @@ private slots:
         row("rename group", text("modifyVirtualTeamGroup"), text("renameGroup"),
             "vtId=t&groupId=7&groupName=new%20%26%20name", {}, text("group 7 new & name"));
         row("delete group", text("deleteVirtualTeamGroup"), text("deleteGroup"), "vtId=t&groupId=7",
-            text("deleteTeamGroupTip"), text("deleted 7,teams"));
+            text("deleteTeamGroupTip\ngroup"), text("deleted 7,teams"));
         row("rename team", text("modifyVirtualTeamInfo"), text("renameTeam"),
             "vtId=t&vtName=new%20%26%20name", {}, text("team new & name"));
-        row("leave", text("quitVirtualTeam"), text("quit"), "vtId=t", text("sureExistTeam"),
+        row("leave", text("quitVirtualTeam"), text("quit"), "vtId=t", text("sureExistTeam\nteam"),
             text("left t"));
         row("dissolve", text("dissolveVirtualTeam"), text("dissolve"), "vtId=t",
-            QString::fromUtf8("确定解散虚拟团队？解散团队后，将会删除团队所有信息。"),
+            QString::fromUtf8("确定解散虚拟团队？解散团队后，将会删除团队所有信息。\nteam"),
             text("left t"));
         row("nick name", text("modifyVirtualTeamMemberInfo"), text("nick"),
             "vtId=t&member=u2&nickName=new%20%26%20name", {}, text("nick u2 new & name"));
         row("post", text("modifyVirtualTeamMemberInfo"), text("post"),
             "vtId=t&member=u2&duty=new%20%26%20name", {}, text("post u2 new & name"));
         row("sub-administrator", text("addVirtualTeamAdmin"), text("promote"), "vtId=t&members=u2",
-            text("sureSetAdmin"), text("admins +u2-"));
+            text("sureSetAdmin\nnick"), text("admins +u2-"));
         row("no sub-administrator", text("deleteVirtualTeamAdmin"), text("demote"),
-            "vtId=t&members=u2", text("sureCancelAdmin"), text("admins +-u2"));
+            "vtId=t&members=u2", text("sureCancelAdmin\nnick"), text("admins +-u2"));
         row("delete one", text("deleteVirtualTeamMember"), text("delete"), "vtId=t&members=u2",
-            text("sureDeleteTeamMember"), text("gone u2,teams"));
+            text("sureDeleteTeamMember\nnick"), text("gone u2,teams"));
         row("delete two", text("deleteVirtualTeamMember"), text("deleteTwo"),
             "vtId=t&members=u2%2Cu3", QString::fromUtf8("确定批量删除成员吗？"),
             text("gone u2+u3,teams"));

@@ -2,6 +2,7 @@
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 #include "tests/virtualteam/requestfixture.h"
+#include "virtualteam/dialogs/teamdecisionbody.h"
 
 namespace {
 using F = RequestFixture;
@@ -186,6 +187,8 @@ private slots:
         QVERIFY(!chosen->isEnabled() && !other->isEnabled());
         chosen->click();
         other->click();
+        // What was on its way from them.
+        emit window->findChild<TeamDecisionBody *>()->decided(agrees);
         QTRY_COMPARE(f.service.count(kind.decisionService()), 1);
         QTEST(f.service.form(), "form");
         f.service.server.release();

@@ -90,7 +90,7 @@ private slots:
         QTEST(MenusFixture::shown(menu), "entries");
         menu->close();
         menu->actions().last()->trigger();
-        QCOMPARE(TipBox::lastText(),
+        QCOMPARE(TipBox::lastText().section(u'\n', 0, 0),
                  role == Owner
                      ? QString::fromUtf8("确定解散虚拟团队？解散团队后，将会删除团队所有信息。")
                      : QStringLiteral("notmodify"));
@@ -158,7 +158,7 @@ private slots:
         const MenusFixture tree(Owner);
         const int boxes = TipBox::count();
         tree.choose(rows, key.constData());
-        QTEST(TipBox::lastText(), "asked");
+        QTEST(TipBox::lastText().section(u'\n', 0, 0), "asked");
         QCOMPARE(TipBox::count() - boxes, 1);
         QVERIFY(!tree.commands()->isBusy(QStringLiteral("T"))); // as it was cancelled
     }
@@ -281,7 +281,7 @@ private slots:
         tree.choose(QStringLiteral("u2 u4"), "batDeleteTeamMembers", [&tree] {
             tree.teams()->removeMember(QStringLiteral("T"), QStringLiteral("u2"));
         });
-        QCOMPARE(TipBox::lastText(), QStringLiteral("sureDeleteTeamMember"));
+        QCOMPARE(TipBox::lastText(), QStringLiteral("sureDeleteTeamMember\nu4"));
     }
 
     void roleChangedMeanwhile_data()
@@ -358,7 +358,7 @@ private slots:
         QTest::keyClick(tree.tree.get(), Qt::Key(key));
         const auto *dialog = tree.tree->findChild<BaseDialog *>();
         const QString told = dialog                    ? dialog->windowTitle()
-                             : TipBox::count() > boxes ? TipBox::lastText()
+                             : TipBox::count() > boxes ? TipBox::lastText().section(u'\n', 0, 0)
                                                        : QString();
         QTEST(told, "told");
     }

@@ -52,6 +52,16 @@ private slots:
         QCOMPARE(box->buttons().first()->text(), QString::fromUtf8("确定"));
         delete box;
     }
+
+    // A name makes one line, whatever is in it.
+    void about()
+    {
+        const QString question = QStringLiteral("Sure?");
+        QCOMPARE(TeamMessages::about(question, QStringLiteral("<b>a\nb")),
+                 QStringLiteral("Sure?\n<b>a b"));
+        for (const char *none : {"", " \n"})
+            QCOMPARE(TeamMessages::about(question, QString::fromLatin1(none)), question);
+    }
 };
 
 FRIENDUI_TEST(TstTeamMessages)

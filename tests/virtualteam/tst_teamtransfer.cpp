@@ -75,11 +75,12 @@ private slots:
         t.service.answer("getMembers", "{\"members\":" + list + '}');
         t.open();
         t.choose(member.constData());
+        const QString name = t.row(t.tree, member).data(TeamRowRole::Name).toString();
         TipBox::setNextAnswers(TipBox::Sure);
         t.pressSure();
         if (text.isEmpty()) {
             QTRY_COMPARE(t.service.count("grantVirtualTeamAuthority"), 1);
-            QCOMPARE(t.service.told(), QObject::tr("sureTransAuthTip"));
+            QCOMPARE(t.service.told(), QObject::tr("sureTransAuthTip") + u'\n' + name);
             return;
         }
         QTRY_COMPARE(t.service.told(), text);

@@ -102,6 +102,25 @@ private slots:
         QVERIFY(tree.view->currentIndex().isValid());
     }
 
+    // People who were picked for a team wait until it is free, but not for its return.
+    void picksGoWithTheTeam()
+    {
+        for (const bool goes : {false, true}) {
+            TeamTreeFixture tree;
+            tree.service.hold("transferVirtualTeamMember");
+            tree.view->commands()->moveMembersTo(T, QStringLiteral("G"), {QStringLiteral("u2")});
+            emit FriendUISignalSender::instance()->signal_addMembersToVirtualTeam(
+                T, {QStringLiteral("u5")}, 0);
+            if (goes)
+                tree.model->setTeams({makeTeam(QStringLiteral("S"))});
+            tree.model->setTeams(TeamTreeFixture::teams());
+            QTRY_COMPARE(tree.service.server.unanswered(), 1);
+            tree.service.server.release();
+            QTRY_VERIFY(!tree.view->commands()->isBusy(T));
+            QCOMPARE(tree.service.count("batchAddVirtualTeamMember"), goes ? 0 : 1);
+        }
+    }
+
     void onlyOpenLevelsAreRefreshed()
     {
         TeamTreeFixture tree;
@@ -112,12 +131,12 @@ private slots:
         tree.level("K", "", "fay");
         tree.view->setExpanded(tree.group("H"), false);
         using Level = QPair<QString, QString>;
-        QCOMPARE(tree.view->openLevels(T),
+        QCOMPARE(tree.view->expireClosedLevels(T),
                  QList<Level>({Level(T, QStringLiteral("0")), Level(T, QStringLiteral("G"))}));
         tree.level("0", "G H", "u1# anna");
         // One whose refresh fails keeps its rows, and is refreshed with the others again.
         tree.model->setChildrenState(T, QStringLiteral("G"), TeamChildren::Failed);
-        QCOMPARE(tree.view->openLevels(T).size(), 2);
+        QCOMPARE(tree.view->expireClosedLevels(T).size(), 2);
         tree.level("0", "G H", "u1# anna");
         tree.level("G", "", "dora");
         tree.asks.clear();

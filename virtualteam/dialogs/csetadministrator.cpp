@@ -145,7 +145,7 @@ void CSetAdministrator::changeEvent(QEvent *event)
 
 void CSetAdministrator::sure()
 {
-    if (m_state != State::Loaded)
+    if (m_state != State::Loaded || m_bar->isBusy())
         return;
     const QStringList chosen = m_list->members()->checkedIds();
     if (QSet<QString>(chosen.begin(), chosen.end()) == m_before) {
@@ -158,13 +158,14 @@ void CSetAdministrator::sure()
     m_list->setEnabled(false);
     auto *operation = new CHttpVirtualTeamOperation(this);
     connect(operation, &CHttpVirtualTeamOperation::signal_setVirtualTeamAdminFinish, this,
-            [this, chosen](const QString &, const QStringList &, bool ok, int code) {
-                finished(ok, code, chosen);
-            });
+            // A list that comes meanwhile may hold the result already.
+            [this, chosen, before = m_before](const QString &, const QStringList &, bool ok,
+                                              int code) { finished(ok, code, before, chosen); });
     operation->setVirtualTeamAdmin(m_team.vtId, chosen);
 }
 
-void CSetAdministrator::finished(bool ok, int code, const QStringList &chosen)
+void CSetAdministrator::finished(bool ok, int code, const QSet<QString> &before,
+                                 const QStringList &chosen)
 {
     m_list->setEnabled(true);
     m_bar->setBusy(false);
@@ -179,8 +180,8 @@ void CSetAdministrator::finished(bool ok, int code, const QStringList &chosen)
     QStringList removed;
     QStringList added;
     std::copy_if(chosen.begin(), chosen.end(), std::back_inserter(added),
-                 [this](const QString &userId) { return !m_before.contains(userId); });
-    std::copy_if(m_before.begin(), m_before.end(), std::back_inserter(removed),
+                 [&before](const QString &userId) { return !before.contains(userId); });
+    std::copy_if(before.begin(), before.end(), std::back_inserter(removed),
                  [&chosen](const QString &userId) { return !chosen.contains(userId); });
     removed.sort();
     const QPointer<CSetAdministrator> alive(this);

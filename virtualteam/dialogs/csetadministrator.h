@@ -44,7 +44,7 @@ private:
     void showPage();
     void updateChoice();
     void sure();
-    void finished(bool ok, int code, const QStringList &chosen);
+    void finished(bool ok, int code, const QSet<QString> &before, const QStringList &chosen);
 
     const CVirtualTeamSimpleInfo m_team;
     SearchBox *m_filter;

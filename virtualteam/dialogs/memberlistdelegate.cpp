@@ -55,7 +55,7 @@ void MemberListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
     const QString picture = memberPicture(uid, index.data(TeamRowRole::Photo).toString());
     const qreal ratio = painter->device()->devicePixelRatioF();
     RowPainter row(painter, option);
-    row.setSecondaryColor(QColor(0x8f, 0x8f, 0x8f));
+    row.setSecondaryColor(QColor(RowPainter::CompanyColor));
     row.background();
     row.avatar(
         AvatarStore::instance().avatar(picture, makeJid(uid), name, RowPainter::AvatarSize, ratio),

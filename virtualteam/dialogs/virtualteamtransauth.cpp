@@ -158,8 +158,8 @@ void VirtualTeamTransAuth::grantTo(const CVirtualTeamMemberInfo &member)
         return;
     const QString userId = member.userId;
     TipBox::ask(
-        this, QObject::tr("sureTransAuthTip"), [this, userId] { sendGrant(userId); },
-        QObject::tr("sureTransAuth"));
+        this, TeamMessages::about(QObject::tr("sureTransAuthTip"), member.shownName()),
+        [this, userId] { sendGrant(userId); }, QObject::tr("sureTransAuth"));
 }
 
 void VirtualTeamTransAuth::loadCompanies()
