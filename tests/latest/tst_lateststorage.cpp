@@ -139,10 +139,11 @@ private slots:
         Writer second(*m_user, QStringLiteral("b"), rows);
         int mine = 0;
         while (first.state() != QProcess::NotRunning || second.state() != QProcess::NotRunning) {
-            QVERIFY(Table::store({record(QStringLiteral("c%1").arg(mine))}));
-            ++mine;
+            // Refused while the others keep it busy, it is stored the next time.
+            mine += Table::store({record(QStringLiteral("c%1").arg(mine))}) ? 1 : 0;
             QCoreApplication::processEvents();
         }
+        QVERIFY(mine > 0);
         QCOMPARE(first.exitCode(), 0);
         QCOMPARE(second.exitCode(), 0);
         QCOMPARE(Table::page(0, 0).size(), 2 * rows + mine);
