@@ -192,22 +192,10 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case TeamRowRole::Name:
         return nameOf(member);
-    case TeamRowRole::Id:
-        return member.userId;
-    case TeamRowRole::Photo:
-        return member.photoName;
-    case TeamRowRole::Role:
-        return member.role;
     case TeamRowRole::Presence:
         return QVariant::fromValue(presenceOf(member));
     case TeamRowRole::SortKey:
         return index.row();
-    case TeamRowRole::Duty:
-        return displayText(member.duty);
-    case TeamRowRole::Company:
-        return TeamTreeTexts::foreignCompany(member);
-    case TeamRowRole::Kind:
-        return int(TeamRowKind::Member);
     case TeamHitRole::Second:
         return secondLine(hit);
     case TeamHitRole::Beside:
@@ -224,6 +212,6 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
             .join(QStringLiteral(", "));
     }
     default:
-        return QVariant();
+        return TeamTreeTexts::person(member, role);
     }
 }

@@ -21,6 +21,26 @@ QString TeamTreeTexts::foreignCompany(const CVirtualTeamMemberInfo &member)
     return displayText(CompanyNames::instance().foreign(member));
 }
 
+QVariant TeamTreeTexts::person(const CVirtualTeamMemberInfo &record, int role)
+{
+    switch (role) {
+    case TeamRowRole::Id:
+        return record.userId;
+    case TeamRowRole::Photo:
+        return record.photoName;
+    case TeamRowRole::Role:
+        return record.role;
+    case TeamRowRole::Duty:
+        return displayText(record.duty);
+    case TeamRowRole::Company:
+        return foreignCompany(record);
+    case TeamRowRole::Kind:
+        return int(TeamRowKind::Member);
+    default:
+        return QVariant();
+    }
+}
+
 QVariant TeamTreeTexts::member(const TeamTreeMember &member, int role)
 {
     const CVirtualTeamMemberInfo &record = member.record;
@@ -40,22 +60,12 @@ QVariant TeamTreeTexts::member(const TeamTreeMember &member, int role)
         parts.removeAll(QString());
         return parts.join(QStringLiteral(", "));
     }
-    case TeamRowRole::Id:
-        return record.userId;
-    case TeamRowRole::Photo:
-        return record.photoName;
-    case TeamRowRole::Role:
-        return record.role;
     case TeamRowRole::Presence:
         return QVariant::fromValue(record.presence);
     case TeamRowRole::SortKey:
         return QString(QString::number(member.stand.rank) + QLatin1Char('|') + member.stand.key);
-    case TeamRowRole::Duty:
-        return displayText(record.duty);
-    case TeamRowRole::Company:
-        return foreignCompany(record);
     default:
-        return QVariant();
+        return person(record, role);
     }
 }
 

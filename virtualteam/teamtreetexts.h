@@ -7,6 +7,8 @@
 
 namespace TeamTreeTexts {
 
+// What a person's row tells in every list; invalid for the roles that differ.
+QVariant person(const CVirtualTeamMemberInfo &record, int role);
 QVariant member(const TeamTreeMember &member, int role);
 QVariant branch(const TeamTreeBranch &branch, int role);
 QVariant placeholder(TeamRowKind kind, int role);

@@ -125,23 +125,9 @@ QVariant MemberChoiceModel::data(const QModelIndex &index, int role) const
         return spokenText(choice);
     case Qt::CheckStateRole:
         return choice.checked ? Qt::Checked : Qt::Unchecked;
-    case TeamRowRole::Id:
-        return member.userId;
-    case TeamRowRole::Photo:
-        return member.photoName;
-    case TeamRowRole::Role:
-        return member.role;
-    case TeamRowRole::Presence:
-        return QVariant();
-    case TeamRowRole::Duty:
-        return ::displayText(member.duty);
-    case TeamRowRole::Company:
-        return TeamTreeTexts::foreignCompany(member);
     case TeamRowRole::Checked:
         return choice.checked;
-    case TeamRowRole::Kind:
-        return int(TeamRowKind::Member);
     default:
-        return QVariant();
+        return TeamTreeTexts::person(member, role);
     }
 }

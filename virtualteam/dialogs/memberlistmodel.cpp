@@ -3,6 +3,7 @@
 #include "common/displaytext.h"
 #include "virtualteam/companynames.h"
 #include "virtualteam/teamroles.h"
+#include "virtualteam/teamtreetexts.h"
 
 #include <QSet>
 
@@ -72,18 +73,10 @@ QVariant MemberListModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
     case TeamRowRole::Name:
         return nameOf(member);
-    case TeamRowRole::Id:
-        return member.userId;
-    case TeamRowRole::Photo:
-        return member.photoName;
-    case TeamRowRole::Role:
-        return member.role;
     case TeamRowRole::Company:
         return originOf(member);
     case TeamRowRole::SortKey:
         return at(index.row()).arrival;
-    case TeamRowRole::Kind:
-        return int(TeamRowKind::Member);
     case Qt::ToolTipRole:
         return toolTipText(nameOf(member) + QLatin1Char('\n') + originOf(member));
     case Qt::AccessibleTextRole: {
@@ -91,6 +84,6 @@ QVariant MemberListModel::data(const QModelIndex &index, int role) const
         return origin.isEmpty() ? nameOf(member) : nameOf(member) + QStringLiteral(", ") + origin;
     }
     default:
-        return QVariant();
+        return TeamTreeTexts::person(member, role);
     }
 }
