@@ -82,6 +82,7 @@ const std::vector<RequestRow> &requestRows()
         {Outbound::RequestPolicyOf, calls(&MessagingCore::requestPolicy)},
         {Outbound::AddContacts, calls(&MessagingCore::addContacts)},
         {Outbound::StoreOwnProfile, calls(&MessagingCore::storeOwnProfile)},
+        {Outbound::SearchExternalPeople, calls(&HostActions::searchExternalPeople)},
         {Outbound::AddExternalContact, calls(&HostActions::addExternalContact)},
         {Outbound::ConfirmExternalContact, calls(&HostActions::confirmExternalContact)},
         {Outbound::BlacklistExternalContact, calls(&HostActions::blacklistExternalContact)},

@@ -18,7 +18,7 @@
     X(4105, ProfileReceived, "QString jid, VcardInfo profile", "the short profile of a contact") \
     X(4106, FullProfileReceived, "QString jid, VcardInfo profile", "the full profile of a contact") \
     X(4107, HeadChanged, "QString jid, QString imagePath", "a contact's picture was stored at a local path") \
-    X(4109, PeopleFound, "QList<SearchFriendResultData> results, int count", "the answer to a people search") \
+    X(4109, PeopleFound, "QList<SearchFriendResultData> results, int count", "the answer to a people search; count -1: it failed") \
     X(4111, ContactRequested, "QString jid, QString statusText, QString time", "somebody asks to become a contact") \
     X(4114, ContactAdded, "QString jid", "a contact was added to the roster") \
     X(4115, ContactList, "QList<FriendData> contacts", "the roster's contacts; merged into what is shown") \
@@ -120,7 +120,7 @@
     X(4633, Roster4633, "", "reserved; the payload is the caller's") \
     X(4799, Roster4799, "", "reserved; the payload is the caller's") \
     X(4804, Roster4804, "", "reserved; the payload is the caller's") \
-    X(4896, Roster4896, "", "reserved; the payload is the caller's")
+    X(4896, SearchExternalPeople, "QString key", "find people outside the company by name, account or mobile number; answered by PeopleFound")
 
 // To the chat plug-in.
 #define FRIENDUI_REQUESTS_TO_CHAT(X) \

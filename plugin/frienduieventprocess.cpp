@@ -90,6 +90,11 @@ void FriendUIEventProcess::storeOwnProfile(const VcardInfo &profile)
     request(Outbound::StoreOwnProfile, profile);
 }
 
+void FriendUIEventProcess::searchExternalPeople(const QString &key)
+{
+    request(Outbound::SearchExternalPeople, key);
+}
+
 void FriendUIEventProcess::addExternalContact(const QString &jid, const QString &validation)
 {
     request(Outbound::AddExternalContact, jid, validation, clientType());

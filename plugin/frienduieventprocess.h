@@ -55,6 +55,8 @@ public:
     static void storeOwnProfile(const VcardInfo &profile);
 
     // --- External contacts ----------------------------------------------------
+    // By name, account or mobile number; signal_SearchFriendRecv() answers.
+    static void searchExternalPeople(const QString &key);
     static void addExternalContact(const QString &jid, const QString &validation);
     static void confirmExternalContact(const QString &jid, bool agree);
     static void blacklistExternalContact(const QString &jid);

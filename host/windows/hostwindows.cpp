@@ -259,6 +259,11 @@ void HostWindows::writeMail(const QStringList &jids)
                       peopleLines(jids));
 }
 
+void HostWindows::searchExternalPeople(const QString &key)
+{
+    emit note(tr("No service for external contacts: %1 was not searched for.").arg(key));
+}
+
 void HostWindows::addExternalContact(const QString &jid, const QString &, const QString &)
 {
     emit note(

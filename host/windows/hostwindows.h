@@ -45,6 +45,7 @@ public:
                          const QStringList &presentIds) override;
     void manageRoom(const QString &roomJid) override;
     void writeMail(const QStringList &jids) override;
+    void searchExternalPeople(const QString &key) override;
     void addExternalContact(const QString &jid, const QString &validation,
                             const QString &client) override;
     void confirmExternalContact(const QString &jid, qint32 agree, const QString &client) override;

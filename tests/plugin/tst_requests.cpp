@@ -62,6 +62,8 @@ QVector<RequestRow> rosterRows()
          }},
         {"own profile", 4354, Roster, encode(VcardInfo()),
          [] { Process::storeOwnProfile(VcardInfo()); }},
+        {"search external", 4896, Roster, encode(text("k")),
+         [] { Process::searchExternalPeople(text("k")); }},
         {"add external", 4379, Roster, encode(text("j"), text("v"), text("pc")),
          [] { Process::addExternalContact(text("j"), text("v")); }},
         {"confirm external", 4380, Roster, encode(text("j"), qint32(1), text("pc")),

@@ -27,6 +27,7 @@ public:
     }
     void manageRoom(Text roomJid) override { note("manageRoom", {roomJid}); }
     void writeMail(const QStringList &jids) override { note("writeMail", jids); }
+    void searchExternalPeople(Text key) override { note("searchExternalPeople", {key}); }
     void addExternalContact(Text jid, Text text, Text client) override
     {
         note("addExternalContact", {jid, text, client});
