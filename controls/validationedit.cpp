@@ -1,6 +1,5 @@
 #include "controls/validationedit.h"
 
-#include "controls/skin.h"
 #include "controls/validationtext.h"
 
 #include <QKeyEvent>
@@ -15,14 +14,10 @@ QString withoutLineEnds(QString text)
 }
 } // namespace
 
-ValidationEdit::ValidationEdit(QWidget *parent) : QTextEdit(parent)
+ValidationEdit::ValidationEdit(QWidget *parent) : SignTextEdit(parent)
 {
     setObjectName(QStringLiteral("validationEdit"));
-    setAcceptRichText(false);
-    setTabChangesFocus(true);
-    setFont(skinFont(13));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    followSkinAsField(this);
     setFixedHeight(3 * fontMetrics().lineSpacing() + 2 * frameWidth());
 }
 
@@ -55,5 +50,5 @@ void ValidationEdit::keyPressEvent(QKeyEvent *event)
         emit confirmed(); // whoever hears it may destroy this
         return;
     }
-    QTextEdit::keyPressEvent(event);
+    SignTextEdit::keyPressEvent(event);
 }

@@ -2,9 +2,9 @@
 // long as ValidationText allows. Enter is the dialog's.
 #pragma once
 
-#include <QTextEdit>
+#include "controls/signtextedit.h"
 
-class ValidationEdit : public QTextEdit
+class ValidationEdit : public SignTextEdit
 {
     Q_OBJECT
 
