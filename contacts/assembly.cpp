@@ -1,6 +1,9 @@
 #include "contacts/assembly.h"
 
+#include "ExternalFriend/addexternalfrdmanager.h"
 #include "common/context.h"
+#include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "common/logging.h"
 #include "contacts/friendtreemodel.h"
 #include "contacts/friendtreeview.h"
@@ -99,10 +102,16 @@ public:
     {
         return CAddFriendMannger::instance()->mayAddContact(jid);
     }
-    void addContact(const QString &jid) override { CAddFriendMannger::instance()->openDialog(jid); }
-    void externalContactAnswer(const QString &jid, bool, int, int) override
+    void addContact(const QString &jid) override
     {
-        missing("external contacts", jid);
+        if (isExternal(makeJid(jid)))
+            AddExternalFrdManager::instance()->openDialog(jid);
+        else
+            CAddFriendMannger::instance()->openDialog(jid);
+    }
+    void externalContactAnswer(const QString &jid, bool success, int code, int action) override
+    {
+        AddExternalFrdManager::instance()->externalContactAnswer(jid, success, code, action);
     }
 
     void locateInOrganisation(const QString &uid, bool isOrganisation) override
@@ -197,7 +206,8 @@ void assemblePane()
     static auto *actions = new Actions;
     setPaneActions(actions);
     CAddFriendMannger::instance(); // the host's events may ask for a window
-    CustomerChannels::instance();  // they are delivered before their page is shown
+    AddExternalFrdManager::instance();
+    CustomerChannels::instance(); // they are delivered before their page is shown
     [[maybe_unused]] static const bool connected = connectHub(actions);
     startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(
