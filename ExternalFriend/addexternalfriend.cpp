@@ -20,10 +20,7 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPointer>
-
-#include <algorithm>
-#include <utility>
+#include <QTimer>
 
 namespace {
 
@@ -44,13 +41,14 @@ QString firstOf(const QString &text, const QString &other)
 } // namespace
 
 AddExternalFriend::AddExternalFriend(const QString &jid, QWidget *parent)
-    : BaseDialog(parent), m_jid(jid)
+    : BaseDialog(parent), m_jid(jid), m_wait(new QTimer(this))
 {
     setObjectName(QStringLiteral("AddExternalFriend"));
     setFixedWidth(WindowWidth);
-    m_wait.setSingleShot(true);
-    m_wait.setInterval(Patience);
-    connect(&m_wait, &QTimer::timeout, this, [this] {
+    m_wait->setObjectName(QStringLiteral("waitTimer"));
+    m_wait->setSingleShot(true);
+    m_wait->setInterval(Patience);
+    connect(m_wait, &QTimer::timeout, this, [this] {
         LOG_ERROR("no answer to the request about " << logText(m_jid));
         settle();
         say({"addfailreadd", true, TipLabel::Warning});
@@ -58,7 +56,7 @@ AddExternalFriend::AddExternalFriend(const QString &jid, QWidget *parent)
     buildBody();
     connect(this, &BaseDialog::closed, this, [this] {
         m_isClosed = true;
-        m_wait.stop();
+        m_wait->stop();
         emit signal_closed(m_jid);
     });
     connect(this, &AddExternalFriend::signal_addOutsideFriend, this,
@@ -359,7 +357,7 @@ void AddExternalFriend::slot_confirmOutsideFriend(const QString &jid, int action
 void AddExternalFriend::settle()
 {
     m_pending.reset();
-    m_wait.stop();
+    m_wait->stop();
     m_buttons->setRequestsEnabled(true);
     m_validation->setEditable(true);
 }
@@ -399,7 +397,7 @@ bool AddExternalFriend::mayRequest(State from)
 void AddExternalFriend::begin(int action)
 {
     m_pending = action;
-    m_wait.start();
+    m_wait->start();
     say(Said());
     emit requestSent(m_jid);
 }

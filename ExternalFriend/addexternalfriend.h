@@ -9,13 +9,12 @@
 #include "hostapi/rosterrecords.h"
 #include "hostapi/skinrecord.h"
 
-#include <QTimer>
-
 #include <optional>
 
 class ExternalButtons;
 class ExternalPersonHeader;
 class ExternalValidation;
+class QTimer;
 class SkinButton;
 
 // It may be closed, and so deleted later, inside any request that it makes.
@@ -107,7 +106,7 @@ private:
     State m_state = Asking;
     bool m_isClosed = false;
     std::optional<int> m_pending; // the action whose answer is due
-    QTimer m_wait;
+    QTimer *m_wait;               // "waitTimer"
     Said m_said;
 
     ExternalPersonHeader *m_header;

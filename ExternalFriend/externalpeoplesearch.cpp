@@ -23,7 +23,7 @@ ExternalPeopleSearch::ExternalPeopleSearch(QObject *parent) : QObject(parent)
     const Hub *hub = Hub::instance();
     connect(hub, &Hub::signal_SearchFriendRecv, this,
             [this](const QList<SearchFriendResultData> &results, int count) {
-                if (!isAsking())
+                if (!isWaiting())
                     return;
                 m_patience.stop();
                 arrived(results, count);
@@ -67,7 +67,7 @@ void ExternalPeopleSearch::retry()
 
 void ExternalPeopleSearch::ask()
 {
-    if (isAsking())
+    if (isWaiting())
         return; // its end leads on to this text
     m_asked = m_text;
     m_patience.start();

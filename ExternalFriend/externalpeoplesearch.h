@@ -33,6 +33,8 @@ public:
 
     void setText(const QString &text);
     State state() const { return m_state; }
+    // Whether the host owes an answer, to whatever text.
+    bool isWaiting() const { return m_patience.isActive(); }
     // Without waiting for further letters.
     void searchNow();
     // After a failure.
@@ -47,10 +49,9 @@ private:
     void ask();
     void arrived(const QList<SearchFriendResultData> &results, int count);
     void setState(State state);
-    bool isAsking() const { return m_patience.isActive(); }
 
     QString m_text;
-    QString m_asked; // while isAsking()
+    QString m_asked; // while isWaiting()
     State m_state = Idle;
     QTimer m_delay;
     QTimer m_patience;
