@@ -1,9 +1,11 @@
 #include "ExternalFriend/externalfriendwidget.h"
 
+#include "ExternalFriend/addexternalfrdmanager.h"
 #include "ExternalFriend/linkbutton.h"
 #include "ExternalFriend/searchexternalfriend.h"
 #include "common/context.h"
 #include "common/logging.h"
+#include "contacts/friendcommands.h"
 #include "contacts/friendtreemodel.h"
 #include "contacts/friendtreeview.h"
 #include "contacts/groupnames.h"
@@ -60,10 +62,12 @@ ExternalFriendWidget::ExternalFriendWidget(QWidget *parent)
     connect(m_add, &QPushButton::clicked, this, &ExternalFriendWidget::findPeople);
     connect(m_refresh, &QPushButton::clicked, this, &ExternalFriendWidget::refresh);
     connect(view(), &FriendTreeView::waitingForGroups, this, &ExternalFriendWidget::showWaiting);
+    connect(view()->commands(), &FriendCommands::blacklisting, this,
+            [](const QString &jid) { AddExternalFrdManager::instance()->awaitAnswer(jid); });
     start();
-    // Nothing else makes the host deliver them when the user has not needed them yet.
-    if (model()->rowCount() == 0)
-        reload();
+    // Nothing else makes the host deliver them when the user has not needed them yet. Not
+    // at once: the host may take the pane away inside the request.
+    QMetaObject::invokeMethod(this, &ExternalFriendWidget::loadAtFirst, Qt::QueuedConnection);
 }
 
 // --- Look ------------------------------------------------------------------------
@@ -162,6 +166,12 @@ void ExternalFriendWidget::showWaiting()
         m_overlay->note();
     else
         m_overlay->hide();
+}
+
+void ExternalFriendWidget::loadAtFirst()
+{
+    if (model()->rowCount() == 0)
+        reload();
 }
 
 void ExternalFriendWidget::findPeople()

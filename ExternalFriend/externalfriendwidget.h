@@ -29,6 +29,7 @@ private:
     QWidget *link(QWidget *parent);
     void showWaiting();
     void retranslate();
+    void loadAtFirst();
     void findPeople();
     void refresh();
 

@@ -1,7 +1,10 @@
 // The page of external contacts in the pane.
+#include "ExternalFriend/addexternalfrdmanager.h"
 #include "ExternalFriend/externalfriendwidget.h"
+#include "contacts/friendcommands.h"
 #include "plugin/frienduisignalsender.h"
 #include "tests/contacts/panefixture.h"
+#include "tests/support/rows.h"
 #include "tests/support/testrunner.h"
 
 #include <QAbstractButton>
@@ -50,18 +53,44 @@ private slots:
         QCOMPARE(pane.pane->currentPage(), QStringLiteral("friends"));
     }
 
+    // The answer to what was chosen in a menu opens no window; a failure is told.
+    void answersToTheBlacklist()
+    {
+        PaneFixture pane;
+        addXena(pane);
+        pane.pane->raisePage(Page);
+        TipBox::setNextAnswers(TipBox::Sure);
+        for (const bool ok : {true, false}) {
+            pane.pane->externalPage()->view()->commands()->blacklist(Xena);
+            const int boxes = TipBox::count();
+            FakeHost::send(4890, Xena, ok, qint32(ok ? 0 : 1), qint32(2));
+            QCOMPARE(TipBox::count() - boxes, ok ? 0 : 1);
+            QVERIFY(!AddExternalFrdManager::instance()->dialog(Xena));
+        }
+    }
+
     // The host takes the pane away inside a request of the page.
+    void destroyedWhileAsking_data()
+    {
+        const Rows<bool> row{"known"};
+        row("at first", false);
+        row("by the button", true);
+    }
+
     void destroyedWhileAsking()
     {
+        QFETCH(bool, known);
         PaneFixture pane;
         pane.host.onRequest = [&pane](const FakeHost::Request &request) {
             if (request.code == Outbound::RefreshGroups)
                 pane.destroy();
         };
-        addXena(pane);
+        if (known)
+            addXena(pane);
         pane.pane->raisePage(Page);
-        pane.pane->externalPage()->findChild<QAbstractButton *>("btnRefresh")->click();
-        QVERIFY(pane.pane.isNull());
+        if (known)
+            pane.pane->externalPage()->findChild<QAbstractButton *>("btnRefresh")->click();
+        QTRY_VERIFY(pane.pane.isNull());
     }
 
 private:
