@@ -1,6 +1,7 @@
 #include "contacts/assembly.h"
 
 #include "ExternalFriend/addexternalfrdmanager.h"
+#include "ExternalFriend/externalfriendwidget.h"
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/externalpeople.h"
@@ -35,16 +36,26 @@ class Actions : public PaneActions
 public:
     void hideOfflineInitialised(bool hide) override
     {
-        if (FriendWidget *widget = pane())
-            widget->friendTree()->slot_inithidealloffline(hide);
+        FriendWidget *widget = pane();
+        if (!widget)
+            return;
+        widget->friendTree()->slot_inithidealloffline(hide);
+        if (widget->hasExternalPage())
+            widget->externalPage()->slot_inithidealloffline(hide);
     }
     void locateContact(const QString &jid) override
     {
         FriendWidget *widget = pane();
         if (!widget)
             return;
-        widget->raisePage(QStringLiteral("friends"));
-        if (!widget->friendTree()->locate(jid))
+        ContactTreePage *tree = widget->friendTree();
+        QString page = QStringLiteral("friends");
+        if (isExternal(jid) && widget->externalPage()) {
+            tree = widget->externalPage();
+            page = QStringLiteral("outsidefrd");
+        }
+        widget->raisePage(page);
+        if (!tree->locate(jid))
             LOG_DEBUG("there is no row of " << logText(jid));
     }
     void locateGroup(const QString &groupId) override
