@@ -283,6 +283,14 @@
         <translation>Customer service</translation>
     </message>
     <message>
+        <source>cutFrame</source>
+        <translation>Part of the picture that is used</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>Arrow keys move the frame, Ctrl and arrow keys resize it; with Shift in larger steps.</translation>
+    </message>
+    <message>
         <source>defaltInvitReasion</source>
         <translation>Please join our virtual team.</translation>
     </message>
@@ -847,6 +855,10 @@
         <translation>My profile</translation>
     </message>
     <message>
+        <source>ownProfileUnknown</source>
+        <translation>Your profile has not arrived yet. Please try again in a moment.</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>Product team</translation>
     </message>
@@ -865,6 +877,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>Search for members of other companies by account or mobile number and add them.</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>The picture could not be stored on this computer.</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>The picture is too large: no side may be longer than 8192 pixels, the file no larger than 64 MB.</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -1297,6 +1317,10 @@
     <message>
         <source>uploadFail</source>
         <translation>The upload failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>uploadingPicture</source>
+        <translation>Uploading…</translation>
     </message>
     <message>
         <source>userHadAdded</source>

@@ -283,6 +283,14 @@
         <translation>客服</translation>
     </message>
     <message>
+        <source>cutFrame</source>
+        <translation>使用的图片区域</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>方向键移动裁剪框，Ctrl+方向键调整大小，加 Shift 幅度更大。</translation>
+    </message>
+    <message>
         <source>defaltInvitReasion</source>
         <translation>邀请您加入我们的虚拟团队，一起协作。</translation>
     </message>
@@ -847,6 +855,10 @@
         <translation>我的资料</translation>
     </message>
     <message>
+        <source>ownProfileUnknown</source>
+        <translation>尚未获取到您的资料，请稍后重试。</translation>
+    </message>
+    <message>
         <source>pembateam</source>
         <translation>产品团队</translation>
     </message>
@@ -865,6 +877,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>按账号或手机号搜索外企业成员并添加。</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>无法在本机保存图片。</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>图片过大：边长不能超过 8192 像素，文件不能超过 64 MB。</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -1297,6 +1317,10 @@
     <message>
         <source>uploadFail</source>
         <translation>上传失败，请重试。</translation>
+    </message>
+    <message>
+        <source>uploadingPicture</source>
+        <translation>正在上传…</translation>
     </message>
     <message>
         <source>userHadAdded</source>
