@@ -8,6 +8,22 @@
         <translation>%1 older ones dropped</translation>
     </message>
     <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>Unsubscribing failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>Filter subscriptions</translation>
+    </message>
+    <message>
+        <source>notSubscribed</source>
+        <translation>Not subscribed</translation>
+    </message>
+    <message>
         <source>paused</source>
         <translation>paused</translation>
     </message>
@@ -895,6 +911,10 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>The list may be out of date.</translation>
+    </message>
+    <message>
         <source>refreshTeamsFailed</source>
         <translation>Refreshing failed: this may be out of date.</translation>
     </message>
@@ -971,6 +991,14 @@
         <translation>Searching…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>Search service numbers</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>The service numbers could not be searched.</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>Some teams could not be searched.</translation>
     </message>
@@ -1011,12 +1039,32 @@
         <translation>Send message</translation>
     </message>
     <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>Subscribe to open the chat.</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>Contact</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>Description</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>Service number</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>This service number only publishes; it takes no replies.</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>Subject</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1057,6 +1105,10 @@
     <message>
         <source>subscribed</source>
         <translation>Subscribed</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>Subscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>sure</source>

@@ -8,6 +8,22 @@
         <translation>已丢弃较早的 %1 个</translation>
     </message>
     <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>取消订阅后将不再收到“%1”的消息，确定取消吗？</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>取消订阅失败，请重试。</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>筛选已订阅的服务号</translation>
+    </message>
+    <message>
+        <source>notSubscribed</source>
+        <translation>未订阅</translation>
+    </message>
+    <message>
         <source>paused</source>
         <translation>已暂停</translation>
     </message>
@@ -895,6 +911,10 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>列表可能不是最新的。</translation>
+    </message>
+    <message>
         <source>refreshTeamsFailed</source>
         <translation>刷新失败，显示的可能不是最新内容。</translation>
     </message>
@@ -971,6 +991,14 @@
         <translation>正在搜索…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>搜索服务号</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>搜索服务号失败。</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>部分团队搜索失败。</translation>
     </message>
@@ -1011,12 +1039,32 @@
         <translation>发送消息</translation>
     </message>
     <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>订阅后才能进入会话。</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>联系方式</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>简介</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>服务号详情</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>进入会话</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>该服务号只发布消息，不接收回复。</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>主题</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1057,6 +1105,10 @@
     <message>
         <source>subscribed</source>
         <translation>已订阅</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>订阅失败，请重试。</translation>
     </message>
     <message>
         <source>sure</source>
