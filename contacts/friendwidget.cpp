@@ -19,6 +19,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/cservicenowidget.h"
 #include "servicenum/customerchannels.h"
 #include "virtualteam/cvirtualteampage.h"
 
@@ -58,6 +59,11 @@ QString channelsPage()
 QString teamsPage()
 {
     return QStringLiteral("virtureteam");
+}
+
+QString serviceNumbersPage()
+{
+    return QStringLiteral("serviceNumbers");
 }
 
 QString latestPage()
@@ -317,6 +323,11 @@ CVirtualTeamPage *FriendWidget::teamPage()
     return m_teamPage;
 }
 
+CServiceNoWidget *FriendWidget::serviceNumbers()
+{
+    return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
+}
+
 bool FriendWidget::raisePage(const QString &id)
 {
     if (!m_entries->selectEntry(id))
@@ -339,6 +350,8 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         channels();
     else if (strJid == teamsPage())
         teamPage();
+    else if (strJid == serviceNumbersPage())
+        serviceNumbers();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

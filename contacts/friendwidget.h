@@ -9,6 +9,7 @@
 #include <QWidget>
 
 class CCustomerServerPage;
+class CServiceNoWidget;
 class CVirtualTeamPage;
 class FriendListView;
 class FriendTreeWidget;
@@ -34,6 +35,7 @@ public:
     OrgWidget *orgPage();
     CCustomerServerPage *channels();
     CVirtualTeamPage *teamPage();
+    CServiceNoWidget *serviceNumbers();
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -76,6 +78,7 @@ private:
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;
     CVirtualTeamPage *m_teamPage = nullptr;
+    CServiceNoWidget *m_serviceNumbers = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };
