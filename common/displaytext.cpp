@@ -119,8 +119,8 @@ QStringList linesOf(const QString &text)
 {
     QString lines = text;
     lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
-    for (const QChar end : {QChar(QLatin1Char('\r')), QChar(QChar::LineSeparator),
-                            QChar(QChar::ParagraphSeparator)})
+    for (const QChar end :
+         {QChar(QLatin1Char('\r')), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
         lines.replace(end, QLatin1Char('\n'));
     return lines.split(QLatin1Char('\n'));
 }

@@ -65,10 +65,9 @@ namespace {
 template <class Cut>
 QPixmap loadCut(const char *form, const QString &relativePath, int size, qreal pixelRatio, Cut cut)
 {
-    const QString key =
-        QStringLiteral("friendui/%1/%2|%3|%4")
-            .arg(QLatin1String(form), relativePath, QString::number(size),
-                 QString::number(pixelRatio));
+    const QString key = QStringLiteral("friendui/%1/%2|%3|%4")
+                            .arg(QLatin1String(form), relativePath, QString::number(size),
+                                 QString::number(pixelRatio));
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;

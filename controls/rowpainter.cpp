@@ -170,9 +170,9 @@ void RowPainter::overlay(const QPixmap &glyph)
 
 void RowPainter::verified()
 {
-    drawVerified(m_painter, QRectF(m_avatar.right() - SmallMarkSize + 4,
-                                   m_avatar.bottom() - SmallMarkSize + 4, SmallMarkSize,
-                                   SmallMarkSize));
+    drawVerified(m_painter,
+                 QRectF(m_avatar.right() - SmallMarkSize + 4, m_avatar.bottom() - SmallMarkSize + 4,
+                        SmallMarkSize, SmallMarkSize));
 }
 
 void RowPainter::drawVerified(QPainter *painter, const QRectF &area)

@@ -26,6 +26,7 @@
 namespace {
 constexpr int BodyWidth = 400; // device-independent pixels, as all below
 constexpr int Margin = 20;
+constexpr int Indent = DescriptionView::TextMargin; // of what stands beside the description
 constexpr int IconSize = 64;
 constexpr int VerifiedSize = 22;
 constexpr int MostDescription = 200;
@@ -55,6 +56,7 @@ QWidget *CServiceNumInfo::makeContent()
     m_description = new DescriptionView(MostDescription, content);
     m_description->setObjectName(QStringLiteral("description"));
     auto *values = new QGridLayout;
+    values->setContentsMargins(Indent, 0, Indent, 0);
     values->setHorizontalSpacing(12);
     values->setVerticalSpacing(6);
     values->setColumnStretch(1, 1);
@@ -65,10 +67,10 @@ QWidget *CServiceNumInfo::makeContent()
     values->addWidget(m_contactCaption, 1, 0);
     values->addWidget(m_contact, 1, 1);
     m_notice = new NoticeLine(content);
-    m_notice->layout()->setContentsMargins(0, 0, 0, 0);
+    m_notice->layout()->setContentsMargins(Indent, 0, Indent, 0);
 
     auto *layout = new QVBoxLayout(content);
-    layout->setContentsMargins(Margin, 8, Margin, Margin);
+    layout->setContentsMargins(Margin - Indent, 8, Margin - Indent, Margin);
     layout->setSpacing(12);
     layout->addLayout(makeHeader());
     layout->addWidget(m_description);
@@ -99,6 +101,7 @@ QLayout *CServiceNumInfo::makeHeader()
     texts->addWidget(m_kind);
     texts->addStretch(1);
     auto *header = new QHBoxLayout;
+    header->setContentsMargins(Indent, 0, Indent, 0);
     header->setSpacing(14);
     header->addWidget(m_icon);
     header->addLayout(texts, 1);
@@ -129,6 +132,7 @@ QLayout *CServiceNumInfo::makeButtons()
     m_cancel = button(SkinButton::Outline, "cancelSubscribe");
     m_history = button(SkinButton::Outline, "showhistory");
     auto *buttons = new QHBoxLayout;
+    buttons->setContentsMargins(Indent, 4, Indent, 0);
     buttons->setSpacing(10);
     buttons->addStretch(1);
     for (SkinButton *each : {m_chat, m_subscribe, m_cancel, m_history})
@@ -218,8 +222,10 @@ void CServiceNumInfo::fill()
     } else {
         m_states->showPage("loading", "Resources/images/SearchFriend/qora_Loading.gif");
     }
-    if (isVisible())
+    if (isVisible()) {
+        layout()->activate();
         adjustSize();
+    }
 }
 
 void CServiceNumInfo::fillContent(const CServiceNumData &number)
@@ -261,7 +267,7 @@ void CServiceNumInfo::fillButtons(const CServiceNumData &number)
     hidden->setVisible(false);
     m_subscribe->setToolTip(isForbidden ? QObject::tr("NoAuthSubscrip") : QString());
     m_chat->setEnabled(isSubscribed);
-    m_chat->setToolTip(!isSubscribed            ? QObject::tr("serviceChatNeedsSubscription")
+    m_chat->setToolTip(!isSubscribed           ? QObject::tr("serviceChatNeedsSubscription")
                        : !number.isInteractive ? QObject::tr("serviceOneWay")
                                                : QString());
     m_history->setEnabled(isOnline());

@@ -40,6 +40,5 @@ void CServiceNumInfoManager::onServiceNumInfoClosed(const QString &code)
 {
     LOG_SCOPE("CServiceNumInfoManager::onServiceNumInfoClosed(const QString &code)");
     if (!m_windows.take(code))
-        LOG_ERROR(
-            "CServiceNumServiceManager::onServiceNumInfoClosed,ERROR,窗口未被加入缓存中.");
+        LOG_ERROR("CServiceNumServiceManager::onServiceNumInfoClosed,ERROR,窗口未被加入缓存中.");
 }

@@ -160,8 +160,8 @@ void CServiceNumSearch::showState()
     else if (state == ServiceNumFinder::Offline)
         m_states->showPage("yourImIsOffline", "Resources/images/FriendDetail/failed.png");
     else if (state == ServiceNumFinder::Failed)
-        m_states->showPage("searchServiceNumbersFailed",
-                           "Resources/images/FriendDetail/failed.png", "retry");
+        m_states->showPage("searchServiceNumbersFailed", "Resources/images/FriendDetail/failed.png",
+                           "retry");
     else
         m_states->showPage("searchNothing", "Resources/images/contacts/empty_list.png");
 

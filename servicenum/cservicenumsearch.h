@@ -42,8 +42,8 @@ private:
     ServiceNumFinder *m_finder;
     // A search that is answered at once leaves no trace on the screen.
     QTimer m_slow;
-    QString m_shownFor;       // what the rows were found for
-    bool m_chooseDue = false; // Enter was pressed before the answer came
-    QSet<QString> m_asked; // codes: changes that this window has asked for
+    QString m_shownFor;              // what the rows were found for
+    bool m_chooseDue = false;        // Enter was pressed before the answer came
+    QSet<QString> m_asked;           // codes: changes that this window has asked for
     const char *m_refusal = nullptr; // why the last of them failed: a translation key
 };

@@ -11,9 +11,12 @@
 #include <QTextDocument>
 #include <QtMath>
 
+#include <memory>
+#include <utility>
+
 namespace {
 constexpr int TextPixels = 13;
-constexpr int TextMargin = 4;
+constexpr int UsualWidth = 240;
 } // namespace
 
 DescriptionView::DescriptionView(int maximumHeight, QWidget *parent)
@@ -28,7 +31,9 @@ DescriptionView::DescriptionView(int maximumHeight, QWidget *parent)
     setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     setUndoRedoEnabled(false);
     document()->setDocumentMargin(TextMargin);
-    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    policy.setHeightForWidth(true);
+    setSizePolicy(policy);
     useSlimScrollBar(this);
     followSkin(this);
 }
@@ -40,26 +45,23 @@ void DescriptionView::setDescription(const QString &text)
     if (shown != toPlainText())
         setPlainText(shown);
     setVisible(!shown.isEmpty());
-    fitHeight();
+    m_fittedWidth = -1;
+    updateGeometry();
 }
 
-// For the width that it has; the layout asks again after a change of it.
+int DescriptionView::heightForWidth(int width) const
+{
+    if (width != std::exchange(m_fittedWidth, width)) {
+        const std::unique_ptr<QTextDocument> copy(document()->clone());
+        copy->setTextWidth(width);
+        m_fittedHeight = qMin(qCeil(copy->size().height()), m_maximumHeight);
+    }
+    return m_fittedHeight;
+}
+
 QSize DescriptionView::sizeHint() const
 {
-    const int needed = qCeil(document()->size().height());
-    return QSize(fontMetrics().averageCharWidth() * 20, qMin(needed, m_maximumHeight));
-}
-
-void DescriptionView::fitHeight()
-{
-    if (height() != sizeHint().height())
-        updateGeometry();
-}
-
-void DescriptionView::resizeEvent(QResizeEvent *event)
-{
-    QTextEdit::resizeEvent(event);
-    fitHeight();
+    return QSize(UsualWidth, heightForWidth(qMax(UsualWidth, width())));
 }
 
 void DescriptionView::contextMenuEvent(QContextMenuEvent *event)

@@ -15,8 +15,12 @@ public:
     // Anybody's text; of an empty one nothing is seen, and it cannot be reached.
     void setDescription(const QString &text);
 
+    bool hasHeightForWidth() const override { return true; }
+    int heightForWidth(int width) const override;
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+
+    static constexpr int TextMargin = 4; // on all sides of the text
 
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
@@ -24,10 +28,9 @@ protected:
     void focusOutEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void fitHeight();
-
     const int m_maximumHeight;
+    mutable int m_fittedWidth = -1; // whose height is known
+    mutable int m_fittedHeight = 0;
 };

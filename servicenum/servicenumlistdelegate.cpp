@@ -82,8 +82,8 @@ void ServiceNumListDelegate::drawButton(QPainter *painter, const QRect &area,
     const bool isSubscribed = index.data(ServiceRole::State).toBool();
     const bool isHot = m_hot == index && !isBusy;
     const bool isQuiet = isBusy || isSubscribed;
-    QColor ink = isQuiet ? skin.quietText(option.state.testFlag(QStyle::State_Selected))
-                         : colors.theme;
+    QColor ink =
+        isQuiet ? skin.quietText(option.state.testFlag(QStyle::State_Selected)) : colors.theme;
     QColor ground;
     if (isHot && isQuiet)
         ground = m_isPressed ? colors.selected : colors.background;

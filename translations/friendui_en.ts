@@ -8,22 +8,6 @@
         <translation>%1 older ones dropped</translation>
     </message>
     <message>
-        <source>cancelSubscribeAsk</source>
-        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
-    </message>
-    <message>
-        <source>cancelSubscribeFailed</source>
-        <translation>Unsubscribing failed. Please try again.</translation>
-    </message>
-    <message>
-        <source>filterServiceNumbers</source>
-        <translation>Filter subscriptions</translation>
-    </message>
-    <message>
-        <source>notSubscribed</source>
-        <translation>Not subscribed</translation>
-    </message>
-    <message>
         <source>paused</source>
         <translation>paused</translation>
     </message>
@@ -111,6 +95,10 @@
         <translation>Add members</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>Add to blacklist</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>Add to contact list</translation>
     </message>
@@ -153,6 +141,14 @@
     <message>
         <source>cancelSubscribe</source>
         <translation>Unsubscribe</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>Unsubscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>cannotChangeThemeForSelfOffLine</source>
@@ -217,6 +213,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>Put "%1" on the blacklist? You will get no more requests from this person.</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -385,6 +385,10 @@
     <message>
         <source>filetype</source>
         <translation>Pictures (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>Filter subscriptions</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -733,6 +737,10 @@
     <message>
         <source>notransferfile</source>
         <translation>Files cannot be sent to this person.</translation>
+    </message>
+    <message>
+        <source>notSubscribed</source>
+        <translation>Not subscribed</translation>
     </message>
     <message>
         <source>nottransferfilewithunusedaccount</source>

@@ -8,22 +8,6 @@
         <translation>已丢弃较早的 %1 个</translation>
     </message>
     <message>
-        <source>cancelSubscribeAsk</source>
-        <translation>取消订阅后将不再收到“%1”的消息，确定取消吗？</translation>
-    </message>
-    <message>
-        <source>cancelSubscribeFailed</source>
-        <translation>取消订阅失败，请重试。</translation>
-    </message>
-    <message>
-        <source>filterServiceNumbers</source>
-        <translation>筛选已订阅的服务号</translation>
-    </message>
-    <message>
-        <source>notSubscribed</source>
-        <translation>未订阅</translation>
-    </message>
-    <message>
         <source>paused</source>
         <translation>已暂停</translation>
     </message>
@@ -111,6 +95,10 @@
         <translation>添加成员</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>加入黑名单</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>添加到联系人列表</translation>
     </message>
@@ -153,6 +141,14 @@
     <message>
         <source>cancelSubscribe</source>
         <translation>取消订阅</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>取消订阅后将不再收到“%1”的消息，确定取消吗？</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>取消订阅失败，请重试。</translation>
     </message>
     <message>
         <source>cannotChangeThemeForSelfOffLine</source>
@@ -217,6 +213,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>确定将“%1”加入黑名单吗？之后不会再收到对方的请求。</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -385,6 +385,10 @@
     <message>
         <source>filetype</source>
         <translation>图片文件 (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>筛选已订阅的服务号</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -733,6 +737,10 @@
     <message>
         <source>notransferfile</source>
         <translation>不能向该联系人发送文件。</translation>
+    </message>
+    <message>
+        <source>notSubscribed</source>
+        <translation>未订阅</translation>
     </message>
     <message>
         <source>nottransferfilewithunusedaccount</source>
