@@ -26,7 +26,7 @@ CServiceNoTable::CServiceNoTable(ServiceNumModel *model, QWidget *parent)
     });
     // The menu is about a row.
     connect(model, &QAbstractItemModel::rowsRemoved, m_menu, [this] {
-        if (!m_model->find(m_menu->number()))
+        if (!m_model->indexOf(m_menu->number()).isValid())
             m_menu->close();
     });
     connect(model, &QAbstractItemModel::modelReset, m_menu, &QWidget::close);

@@ -55,7 +55,8 @@ QWidget *CServiceNumInfo::makeContent()
     auto *content = new QWidget(this);
     m_description = new DescriptionView(MostDescription, content);
     m_description->setObjectName(QStringLiteral("description"));
-    auto *values = new QGridLayout;
+    m_values = new QWidget(content);
+    auto *values = new QGridLayout(m_values);
     values->setContentsMargins(Indent, 0, Indent, 0);
     values->setHorizontalSpacing(12);
     values->setVerticalSpacing(6);
@@ -74,7 +75,7 @@ QWidget *CServiceNumInfo::makeContent()
     layout->setSpacing(12);
     layout->addLayout(makeHeader());
     layout->addWidget(m_description);
-    layout->addLayout(values);
+    layout->addWidget(m_values);
     layout->addStretch(1);
     layout->addWidget(m_notice);
     layout->addLayout(makeButtons());
@@ -242,6 +243,7 @@ void CServiceNumInfo::fillContent(const CServiceNumData &number)
     };
     setValue(m_subjectCaption, m_subject, number.subject);
     setValue(m_contactCaption, m_contact, number.contactWay);
+    m_values->setVisible(!m_subject->isHidden() || !m_contact->isHidden());
     fillButtons(number);
     fillNotice(number);
     showIcon();

@@ -54,6 +54,7 @@ private:
     ElidedLabel *m_name = nullptr;
     QLabel *m_kind = nullptr;
     DescriptionView *m_description = nullptr;
+    QWidget *m_values = nullptr;
     QLabel *m_subjectCaption = nullptr;
     ValueLabel *m_subject = nullptr;
     QLabel *m_contactCaption = nullptr;

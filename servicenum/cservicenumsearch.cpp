@@ -148,9 +148,11 @@ void CServiceNumSearch::showState()
 {
     const ServiceNumFinder::State state = m_finder->state();
     const bool isBrief = state == ServiceNumFinder::Searching && m_slow.isActive();
-    // What is found for a longer text is among what was found for the shorter one.
-    const bool isOutdated = !m_finder->text().startsWith(m_shownFor);
-    if (isOutdated && !isBrief)
+    // What is being found for a longer text is among what was found for the shorter one.
+    const bool isStillOf = state == ServiceNumFinder::Searching
+                               ? m_finder->text().startsWith(m_shownFor)
+                               : m_finder->text() == m_shownFor;
+    if (!isStillOf && !isBrief)
         m_list->model()->clear();
     const bool hasRows = m_list->model()->rowCount() > 0;
     if (hasRows || isBrief || state == ServiceNumFinder::Idle)
