@@ -70,7 +70,6 @@ ServiceNumber fromSample(const SampleServiceNumber &sample)
     number.contact = sample.contact;
     number.menu = menuOf(sample);
     number.channel = channelOf(sample);
-    number.isSubscribed = sample.isSubscribed;
     number.isClosed = sample.isClosed;
     return number;
 }

@@ -23,8 +23,7 @@ struct ServiceNumber
     std::string channel = "null"; // JSON
     int status = 1;
     qint64 version = 1;
-    bool isSubscribed = false; // by everybody, at first
-    bool isClosed = false;     // nobody may subscribe to it
+    bool isClosed = false; // nobody may subscribe to it
 };
 
 class ServiceNumberList

@@ -1,34 +1,35 @@
 #include "backend/numbers/subscriptions.h"
 
-std::vector<ServiceNumber> Subscriptions::subscribed()
+#include "sample/samplechannels.h"
+
+QStringList Subscriptions::codes()
 {
-    std::vector<ServiceNumber> added;
+    QStringList added;
     QSet<QString> decided;
     Statement rows =
         m_transaction.prepare("SELECT code, isSub FROM subscription WHERE uid = ? ORDER BY number");
     rows.bind(m_uid);
     while (rows.next()) {
         decided.insert(rows.text(0));
-        if (rows.number(1) == 0)
-            continue;
-        if (std::optional<ServiceNumber> number = m_numbers.find(rows.text(0)))
-            added.push_back(std::move(*number));
+        if (rows.number(1) != 0)
+            added.append(rows.text(0));
     }
-    std::vector<ServiceNumber> result;
-    for (ServiceNumber &number : m_numbers.all()) {
+    QStringList codes;
+    for (const SampleServiceNumber &number : sampleServiceNumbers()) {
         if (number.isSubscribed && !decided.contains(number.code))
-            result.push_back(std::move(number));
+            codes.append(number.code);
     }
-    std::move(added.begin(), added.end(), std::back_inserter(result));
-    return result;
+    return codes + added;
 }
 
-QSet<QString> Subscriptions::codes()
+std::vector<ServiceNumber> Subscriptions::subscribed()
 {
-    QSet<QString> codes;
-    for (const ServiceNumber &number : subscribed())
-        codes.insert(number.code);
-    return codes;
+    std::vector<ServiceNumber> numbers;
+    for (const QString &code : codes()) {
+        if (std::optional<ServiceNumber> number = m_numbers.find(code))
+            numbers.push_back(std::move(*number));
+    }
+    return numbers;
 }
 
 qint64 Subscriptions::version()
@@ -67,7 +68,8 @@ void Subscriptions::set(const QString &code, bool subscribed)
 
 void Subscriptions::subscribeToAll()
 {
-    const QSet<QString> have = codes();
+    const QStringList codesNow = codes();
+    const QSet<QString> have(codesNow.begin(), codesNow.end());
     for (const ServiceNumber &number : m_numbers.all()) {
         if (!have.contains(number.code))
             write(number.code, true);

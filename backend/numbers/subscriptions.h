@@ -17,7 +17,8 @@ public:
 
     // Those of the beginning, then the others as they came.
     std::vector<ServiceNumber> subscribed();
-    QSet<QString> codes(); // of subscribed()
+    // Of these, also where there is no such number any more.
+    QStringList codes();
     // Another one after each change of the subscriptions or of any record.
     qint64 version();
     void set(const QString &code, bool subscribed);

@@ -47,7 +47,8 @@ void open(JsonText &json, Subscriptions &subscriptions)
 
 Reply listReply(Subscriptions &subscriptions, const std::vector<ServiceNumber> &numbers)
 {
-    const QSet<QString> subscribed = subscriptions.codes();
+    const QStringList codes = subscriptions.codes();
+    const QSet<QString> subscribed(codes.begin(), codes.end());
     std::string text;
     JsonText json(&text);
     open(json, subscriptions);

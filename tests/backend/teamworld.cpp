@@ -117,6 +117,15 @@ QStringList TeamWorld::contradictions()
          " ON p.groupId = g.parent AND p.vtId = g.vtId"
          " WHERE g.level <> IFNULL(p.level, 0) + 1 OR (g.parent <> 0) <> (p.groupId NOT NULL)"
          " OR g.vtId NOT IN (SELECT vtId FROM team)"},
+        {"a contact on one side", "SELECT a.uid FROM friend AS a LEFT JOIN friend AS b"
+                                  " ON b.uid = a.other AND b.other = a.uid WHERE b.uid IS NULL"},
+        {"a contact in no group of the user's",
+         "SELECT f.uid FROM friend AS f LEFT JOIN friendGroup AS g"
+         " ON g.uid = f.uid AND g.groupId = f.groupId"
+         " WHERE f.groupId <> 0 AND g.groupId IS NULL"},
+        {"a request of a contact", "SELECT asker FROM friendRequest JOIN friend"
+                                   " ON uid = asker AND other = asked"},
+        {"a blocked contact", "SELECT uid FROM friendBlock JOIN friend USING (uid, other)"},
     };
     Transaction transaction(context.database);
     QStringList found;

@@ -1,6 +1,7 @@
-// The services of teams, external contacts and service numbers without a network: any number of
-// users call them, also from several threads. Fields are written as a body, "vtId=1001&pgId=0";
-// "members=" and names need no encoding unless they have "&", "%", "+" or "=".
+// The services of teams, external contacts and service numbers without a network: any
+// number of users call them, also from several threads. Fields are written as a body,
+// "vtId=1001&pgId=0"; "members=" and names need no encoding unless they have "&", "%",
+// "+" or "=".
 #pragma once
 
 #include "backend/call.h"
