@@ -27,7 +27,7 @@ private slots:
             QVERIFY(!contact.groupName.isEmpty());
         }
         QCOMPARE(inner, m_core->company().friendCount());
-        QCOMPARE(outer, SampleCompany::OutsiderCount);
+        QCOMPARE(outer, SampleCompany::KnownOutsiderCount);
         QVERIFY(online > inner / 3 && online < inner);
         QVERIFY(!m_core->presence(QStringLiteral("u000001@elsewhere.example")).isOnline());
         QVERIFY(!m_core->presence(QStringLiteral("u999999@corp.example")).isOnline());
