@@ -1,8 +1,5 @@
 #include "controls/pictures.h"
 
-#include "Resources/frienduiresources.h"
-
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -10,17 +7,6 @@
 #include <QPainterPath>
 #include <QPixmapCache>
 #include <QtMath>
-
-QString resourcePath(const QString &relativePath)
-{
-    if (QFile::exists(relativePath))
-        return relativePath;
-    const QString beside = QCoreApplication::applicationDirPath() + QLatin1Char('/') + relativePath;
-    if (QFile::exists(beside))
-        return beside;
-    initFriendUiResources();
-    return QStringLiteral(":/FriendUI/") + relativePath;
-}
 
 QString localPicture(const QString &path)
 {

@@ -1,13 +1,11 @@
 // Where pictures come from.
 #pragma once
 
+#include "Resources/frienduiresources.h"
+
 #include <QColor>
 #include <QPixmap>
 #include <QString>
-
-// The file behind a path such as "Resources/images/icon/x.png": in the current
-// folder, beside the executable, or inside the module, in this order.
-QString resourcePath(const QString &relativePath);
 
 // A picture file that another person's record names, or empty when it is not one of
 // this machine: a share on the network would be told who the user is.

@@ -157,14 +157,10 @@ void AddFriendHeader::showPicture()
 
 // --- The validation text ---------------------------------------------------------
 
-ValidationEdit::ValidationEdit(QWidget *parent) : QTextEdit(parent)
+ValidationEdit::ValidationEdit(QWidget *parent) : SignTextEdit(parent)
 {
     setObjectName(QStringLiteral("validationEdit"));
-    setAcceptRichText(false);
-    setTabChangesFocus(true);
-    setFont(skinFont(13));
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    followSkinAsField(this);
     setFixedHeight(3 * fontMetrics().lineSpacing() + 2 * frameWidth());
 }
 
@@ -184,7 +180,7 @@ void ValidationEdit::keyPressEvent(QKeyEvent *event)
         emit confirmed(); // whoever hears it may destroy this
         return;
     }
-    QTextEdit::keyPressEvent(event);
+    SignTextEdit::keyPressEvent(event);
 }
 
 // --- The form --------------------------------------------------------------------

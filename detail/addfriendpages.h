@@ -2,9 +2,9 @@
 // page that tells how it went. They show and let choose; what happens is AddFriend's.
 #pragma once
 
+#include "controls/signtextedit.h"
 #include "hostapi/rosterrecords.h"
 
-#include <QTextEdit>
 #include <QWidget>
 
 class ElidedLabel;
@@ -36,7 +36,7 @@ private:
 };
 
 // Plain text of one line; Enter is the dialog's.
-class ValidationEdit : public QTextEdit
+class ValidationEdit : public SignTextEdit
 {
     Q_OBJECT
 

@@ -95,6 +95,10 @@
         <translation>Add members</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>Add to blacklist</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>Add to contact list</translation>
     </message>
@@ -201,6 +205,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>Put "%1" on the blacklist? You will get no more requests from this person.</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>

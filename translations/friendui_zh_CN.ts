@@ -95,6 +95,10 @@
         <translation>添加成员</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>加入黑名单</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>添加到联系人列表</translation>
     </message>
@@ -201,6 +205,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>确定将“%1”加入黑名单吗？之后不会再收到对方的请求。</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>

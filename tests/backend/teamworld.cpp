@@ -31,10 +31,13 @@ TeamWorld::TeamWorld()
         qFatal("%s", qPrintable(problem));
     addTeamServices(&m_services, context);
     addTeamFoundingServices(&m_services, context);
-    addTeamPeopleServices(&m_services, context,
-                          std::make_shared<const PeopleIndex>(context.people));
+    const auto index = std::make_shared<const PeopleIndex>(context.people);
+    addTeamPeopleServices(&m_services, context, index);
     addEventServices(&m_services, context);
     addCompanyServices(&m_services, context);
+    addFriendServices(&m_services, context);
+    addFriendSearch(&m_services, context, index);
+    addServiceNumbers(&m_services, context);
 }
 
 TeamAnswer TeamWorld::call(const QString &uid, const QString &service, const QString &fields)
@@ -86,8 +89,9 @@ QStringList TeamWorld::events(const QString &uid, qint64 *since)
     *since = answer.data["next"].asInt64();
     QStringList result;
     for (const Json::Value &event : answer.data["events"])
-        result.append(text(event["type"]) + QLatin1Char(' ') + text(event["teams"]) +
-                      QLatin1Char(' ') + text(event["member"]));
+        result.append(QStringList{text(event["type"]), text(event["teams"]), text(event["member"])}
+                          .join(QLatin1Char(' '))
+                          .simplified());
     return result;
 }
 

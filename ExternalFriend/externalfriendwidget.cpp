@@ -1,0 +1,6 @@
+#include "ExternalFriend/externalfriendwidget.h"
+
+ExternalFriendWidget::ExternalFriendWidget(QWidget *parent) : QWidget(parent)
+{
+    setObjectName(QStringLiteral("ExternalFriendWidget"));
+}
