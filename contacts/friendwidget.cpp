@@ -1,7 +1,9 @@
 #include "contacts/friendwidget.h"
 
+#include "ExternalFriend/externalfriendwidget.h"
 #include "common/logging.h"
 #include "contacts/friendlistview.h"
+#include "contacts/friendtreemodel.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/latest/latestcontactstable.h"
 #include "contacts/latest/latestroles.h"
@@ -58,6 +60,11 @@ QString channelsPage()
 QString teamsPage()
 {
     return QStringLiteral("virtureteam");
+}
+
+QString externalsPage()
+{
+    return QStringLiteral("outsidefrd");
 }
 
 QString latestPage()
@@ -317,6 +324,13 @@ CVirtualTeamPage *FriendWidget::teamPage()
     return m_teamPage;
 }
 
+ExternalFriendWidget *FriendWidget::externalPage()
+{
+    if (!m_externalPage && pageInPlace(externalsPage(), m_externalPage))
+        m_externalPage->slot_inithidealloffline(m_friendTree->model()->hidesOffline());
+    return m_externalPage;
+}
+
 bool FriendWidget::raisePage(const QString &id)
 {
     if (!m_entries->selectEntry(id))
@@ -339,6 +353,8 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         channels();
     else if (strJid == teamsPage())
         teamPage();
+    else if (strJid == externalsPage())
+        externalPage();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

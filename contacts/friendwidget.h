@@ -10,6 +10,7 @@
 
 class CCustomerServerPage;
 class CVirtualTeamPage;
+class ExternalFriendWidget;
 class FriendListView;
 class FriendTreeWidget;
 class MucWidget;
@@ -34,6 +35,8 @@ public:
     OrgWidget *orgPage();
     CCustomerServerPage *channels();
     CVirtualTeamPage *teamPage();
+    ExternalFriendWidget *externalPage();
+    bool hasExternalPage() const { return m_externalPage != nullptr; } // made already
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -76,6 +79,7 @@ private:
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;
     CVirtualTeamPage *m_teamPage = nullptr;
+    ExternalFriendWidget *m_externalPage = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };

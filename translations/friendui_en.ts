@@ -803,8 +803,44 @@
         <translation>Accept</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>Added</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>External contacts</translation>
+    </message>
+    <message>
+        <source>outsideRequested</source>
+        <translation>Requested</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>Contact request</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>Name, account or mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>The search failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>Find people outside your company: type a name, an account or a mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>Please type at least two characters</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>Add external contact</translation>
     </message>
     <message>
         <source>ownProfile</source>
@@ -1017,6 +1053,10 @@
     <message>
         <source>sendGroupMessage</source>
         <translation>Send message</translation>
+    </message>
+    <message>
+        <source>sendOutsideRequest</source>
+        <translation>Send request</translation>
     </message>
     <message>
         <source>serviceDetail</source>

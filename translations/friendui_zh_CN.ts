@@ -803,8 +803,44 @@
         <translation>接受</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>已添加</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>外部联系人</translation>
+    </message>
+    <message>
+        <source>outsideRequested</source>
+        <translation>已申请</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>好友请求</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>搜索失败，请重试。</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>查找企业外的联系人：输入对方的姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>请至少输入两个字符</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>添加好友</translation>
     </message>
     <message>
         <source>ownProfile</source>
@@ -1017,6 +1053,10 @@
     <message>
         <source>sendGroupMessage</source>
         <translation>发送消息</translation>
+    </message>
+    <message>
+        <source>sendOutsideRequest</source>
+        <translation>发送请求</translation>
     </message>
     <message>
         <source>serviceDetail</source>
