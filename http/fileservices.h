@@ -149,9 +149,10 @@ public:
     static PictureFiles &serviceIcons();
     ~PictureFiles() override;
 
-    // The local file, or empty: then it is being fetched, and ready() tells when it
-    // is there. A name that the back end does not know is not asked for again for
-    // ten minutes.
+    // The local file: one of the program's own, such as "7.png" of
+    // Resources/SystemAvatar, or one that was fetched. Empty: it is being fetched, and
+    // ready() tells when it is there. A name that the back end does not know is not
+    // asked for again for ten minutes.
     QString file(const QString &pictureName);
 
     // The picture of a person as file() tells it, unless the host has one of the jid;

@@ -1,5 +1,6 @@
 #include "http/fileservices.h"
 
+#include "Resources/frienduiresources.h"
 #include "common/clientpaths.h"
 #include "common/context.h"
 #include "common/displaytext.h"
@@ -8,6 +9,7 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
@@ -24,6 +26,21 @@ QString localName(const QString &pictureName)
         return pictureName;
     return QString::fromLatin1(
         QCryptographicHash::hash(pictureName.toUtf8(), QCryptographicHash::Sha256).toHex());
+}
+
+// The pictures that come with the program, by name. Their folder is read once: lists
+// ask for a name each time they paint.
+QString systemPicture(const QString &name)
+{
+    static const QHash<QString, QString> files = [] {
+        const QDir folder(resourcePath(QStringLiteral("Resources/SystemAvatar")));
+        QHash<QString, QString> found;
+        const QFileInfoList entries = folder.entryInfoList(QDir::Files);
+        for (const QFileInfo &entry : entries)
+            found.insert(entry.fileName(), entry.absoluteFilePath());
+        return found;
+    }();
+    return files.value(name);
 }
 } // namespace
 
@@ -99,6 +116,9 @@ void PictureFiles::forgetOtherUser()
 QString PictureFiles::file(const QString &pictureName)
 {
     forgetOtherUser();
+    const QString system = systemPicture(pictureName);
+    if (!system.isEmpty())
+        return system;
     if (d->folder.isEmpty() || !FileServices::isSafeName(pictureName))
         return QString();
     const QString local = d->localFile(pictureName);

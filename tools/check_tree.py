@@ -16,7 +16,7 @@ LAYERS = {
     "hostapi": set(),
     "Resources": set(),
     "common": {"hostapi"},
-    "http": {"common", "hostapi"},
+    "http": {"common", "hostapi", "Resources"},
     "plugin": {"common", "hostapi"},
     "sample": set(),
     "backend": {"sample"},
