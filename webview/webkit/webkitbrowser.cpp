@@ -3,7 +3,6 @@
 #include "webview/webkit/webkitpage.h"
 
 #include <QEvent>
-#include <QWebFrame>
 
 WebKitBrowser::WebKitBrowser(QNetworkAccessManager *network, BrowserListener *listener,
                              QWidget *parent)
@@ -43,18 +42,6 @@ bool WebKitBrowser::event(QEvent *event)
     return QWebView::event(event);
 }
 
-namespace {
-// A script without an end would stop the client for ever. The engine is told only this
-// way, and reads it when its first script is run.
-bool limitScripts()
-{
-    constexpr char name[] = "JSC_watchdog", milliseconds[] = "2000";
-    qputenv(name, milliseconds);
-    QWebPage().mainFrame()->evaluateJavaScript(QStringLiteral("0"));
-    return qunsetenv(name);
-}
-} // namespace
-
 #ifdef Q_OS_WIN
 #define FRIENDUI_ENTRY extern "C" __declspec(dllexport)
 #else
@@ -64,9 +51,5 @@ bool limitScripts()
 FRIENDUI_ENTRY EmbeddedBrowser *friendui_makeBrowser(int version, QNetworkAccessManager *network,
                                                      BrowserListener *listener, QWidget *parent)
 {
-    if (version != BrowserVersion)
-        return nullptr;
-    static const bool isLimited = limitScripts();
-    Q_UNUSED(isLimited)
-    return new WebKitBrowser(network, listener, parent);
+    return version == BrowserVersion ? new WebKitBrowser(network, listener, parent) : nullptr;
 }

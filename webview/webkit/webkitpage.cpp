@@ -10,6 +10,7 @@ namespace {
 using Settings = QWebSettings;
 
 constexpr Settings::WebAttribute Forbidden[] = {
+    Settings::JavascriptEnabled,
     Settings::JavaEnabled,
     Settings::PluginsEnabled,
     Settings::JavascriptCanOpenWindows,
@@ -101,23 +102,4 @@ bool WebKitPage::supportsExtension(Extension) const
 QString WebKitPage::chooseFile(QWebFrame *, const QString &)
 {
     return QString();
-}
-
-void WebKitPage::javaScriptAlert(QWebFrame *, const QString &) {}
-
-bool WebKitPage::javaScriptConfirm(QWebFrame *, const QString &)
-{
-    return false;
-}
-
-bool WebKitPage::javaScriptPrompt(QWebFrame *, const QString &, const QString &, QString *)
-{
-    return false;
-}
-
-void WebKitPage::javaScriptConsoleMessage(const QString &, int, const QString &) {}
-
-bool WebKitPage::shouldInterruptJavaScript()
-{
-    return true;
 }

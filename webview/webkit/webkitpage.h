@@ -1,5 +1,6 @@
-// A page that can show itself and nothing else: no windows, dialogs, plug-ins or files,
-// nothing kept beyond its life.
+// A page that can show itself and nothing else: no scripts, windows, plug-ins or files,
+// nothing kept beyond its life. Scripts are off because the engine cannot be made to end
+// one that runs for ever, and the client with it.
 #pragma once
 
 #include <QElapsedTimer>
@@ -25,12 +26,6 @@ protected:
                           const QStringList &) override;
     bool supportsExtension(Extension extension) const override;
     QString chooseFile(QWebFrame *frame, const QString &old) override;
-    void javaScriptAlert(QWebFrame *frame, const QString &text) override;
-    bool javaScriptConfirm(QWebFrame *frame, const QString &text) override;
-    bool javaScriptPrompt(QWebFrame *frame, const QString &text, const QString &standard,
-                          QString *result) override;
-    void javaScriptConsoleMessage(const QString &text, int line, const QString &source) override;
-    bool shouldInterruptJavaScript() override;
 
 private:
     BrowserListener *m_listener;
