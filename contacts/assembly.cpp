@@ -22,7 +22,10 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/cservicenuminfomanager.h"
+#include "servicenum/cservicenumsearch.h"
 #include "servicenum/customerchannels.h"
+#include "servicenum/servicenumbers.h"
 #include "virtualteam/cvirtualapplymannger.h"
 #include "virtualteam/cvirtualteaminfomanager.h"
 #include "virtualteam/cvirtualteampage.h"
@@ -156,11 +159,18 @@ public:
         }
         widget->teamPage()->locateTeam(teamId);
     }
-    void openServiceNumber(const QString &code) override { missing("service numbers", code); }
+    void openServiceNumber(const QString &code) override
+    {
+        CServiceNumInfoManager::instance()->showServiceNumInfo(code);
+    }
     void openServiceNumberSearch() override
     {
+        if (!ctx().hasRight(ApplicationContext::ServiceNo)) {
+            LOG_DEBUG("the user has no service numbers to search");
+            return;
+        }
         raisePage(QStringLiteral("serviceNumbers"));
-        missing("service-number search", QString());
+        CServiceNumSearch::showSearch();
     }
     void reloadChannels() override
     {
@@ -219,6 +229,7 @@ void assemblePane()
     CAddFriendMannger::instance(); // the host's events may ask for a window
     AddExternalFrdManager::instance();
     CustomerChannels::instance(); // they are delivered before their page is shown
+    ServiceNumbers::instance();   // and these
     [[maybe_unused]] static const bool connected = connectHub(actions);
     startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(

@@ -21,6 +21,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/cservicenowidget.h"
 #include "servicenum/customerchannels.h"
 #include "virtualteam/cvirtualteampage.h"
 
@@ -65,6 +66,11 @@ QString teamsPage()
 QString externalsPage()
 {
     return QStringLiteral("outsidefrd");
+}
+
+QString serviceNumbersPage()
+{
+    return QStringLiteral("serviceNumbers");
 }
 
 QString latestPage()
@@ -331,6 +337,11 @@ ExternalFriendWidget *FriendWidget::externalPage()
     return m_externalPage;
 }
 
+CServiceNoWidget *FriendWidget::serviceNumbers()
+{
+    return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
+}
+
 bool FriendWidget::raisePage(const QString &id)
 {
     if (!m_entries->selectEntry(id))
@@ -355,6 +366,8 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         teamPage();
     else if (strJid == externalsPage())
         externalPage();
+    else if (strJid == serviceNumbersPage())
+        serviceNumbers();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

@@ -9,6 +9,7 @@
 #include <QWidget>
 
 class CCustomerServerPage;
+class CServiceNoWidget;
 class CVirtualTeamPage;
 class ExternalFriendWidget;
 class FriendListView;
@@ -37,6 +38,7 @@ public:
     CVirtualTeamPage *teamPage();
     ExternalFriendWidget *externalPage();
     bool hasExternalPage() const { return m_externalPage != nullptr; } // made already
+    CServiceNoWidget *serviceNumbers();
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -80,6 +82,7 @@ private:
     CCustomerServerPage *m_channels = nullptr;
     CVirtualTeamPage *m_teamPage = nullptr;
     ExternalFriendWidget *m_externalPage = nullptr;
+    CServiceNoWidget *m_serviceNumbers = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };

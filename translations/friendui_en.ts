@@ -143,6 +143,14 @@
         <translation>Unsubscribe</translation>
     </message>
     <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>Unsubscribing failed. Please try again.</translation>
+    </message>
+    <message>
         <source>cannotChangeThemeForSelfOffLine</source>
         <translation>You are offline and cannot rename the group chat.</translation>
     </message>
@@ -385,6 +393,10 @@
     <message>
         <source>filetype</source>
         <translation>Pictures (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>Filter subscriptions</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -735,6 +747,10 @@
         <translation>Files cannot be sent to this person.</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>Not subscribed</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>This account is not in use yet; files cannot be sent to it.</translation>
     </message>
@@ -959,6 +975,10 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>The list may be out of date.</translation>
+    </message>
+    <message>
         <source>refreshTeamsFailed</source>
         <translation>Refreshing failed: this may be out of date.</translation>
     </message>
@@ -1035,6 +1055,14 @@
         <translation>Searching…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>Search service numbers</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>The service numbers could not be searched.</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>Some teams could not be searched.</translation>
     </message>
@@ -1079,12 +1107,32 @@
         <translation>Send request</translation>
     </message>
     <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>Subscribe to open the chat.</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>Contact</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>Description</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>Service number</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>This service number only publishes; it takes no replies.</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>Subject</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1125,6 +1173,10 @@
     <message>
         <source>subscribed</source>
         <translation>Subscribed</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>Subscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>sure</source>

@@ -143,6 +143,14 @@
         <translation>取消订阅</translation>
     </message>
     <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>取消订阅后将不再收到“%1”的消息，确定取消吗？</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>取消订阅失败，请重试。</translation>
+    </message>
+    <message>
         <source>cannotChangeThemeForSelfOffLine</source>
         <translation>您已离线，不能修改讨论组名称。</translation>
     </message>
@@ -385,6 +393,10 @@
     <message>
         <source>filetype</source>
         <translation>图片文件 (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>筛选已订阅的服务号</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -735,6 +747,10 @@
         <translation>不能向该联系人发送文件。</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>未订阅</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>对方账号尚未启用，不能发送文件。</translation>
     </message>
@@ -959,6 +975,10 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>列表可能不是最新的。</translation>
+    </message>
+    <message>
         <source>refreshTeamsFailed</source>
         <translation>刷新失败，显示的可能不是最新内容。</translation>
     </message>
@@ -1035,6 +1055,14 @@
         <translation>正在搜索…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>搜索服务号</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>搜索服务号失败。</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>部分团队搜索失败。</translation>
     </message>
@@ -1079,12 +1107,32 @@
         <translation>发送请求</translation>
     </message>
     <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>订阅后才能进入会话。</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>联系方式</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>简介</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>服务号详情</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>进入会话</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>该服务号只发布消息，不接收回复。</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>主题</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1125,6 +1173,10 @@
     <message>
         <source>subscribed</source>
         <translation>已订阅</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>订阅失败，请重试。</translation>
     </message>
     <message>
         <source>sure</source>
