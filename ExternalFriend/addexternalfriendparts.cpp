@@ -2,6 +2,7 @@
 
 #include "controls/avatarstore.h"
 #include "controls/elidedlabel.h"
+#include "controls/outsidemark.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
@@ -142,14 +143,13 @@ void ExternalPersonHeader::dress(const SysUIData &skin)
     dressNameLabel(m_name, skin);
     dressTextLabel(m_company, skin);
     m_companyPart->setStyleSheet(companySheet());
-    m_mark->setPixmap(loadPicture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
-                                  MarkSize, devicePixelRatioF()));
+    m_mark->setPixmap(outsideMark(MarkSize, devicePixelRatioF()));
 }
 
 void ExternalPersonHeader::retranslate()
 {
-    m_mark->setToolTip(QObject::tr("outsidefrd"));
-    m_mark->setAccessibleName(QObject::tr("outsidefrd"));
+    m_mark->setToolTip(outsideText());
+    m_mark->setAccessibleName(outsideText());
 }
 
 // --- The validation text ---------------------------------------------------------
