@@ -108,8 +108,12 @@ private slots:
         setSkin(skin);
         const QString name = QString::fromLatin1(QTest::currentDataTag()).replace(' ', '-');
         SearchExternalFriend::showSearch(nullptr);
-        QWidget *window = QApplication::activeWindow();
-        QVERIFY(qobject_cast<SearchExternalFriend *>(window));
+        QWidget *window = nullptr;
+        for (QWidget *top : QApplication::topLevelWidgets()) {
+            if (qobject_cast<SearchExternalFriend *>(top))
+                window = top;
+        }
+        QVERIFY(window);
         const auto keep = [&](const char *state) {
             F::settle();
             QVERIFY(holdsItsParts(window));
