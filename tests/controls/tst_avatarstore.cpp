@@ -239,7 +239,7 @@ private slots:
         host.context.cooperation.insert(jid, false);
         const QImage outside = avatar();
         const QPoint ground(6, 16); // beside the letters
-        QVERIFY(colleague.pixelColor(ground).lightness() < 140);
+        QVERIFY(colleague.pixelColor(ground).lightness() < 160);
         QVERIFY(outside.pixelColor(ground).lightness() > 200);
         host.context.cooperation.clear();
         QCOMPARE(avatar(), colleague);
