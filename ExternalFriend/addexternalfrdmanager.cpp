@@ -117,6 +117,11 @@ void AddExternalFrdManager::slot_closeDialog(const QString &jid)
         closed->deleteLater();
 }
 
+void AddExternalFrdManager::awaitAnswer(const QString &jid)
+{
+    m_requested.insert(makeJid(jid));
+}
+
 void AddExternalFrdManager::setRequested(const QString &jid, bool requested)
 {
     if (requested == m_sent.contains(jid))

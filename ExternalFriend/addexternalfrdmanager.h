@@ -29,6 +29,10 @@ public:
     // 1 confirmation, 2 blacklist.
     void externalContactAnswer(const QString &jid, bool ok, int code, int action);
 
+    // Something about the person is being asked of the host from elsewhere: the answer is
+    // told when it is a failure, and opens no window.
+    void awaitAnswer(const QString &jid);
+
     // Whether the user has asked the person since logging in, with nothing against it
     // from the service.
     bool isRequested(const QString &jid) const { return m_sent.contains(jid); }
