@@ -1379,6 +1379,10 @@
         <translation>This member is selected already.</translation>
     </message>
     <message>
+        <source>validationLimit</source>
+        <translation>At most 20 characters; a Chinese one counts two</translation>
+    </message>
+    <message>
         <source>viewdetail</source>
         <translation>View profile</translation>
     </message>

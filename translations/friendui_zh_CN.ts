@@ -1379,6 +1379,10 @@
         <translation>该成员已添加。</translation>
     </message>
     <message>
+        <source>validationLimit</source>
+        <translation>最多20个字符，汉字按两个字符计算</translation>
+    </message>
+    <message>
         <source>viewdetail</source>
         <translation>查看资料</translation>
     </message>

@@ -138,6 +138,8 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
                faded);
     if (shown.hasPresence)
         row.presence(shown.presence);
+    if (shown.isOutside)
+        row.outside();
     drawTexts(painter, option, row.rest(), shown, faded);
     painter->restore();
 }
