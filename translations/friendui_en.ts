@@ -143,6 +143,14 @@
         <translation>Unsubscribe</translation>
     </message>
     <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>Unsubscribing failed. Please try again.</translation>
+    </message>
+    <message>
         <source>cannotChangeThemeForSelfOffLine</source>
         <translation>You are offline and cannot rename the group chat.</translation>
     </message>
@@ -283,6 +291,14 @@
         <translation>Customer service</translation>
     </message>
     <message>
+        <source>cutFrame</source>
+        <translation>Part of the picture that is used</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>Arrow keys move the frame, Ctrl and arrow keys resize it; with Shift in larger steps.</translation>
+    </message>
+    <message>
         <source>defaltInvitReasion</source>
         <translation>Please join our virtual team.</translation>
     </message>
@@ -377,6 +393,10 @@
     <message>
         <source>filetype</source>
         <translation>Pictures (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>Filter subscriptions</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -727,6 +747,10 @@
         <translation>Files cannot be sent to this person.</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>Not subscribed</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>This account is not in use yet; files cannot be sent to it.</translation>
     </message>
@@ -803,12 +827,52 @@
         <translation>Accept</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>Added</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>External contacts</translation>
     </message>
     <message>
+        <source>outsideRequested</source>
+        <translation>Requested</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>Contact request</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>Name, account or mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>The search failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>Find people outside your company: type a name, an account or a mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>Please type at least two characters</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>Add external contact</translation>
+    </message>
+    <message>
         <source>ownProfile</source>
         <translation>My profile</translation>
+    </message>
+    <message>
+        <source>ownProfileUnknown</source>
+        <translation>Your profile has not arrived yet. Please try again in a moment.</translation>
     </message>
     <message>
         <source>pembateam</source>
@@ -829,6 +893,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>Search for members of other companies by account or mobile number and add them.</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>The picture could not be stored on this computer.</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>The picture is too large: no side may be longer than 8192 pixels, the file no larger than 64 MB.</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -901,6 +973,10 @@
     <message>
         <source>refreshFriendList</source>
         <translation>Refresh contact list</translation>
+    </message>
+    <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>The list may be out of date.</translation>
     </message>
     <message>
         <source>refreshTeamsFailed</source>
@@ -979,6 +1055,14 @@
         <translation>Searching…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>Search service numbers</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>The service numbers could not be searched.</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>Some teams could not be searched.</translation>
     </message>
@@ -1019,12 +1103,36 @@
         <translation>Send message</translation>
     </message>
     <message>
+        <source>sendOutsideRequest</source>
+        <translation>Send request</translation>
+    </message>
+    <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>Subscribe to open the chat.</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>Contact</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>Description</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>Service number</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>This service number only publishes; it takes no replies.</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>Subject</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1065,6 +1173,10 @@
     <message>
         <source>subscribed</source>
         <translation>Subscribed</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>Subscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>sure</source>
@@ -1257,6 +1369,10 @@
     <message>
         <source>uploadFail</source>
         <translation>The upload failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>uploadingPicture</source>
+        <translation>Uploading…</translation>
     </message>
     <message>
         <source>userHadAdded</source>
