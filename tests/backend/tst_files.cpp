@@ -148,6 +148,9 @@ private slots:
         QCOMPARE(photo(), code == 0 ? chosen : before);
         const Json::Value told = events(since)["events"];
         QCOMPARE(told.size(), code == 0 ? 1u : 0u);
+        const std::string next = events(since)["next"].asString();
+        m_client->post("/center/user/setPhoto.do", {{"photoName", chosen}});
+        QCOMPARE(events(since)["next"].asString(), next); // it is no news
         if (code == 0) {
             QCOMPARE(told[0]["type"].asString(), std::string("picture"));
             QCOMPARE(told[0]["member"].asString(), std::string("u000002"));
