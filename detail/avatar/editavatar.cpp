@@ -89,6 +89,8 @@ EditAvatar::EditAvatar(QWidget *parent)
 
 void EditAvatar::followUser()
 {
+    // At once, not when it is deleted: until then an answer may still come.
+    connect(this, &BaseDialog::closed, this, &EditAvatar::dropUpload);
     using Hub = FriendUISignalSender;
     const Hub *hub = Hub::instance();
     connect(hub, &Hub::signal_SkinChange, this, &EditAvatar::slot_SkinChange);
@@ -235,6 +237,7 @@ void EditAvatar::open(const std::function<HeadPicture::Picture()> &read)
                                                  if (ticket != m_opened)
                                                      return;
                                                  m_busy->hide();
+                                                 m_save->setEnabled(true);
                                                  show(std::move(picture));
                                              });
 }

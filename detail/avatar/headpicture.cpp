@@ -97,7 +97,8 @@ HeadPicture::Picture HeadPicture::load(const QString &path, const QSize &bound)
     QImage image = reader.read();
     if (image.isNull())
         return flawed(Flaw::NoPicture, reader.errorString());
-    bytes.setData(QByteArray());
+    bytes.close();
+    bytes.setData(QByteArray()); // as much memory as the file is long
     return of(std::move(image), bound);
 }
 
