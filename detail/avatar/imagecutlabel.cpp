@@ -3,6 +3,7 @@
 #include "common/logging.h"
 #include "controls/skin.h"
 #include "detail/avatar/cutgeometry.h"
+#include "detail/avatar/headpicture.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -64,8 +65,7 @@ void ImageCutLabel::setPixmap(const QPixmap &px, const QSize &sizeBound)
 {
     const QSize shown = CutGeometry::shownSize(px.size(), shownBound(sizeBound));
     setPixmap(
-        px,
-        shown == px.size() ? px : px.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation),
+        px, shown == px.size() ? px : QPixmap::fromImage(HeadPicture::reduced(px.toImage(), shown)),
         sizeBound);
 }
 
