@@ -47,6 +47,12 @@ void FriendTreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
         row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
                                     RowPainter::MarkSize, ratio));
     }
-    row.texts(name, ::displayText(index.data(FriendTreeRole::Sign).toString()), faded);
+    QVector<RowPainter::Piece> second;
+    for (const int role : {FriendTreeRole::Company, FriendTreeRole::Sign}) {
+        const QString text = ::displayText(index.data(role).toString());
+        if (!text.isEmpty())
+            second.append({text, QColor()});
+    }
+    row.texts(name, second, faded);
     painter->restore();
 }

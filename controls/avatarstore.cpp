@@ -82,9 +82,13 @@ QPixmap AvatarStore::avatar(const QString &file, const QString &id, const QStrin
 
 QPixmap AvatarStore::picture(const QString &file, int size, qreal pixelRatio)
 {
+    return pictureIn({size, pixelRatio}, file);
+}
+
+QPixmap AvatarStore::pictureIn(const Form &form, const QString &file)
+{
     if (file.isEmpty())
         return QPixmap();
-    const Form form{size, pixelRatio};
     if (const Picture *known = find(file, form))
         return known->pixmap;
     if (!m_pending.value(file).contains(form))
@@ -99,6 +103,16 @@ QPixmap AvatarStore::groupPortrait(const QString &file, int size, qreal pixelRat
                               QStringLiteral("Resources/images/SysTrayIcon/ic_portrait_group.png"),
                               size, pixelRatio)
                         : own;
+}
+
+QPixmap AvatarStore::serviceIcon(const QString &file, int size, qreal pixelRatio)
+{
+    const QPixmap own = pictureIn({size, pixelRatio, true}, file);
+    return own.isNull()
+               ? loadSquarePicture(
+                     QStringLiteral("Resources/images/FriendDetail/ic_portrait_server_90.png"),
+                     size, pixelRatio)
+               : own;
 }
 
 void AvatarStore::refresh(const QString &file)
@@ -156,7 +170,8 @@ void AvatarStore::store(const QString &file, const Form &form, const QImage &ima
     }
     Picture picture{form, QPixmap()};
     if (!image.isNull()) {
-        picture.pixmap = rounded(QPixmap::fromImage(image));
+        const QPixmap square = QPixmap::fromImage(image);
+        picture.pixmap = form.isSquare ? withRoundCorners(square) : rounded(square);
         picture.pixmap.setDevicePixelRatio(form.pixelRatio);
     }
     keep(file, picture);

@@ -19,5 +19,10 @@ QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio,
 // The same cut to a circle, for portraits.
 QPixmap loadRoundPicture(const QString &relativePath, int size, qreal pixelRatio);
 
+// The same with the round corners of what is no person.
+QPixmap loadSquarePicture(const QString &relativePath, int size, qreal pixelRatio);
+
 // What of a square pixmap lies in its circle.
 QPixmap rounded(const QPixmap &square);
+// A square pixmap with its corners rounded off.
+QPixmap withRoundCorners(const QPixmap &square);

@@ -63,6 +63,15 @@ public:
     static QSize badgeSize(int count);
     static void drawBadge(QPainter *painter, const QRect &area, int count);
 
+    // Over the lower right of the avatar: that the row is an official account, which no
+    // name that somebody chooses makes it look like.
+    void verified();
+    static void drawVerified(QPainter *painter, const QRectF &area);
+
+    // Room at the right of what is left of the row for what only one list paints, as
+    // high as the row and mirrored for right-to-left.
+    QRect takeAtRight(int width);
+
     // The colour of a row's less important texts instead of the skin's. On a selected
     // row it gives way to what can be read there.
     void setSecondaryColor(const QColor &color) { m_secondary = color; }

@@ -4,7 +4,6 @@
 
 #include "hostapi/rosterrecords.h"
 
-#include <QTextEdit>
 #include <QWidget>
 
 class ElidedLabel;
@@ -12,6 +11,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class ValidationEdit;
 
 // Picture, name and sex of the person.
 class AddFriendHeader : public QWidget
@@ -33,24 +33,6 @@ private:
     QLabel *m_picture;
     ElidedLabel *m_name;
     QLabel *m_sex;
-};
-
-// Plain text of one line; Enter is the dialog's.
-class ValidationEdit : public QTextEdit
-{
-    Q_OBJECT
-
-public:
-    explicit ValidationEdit(QWidget *parent = nullptr);
-
-    QString validation() const; // line ends as blanks
-
-signals:
-    void confirmed();
-
-protected:
-    void insertFromMimeData(const QMimeData *source) override;
-    void keyPressEvent(QKeyEvent *event) override;
 };
 
 class AddFriendForm : public QWidget

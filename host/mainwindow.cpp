@@ -296,6 +296,11 @@ void MainWindow::setLanguage(const QString &language)
         action->setChecked(action->data() == language);
 }
 
+QString MainWindow::language() const
+{
+    return m_parts.language->current();
+}
+
 void MainWindow::setSkin(const QString &name)
 {
     m_skin = name;

@@ -129,22 +129,24 @@ private:
     std::unique_ptr<Private> d;
 };
 
-// Pictures of people and service numbers by the name that the back end knows them
-// under. What is there is answered at once; the rest is fetched a few at a time, each
-// name once, most recently asked for first. They are kept in the folder of the user
-// who is logged in; with another user, or none, nothing of the old one is fetched on.
+// Pictures by the name that the back end knows them under. What is there is answered at
+// once; the rest is fetched a few at a time, each name once, most recently asked for
+// first. They are kept in a folder of the user who is logged in; with another user, or
+// none, nothing of the old one is fetched on.
 class PictureFiles : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int AtATime = 4;
+    static constexpr int AtATime = 4;      // of people
+    static constexpr int IconsAtATime = 5; // of service numbers
     // Of those that wait, those asked for longest ago are given up.
     static constexpr int MaximumWaiting = 200;
     static constexpr int UnknownFor = 10 * 60 * 1000; // ms
     static constexpr int FailedFor = 30 * 1000;       // ms; when the service did not answer
 
-    static PictureFiles &instance();
+    static PictureFiles &instance(); // of people
+    static PictureFiles &serviceIcons();
     ~PictureFiles() override;
 
     // The local file: one of the program's own, such as "7.png" of
@@ -164,7 +166,8 @@ signals:
     void ready(const QString &pictureName, const QString &file);
 
 private:
-    PictureFiles();
+    struct Kind;
+    explicit PictureFiles(const Kind &kind);
     void fetchOn();
     void fetched(const QString &pictureName, const HttpResponseData &result);
     void forgetOtherUser();

@@ -44,12 +44,22 @@ QString systemPicture(const QString &name)
 }
 } // namespace
 
+struct PictureFiles::Kind
+{
+    const char *folder; // below the user's
+    int atATime;
+    QString (*localName)(const QString &pictureName);
+};
+
 struct PictureFiles::Private
 {
-    QString folder;      // of the pictures; empty: nobody is logged in
-    QStringList waiting; // last in, first out
-    QHash<QString, FileDownload *> running;
-    QHash<QString, QDeadlineTimer> refused; // by name: not asked for again until then
+    const Kind kind;
+    QString folder = {};      // of the pictures; empty: nobody is logged in
+    QStringList waiting = {}; // last in, first out
+    QHash<QString, FileDownload *> running = {};
+    QHash<QString, QDeadlineTimer> refused = {}; // by name: not asked for again until then
+
+    QString localFile(const QString &name) const { return folder + kind.localName(name); }
 
     bool isRefused(const QString &name)
     {
@@ -72,11 +82,19 @@ struct PictureFiles::Private
 
 PictureFiles &PictureFiles::instance()
 {
-    static auto *files = new PictureFiles;
+    static auto *files = new PictureFiles({"/headImage/", AtATime, &localName});
     return *files;
 }
 
-PictureFiles::PictureFiles() : d(std::make_unique<Private>())
+// Other parts of the client look for an icon under the name that its record has.
+PictureFiles &PictureFiles::serviceIcons()
+{
+    static auto *files =
+        new PictureFiles({"/serviceIcon/", IconsAtATime, [](const QString &name) { return name; }});
+    return *files;
+}
+
+PictureFiles::PictureFiles(const Kind &kind) : d(new Private{kind})
 {
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             &PictureFiles::stop);
@@ -87,7 +105,7 @@ PictureFiles::~PictureFiles() = default;
 void PictureFiles::forgetOtherUser()
 {
     const QString user = ClientPaths::userFolder();
-    const QString folder = user.isEmpty() ? user : user + QLatin1String("/headImage/");
+    const QString folder = user.isEmpty() ? user : user + QLatin1String(d->kind.folder);
     if (folder == d->folder)
         return;
     stop();
@@ -103,7 +121,7 @@ QString PictureFiles::file(const QString &pictureName)
         return system;
     if (d->folder.isEmpty() || !FileServices::isSafeName(pictureName))
         return QString();
-    const QString local = d->folder + localName(pictureName);
+    const QString local = d->localFile(pictureName);
     if (QFileInfo(local).size() > 0)
         return local;
     if (d->running.contains(pictureName) || d->isRefused(pictureName))
@@ -133,13 +151,13 @@ QString PictureFiles::ofPerson(const QString &jid, const QString &photoName)
 void PictureFiles::fetchOn()
 {
     forgetOtherUser();
-    while (!d->waiting.isEmpty() && d->running.size() < AtATime) {
+    while (!d->waiting.isEmpty() && d->running.size() < d->kind.atATime) {
         const QString name = d->waiting.takeLast();
         auto *download = new FileDownload(this);
         d->running.insert(name, download);
         connect(download, &FileDownload::finished, this,
                 [this, name](const HttpResponseData &result) { fetched(name, result); });
-        download->start(name, d->folder + localName(name), true);
+        download->start(name, d->localFile(name), true);
     }
 }
 

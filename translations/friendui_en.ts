@@ -95,6 +95,10 @@
         <translation>Add members</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>Add to blacklist</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>Add to contact list</translation>
     </message>
@@ -137,6 +141,14 @@
     <message>
         <source>cancelSubscribe</source>
         <translation>Unsubscribe</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>Unsubscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>cannotChangeThemeForSelfOffLine</source>
@@ -201,6 +213,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>Put "%1" on the blacklist? You will get no more requests from this person.</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -377,6 +393,10 @@
     <message>
         <source>filetype</source>
         <translation>Pictures (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>Filter subscriptions</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -727,6 +747,10 @@
         <translation>Files cannot be sent to this person.</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>Not subscribed</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>This account is not in use yet; files cannot be sent to it.</translation>
     </message>
@@ -803,8 +827,44 @@
         <translation>Accept</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>Added</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>External contacts</translation>
+    </message>
+    <message>
+        <source>outsideRequested</source>
+        <translation>Requested</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>Contact request</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>Name, account or mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>The search failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>Find people outside your company: type a name, an account or a mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>Please type at least two characters</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>Add external contact</translation>
     </message>
     <message>
         <source>ownProfile</source>
@@ -915,6 +975,10 @@
         <translation>Refresh contact list</translation>
     </message>
     <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>The list may be out of date.</translation>
+    </message>
+    <message>
         <source>refreshTeamsFailed</source>
         <translation>Refreshing failed: this may be out of date.</translation>
     </message>
@@ -991,6 +1055,14 @@
         <translation>Searching…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>Search service numbers</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>The service numbers could not be searched.</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>Some teams could not be searched.</translation>
     </message>
@@ -1031,12 +1103,36 @@
         <translation>Send message</translation>
     </message>
     <message>
+        <source>sendOutsideRequest</source>
+        <translation>Send request</translation>
+    </message>
+    <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>Subscribe to open the chat.</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>Contact</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>Description</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>Service number</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>This service number only publishes; it takes no replies.</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>Subject</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1077,6 +1173,10 @@
     <message>
         <source>subscribed</source>
         <translation>Subscribed</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>Subscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>sure</source>

@@ -95,6 +95,10 @@
         <translation>添加成员</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>加入黑名单</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>添加到联系人列表</translation>
     </message>
@@ -137,6 +141,14 @@
     <message>
         <source>cancelSubscribe</source>
         <translation>取消订阅</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>取消订阅后将不再收到“%1”的消息，确定取消吗？</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>取消订阅失败，请重试。</translation>
     </message>
     <message>
         <source>cannotChangeThemeForSelfOffLine</source>
@@ -201,6 +213,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>确定将“%1”加入黑名单吗？之后不会再收到对方的请求。</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -377,6 +393,10 @@
     <message>
         <source>filetype</source>
         <translation>图片文件 (*.jpg *.jpeg *.png)</translation>
+    </message>
+    <message>
+        <source>filterServiceNumbers</source>
+        <translation>筛选已订阅的服务号</translation>
     </message>
     <message>
         <source>forbidden</source>
@@ -727,6 +747,10 @@
         <translation>不能向该联系人发送文件。</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>未订阅</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>对方账号尚未启用，不能发送文件。</translation>
     </message>
@@ -803,8 +827,44 @@
         <translation>接受</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>已添加</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>外部联系人</translation>
+    </message>
+    <message>
+        <source>outsideRequested</source>
+        <translation>已申请</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>好友请求</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>搜索失败，请重试。</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>查找企业外的联系人：输入对方的姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>请至少输入两个字符</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>添加好友</translation>
     </message>
     <message>
         <source>ownProfile</source>
@@ -915,6 +975,10 @@
         <translation>刷新联系人列表</translation>
     </message>
     <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>列表可能不是最新的。</translation>
+    </message>
+    <message>
         <source>refreshTeamsFailed</source>
         <translation>刷新失败，显示的可能不是最新内容。</translation>
     </message>
@@ -991,6 +1055,14 @@
         <translation>正在搜索…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>搜索服务号</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>搜索服务号失败。</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>部分团队搜索失败。</translation>
     </message>
@@ -1031,12 +1103,36 @@
         <translation>发送消息</translation>
     </message>
     <message>
+        <source>sendOutsideRequest</source>
+        <translation>发送请求</translation>
+    </message>
+    <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>订阅后才能进入会话。</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>联系方式</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>简介</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>服务号详情</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>进入会话</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>该服务号只发布消息，不接收回复。</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>主题</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1077,6 +1173,10 @@
     <message>
         <source>subscribed</source>
         <translation>已订阅</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>订阅失败，请重试。</translation>
     </message>
     <message>
         <source>sure</source>

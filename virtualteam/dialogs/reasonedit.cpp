@@ -1,6 +1,5 @@
 #include "virtualteam/dialogs/reasonedit.h"
 
-#include "controls/skin.h"
 #include "controls/slimscrollbar.h"
 #include "virtualteam/dialogs/reasontext.h"
 
@@ -10,15 +9,11 @@
 #include <QSignalBlocker>
 #include <QTextCursor>
 
-ReasonEdit::ReasonEdit(QWidget *parent) : QPlainTextEdit(parent)
+ReasonEdit::ReasonEdit(QWidget *parent) : SignTextEdit(parent)
 {
     setObjectName(QStringLiteral("reasonEdit"));
-    setTabChangesFocus(true);
-    setFont(skinFont(13));
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     useSlimScrollBar(this);
-    followSkin(this);
-    connect(this, &QPlainTextEdit::textChanged, this, &ReasonEdit::cut);
+    connect(this, &QTextEdit::textChanged, this, &ReasonEdit::cut);
 }
 
 void ReasonEdit::cut()
@@ -66,7 +61,7 @@ void ReasonEdit::keyPressEvent(QKeyEvent *event)
             return;
         }
     }
-    QPlainTextEdit::keyPressEvent(event);
+    SignTextEdit::keyPressEvent(event);
 }
 
 void ReasonEdit::inputMethodEvent(QInputMethodEvent *event)
@@ -75,7 +70,7 @@ void ReasonEdit::inputMethodEvent(QInputMethodEvent *event)
     fitting.setCommitString(
         ReasonText::start(event->commitString(), room() + event->replacementLength()),
         event->replacementStart(), event->replacementLength());
-    QPlainTextEdit::inputMethodEvent(&fitting);
+    SignTextEdit::inputMethodEvent(&fitting);
     event->setAccepted(fitting.isAccepted());
 }
 

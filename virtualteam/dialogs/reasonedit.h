@@ -2,11 +2,10 @@
 // number of characters.
 #pragma once
 
+#include "controls/signtextedit.h"
 #include "virtualteam/teamrecords.h"
 
-#include <QPlainTextEdit>
-
-class ReasonEdit : public QPlainTextEdit
+class ReasonEdit : public SignTextEdit
 {
     Q_OBJECT
 

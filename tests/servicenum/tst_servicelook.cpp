@@ -1,0 +1,118 @@
+// Properties of what is painted of service numbers.
+#include "controls/avatarstore.h"
+#include "controls/elidedlabel.h"
+#include "servicenum/cservicenuminfo.h"
+#include "servicenum/cservicenuminfomanager.h"
+#include "servicenum/cservicenumsearch.h"
+#include "servicenum/servicenumlistview.h"
+#include "tests/servicenum/servicepagefixture.h"
+#include "tests/support/looks.h"
+
+#include <QImage>
+#include <QLineEdit>
+#include <QTextEdit>
+
+namespace {
+
+QString text(const char *utf8)
+{
+    return QString::fromUtf8(utf8);
+}
+
+QJsonArray numbers()
+{
+    using F = ServicePageFixture;
+    QJsonObject rich =
+        F::number(QStringLiteral("s2"), text("待办审批"),
+                  text("需要您处理的申请会在这里出现。\n请在收到提醒后的两个工作日内处理；"
+                       "超过期限的申请会自动转给您的上级。\n\nApprovals wait here for you. "
+                       "Deal with them within two working days, please."),
+                  true);
+    rich.insert(QStringLiteral("subject"), text("行政服务"));
+    rich.insert(QStringLiteral("contactWay"), text("oa@corp.example / 8001"));
+    QJsonObject oneWay = F::number(QStringLiteral("s3"), QStringLiteral("Canteen"),
+                                   QStringLiteral("Menu of the day"), true);
+    oneWay.insert(QStringLiteral("isInteractive"), false);
+    return {F::number(QStringLiteral("s1"), text("公司新闻"), text("每天一条公司新闻"), true),
+            rich,
+            oneWay,
+            F::number(QStringLiteral("s4"), text("一个名字长得在任何列表里都放不下的服务号名称"),
+                      text("A description that is by far too long for the width of any list, "
+                           "whatever the language")),
+            F::number(QStringLiteral("s5"), QStringLiteral("<b>Bold</b> & <img src=x>"),
+                      QStringLiteral("<h1>huge</h1>\nsecond line")),
+            F::number(QStringLiteral("s6"), text("\u202Egnp.live\u202C \u05D0\u05D1\u05D2"),
+                      QString())};
+}
+
+QJsonArray subscribed()
+{
+    QJsonArray own;
+    for (int i = 0; i < 3; ++i)
+        own.append(numbers().at(i));
+    return own;
+}
+
+} // namespace
+
+class TstServiceLook : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanup() { setSkin(QStringLiteral("light")); }
+
+    void looks_data() { addLooks({1.0, 2.0}); }
+    void looks()
+    {
+        QFETCH(QString, skin);
+        QFETCH(QString, language);
+        QFETCH(qreal, ratio);
+        const Language installed(language);
+        setSkin(skin);
+        const QString suffix = QStringLiteral("-%1-%2-%3").arg(skin, language).arg(ratio);
+        const auto keep = [&](QWidget *widget, const char *name) {
+            QCoreApplication::sendPostedEvents();
+            QTRY_VERIFY(!AvatarStore::instance().isBusy());
+            keepPicture(pictureOf(widget, ratio), QLatin1String(name) + suffix);
+        };
+        ServicePageFixture f;
+        f.showPage();
+        QVERIFY(f.isLoaded());
+        keep(f.page.get(), "services-empty");
+        f.setSubscriptions(subscribed());
+        f.setFound(numbers());
+        ServiceNumbers::instance().load();
+        QTRY_COMPARE(f.model()->rowCount(), 3);
+        f.table()->setCurrentIndex(f.model()->index(1));
+        keep(f.page.get(), "services-list");
+        for (const QLabel *label : f.page->findChildren<QLabel *>())
+            QVERIFY2(!label->isVisible() || label->wordWrap() ||
+                         label->sizeHint().width() <= label->width(),
+                     qPrintable(label->text()));
+
+        CServiceNumSearch *search = CServiceNumSearch::showSearch();
+        QTRY_COMPARE(search->list()->model()->rowCount(), 6);
+        search->list()->setCurrentIndex(search->list()->model()->index(4));
+        QTest::mouseMove(search->list()->viewport(),
+                         search->list()->buttonArea(search->list()->model()->index(0)).center());
+        keep(search, "services-search");
+        search->close();
+
+        for (const char *code : {"s1", "s2", "s3", "s4", "s5", "s6"}) {
+            CServiceNumInfoManager::instance()->showServiceNumInfo(QLatin1String(code));
+            CServiceNumInfo *info = CServiceNumInfoManager::instance()->window(QLatin1String(code));
+            QVERIFY(info);
+            keep(info, qPrintable(QStringLiteral("services-info-") + QLatin1String(code)));
+            for (const QPushButton *button : info->findChildren<QPushButton *>())
+                QVERIFY2(!button->isVisible() ||
+                             (button->sizeHint().width() <= button->width() &&
+                              info->rect().contains(
+                                  QRect(button->mapTo(info, QPoint()), button->size()))),
+                         qPrintable(button->text()));
+        }
+    }
+};
+
+FRIENDUI_TEST(TstServiceLook)
+#include "tst_servicelook.moc"
