@@ -158,11 +158,12 @@ void EditAvatar::showPresent()
     PictureThread::run<HeadPicture::Picture>(
         this, [path, bound] { return HeadPicture::load(path, bound); },
         [this, system](HeadPicture::Picture picture) {
-            if (m_changed || m_opened > 0 || picture.flaw != HeadPicture::Flaw::None)
+            const bool isOther = m_cutLabel->hasPicture() && !m_bisHistory;
+            if (m_changed || isOther || picture.flaw != HeadPicture::Flaw::None)
                 return;
             m_isShowingPresent = true;
-            m_bisHistory = true;
-            if (system.isEmpty())
+            m_bisHistory = system.isEmpty();
+            if (m_bisHistory)
                 setCut(std::move(picture));
             else
                 m_previews->setPicture(QPixmap::fromImage(picture.image));
