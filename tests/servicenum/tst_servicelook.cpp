@@ -33,7 +33,7 @@ QJsonArray numbers()
     QJsonObject oneWay = F::number(QStringLiteral("s3"), QStringLiteral("Canteen"),
                                    QStringLiteral("Menu of the day"), true);
     oneWay.insert(QStringLiteral("isInteractive"), false);
-    return {F::number(QStringLiteral("s1"), text("公司新闻"), text("每天一条公司新闻"), true),
+    return {F::number(QStringLiteral("s1"), text("公司新闻"), text("每天一条公司新闻 News"), true),
             rich,
             oneWay,
             F::number(QStringLiteral("s4"), text("一个名字长得在任何列表里都放不下的服务号名称"),
@@ -54,6 +54,8 @@ QJsonArray subscribed()
 }
 
 } // namespace
+
+using F = ServicePageFixture;
 
 class TstServiceLook : public QObject
 {
@@ -94,15 +96,42 @@ private slots:
         CServiceNumSearch *search = CServiceNumSearch::showSearch();
         QTRY_COMPARE(search->list()->model()->rowCount(), 6);
         search->list()->setCurrentIndex(search->list()->model()->index(4));
-        QTest::mouseMove(search->list()->viewport(),
-                         search->list()->buttonArea(search->list()->model()->index(0)).center());
+        const QPoint first = search->list()->buttonArea(search->list()->model()->index(0)).center();
+        QMouseEvent move(QEvent::MouseMove, first, search->list()->viewport()->mapToGlobal(first),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(search->list()->viewport(), &move);
+        f.server.reply(F::Subscribe, FakeReply::json("{\"code\":1}").onRelease());
+        emit search->list()->signal_subscribeServiceNum(QStringLiteral("s6"));
         keep(search, "services-search");
+        QTRY_COMPARE(f.server.unanswered(), 1);
+        f.server.release();
+        QTRY_VERIFY(!F::notice(search).isEmpty());
+        auto *box = search->findChild<QLineEdit *>();
+        box->setText(QStringLiteral("News"));
+        QTRY_COMPARE(f.server.unanswered(), 0);
+        keep(search, "services-search-marked");
+        f.server.reply(F::Search, FakeReply::json("{\"code\":9}"));
+        box->setText(QStringLiteral("x"));
+        QTRY_COMPARE(F::state(search), QStringLiteral("searchServiceNumbersFailed"));
+        keep(search, "services-search-failed");
         search->close();
+
+        f.server.reply(F::Info, FakeReply::json("{\"code\":10001}"));
+        CServiceNumInfoManager::instance()->showServiceNumInfo(QStringLiteral("none"));
+        CServiceNumInfo *unknown =
+            CServiceNumInfoManager::instance()->window(QStringLiteral("none"));
+        keep(unknown, "services-info-loading");
+        QTRY_COMPARE(F::state(unknown), QStringLiteral("loadErrorAndCrazyRetry"));
+        keep(unknown, "services-info-failed");
 
         for (const char *code : {"s1", "s2", "s3", "s4", "s5", "s6"}) {
             CServiceNumInfoManager::instance()->showServiceNumInfo(QLatin1String(code));
             CServiceNumInfo *info = CServiceNumInfoManager::instance()->window(QLatin1String(code));
             QVERIFY(info);
+            if (qstrcmp(code, "s6") == 0) {
+                QTest::keyClick(info, Qt::Key_Tab);
+                f.setOnline(false);
+            }
             keep(info, qPrintable(QStringLiteral("services-info-") + QLatin1String(code)));
             for (const QPushButton *button : info->findChildren<QPushButton *>())
                 QVERIFY2(!button->isVisible() ||
@@ -111,6 +140,7 @@ private slots:
                                   QRect(button->mapTo(info, QPoint()), button->size()))),
                          qPrintable(button->text()));
         }
+        f.setOnline(true);
     }
 };
 
