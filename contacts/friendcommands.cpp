@@ -158,8 +158,10 @@ void FriendCommands::blacklist(const QString &jid)
         return;
     const QString question = QObject::tr("confirmBlacklist").arg(contactDisplayName(contact));
     TipBox::ask(m_view, question, [this, jid] {
-        if (m_model->hasContact(jid))
-            FriendUIEventProcess::blacklistExternalContact(jid);
+        if (!m_model->hasContact(jid))
+            return;
+        emit blacklisting(jid);
+        FriendUIEventProcess::blacklistExternalContact(jid);
     });
 }
 

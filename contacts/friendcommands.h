@@ -47,6 +47,9 @@ public:
     // A creation was answered; whether it was asked for here.
     bool groupCreated(const QString &name) { return m_askedFor.removeOne(name); }
 
+signals:
+    void blacklisting(const QString &jid); // the request is about to be sent
+
 private:
     QStringList groupNames() const;
     QString refusal(const QString &name) const;

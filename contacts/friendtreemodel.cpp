@@ -70,8 +70,11 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
         if (record.jid.isEmpty())
             continue;
         if (!isMine(record)) {
-            if (hasContact(record.jid))
+            const Contact *known = find(record.jid);
+            if (known && known->arriving)
                 repeated.append(record);
+            else if (known)
+                removeContact(record.jid);
             continue;
         }
         const auto [at, isNew] = m_contacts.try_emplace(record.jid);
@@ -94,6 +97,8 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
             removeContact(record.jid);
         else if (contact)
             applyRecord(contact, record);
+        else
+            mergeContacts({record});
     }
 }
 

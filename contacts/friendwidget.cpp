@@ -1,7 +1,9 @@
 #include "contacts/friendwidget.h"
 
+#include "ExternalFriend/externalfriendwidget.h"
 #include "common/logging.h"
 #include "contacts/friendlistview.h"
+#include "contacts/friendtreemodel.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/latest/latestcontactstable.h"
 #include "contacts/latest/latestroles.h"
@@ -64,6 +66,11 @@ QString teamsPage()
 QString serviceNumbersPage()
 {
     return QStringLiteral("serviceNumbers");
+}
+
+QString externalsPage()
+{
+    return QStringLiteral("outsidefrd");
 }
 
 QString latestPage()
@@ -328,6 +335,13 @@ CServiceNoWidget *FriendWidget::serviceNumbers()
     return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
 }
 
+ExternalFriendWidget *FriendWidget::externalPage()
+{
+    if (!m_externalPage && pageInPlace(externalsPage(), m_externalPage))
+        m_externalPage->slot_inithidealloffline(m_friendTree->model()->hidesOffline());
+    return m_externalPage;
+}
+
 bool FriendWidget::raisePage(const QString &id)
 {
     if (!m_entries->selectEntry(id))
@@ -352,6 +366,8 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         teamPage();
     else if (strJid == serviceNumbersPage())
         serviceNumbers();
+    else if (strJid == externalsPage())
+        externalPage();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

@@ -11,6 +11,7 @@
 class CCustomerServerPage;
 class CServiceNoWidget;
 class CVirtualTeamPage;
+class ExternalFriendWidget;
 class FriendListView;
 class FriendTreeWidget;
 class MucWidget;
@@ -36,6 +37,8 @@ public:
     CCustomerServerPage *channels();
     CVirtualTeamPage *teamPage();
     CServiceNoWidget *serviceNumbers();
+    ExternalFriendWidget *externalPage();
+    bool hasExternalPage() const { return m_externalPage != nullptr; } // made already
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -79,6 +82,7 @@ private:
     CCustomerServerPage *m_channels = nullptr;
     CVirtualTeamPage *m_teamPage = nullptr;
     CServiceNoWidget *m_serviceNumbers = nullptr;
+    ExternalFriendWidget *m_externalPage = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };

@@ -291,6 +291,14 @@
         <translation>Customer service</translation>
     </message>
     <message>
+        <source>cutFrame</source>
+        <translation>Part of the picture that is used</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>Arrow keys move the frame, Ctrl and arrow keys resize it; with Shift in larger steps.</translation>
+    </message>
+    <message>
         <source>defaltInvitReasion</source>
         <translation>Please join our virtual team.</translation>
     </message>
@@ -819,12 +827,52 @@
         <translation>Accept</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>Added</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>External contacts</translation>
     </message>
     <message>
+        <source>outsideRequested</source>
+        <translation>Requested</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>Contact request</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>Name, account or mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>The search failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>Find people outside your company: type a name, an account or a mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>Please type at least two characters</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>Add external contact</translation>
+    </message>
+    <message>
         <source>ownProfile</source>
         <translation>My profile</translation>
+    </message>
+    <message>
+        <source>ownProfileUnknown</source>
+        <translation>Your profile has not arrived yet. Please try again in a moment.</translation>
     </message>
     <message>
         <source>pembateam</source>
@@ -845,6 +893,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>Search for members of other companies by account or mobile number and add them.</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>The picture could not be stored on this computer.</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>The picture is too large: no side may be longer than 8192 pixels, the file no larger than 64 MB.</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -1045,6 +1101,10 @@
     <message>
         <source>sendGroupMessage</source>
         <translation>Send message</translation>
+    </message>
+    <message>
+        <source>sendOutsideRequest</source>
+        <translation>Send request</translation>
     </message>
     <message>
         <source>serviceChatNeedsSubscription</source>
@@ -1309,6 +1369,10 @@
     <message>
         <source>uploadFail</source>
         <translation>The upload failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>uploadingPicture</source>
+        <translation>Uploading…</translation>
     </message>
     <message>
         <source>userHadAdded</source>

@@ -291,6 +291,14 @@
         <translation>客服</translation>
     </message>
     <message>
+        <source>cutFrame</source>
+        <translation>使用的图片区域</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>方向键移动裁剪框，Ctrl+方向键调整大小，加 Shift 幅度更大。</translation>
+    </message>
+    <message>
         <source>defaltInvitReasion</source>
         <translation>邀请您加入我们的虚拟团队，一起协作。</translation>
     </message>
@@ -819,12 +827,52 @@
         <translation>接受</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>已添加</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>外部联系人</translation>
     </message>
     <message>
+        <source>outsideRequested</source>
+        <translation>已申请</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>好友请求</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>搜索失败，请重试。</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>查找企业外的联系人：输入对方的姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>请至少输入两个字符</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>添加好友</translation>
+    </message>
+    <message>
         <source>ownProfile</source>
         <translation>我的资料</translation>
+    </message>
+    <message>
+        <source>ownProfileUnknown</source>
+        <translation>尚未获取到您的资料，请稍后重试。</translation>
     </message>
     <message>
         <source>pembateam</source>
@@ -845,6 +893,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>按账号或手机号搜索外企业成员并添加。</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>无法在本机保存图片。</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>图片过大：边长不能超过 8192 像素，文件不能超过 64 MB。</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -1045,6 +1101,10 @@
     <message>
         <source>sendGroupMessage</source>
         <translation>发送消息</translation>
+    </message>
+    <message>
+        <source>sendOutsideRequest</source>
+        <translation>发送请求</translation>
     </message>
     <message>
         <source>serviceChatNeedsSubscription</source>
@@ -1309,6 +1369,10 @@
     <message>
         <source>uploadFail</source>
         <translation>上传失败，请重试。</translation>
+    </message>
+    <message>
+        <source>uploadingPicture</source>
+        <translation>正在上传…</translation>
     </message>
     <message>
         <source>userHadAdded</source>

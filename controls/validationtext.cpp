@@ -1,4 +1,4 @@
-#include "detail/validationtext.h"
+#include "controls/validationtext.h"
 
 namespace {
 bool isWide(QChar c)
