@@ -63,6 +63,7 @@ QString teamsPage()
     return QStringLiteral("virtureteam");
 }
 
+<<<<<<< HEAD
 QString serviceNumbersPage()
 {
     return QStringLiteral("serviceNumbers");
@@ -71,6 +72,16 @@ QString serviceNumbersPage()
 QString externalsPage()
 {
     return QStringLiteral("outsidefrd");
+=======
+QString externalsPage()
+{
+    return QStringLiteral("outsidefrd");
+}
+
+QString serviceNumbersPage()
+{
+    return QStringLiteral("serviceNumbers");
+>>>>>>> numbers
 }
 
 QString latestPage()
@@ -330,16 +341,27 @@ CVirtualTeamPage *FriendWidget::teamPage()
     return m_teamPage;
 }
 
+<<<<<<< HEAD
 CServiceNoWidget *FriendWidget::serviceNumbers()
 {
     return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
 }
 
+=======
+>>>>>>> numbers
 ExternalFriendWidget *FriendWidget::externalPage()
 {
     if (!m_externalPage && pageInPlace(externalsPage(), m_externalPage))
         m_externalPage->slot_inithidealloffline(m_friendTree->model()->hidesOffline());
     return m_externalPage;
+<<<<<<< HEAD
+=======
+}
+
+CServiceNoWidget *FriendWidget::serviceNumbers()
+{
+    return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
+>>>>>>> numbers
 }
 
 bool FriendWidget::raisePage(const QString &id)
@@ -364,10 +386,17 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         channels();
     else if (strJid == teamsPage())
         teamPage();
+<<<<<<< HEAD
     else if (strJid == serviceNumbersPage())
         serviceNumbers();
     else if (strJid == externalsPage())
         externalPage();
+=======
+    else if (strJid == externalsPage())
+        externalPage();
+    else if (strJid == serviceNumbersPage())
+        serviceNumbers();
+>>>>>>> numbers
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

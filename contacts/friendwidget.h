@@ -36,9 +36,9 @@ public:
     OrgWidget *orgPage();
     CCustomerServerPage *channels();
     CVirtualTeamPage *teamPage();
-    CServiceNoWidget *serviceNumbers();
     ExternalFriendWidget *externalPage();
     bool hasExternalPage() const { return m_externalPage != nullptr; } // made already
+    CServiceNoWidget *serviceNumbers();
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -81,8 +81,8 @@ private:
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;
     CVirtualTeamPage *m_teamPage = nullptr;
-    CServiceNoWidget *m_serviceNumbers = nullptr;
     ExternalFriendWidget *m_externalPage = nullptr;
+    CServiceNoWidget *m_serviceNumbers = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };

@@ -258,25 +258,3 @@ void HostWindows::writeMail(const QStringList &jids)
                       tr("This host sends no mail. A client would now open a new mail to:"),
                       peopleLines(jids));
 }
-
-void HostWindows::searchExternalPeople(const QString &key)
-{
-    emit note(tr("No service for external contacts: %1 was not searched for.").arg(key));
-}
-
-void HostWindows::addExternalContact(const QString &jid, const QString &, const QString &)
-{
-    emit note(
-        tr("No service for external contacts: the request to %1 was not sent.").arg(nameOf(jid)));
-}
-
-void HostWindows::confirmExternalContact(const QString &jid, qint32, const QString &)
-{
-    emit note(
-        tr("No service for external contacts: the answer to %1 was not sent.").arg(nameOf(jid)));
-}
-
-void HostWindows::blacklistExternalContact(const QString &jid)
-{
-    emit note(tr("No service for external contacts: %1 was not blacklisted.").arg(nameOf(jid)));
-}

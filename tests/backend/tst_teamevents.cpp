@@ -125,14 +125,14 @@ private slots:
         const TeamWorld::StandardTeam team = m_world.makeStandardTeam();
         qint64 since = m_world.lastEvent(TeamWorld::Owner) + 1000; // of another database
         const QStringList all = m_world.teamsOf(TeamWorld::Owner);
-        const QStringList update{"update " + all.join(QLatin1Char(',')) + ' '};
+        const QStringList update{"friends", "services", "update " + all.join(QLatin1Char(','))};
         QCOMPARE(m_world.events(TeamWorld::Owner, &since), update);
         QCOMPARE(m_world.events(TeamWorld::Owner, &since), QStringList());
         const qint64 early = since;
         m_world.code(TeamWorld::Owner, "modifyVirtualTeamInfo", team.fill("vtId=%1&vtName=n"));
         {
             Transaction transaction(m_world.context.database);
-            transaction.prepare("UPDATE teamEvent SET time = time - 2 * 86400").run();
+            transaction.prepare("UPDATE event SET time = time - 2 * 86400").run();
             transaction.commit();
         }
         m_world.code("x000000", "quitVirtualTeam", team.fill("vtId=%1"));

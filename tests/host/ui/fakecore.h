@@ -10,7 +10,7 @@ class FakeCore : public MessagingCore
     using Text = const QString &;
 
 public:
-    QStringList calls; // "createGroup(Team, true)"
+    QStringList calls; // "createGroup(Team)"
     QList<FriendData> people;
     QHash<QString, QList<MessageData>> history;
     QMap<QString, PresenceData> reachable;
@@ -76,17 +76,11 @@ public:
     }
     void requestGroups(bool inner) override { note("requestGroups", inner); }
     void requestContacts() override { note("requestContacts"); }
-    void createGroup(Text name, bool inner) override { note("createGroup", name, inner); }
-    void renameGroup(Text group, Text name, bool inner) override
-    {
-        note("renameGroup", group, name, inner);
-    }
-    void deleteGroup(Text group, bool inner) override { note("deleteGroup", group, inner); }
-    void moveContact(Text jid, Text from, Text to, bool inner) override
-    {
-        note("moveContact", jid, from, to, inner);
-    }
-    void removeContact(Text jid, bool inner) override { note("removeContact", jid, inner); }
+    void createGroup(Text name) override { note("createGroup", name); }
+    void renameGroup(Text group, Text name) override { note("renameGroup", group, name); }
+    void deleteGroup(Text group) override { note("deleteGroup", group); }
+    void moveContact(Text jid, Text from, Text to) override { note("moveContact", jid, from, to); }
+    void removeContact(Text jid) override { note("removeContact", jid); }
     void setRemark(Text jid, Text remark) override { note("setRemark", jid, remark); }
     void requestPolicy(Text jid) override { note("requestPolicy", jid); }
     void addContact(Text jid, Text validation, Text group, Text remark) override
@@ -101,6 +95,15 @@ public:
     void storeOwnProfile(const VcardInfo &profile) override
     {
         note("storeOwnProfile", profile.leaderName);
+    }
+    bool keepExternal(const QList<GroupData> &, const QList<FriendData> &) override
+    {
+        return false;
+    }
+    bool keepPicture(Text jid, Text photoName, Text file) override
+    {
+        note("keepPicture", jid, photoName, file);
+        return true;
     }
     void createRoom(const QStringList &jids, Text subject) override
     {

@@ -2,7 +2,7 @@
 // scripted server.
 #include "host/colleaguesearch.h"
 #include "host/serviceaddressfile.h"
-#include "host/teamevents.h"
+#include "host/serviceevents.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/testrunner.h"
@@ -14,7 +14,7 @@ Q_DECLARE_METATYPE(FakeReply)
 
 namespace {
 
-const QByteArray Events = TeamEvents::path().toLatin1();
+const QByteArray Events = ServiceEvents::path().toLatin1();
 
 FakeReply news(int next, const QByteArray &events = "[]")
 {
@@ -41,21 +41,21 @@ struct Bench
 
 struct Listener
 {
-    TeamEvents events;
-    QSignalSpy changed{&events, &TeamEvents::teamsChanged};
-    QSignalSpy waiting{&events, &TeamEvents::waiting};
+    ServiceEvents events;
+    QSignalSpy changed{&events, &ServiceEvents::teamsChanged};
+    QSignalSpy waiting{&events, &ServiceEvents::waiting};
     QVector<TeamRequest> requested;
 
     Listener()
     {
-        QObject::connect(&events, &TeamEvents::requested, &events,
+        QObject::connect(&events, &ServiceEvents::requested, &events,
                          [this](const TeamRequest &request) { requested.append(request); });
     }
 };
 
 } // namespace
 
-class TstTeamEvents : public QObject
+class TstServiceEvents : public QObject
 {
     Q_OBJECT
 
@@ -182,5 +182,5 @@ private slots:
     }
 };
 
-FRIENDUI_TEST(TstTeamEvents)
-#include "tst_teamevents.moc"
+FRIENDUI_TEST(TstServiceEvents)
+#include "tst_serviceevents.moc"
