@@ -63,16 +63,6 @@ QString teamsPage()
     return QStringLiteral("virtureteam");
 }
 
-<<<<<<< HEAD
-QString serviceNumbersPage()
-{
-    return QStringLiteral("serviceNumbers");
-}
-
-QString externalsPage()
-{
-    return QStringLiteral("outsidefrd");
-=======
 QString externalsPage()
 {
     return QStringLiteral("outsidefrd");
@@ -81,7 +71,6 @@ QString externalsPage()
 QString serviceNumbersPage()
 {
     return QStringLiteral("serviceNumbers");
->>>>>>> numbers
 }
 
 QString latestPage()
@@ -341,27 +330,16 @@ CVirtualTeamPage *FriendWidget::teamPage()
     return m_teamPage;
 }
 
-<<<<<<< HEAD
-CServiceNoWidget *FriendWidget::serviceNumbers()
-{
-    return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
-}
-
-=======
->>>>>>> numbers
 ExternalFriendWidget *FriendWidget::externalPage()
 {
     if (!m_externalPage && pageInPlace(externalsPage(), m_externalPage))
         m_externalPage->slot_inithidealloffline(m_friendTree->model()->hidesOffline());
     return m_externalPage;
-<<<<<<< HEAD
-=======
 }
 
 CServiceNoWidget *FriendWidget::serviceNumbers()
 {
     return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
->>>>>>> numbers
 }
 
 bool FriendWidget::raisePage(const QString &id)
@@ -386,17 +364,10 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         channels();
     else if (strJid == teamsPage())
         teamPage();
-<<<<<<< HEAD
-    else if (strJid == serviceNumbersPage())
-        serviceNumbers();
-    else if (strJid == externalsPage())
-        externalPage();
-=======
     else if (strJid == externalsPage())
         externalPage();
     else if (strJid == serviceNumbersPage())
         serviceNumbers();
->>>>>>> numbers
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();
