@@ -142,6 +142,39 @@ private slots:
         }
         f.setOnline(true);
     }
+
+    // Whatever somebody calls himself, his picture is round and has no mark.
+    void notToBeTakenForAPerson()
+    {
+        F f;
+        const QString file = f.folder.filePath(QStringLiteral("red.png"));
+        QImage red(90, 90, QImage::Format_RGB32);
+        red.fill(Qt::red);
+        QVERIFY(red.save(file));
+        AvatarStore &store = AvatarStore::instance();
+        constexpr int Size = 40;
+        store.serviceIcon(file, Size, 1);
+        store.picture(file, Size, 1);
+        QTRY_VERIFY(!store.isBusy());
+        const auto alphaNearCorner = [](const QPixmap &pixmap) {
+            return pixmap.toImage().pixelColor(4, 4).alpha();
+        };
+        QCOMPARE(alphaNearCorner(store.serviceIcon(file, Size, 1)), 255);
+        QCOMPARE(alphaNearCorner(store.picture(file, Size, 1)), 0);
+
+        f.setSubscriptions(subscribed());
+        f.showPage();
+        QTRY_COMPARE(f.model()->rowCount(), 3);
+        f.table()->setCurrentIndex(QModelIndex());
+        const QImage rows = f.table()->viewport()->grab().toImage();
+        const QRect row = f.table()->visualRect(f.model()->index(0));
+        const QRect mark(row.left() + 36, row.center().y() + 6, 12, 12);
+        int marked = 0;
+        for (int y = mark.top(); y <= mark.bottom(); ++y)
+            for (int x = mark.left(); x <= mark.right(); ++x)
+                marked += rows.pixelColor(x, y) == Skin::instance().colors().theme ? 1 : 0;
+        QVERIFY2(marked > 20, qPrintable(QString::number(marked)));
+    }
 };
 
 FRIENDUI_TEST(TstServiceLook)
