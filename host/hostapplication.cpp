@@ -254,6 +254,8 @@ void HostApplication::followEvents()
     m_externalNews = std::make_unique<ExternalNews>(
         ExternalNews::Parts{events, m_external.get(), core, m_context, bus, notices});
     QObject::connect(m_teamNews.get(), &TeamNews::note, m_window.get(), &MainWindow::showNote);
+    QObject::connect(m_external.get(), &ExternalRoster::note, m_window.get(),
+                     &MainWindow::showNote);
     QObject::connect(m_pictures.get(), &PersonPictures::note, m_window.get(),
                      &MainWindow::showNote);
     // The plug-in asks for its subscriptions anew when it is told of a connection.

@@ -21,6 +21,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QPointer>
+#include <QShowEvent>
 
 namespace {
 constexpr int WindowWidth = 400; // device-independent pixels
