@@ -477,6 +477,14 @@
         <translation>Has left</translation>
     </message>
     <message>
+        <source>historyFailed</source>
+        <translation>The history could not be loaded. Please try again later.</translation>
+    </message>
+    <message>
+        <source>historyInBrowser</source>
+        <translation>The history was opened in the system’s browser.</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>wants to add you as a contact</translation>
     </message>
@@ -807,6 +815,10 @@
     <message>
         <source>openOrClose</source>
         <translation>Expand or collapse</translation>
+    </message>
+    <message>
+        <source>openOutsidePage</source>
+        <translation>Open a page of %1 in the system’s browser?</translation>
     </message>
     <message>
         <source>organizationTree</source>

@@ -477,6 +477,14 @@
         <translation>已离职</translation>
     </message>
     <message>
+        <source>historyFailed</source>
+        <translation>历史消息加载失败，请稍后重试</translation>
+    </message>
+    <message>
+        <source>historyInBrowser</source>
+        <translation>历史消息已在系统浏览器中打开</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>请求添加您为好友</translation>
     </message>
@@ -807,6 +815,10 @@
     <message>
         <source>openOrClose</source>
         <translation>展开/收起</translation>
+    </message>
+    <message>
+        <source>openOutsidePage</source>
+        <translation>是否在系统浏览器中打开 %1 的页面？</translation>
     </message>
     <message>
         <source>organizationTree</source>
