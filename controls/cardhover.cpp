@@ -26,6 +26,7 @@ CardHover::CardHover()
 
 void CardHover::settle()
 {
+    m_hasCaughtUp = false;
     const qint64 due = m_states.due();
     if (due < 0)
         m_timer.stop();
@@ -45,6 +46,13 @@ void CardHover::settle()
 
 void CardHover::step()
 {
+    // When everything has stood still for a while, the pointer may be elsewhere by now:
+    // what it did is waiting and comes first.
+    const qint64 due = m_states.due();
+    if (due >= 0 && due <= now() && !std::exchange(m_hasCaughtUp, true)) {
+        m_timer.start(0);
+        return;
+    }
     if (m_states.advance(now())) {
         if (m_states.shown().isEmpty()) {
             if (PaneActions *actions = paneActions())
@@ -56,12 +64,12 @@ void CardHover::step()
     settle();
 }
 
+// A button that is pressed has ended the rest.
 bool CardHover::mayOpen() const
 {
     const RowView *list = m_rested.list;
     return list && m_rested.row.isValid() && list->isVisible() && list->isActiveWindow() &&
-           QApplication::mouseButtons() == Qt::NoButton && !QApplication::activePopupWidget() &&
-           !QApplication::activeModalWidget();
+           !QApplication::activePopupWidget() && !QApplication::activeModalWidget();
 }
 
 void CardHover::open()

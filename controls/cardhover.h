@@ -22,6 +22,8 @@ public:
     static CardHover &instance();
 
     HoverStates::State state() const { return m_states.state(); }
+    // In place of HoverStates' own, in milliseconds; nothing may be open or rested on.
+    void setTimes(int rest, int grace) { m_states = HoverStates(rest, grace); }
 
     // --- Of the lists ---------------------------------------------------------------
     // The pointer is on the row of this person; an empty jid: on nobody's.
@@ -77,4 +79,5 @@ private:
     QPointer<QWidget> m_card;
     const RowView *m_listOfCard = nullptr; // only to be compared
     bool m_filters = false;
+    bool m_hasCaughtUp = false; // with what happened until the step that is due
 };
