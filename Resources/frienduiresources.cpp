@@ -1,6 +1,7 @@
 #include "Resources/frienduiresources.h"
 
-#include <QtGlobal>
+#include <QCoreApplication>
+#include <QFile>
 
 void initFriendUiResources()
 {
@@ -9,4 +10,15 @@ void initFriendUiResources()
         return true;
     }();
     Q_UNUSED(registered)
+}
+
+QString resourcePath(const QString &relativePath)
+{
+    if (QFile::exists(relativePath))
+        return relativePath;
+    const QString beside = QCoreApplication::applicationDirPath() + QLatin1Char('/') + relativePath;
+    if (QFile::exists(beside))
+        return beside;
+    initFriendUiResources();
+    return QStringLiteral(":/FriendUI/") + relativePath;
 }

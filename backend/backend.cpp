@@ -15,8 +15,10 @@
 struct BackEnd::Private
 {
     explicit Private(const BackEndOptions &wanted)
-        : options(wanted), context(wanted.people, wanted.seed, wanted.departmentSize)
+        : options(wanted),
+          context(wanted.people, wanted.seed, wanted.departmentSize, wanted.friendLimit)
     {
+        context.numbers.setExtraAtStart(wanted.serviceNumbers);
     }
     bool open(QString *problem);
     void addServices();
@@ -55,6 +57,11 @@ void BackEnd::Private::addServices()
     addTeamPeopleServices(&services, context, index);
     addEventServices(&services, context);
     addCompanyServices(&services, context);
+    addFriendServices(&services, context);
+    addFriendSearch(&services, context, index);
+    addPictureServices(&services, store);
+    addServiceNumbers(&services, context);
+    addNumberHistory(&services, context);
 }
 
 bool BackEnd::Private::open(QString *problem)
@@ -82,7 +89,7 @@ bool BackEnd::Private::open(QString *problem)
     addServices();
     if (options.controlPort >= 0 && !control.start(options.controlPort, problem))
         return false;
-    context.teamBell.setOn(true);
+    context.bell.setOn(true);
     dispatcher = std::make_unique<Dispatcher>(services, context, levers, options.log);
     server.run(*dispatcher);
     return true;
@@ -104,7 +111,7 @@ bool BackEnd::start(QString *problem)
 void BackEnd::stop()
 {
     d->levers.stop();
-    d->context.teamBell.setOn(false);
+    d->context.bell.setOn(false);
     d->control.stop();
     d->server.stop();
     d->context.database.close();

@@ -28,6 +28,10 @@ struct BackEndOptions
     int departmentSize = 0;
     // The sample company's virtual teams need approval; else what was said last counts.
     bool teamApproval = false;
+    // External contacts that a user may have.
+    int friendLimit = 500;
+    // Service numbers besides those of the sample.
+    int serviceNumbers = 0;
     // The own user has a virtual team of so many people, in groups of 25; 0: none.
     int teamSize = 0;
     // Serves with a certificate like this instead of the good one.

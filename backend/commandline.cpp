@@ -1,5 +1,7 @@
 #include "backend/commandline.h"
 
+#include "backend/friends/friend.h"
+#include "backend/numbers/servicenumberlist.h"
 #include "sample/samplecompany.h"
 
 namespace {
@@ -45,6 +47,8 @@ QString CommandLine::help()
         "  --department-size N    one more department, D9000, of so many employees\n"
         "  --team-approval        virtual teams of the company need approval\n"
         "  --team-size N          u000000 has a virtual team of so many people\n"
+        "  --friend-limit N       external contacts that a user may have (500)\n"
+        "  --service-numbers N    so many more service numbers\n"
         "  --certificate KIND     expired or wrong-host, for tests of clients\n"
         "  --end-with-stdin       end when standard input ends\n"
         "  --quiet                no line per request on standard error\n"
@@ -84,6 +88,14 @@ CommandLine::Readers CommandLine::readers()
         {QStringLiteral("--team-size"),
          [this](const QString &value) {
              return readNumber(value, 0, 2 * SampleCompany::MaximumPeople, &options.teamSize);
+         }},
+        {QStringLiteral("--friend-limit"),
+         [this](const QString &value) {
+             return readNumber(value, 0, FriendLimit::MostContacts, &options.friendLimit);
+         }},
+        {QStringLiteral("--service-numbers"),
+         [this](const QString &value) {
+             return readNumber(value, 0, ServiceNumberList::MostExtra, &options.serviceNumbers);
          }},
         {QStringLiteral("--certificate"),
          [this](const QString &value) {

@@ -5,13 +5,16 @@
 #include "backend/database.h"
 #include "backend/datafolder.h"
 #include "backend/eventbell.h"
+#include "backend/friends/friend.h"
+#include "backend/numbers/servicenumberlist.h"
 #include "backend/people.h"
 #include "backend/session.h"
 
 struct BackEndContext
 {
-    BackEndContext(int peopleCount, quint64 seed, int departmentSize)
-        : people(peopleCount, seed, departmentSize), sessions(database)
+    BackEndContext(int peopleCount, quint64 seed, int departmentSize,
+                   int friendLimit = FriendLimit::Contacts)
+        : people(peopleCount, seed, departmentSize), sessions(database), friendLimits(friendLimit)
     {
     }
 
@@ -19,7 +22,9 @@ struct BackEndContext
     Database database;
     People people;
     Sessions sessions;
-    EventBell teamBell; // rings when somebody may have been told something
+    FriendLimits friendLimits;
+    ServiceNumberList numbers;
+    EventBell bell; // rings when somebody may have been told something
     QString password;
     QString address; // base address, without a slash at its end
 };

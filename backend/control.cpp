@@ -2,7 +2,9 @@
 
 #include "backend/commandjson.h"
 #include "backend/context.h"
+#include "backend/friendcontrol.h"
 #include "backend/levers.h"
+#include "backend/numbercontrol.h"
 #include "backend/reply.h"
 #include "backend/teamcontrol.h"
 
@@ -123,9 +125,26 @@ void ControlServer::Private::setUp()
     server->Post("/_ctl/team", commandHandler([this](const Request &request, Json::Value *answer) {
                      makeTeam(objectFrom(request.body), &context, answer);
                  }));
+    server->Post("/_ctl/friend",
+                 commandHandler([this](const Request &request, Json::Value *answer) {
+                     actAsFriend(objectFrom(request.body), &context, answer);
+                 }));
+    server->Post("/_ctl/friendLimit", commandHandler([this](const Request &request, Json::Value *) {
+                     limitFriends(objectFrom(request.body), &context);
+                 }));
+    server->Post("/_ctl/serviceNumber",
+                 commandHandler([this](const Request &request, Json::Value *) {
+                     changeNumber(objectFrom(request.body), &context);
+                 }));
+    server->Post("/_ctl/serviceNumbers",
+                 commandHandler([this](const Request &request, Json::Value *) {
+                     addNumbers(objectFrom(request.body), &context);
+                 }));
     server->Post("/_ctl/reset", commandHandler([this](const Request &, Json::Value *) {
                      levers.reset();
                      context.people.forgetChanges();
+                     context.friendLimits.reset();
+                     context.numbers.reset();
                  }));
 }
 

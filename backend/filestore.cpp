@@ -1,6 +1,8 @@
 #include "backend/filestore.h"
 
 #include "backend/context.h"
+#include "backend/eventlog.h"
+#include "backend/numbers/serviceicon.h"
 #include "backend/portrait.h"
 
 #include <QCryptographicHash>
@@ -10,7 +12,8 @@
 FileStore::FileStore(BackEndContext &context)
     : m_context(context),
       m_files(context.folder.subfolder(QStringLiteral("files"))),
-      m_portraits(context.folder.subfolder(QStringLiteral("portraits")))
+      m_portraits(context.folder.subfolder(QStringLiteral("portraits"))),
+      m_icons(context.folder.subfolder(QStringLiteral("icons")))
 {
     readPhotos();
 }
@@ -67,12 +70,21 @@ QString FileStore::adopt(const QString &uid, const QString &ending, const QStrin
 void FileStore::usePhoto(const QString &uid, const QString &name)
 {
     Transaction transaction(m_context.database);
+    {
+        // Clients name what they have just uploaded.
+        Statement row = transaction.prepare("SELECT 1 FROM portrait WHERE uid = ? AND name = ?");
+        row.bind(uid).bind(name);
+        if (row.next())
+            return;
+    }
     transaction.prepare("INSERT OR REPLACE INTO portrait (uid, name) VALUES (?, ?)")
         .bind(uid)
         .bind(name)
         .run();
+    EventLog(transaction).tellEverybody(EventType::Picture, uid);
     transaction.commit();
     m_context.people.setPhoto(uid, name);
+    m_context.bell.ring();
 }
 
 QString FileStore::find(const QString &name)
@@ -85,7 +97,28 @@ QString FileStore::find(const QString &name)
         if (row.next())
             return m_files + QLatin1Char('/') + name;
     }
-    return portrait(name);
+    const QString file = portrait(name);
+    return file.isEmpty() ? icon(name) : file;
+}
+
+QString FileStore::icon(const QString &name)
+{
+    const QString code = m_context.numbers.codeOfIcon(name);
+    if (code.isEmpty())
+        return {};
+    const QString file = m_icons + QLatin1Char('/') + name;
+    if (!QFileInfo::exists(file) && !writeOwnerOnly(file, drawServiceIcon(code), nullptr))
+        return {};
+    return file;
+}
+
+bool FileStore::isHeadOf(const QString &uid, const QString &name)
+{
+    Transaction transaction(m_context.database);
+    Statement row =
+        transaction.prepare("SELECT 1 FROM upload WHERE name = ? AND uid = ? AND type = 'head'");
+    row.bind(name).bind(uid);
+    return row.next();
 }
 
 QString FileStore::portrait(const QString &name)

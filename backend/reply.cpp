@@ -169,6 +169,21 @@ JsonText &JsonText::flag(const char *memberName, bool value)
     return *this;
 }
 
+JsonText &JsonText::element(const QString &value)
+{
+    const QByteArray bytes = value.toUtf8();
+    comma();
+    quote(bytes.constData(), size_t(bytes.size()));
+    return *this;
+}
+
+JsonText &JsonText::rawMember(const char *memberName, const std::string &json)
+{
+    name(memberName);
+    m_out += json;
+    return *this;
+}
+
 JsonText &JsonText::raw(const std::string &json)
 {
     comma();

@@ -63,7 +63,9 @@ public:
     JsonText &member(const char *name, const char *value);
     JsonText &member(const char *name, qint64 value);
     JsonText &flag(const char *name, bool value);
-    JsonText &raw(const std::string &json); // elements that are written already
+    JsonText &element(const QString &value); // of an array
+    JsonText &raw(const std::string &json);  // elements that are written already
+    JsonText &rawMember(const char *name, const std::string &json);
 
 private:
     void comma();

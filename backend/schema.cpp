@@ -55,6 +55,40 @@ const std::vector<const char *> &schemaSteps()
         " UNIQUE (uid, type, vtId))",
         "CREATE TABLE teamEventForgotten (id INTEGER PRIMARY KEY CHECK (id = 1),"
         " seq INTEGER NOT NULL)",
+        // The events of everything else joined those of the teams, whose numbers go on.
+        "CREATE TABLE event ("
+        " seq INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL, type TEXT NOT NULL,"
+        " subject TEXT NOT NULL, member TEXT NOT NULL, time INTEGER NOT NULL,"
+        " UNIQUE (uid, type, subject))",
+        "INSERT INTO sqlite_sequence (name, seq)"
+        " SELECT 'event', seq FROM sqlite_sequence WHERE name = 'teamEvent'",
+        "INSERT INTO event SELECT seq, uid, type, vtId, member, time FROM teamEvent",
+        "DROP TABLE teamEvent",
+        "ALTER TABLE teamEventForgotten RENAME TO eventForgotten",
+        // Each contact is a row on either side. Group 0 is the default one.
+        "CREATE TABLE friend ("
+        " number INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL, other TEXT NOT NULL,"
+        " groupId INTEGER NOT NULL, remark TEXT NOT NULL DEFAULT '', UNIQUE (uid, other))",
+        "CREATE TABLE friendGroup ("
+        " number INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL,"
+        " groupId INTEGER NOT NULL, name TEXT NOT NULL, UNIQUE (uid, groupId), UNIQUE (uid, name))",
+        // Open ones, and those that nobody has answered in time.
+        "CREATE TABLE friendRequest ("
+        " asker TEXT NOT NULL, asked TEXT NOT NULL, reason TEXT NOT NULL,"
+        " groupId INTEGER NOT NULL, time INTEGER NOT NULL, PRIMARY KEY (asker, asked))"
+        " WITHOUT ROWID",
+        "CREATE INDEX friendRequestByAsked ON friendRequest (asked, time)",
+        "CREATE TABLE friendBlock (uid TEXT NOT NULL, other TEXT NOT NULL,"
+        " PRIMARY KEY (uid, other)) WITHOUT ROWID",
+        // Whose contacts of the sample company have got rows, and whose groups.
+        "CREATE TABLE friendStart ("
+        " uid TEXT PRIMARY KEY, hasContacts INTEGER NOT NULL) WITHOUT ROWID",
+        // What users have changed about the subscriptions that everybody begins with.
+        "CREATE TABLE subscription ("
+        " number INTEGER PRIMARY KEY AUTOINCREMENT, uid TEXT NOT NULL, code TEXT NOT NULL,"
+        " isSub INTEGER NOT NULL, UNIQUE (uid, code))",
+        "CREATE TABLE subscriptionVersion ("
+        " uid TEXT PRIMARY KEY, version INTEGER NOT NULL) WITHOUT ROWID",
     };
     return steps;
 }

@@ -31,11 +31,11 @@ void changeCompany(const Json::Value &command, BackEndContext *context)
         company.approver = QString::fromStdString(command["approver"].asString());
     try {
         teams.changeCompany(company);
-    } catch (const TeamRefusal &) {
+    } catch (const Refusal &) {
         throw BadCommand("the approver is not one of the company's people");
     }
     transaction.commit();
-    context->teamBell.ring();
+    context->bell.ring();
 }
 
 void makeTeam(const Json::Value &command, BackEndContext *context, Json::Value *answer)
@@ -52,7 +52,7 @@ void makeTeam(const Json::Value &command, BackEndContext *context, Json::Value *
     if (id == 0)
         throw BadCommand("unknown owner, or not that many people");
     transaction.commit();
-    context->teamBell.ring();
+    context->bell.ring();
     (*answer)["vtId"] = std::to_string(id);
 }
 

@@ -11,8 +11,8 @@ namespace {
 constexpr int MaximumMarks = 4;
 // A letter of two code units with its marks of as many.
 constexpr int MaximumUnits = MaximumGraphemes * 2 * (1 + MaximumMarks);
-// What is dropped counts here, so that a flood of it costs no time.
-constexpr int MaximumExamined = 16 * MaximumUnits;
+// What is dropped counts, so that a flood of it costs no time.
+constexpr int ExaminedPerUnit = 16;
 
 // Whether a character neither changes nor combines with its neighbours. Knows the
 // letters of the usual names, not all of them.
@@ -83,15 +83,15 @@ struct CleanText
     bool cut = false;
 };
 
-CleanText cleaned(const QString &source)
+CleanText cleaned(const QString &source, int maximumUnits = MaximumUnits)
 {
     CleanText result;
-    result.text.reserve(std::min(source.size(), MaximumUnits));
+    result.text.reserve(std::min(source.size(), maximumUnits));
     bool blankDue = false;
     int marks = 0;
     int at = 0;
     while (at < source.size()) {
-        if (at >= MaximumExamined || result.text.size() >= MaximumUnits) {
+        if (at / ExaminedPerUnit >= maximumUnits || result.text.size() >= maximumUnits) {
             result.cut = true;
             break;
         }
@@ -112,6 +112,17 @@ CleanText cleaned(const QString &source)
         result.rightToLeft = result.rightToLeft || isRightToLeft(c);
     }
     return result;
+}
+
+// One line end for each that the text has, whichever way it writes them.
+QStringList linesOf(const QString &text)
+{
+    QString lines = text;
+    lines.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    for (const QChar end :
+         {QChar(QLatin1Char('\r')), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        lines.replace(end, QLatin1Char('\n'));
+    return lines.split(QLatin1Char('\n'));
 }
 
 void cutToGraphemes(CleanText *clean)
@@ -152,6 +163,39 @@ QString displayText(const QString &text)
     if (clean.rightToLeft)
         clean.text = QChar(0x2068) + clean.text + QChar(0x2069);
     return clean.text;
+}
+
+QString paragraphText(const QString &text)
+{
+    QString shown;
+    const QStringList lines = linesOf(text.left(MaximumParagraph * 2));
+    bool blankDue = false;
+    bool cut = text.size() > MaximumParagraph * 2;
+    for (const QString &line : lines) {
+        const int room = MaximumParagraph - shown.size();
+        if (room <= 2) {
+            cut = true;
+            break;
+        }
+        const CleanText clean = cleaned(line, room - 2);
+        if (clean.text.trimmed().isEmpty()) {
+            blankDue = !shown.isEmpty();
+            continue;
+        }
+        if (!shown.isEmpty())
+            shown += blankDue ? QStringLiteral("\n\n") : QStringLiteral("\n");
+        blankDue = false;
+        shown += clean.text;
+        cut = cut || clean.cut;
+        if (clean.cut)
+            break;
+    }
+    if (!cut)
+        return shown;
+    shown.truncate(MaximumParagraph - 1);
+    if (!shown.isEmpty() && shown.at(shown.size() - 1).isHighSurrogate())
+        shown.chop(1);
+    return shown + QChar(0x2026);
 }
 
 QString toolTipText(const QString &text)

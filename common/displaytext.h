@@ -15,6 +15,12 @@
 QString displayText(const QString &text);
 inline constexpr int MaximumGraphemes = 64;
 
+// A text of several lines, for a control set to plain text: cleaned as displayText()
+// does it, but line ends stay, of empty lines at most one after the other. At most
+// MaximumParagraph UTF-16 units, the last an ellipsis when something is cut off.
+QString paragraphText(const QString &text);
+inline constexpr int MaximumParagraph = 10000;
+
 // For tool tips, which take text with "<" for markup: shown as it stands, lines
 // included, at most 2,000 characters of it.
 QString toolTipText(const QString &text);

@@ -1,6 +1,10 @@
 #include "contacts/assembly.h"
 
+#include "ExternalFriend/addexternalfrdmanager.h"
+#include "ExternalFriend/externalfriendwidget.h"
 #include "common/context.h"
+#include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "common/logging.h"
 #include "contacts/friendtreemodel.h"
 #include "contacts/friendtreeview.h"
@@ -19,7 +23,10 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/cservicenuminfomanager.h"
+#include "servicenum/cservicenumsearch.h"
 #include "servicenum/customerchannels.h"
+#include "servicenum/servicenumbers.h"
 #include "virtualteam/cvirtualapplymannger.h"
 #include "virtualteam/cvirtualteaminfomanager.h"
 #include "virtualteam/cvirtualteampage.h"
@@ -33,16 +40,26 @@ class Actions : public PaneActions
 public:
     void hideOfflineInitialised(bool hide) override
     {
-        if (FriendWidget *widget = pane())
-            widget->friendTree()->slot_inithidealloffline(hide);
+        FriendWidget *widget = pane();
+        if (!widget)
+            return;
+        widget->friendTree()->slot_inithidealloffline(hide);
+        if (widget->hasExternalPage())
+            widget->externalPage()->slot_inithidealloffline(hide);
     }
     void locateContact(const QString &jid) override
     {
         FriendWidget *widget = pane();
         if (!widget)
             return;
-        widget->raisePage(QStringLiteral("friends"));
-        if (!widget->friendTree()->locate(jid))
+        ContactTreePage *tree = widget->friendTree();
+        QString page = QStringLiteral("friends");
+        if (isExternal(jid) && widget->externalPage()) {
+            tree = widget->externalPage();
+            page = QStringLiteral("outsidefrd");
+        }
+        widget->raisePage(page);
+        if (!tree->locate(jid))
             LOG_DEBUG("there is no row of " << logText(jid));
     }
     void locateGroup(const QString &groupId) override
@@ -100,10 +117,16 @@ public:
     {
         return CAddFriendMannger::instance()->mayAddContact(jid);
     }
-    void addContact(const QString &jid) override { CAddFriendMannger::instance()->openDialog(jid); }
-    void externalContactAnswer(const QString &jid, bool, int, int) override
+    void addContact(const QString &jid) override
     {
-        missing("external contacts", jid);
+        if (isExternal(makeJid(jid)))
+            AddExternalFrdManager::instance()->openDialog(jid);
+        else
+            CAddFriendMannger::instance()->openDialog(jid);
+    }
+    void externalContactAnswer(const QString &jid, bool success, int code, int action) override
+    {
+        AddExternalFrdManager::instance()->externalContactAnswer(jid, success, code, action);
     }
 
     void locateInOrganisation(const QString &uid, bool isOrganisation) override
@@ -137,11 +160,18 @@ public:
         }
         widget->teamPage()->locateTeam(teamId);
     }
-    void openServiceNumber(const QString &code) override { missing("service numbers", code); }
+    void openServiceNumber(const QString &code) override
+    {
+        CServiceNumInfoManager::instance()->showServiceNumInfo(code);
+    }
     void openServiceNumberSearch() override
     {
+        if (!ctx().hasRight(ApplicationContext::ServiceNo)) {
+            LOG_DEBUG("the user has no service numbers to search");
+            return;
+        }
         raisePage(QStringLiteral("serviceNumbers"));
-        missing("service-number search", QString());
+        CServiceNumSearch::showSearch();
     }
     void reloadChannels() override
     {
@@ -198,7 +228,9 @@ void assemblePane()
     static auto *actions = new Actions;
     setPaneActions(actions);
     CAddFriendMannger::instance(); // the host's events may ask for a window
-    CustomerChannels::instance();  // they are delivered before their page is shown
+    AddExternalFrdManager::instance();
+    CustomerChannels::instance(); // they are delivered before their page is shown
+    ServiceNumbers::instance();   // and these
     [[maybe_unused]] static const bool connected = connectHub(actions);
     startLocalData();
     FriendUIMessageProcess::instance()->setPaneFactory(

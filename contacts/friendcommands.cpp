@@ -60,12 +60,6 @@ void FriendCommands::createGroup()
         });
 }
 
-void FriendCommands::groupCreated(const QString &name, bool success)
-{
-    if (m_askedFor.removeOne(name) && !success)
-        TipBox::tell(m_view, QObject::tr("teamcreatefailed"));
-}
-
 void FriendCommands::renameGroup(const QString &groupId)
 {
     if (!isGroupEditable(groupId))
@@ -154,6 +148,20 @@ void FriendCommands::deleteContacts(const QStringList &jids)
             if (m_model->hasContact(jid))
                 FriendUIEventProcess::deleteContact(jid, m_inner);
         }
+    });
+}
+
+void FriendCommands::blacklist(const QString &jid)
+{
+    FriendData contact;
+    if (m_inner || !m_model->contact(jid, &contact))
+        return;
+    const QString question = QObject::tr("confirmBlacklist").arg(contactDisplayName(contact));
+    TipBox::ask(m_view, question, [this, jid] {
+        if (!m_model->hasContact(jid))
+            return;
+        emit blacklisting(jid);
+        FriendUIEventProcess::blacklistExternalContact(jid);
     });
 }
 

@@ -31,6 +31,8 @@ public:
     void deleteContact(const QString &jid);
     // One question for all of them; the own row is left out.
     void deleteContacts(const QStringList &jids);
+    // External contacts only.
+    void blacklist(const QString &jid);
     // Contacts that are in the group already stay; the own row never moves.
     void moveContacts(const QStringList &jids, const QString &groupId);
 
@@ -42,8 +44,11 @@ public:
     // Whether the group may be renamed and deleted.
     bool isGroupEditable(const QString &groupId) const;
 
-    // The answer to a creation; tells the user when one asked here has failed.
-    void groupCreated(const QString &name, bool success);
+    // A creation was answered; whether it was asked for here.
+    bool groupCreated(const QString &name) { return m_askedFor.removeOne(name); }
+
+signals:
+    void blacklisting(const QString &jid); // the request is about to be sent
 
 private:
     QStringList groupNames() const;

@@ -56,6 +56,8 @@ SkinMenu *FriendTreeView::creatCommonSigaleMenu()
     menu->addKey("viewdetail");
     menu->addKey(m_inner ? "delFriend" : "deleteMyFriend");
     menu->addKey("changeRemarkName");
+    if (!m_inner)
+        menu->addKey("addToBlacklist");
     menu->addSeparator();
     m_moveMenu = menu->addSubMenu("moveToGroup");
     menu->addKey("createDesktopShortcut");
@@ -211,6 +213,8 @@ void FriendTreeView::menuClick(QAction *action)
         m_commands->deleteContact(m_menuContact);
     else if (action == m_contactMenu->action("changeRemarkName"))
         m_commands->changeRemark(m_menuContact);
+    else if (!m_inner && action == m_contactMenu->action("addToBlacklist"))
+        m_commands->blacklist(m_menuContact);
     else if (action == m_contactMenu->action("createDesktopShortcut"))
         BuildShortCutToDesk(m_menuContact);
     else if (action == m_contactMenu->action("removeDesktopShortcut"))

@@ -61,12 +61,22 @@ PresenceData FriendTreeModel::presenceFor(const QString &jid)
 
 void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
 {
-    const bool external = m_contactKind == ExternalContactRow;
-    m_contacts.reserve(m_contacts.size() + size_t(contacts.size()));
+    m_contacts.reserve(m_contacts.size() + size_t(std::count_if(contacts.cbegin(), contacts.cend(),
+                                                                [this](const auto &record) {
+                                                                    return isMine(record);
+                                                                })));
     QList<FriendData> repeated;
     for (const FriendData &record : contacts) {
-        if (record.jid.isEmpty() || (record.outside != 0) != external)
+        if (record.jid.isEmpty())
             continue;
+        if (!isMine(record)) {
+            const Contact *known = find(record.jid);
+            if (known && known->arriving)
+                repeated.append(record);
+            else if (known)
+                removeContact(record.jid);
+            continue;
+        }
         const auto [at, isNew] = m_contacts.try_emplace(record.jid);
         Contact *contact = &at->second;
         if (isNew) {
@@ -81,8 +91,20 @@ void FriendTreeModel::mergeContacts(const QList<FriendData> &contacts)
     for (size_t i = 0; i < m_groups.size(); ++i)
         attachArrivals(m_groups[i].get());
     // A new jid that stands twice in one batch is what its last record says.
-    for (const FriendData &record : qAsConst(repeated))
-        applyRecord(find(record.jid), record);
+    for (const FriendData &record : qAsConst(repeated)) {
+        Contact *contact = find(record.jid);
+        if (!isMine(record))
+            removeContact(record.jid);
+        else if (contact)
+            applyRecord(contact, record);
+        else
+            mergeContacts({record});
+    }
+}
+
+bool FriendTreeModel::isMine(const FriendData &record) const
+{
+    return (record.outside != 0) == (m_contactKind == ExternalContactRow);
 }
 
 void FriendTreeModel::arrive(Contact *contact, Group *group)

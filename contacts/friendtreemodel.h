@@ -47,8 +47,8 @@ public:
     QString frequentGroupId() const { return m_frequentGroupId; }
 
     // --- Contacts -------------------------------------------------------------
-    // Adds, or updates by jid. Records without jid, and those of the other kind,
-    // are ignored.
+    // Adds, or updates by jid. Records without jid, and those of the other kind, are
+    // ignored; who has become one of the other kind is removed.
     void mergeContacts(const QList<FriendData> &contacts);
     bool removeContact(const QString &jid);
     bool moveContact(const QString &jid, const QString &groupId);
@@ -57,6 +57,8 @@ public:
     QString groupOf(const QString &jid) const; // id of the group that shows it
     // Lets `change` alter a contact's record (not its jid). False when unknown.
     bool changeContact(const QString &jid, const std::function<void(FriendData &)> &change);
+    // What the host tells of the person besides the record has changed.
+    void profileChanged(const QString &jid);
     int contactCount() const { return int(m_contacts.size()); }
     QStringList contactsOfGroup(const QString &groupId) const; // jids, hidden ones included
 
@@ -117,6 +119,7 @@ private:
     void noteBuiltInGroups(const QString &oldName, const QString &newName);
 
     Contact *find(const QString &jid) const;
+    bool isMine(const FriendData &record) const;
     void setUp(Contact *contact, const FriendData &record);
     void applyRecord(Contact *contact, const FriendData &record);
     bool shouldHide(const Contact *contact) const;
@@ -147,6 +150,8 @@ private:
     void announceChangedGroups();
     QVariant groupData(const Group &group, int role) const;
     QVariant contactData(const Contact &contact, int role) const;
+    QString companyOf(const Contact &contact) const;
+    QStringList externalTexts(const Contact &contact) const;
 
     const RowKind m_contactKind;
     QString m_ownJid;

@@ -1,6 +1,8 @@
 // What views read from the friend tree's model.
+#include "common/context.h"
 #include "common/displaytext.h"
 #include "contacts/friendtreemodel.h"
+#include "controls/outsidemark.h"
 #include "controls/presencetext.h"
 
 #include <QTimer>
@@ -116,6 +118,28 @@ QVariant FriendTreeModel::groupData(const Group &group, int role) const
     }
 }
 
+// Read when it is shown: the record does not tell it, and a list has few rows on screen.
+QString FriendTreeModel::companyOf(const Contact &contact) const
+{
+    VcardInfo profile;
+    if (m_contactKind == ExternalContactRow && ctx().vcard(contact.record.jid, &profile))
+        return displayText(profile.companyName);
+    return QString();
+}
+
+// What sets external contacts off from everybody else.
+QStringList FriendTreeModel::externalTexts(const Contact &contact) const
+{
+    QStringList texts;
+    if (m_contactKind == ExternalContactRow) {
+        texts.append(outsideText());
+        const QString company = companyOf(contact);
+        if (!company.isEmpty())
+            texts.append(company);
+    }
+    return texts;
+}
+
 QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
 {
     const FriendData &record = contact.record;
@@ -143,11 +167,15 @@ QVariant FriendTreeModel::contactData(const Contact &contact, int role) const
         return record.sign;
     case FriendTreeRole::OnJob:
         return record.onJob != 0;
+    case FriendTreeRole::Company:
+        return companyOf(contact);
     case Qt::ToolTipRole:
-        return toolTipText(contactDisplayName(record));
+        return toolTipText((QStringList(contactDisplayName(record)) + externalTexts(contact))
+                               .join(QLatin1Char('\n')));
     case Qt::AccessibleTextRole:
-        return QStringList{contactDisplayName(record), presenceText(contact.presence()),
-                           displayText(contact.group->name)}
+        return (QStringList{contactDisplayName(record), presenceText(contact.presence()),
+                            displayText(contact.group->name)} +
+                externalTexts(contact))
             .join(QStringLiteral(", "));
     default:
         return QVariant();
@@ -159,6 +187,13 @@ void FriendTreeModel::contactChanged(const Contact *contact)
     const QModelIndex index = indexOf(contact);
     if (index.isValid())
         emit dataChanged(index, index);
+}
+
+void FriendTreeModel::profileChanged(const QString &jid)
+{
+    const Contact *contact = find(jid);
+    if (contact && m_contactKind == ExternalContactRow)
+        contactChanged(contact);
 }
 
 // A header's counts change with every contact's presence, so the views hear of it

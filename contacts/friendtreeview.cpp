@@ -222,6 +222,18 @@ void FriendTreeView::keyPressEvent(QKeyEvent *event)
 
 // --- Loading -----------------------------------------------------------------
 
+void FriendTreeView::waitForGroups()
+{
+    m_groupTimeOut.start();
+    emit waitingForGroups(true);
+}
+
+void FriendTreeView::groupsArrived()
+{
+    m_groupTimeOut.stop();
+    emit waitingForGroups(false);
+}
+
 void FriendTreeView::slot_getGroupAgain()
 {
     LOG_SCOPE("FriendTreeView::slot_getGroupAgain()");

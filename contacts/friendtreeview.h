@@ -29,8 +29,9 @@ public:
     void setHideOffline(bool hide);
 
     // signal_loadGroupTimeOut() follows unless groupsArrived() is called in time.
-    void waitForGroups() { m_groupTimeOut.start(); }
-    void groupsArrived() { m_groupTimeOut.stop(); }
+    void waitForGroups();
+    void groupsArrived();
+    bool isWaitingForGroups() const { return m_groupTimeOut.isActive(); }
 
     SkinMenu *creatCommonGroupMenu();
     SkinMenu *creatCommonSigaleMenu();
@@ -49,6 +50,7 @@ signals:
     void signal_selectionChanged(QModelIndex index);
     void signal_loadGroupTimeOut();
     void signal_orgClickItem();
+    void waitingForGroups(bool waiting);
 
 public slots:
     void groupMenuClick(QAction *action);

@@ -1,7 +1,9 @@
 #include "contacts/friendwidget.h"
 
+#include "ExternalFriend/externalfriendwidget.h"
 #include "common/logging.h"
 #include "contacts/friendlistview.h"
+#include "contacts/friendtreemodel.h"
 #include "contacts/friendtreewidget.h"
 #include "contacts/latest/latestcontactstable.h"
 #include "contacts/latest/latestroles.h"
@@ -19,6 +21,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 #include "servicenum/ccustomerserverpage.h"
+#include "servicenum/cservicenowidget.h"
 #include "servicenum/customerchannels.h"
 #include "virtualteam/cvirtualteampage.h"
 
@@ -58,6 +61,16 @@ QString channelsPage()
 QString teamsPage()
 {
     return QStringLiteral("virtureteam");
+}
+
+QString externalsPage()
+{
+    return QStringLiteral("outsidefrd");
+}
+
+QString serviceNumbersPage()
+{
+    return QStringLiteral("serviceNumbers");
 }
 
 QString latestPage()
@@ -317,6 +330,18 @@ CVirtualTeamPage *FriendWidget::teamPage()
     return m_teamPage;
 }
 
+ExternalFriendWidget *FriendWidget::externalPage()
+{
+    if (!m_externalPage && pageInPlace(externalsPage(), m_externalPage))
+        m_externalPage->slot_inithidealloffline(m_friendTree->model()->hidesOffline());
+    return m_externalPage;
+}
+
+CServiceNoWidget *FriendWidget::serviceNumbers()
+{
+    return pageInPlace(serviceNumbersPage(), m_serviceNumbers);
+}
+
 bool FriendWidget::raisePage(const QString &id)
 {
     if (!m_entries->selectEntry(id))
@@ -339,6 +364,10 @@ void FriendWidget::slot_clickItem(int, QString strJid)
         channels();
     else if (strJid == teamsPage())
         teamPage();
+    else if (strJid == externalsPage())
+        externalPage();
+    else if (strJid == serviceNumbersPage())
+        serviceNumbers();
     if (QWidget *page = m_pageById.value(strJid))
         m_pages->setCurrentWidget(page);
     m_searchBox->clear();

@@ -9,7 +9,9 @@
 #include <QWidget>
 
 class CCustomerServerPage;
+class CServiceNoWidget;
 class CVirtualTeamPage;
+class ExternalFriendWidget;
 class FriendListView;
 class FriendTreeWidget;
 class MucWidget;
@@ -34,6 +36,9 @@ public:
     OrgWidget *orgPage();
     CCustomerServerPage *channels();
     CVirtualTeamPage *teamPage();
+    ExternalFriendWidget *externalPage();
+    bool hasExternalPage() const { return m_externalPage != nullptr; } // made already
+    CServiceNoWidget *serviceNumbers();
 
     // Shows the page of an entry, by the entry's id, and ends a search. False when the
     // user has no such entry.
@@ -76,6 +81,8 @@ private:
     OrgWidget *m_orgPage = nullptr;
     CCustomerServerPage *m_channels = nullptr;
     CVirtualTeamPage *m_teamPage = nullptr;
+    ExternalFriendWidget *m_externalPage = nullptr;
+    CServiceNoWidget *m_serviceNumbers = nullptr;
     QHash<QString, QWidget *> m_pageById;
     QTimer m_countDue; // of the unread messages
 };

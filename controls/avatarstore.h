@@ -33,6 +33,10 @@ public:
     // A group chat's picture, or the portrait of all that have none.
     QPixmap groupPortrait(const QString &file, int size, qreal pixelRatio);
 
+    // A service number's icon: square, as no person's picture is. The portrait of all
+    // that have none, until it is there.
+    QPixmap serviceIcon(const QString &file, int size, qreal pixelRatio);
+
     // Forgets what is known of a file, because it was written anew.
     void refresh(const QString &file);
 
@@ -56,9 +60,11 @@ private:
     {
         int size;
         qreal pixelRatio;
+        bool isSquare = false; // else round
         bool operator==(const Form &other) const
         {
-            return size == other.size && pixelRatio == other.pixelRatio;
+            return size == other.size && pixelRatio == other.pixelRatio &&
+                   isSquare == other.isSquare;
         }
     };
     struct Picture
@@ -69,6 +75,7 @@ private:
     using Pictures = QVector<Picture>; // one file in all forms asked for
 
     AvatarStore();
+    QPixmap pictureIn(const Form &form, const QString &file);
     QPixmap generated(const QString &id, const QString &name, const Form &form);
     const Picture *find(const QString &what, const Form &form) const;
     void keep(const QString &what, const Picture &picture);

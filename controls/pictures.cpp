@@ -1,8 +1,5 @@
 #include "controls/pictures.h"
 
-#include "Resources/frienduiresources.h"
-
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QImage>
@@ -10,17 +7,6 @@
 #include <QPainterPath>
 #include <QPixmapCache>
 #include <QtMath>
-
-QString resourcePath(const QString &relativePath)
-{
-    if (QFile::exists(relativePath))
-        return relativePath;
-    const QString beside = QCoreApplication::applicationDirPath() + QLatin1Char('/') + relativePath;
-    if (QFile::exists(beside))
-        return beside;
-    initFriendUiResources();
-    return QStringLiteral(":/FriendUI/") + relativePath;
-}
 
 QString localPicture(const QString &path)
 {
@@ -61,29 +47,57 @@ QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio, con
     return pixmap;
 }
 
-QPixmap loadRoundPicture(const QString &relativePath, int size, qreal pixelRatio)
+namespace {
+template <class Cut>
+QPixmap loadCut(const char *form, const QString &relativePath, int size, qreal pixelRatio, Cut cut)
 {
-    const QString key = QStringLiteral("friendui/round/%1|%2|%3")
-                            .arg(relativePath, QString::number(size), QString::number(pixelRatio));
+    const QString key = QStringLiteral("friendui/%1/%2|%3|%4")
+                            .arg(QLatin1String(form), relativePath, QString::number(size),
+                                 QString::number(pixelRatio));
     QPixmap pixmap;
     if (QPixmapCache::find(key, &pixmap))
         return pixmap;
-    pixmap = rounded(loadPicture(relativePath, size, pixelRatio));
+    pixmap = cut(loadPicture(relativePath, size, pixelRatio));
     QPixmapCache::insert(key, pixmap);
     return pixmap;
 }
 
-QPixmap rounded(const QPixmap &square)
+QPixmap clipped(const QPixmap &square, const QPainterPath &shape)
 {
     QPixmap result(square.size());
     result.fill(Qt::transparent);
     QPainter painter(&result);
     painter.setRenderHint(QPainter::Antialiasing);
-    QPainterPath circle;
-    circle.addEllipse(result.rect());
-    painter.setClipPath(circle);
+    painter.setClipPath(shape);
     painter.drawPixmap(result.rect(), square);
     painter.end();
     result.setDevicePixelRatio(square.devicePixelRatioF());
     return result;
+}
+} // namespace
+
+QPixmap loadRoundPicture(const QString &relativePath, int size, qreal pixelRatio)
+{
+    return loadCut("round", relativePath, size, pixelRatio, rounded);
+}
+
+QPixmap loadSquarePicture(const QString &relativePath, int size, qreal pixelRatio)
+{
+    return loadCut("square", relativePath, size, pixelRatio, withRoundCorners);
+}
+
+QPixmap rounded(const QPixmap &square)
+{
+    QPainterPath circle;
+    circle.addEllipse(square.rect());
+    return clipped(square, circle);
+}
+
+QPixmap withRoundCorners(const QPixmap &square)
+{
+    constexpr qreal RadiusShare = 0.2; // of the side
+    QPainterPath shape;
+    shape.addRoundedRect(square.rect(), square.width() * RadiusShare,
+                         square.height() * RadiusShare);
+    return clipped(square, shape);
 }

@@ -1,13 +1,11 @@
 // Where pictures come from.
 #pragma once
 
+#include "Resources/frienduiresources.h"
+
 #include <QColor>
 #include <QPixmap>
 #include <QString>
-
-// The file behind a path such as "Resources/images/icon/x.png": in the current
-// folder, beside the executable, or inside the module, in this order.
-QString resourcePath(const QString &relativePath);
 
 // A picture file that another person's record names, or empty when it is not one of
 // this machine: a share on the network would be told who the user is.
@@ -21,5 +19,10 @@ QPixmap loadPicture(const QString &relativePath, int size, qreal pixelRatio,
 // The same cut to a circle, for portraits.
 QPixmap loadRoundPicture(const QString &relativePath, int size, qreal pixelRatio);
 
+// The same with the round corners of what is no person.
+QPixmap loadSquarePicture(const QString &relativePath, int size, qreal pixelRatio);
+
 // What of a square pixmap lies in its circle.
 QPixmap rounded(const QPixmap &square);
+// A square pixmap with its corners rounded off.
+QPixmap withRoundCorners(const QPixmap &square);

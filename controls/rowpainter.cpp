@@ -1,5 +1,6 @@
 #include "controls/rowpainter.h"
 
+#include "controls/outsidemark.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 
@@ -157,6 +158,16 @@ void RowPainter::markAtRight(const QPixmap &glyph)
     m_left.setRight(m_left.right() - MarkSize - Gap / 2);
 }
 
+void RowPainter::outside()
+{
+    markAtRight(outsideMark(MarkSize, m_painter->device()->devicePixelRatioF()));
+}
+
+void RowPainter::outsideInFirstLine()
+{
+    markInFirstLine(outsideMark(SmallMarkSize, m_painter->device()->devicePixelRatioF()));
+}
+
 void RowPainter::overlay(const QPixmap &glyph)
 {
     const QRect area(m_avatar.right() - SmallMarkSize + 4, m_avatar.bottom() - SmallMarkSize + 4,
@@ -166,6 +177,43 @@ void RowPainter::overlay(const QPixmap &glyph)
     m_painter->setBrush(Skin::instance().colors().background);
     m_painter->drawEllipse(area.adjusted(-1, -1, 1, 1));
     m_painter->drawPixmap(area, glyph);
+}
+
+void RowPainter::verified()
+{
+    drawVerified(m_painter,
+                 QRectF(m_avatar.right() - SmallMarkSize + 4, m_avatar.bottom() - SmallMarkSize + 4,
+                        SmallMarkSize, SmallMarkSize));
+}
+
+void RowPainter::drawVerified(QPainter *painter, const QRectF &area)
+{
+    const Skin::Colors &colors = Skin::instance().colors();
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    // A rim in the background's colour sets the mark off the picture.
+    painter->setBrush(colors.background);
+    painter->drawEllipse(area);
+    const qreal rim = area.width() / SmallMarkSize;
+    const QRectF disc = area.adjusted(rim, rim, -rim, -rim);
+    painter->setBrush(colors.theme);
+    painter->drawEllipse(disc);
+    const auto at = [&disc](qreal x, qreal y) {
+        return QPointF(disc.left() + disc.width() * x, disc.top() + disc.height() * y);
+    };
+    painter->setPen(
+        QPen(colors.background, disc.width() * 0.13, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+    const QPointF hook[] = {at(0.27, 0.52), at(0.44, 0.68), at(0.74, 0.35)};
+    painter->drawPolyline(hook, 3);
+    painter->restore();
+}
+
+QRect RowPainter::takeAtRight(int width)
+{
+    const QRect area(m_left.right() - width + 1, m_left.top(), width, m_left.height());
+    m_left.setRight(m_left.right() - width - Gap);
+    return visual(area);
 }
 
 QRect RowPainter::visual(const QRect &area) const

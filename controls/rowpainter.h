@@ -46,6 +46,12 @@ public:
     // A mark at the right of what is left of the row.
     void markAtRight(const QPixmap &glyph);
 
+    // That the person is none of the user's company, in every list alike: at the right of
+    // what is left of the row, or small at the right of the first of two lines. Rows tell
+    // it in words by outsideText().
+    void outside();
+    void outsideInFirstLine();
+
     // A small mark over the lower right of the avatar.
     void overlay(const QPixmap &glyph);
 
@@ -62,6 +68,15 @@ public:
     // A badge elsewhere: its size, which is empty for nothing unread, and itself.
     static QSize badgeSize(int count);
     static void drawBadge(QPainter *painter, const QRect &area, int count);
+
+    // Over the lower right of the avatar: that the row is an official account, which no
+    // name that somebody chooses makes it look like.
+    void verified();
+    static void drawVerified(QPainter *painter, const QRectF &area);
+
+    // Room at the right of what is left of the row for what only one list paints, as
+    // high as the row and mirrored for right-to-left.
+    QRect takeAtRight(int width);
 
     // The colour of a row's less important texts instead of the skin's. On a selected
     // row it gives way to what can be read there.

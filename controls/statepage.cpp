@@ -85,6 +85,12 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
     retranslate();
 }
 
+void StatePage::addBelow(QWidget *widget)
+{
+    auto *column = static_cast<QVBoxLayout *>(layout());
+    column->insertWidget(column->count() - 1, widget, 0, Qt::AlignCenter);
+}
+
 void StatePage::showEvent(QShowEvent *event)
 {
     if (m_movie)

@@ -18,6 +18,9 @@ public:
     StatePage(const char *key, const QString &picture, const char *buttonKey,
               QWidget *parent = nullptr);
 
+    // Another way on, below the sentence or the button; the page takes it over.
+    void addBelow(QWidget *widget);
+
 signals:
     void buttonClicked();
 

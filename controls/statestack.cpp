@@ -2,7 +2,7 @@
 
 #include "controls/statepage.h"
 
-void StateStack::showPage(const char *key, const char *picture, const char *buttonKey)
+StatePage *StateStack::showPage(const char *key, const char *picture, const char *buttonKey)
 {
     StatePage *&page = m_statePages[QString::fromUtf8(key)];
     if (!page) {
@@ -12,4 +12,5 @@ void StateStack::showPage(const char *key, const char *picture, const char *butt
         connect(page, &StatePage::buttonClicked, this, &StateStack::buttonClicked);
     }
     setCurrentWidget(page);
+    return page;
 }

@@ -15,8 +15,8 @@ public:
     using QStackedLayout::QStackedLayout;
 
     // Shows the page of the sentence `key`, which is also its object name; the other
-    // arguments are StatePage's.
-    void showPage(const char *key, const char *picture, const char *buttonKey = nullptr);
+    // arguments are StatePage's. The page is the stack's.
+    StatePage *showPage(const char *key, const char *picture, const char *buttonKey = nullptr);
 
 signals:
     void buttonClicked(); // on whichever page

@@ -5,10 +5,11 @@
 #include "common/logging.h"
 #include "controls/statepage.h"
 #include "controls/tipbox.h"
+#include "controls/validationedit.h"
+#include "controls/validationtext.h"
 #include "detail/addfriendpages.h"
 #include "detail/addfriendresult.h"
 #include "detail/personpicture.h"
-#include "detail/validationtext.h"
 #include "http/fileservices.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduisignalsender.h"
@@ -19,7 +20,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QStackedWidget>
-#include <QTextCursor>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -394,18 +394,13 @@ void AddFriend::slot_chat()
 void AddFriend::slot_ValidationChanged()
 {
     ValidationEdit *edit = m_form->validationEdit();
-    const QString text = edit->toPlainText();
-    QTextCursor cursor = edit->textCursor();
-    const ValidationText::Cut cut = ValidationText::excess(text, cursor.position());
-    if (cut.count == 0) {
-        m_form->showLength(ValidationText::weightedLength(text), ValidationText::MaximumLength);
+    const int length = ValidationText::weightedLength(edit->toPlainText());
+    if (length <= ValidationText::MaximumLength) {
+        m_form->showLength(length, ValidationText::MaximumLength);
         return;
     }
     LOG_DEBUG("length > maxLength");
-    cursor.setPosition(cut.from);
-    cursor.setPosition(cut.from + cut.count, QTextCursor::KeepAnchor);
-    cursor.removeSelectedText(); // and this runs again
-    edit->setTextCursor(cursor);
+    edit->cutExcess(); // and this runs again
 }
 
 // --- Events ----------------------------------------------------------------------

@@ -6,17 +6,15 @@
 #include "controls/elidedlabel.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
+#include "controls/validationedit.h"
 
 #include <QComboBox>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QVBoxLayout>
 
 namespace {
@@ -30,12 +28,6 @@ constexpr int ButtonWidth = 84;
 constexpr int GroupNameWidth = 150;
 constexpr int GroupNameRole = Qt::UserRole + 1;
 constexpr int LongestRemark = 64; // characters
-
-QString withoutLineEnds(QString text)
-{
-    static const QRegularExpression lineEnd(QStringLiteral("\r\n|[\r\n\u2028\u2029]"));
-    return text.replace(lineEnd, QStringLiteral(" "));
-}
 
 QLabel *textLabel(const char *name, QWidget *parent)
 {
@@ -153,34 +145,6 @@ void AddFriendHeader::showPicture()
     else
         m_picture->setPixmap(
             AvatarStore::instance().avatar(m_file, m_jid, m_name->text(), PictureSize, ratio));
-}
-
-// --- The validation text ---------------------------------------------------------
-
-ValidationEdit::ValidationEdit(QWidget *parent) : SignTextEdit(parent)
-{
-    setObjectName(QStringLiteral("validationEdit"));
-    setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setFixedHeight(3 * fontMetrics().lineSpacing() + 2 * frameWidth());
-}
-
-QString ValidationEdit::validation() const
-{
-    return withoutLineEnds(toPlainText());
-}
-
-void ValidationEdit::insertFromMimeData(const QMimeData *source)
-{
-    insertPlainText(withoutLineEnds(source->text()));
-}
-
-void ValidationEdit::keyPressEvent(QKeyEvent *event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        emit confirmed(); // whoever hears it may destroy this
-        return;
-    }
-    SignTextEdit::keyPressEvent(event);
 }
 
 // --- The form --------------------------------------------------------------------

@@ -2,7 +2,6 @@
 // page that tells how it went. They show and let choose; what happens is AddFriend's.
 #pragma once
 
-#include "controls/signtextedit.h"
 #include "hostapi/rosterrecords.h"
 
 #include <QWidget>
@@ -12,6 +11,7 @@ class QComboBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class ValidationEdit;
 
 // Picture, name and sex of the person.
 class AddFriendHeader : public QWidget
@@ -33,24 +33,6 @@ private:
     QLabel *m_picture;
     ElidedLabel *m_name;
     QLabel *m_sex;
-};
-
-// Plain text of one line; Enter is the dialog's.
-class ValidationEdit : public SignTextEdit
-{
-    Q_OBJECT
-
-public:
-    explicit ValidationEdit(QWidget *parent = nullptr);
-
-    QString validation() const; // line ends as blanks
-
-signals:
-    void confirmed();
-
-protected:
-    void insertFromMimeData(const QMimeData *source) override;
-    void keyPressEvent(QKeyEvent *event) override;
 };
 
 class AddFriendForm : public QWidget

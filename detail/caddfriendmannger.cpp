@@ -2,21 +2,15 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "common/logging.h"
+#include "controls/panewindow.h"
 #include "controls/tipbox.h"
 #include "detail/addfriend.h"
-#include "plugin/frienduimessageprocess.h"
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 
 namespace {
-// The window that has the pane; null without one.
-QWidget *parentWindow()
-{
-    FriendUIMessageProcess *hub = FriendUIMessageProcess::instance();
-    return hub->hasPane() ? hub->getFriendWidget()->window() : nullptr;
-}
-
 QString nameOf(const QString &jid)
 {
     FriendData contact;
@@ -62,15 +56,15 @@ bool CAddFriendMannger::mayAddContact(const QString &jid) const
 AddFriend *CAddFriendMannger::makeDialog(const QString &jid)
 {
     if (!isOnline()) {
-        TipBox::tell(parentWindow(), QObject::tr("cannotSearchForOtherInfoForSelfOffLine"));
+        TipBox::tell(paneWindow(), QObject::tr("cannotSearchForOtherInfoForSelfOffLine"));
         return nullptr;
     }
     if (jid == ctx().ownJid()) {
-        TipBox::tell(parentWindow(), QObject::tr("notaddcontacts"));
+        TipBox::tell(paneWindow(), QObject::tr("notaddcontacts"));
         return nullptr;
     }
     return m_dialogs.findOrMake(jid, [this, &jid] {
-        auto *made = new AddFriend(jid, parentWindow());
+        auto *made = new AddFriend(jid, paneWindow());
         connect(made, &AddFriend::signal_closeaddfrd, this, &CAddFriendMannger::slot_closeDialog);
         connect(made, &AddFriend::requestSent, this,
                 [this](const QString &asked) { m_requested.insert(asked); });
@@ -112,7 +106,8 @@ void CAddFriendMannger::policyReceived(const QString &userjid, const QString &us
     const QString jid = makeJid(userjid);
     AddFriend *open = dialog(jid);
     // Unlike a user who asks for it, a host that does is not told what cannot be.
-    if (!open && bNeedOpenDilog && isOnline() && !jid.isEmpty() && jid != ctx().ownJid()) {
+    const bool mayOpen = isOnline() && !jid.isEmpty() && jid != ctx().ownJid();
+    if (!open && bNeedOpenDilog && mayOpen && !isExternal(jid)) {
         if (m_dialogs.count() >= MaximumOpened) {
             LOG_ERROR("too many windows for adding contacts are open");
             return;
@@ -140,6 +135,6 @@ void CAddFriendMannger::failed(const QString &answeredJid)
     if (open && open->isWaiting())
         open->slot_addFriendFail();
     else if (!open && isRequested) // its window was closed, but the answer counts
-        TipBox::tell(parentWindow(),
+        TipBox::tell(paneWindow(),
                      nameOf(jid) + QLatin1Char('\n') + QObject::tr("addcontactsfailed"));
 }

@@ -7,6 +7,7 @@
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
 #include "controls/valuelabel.h"
+#include "detail/avatar/editavatar.h"
 #include "detail/cardstyle.h"
 #include "detail/detailrows.h"
 #include "detail/headbutton.h"
@@ -19,7 +20,6 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMetaMethod>
 #include <QVBoxLayout>
 
 namespace {
@@ -87,7 +87,7 @@ QWidget *OwnProfileWindow::makeBody()
     m_rows->showRemark(false);
     m_editPicture = new SkinButton(SkinButton::Outline, QString(), body);
     m_editPicture->setObjectName(QStringLiteral("btnEditPicture"));
-    connect(m_editPicture, &QPushButton::clicked, this, &OwnProfileWindow::signal_editPicture);
+    connect(m_editPicture, &QPushButton::clicked, this, [this] { EditAvatar::edit(this); });
 
     auto *layout = new QVBoxLayout(body);
     layout->setContentsMargins(Margin, 16, Margin, Margin);
@@ -126,8 +126,6 @@ void OwnProfileWindow::setJid(const QString &jid)
 {
     m_jid = jid;
     fill();
-    m_editPicture->setVisible(
-        isSignalConnected(QMetaMethod::fromSignal(&OwnProfileWindow::signal_editPicture)));
     VcardInfo known;
     if (!ctx().vcard(jid, &known))
         FriendUIEventProcess::requestProfile(jid, true);

@@ -23,10 +23,6 @@ public:
     void setJid(const QString &jid);
     const QString &jid() const { return m_jid; }
 
-signals:
-    // The button that emits it shows only while somebody listens.
-    void signal_editPicture();
-
 protected:
     void changeEvent(QEvent *event) override;
 

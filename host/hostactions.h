@@ -22,10 +22,4 @@ public:
                                  const QStringList &presentIds) = 0;
     virtual void manageRoom(const QString &roomJid) = 0;
     virtual void writeMail(const QStringList &jids) = 0;
-    virtual void searchExternalPeople(const QString &key) = 0;
-    virtual void addExternalContact(const QString &jid, const QString &validation,
-                                    const QString &client) = 0;
-    virtual void confirmExternalContact(const QString &jid, qint32 agree,
-                                        const QString &client) = 0;
-    virtual void blacklistExternalContact(const QString &jid) = 0;
 };

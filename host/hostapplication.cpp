@@ -11,6 +11,8 @@
 #include "host/corenotifier.h"
 #include "host/datafolder.h"
 #include "host/eventlog.h"
+#include "host/externalnews.h"
+#include "host/externalroster.h"
 #include "host/hostbus.h"
 #include "host/hostcontext.h"
 #include "host/hostlanguage.h"
@@ -19,9 +21,13 @@
 #include "host/levermenu.h"
 #include "host/mainwindow.h"
 #include "host/panearea.h"
+#include "host/personpictures.h"
 #include "host/pluginloader.h"
 #include "host/requesttable.h"
 #include "host/samplepicture.h"
+#include "host/serviceevents.h"
+#include "host/servicelevers.h"
+#include "host/subscriptionnews.h"
 #include "host/teamnews.h"
 #include "host/weblog.h"
 #include "host/webservices.h"
@@ -54,11 +60,16 @@ HostApplication::HostApplication(const HostOptions &options, const HostPlace &pl
 
 HostApplication::~HostApplication()
 {
+    m_externalNews.reset();
     m_teamNews.reset();
     // The pane goes with the window; until then everything it calls is alive.
     m_window.reset();
     if (m_bus)
         m_bus->setPlugin(nullptr, QString());
+    m_subscriptionNews.reset();
+    m_pictures.reset();
+    m_external.reset();
+    m_events.reset();
     // The context stays, without what goes now.
     m_services.reset();
     if (m_context)
@@ -189,14 +200,12 @@ void HostApplication::buildWindow()
         MainWindow::Parts{m_core.get(), m_context, m_bus.get(), m_log.get(), m_language.get(),
                           m_levers, m_services.get(), m_webLog.get()});
     m_levers->setParent(m_window.get(), m_levers->windowFlags());
-    installRequestHandlers(*m_bus, *m_core, *m_window->windows());
     m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), m_context);
 
     addLevers();
-    m_teamNews =
-        std::make_unique<TeamNews>(TeamNews::Parts{m_services.get(), m_core.get(), m_bus.get(),
-                                                   m_webLog.get(), m_window->windows()->notices()});
-    QObject::connect(m_teamNews.get(), &TeamNews::note, m_window.get(), &MainWindow::showNote);
+    followEvents();
+    installRequestHandlers(*m_bus,
+                           {m_core.get(), m_window->windows(), m_external.get(), m_pictures.get()});
 
     m_window->setLanguage(m_language->current());
     m_window->setSkin(m_options.skin);
@@ -228,6 +237,35 @@ void HostApplication::buildWindow()
     }
 }
 
+// What happens at the web services, and what is asked of them for the plug-in.
+void HostApplication::followEvents()
+{
+    MessagingCore *core = m_core.get();
+    HostBus *bus = m_bus.get();
+    Notices *notices = m_window->windows()->notices();
+    m_events = std::make_unique<ServiceEvents>();
+    ServiceEvents *events = m_events.get();
+    events->goOnFrom(HostPreferences(m_folder).eventsReached());
+    QObject::connect(events, &ServiceEvents::reached, m_window.get(),
+                     [this](qint64 since) { HostPreferences(m_folder).setEventsReached(since); });
+    m_external = std::make_unique<ExternalRoster>(
+        ExternalRoster::Parts{m_services.get(), events, core, bus});
+    m_pictures = std::make_unique<PersonPictures>(
+        PersonPictures::Parts{m_services.get(), events, m_external.get(), core, bus});
+    m_teamNews =
+        std::make_unique<TeamNews>(TeamNews::Parts{events, core, bus, m_webLog.get(), notices});
+    m_externalNews = std::make_unique<ExternalNews>(
+        ExternalNews::Parts{events, m_external.get(), core, m_context, bus, notices});
+    QObject::connect(m_teamNews.get(), &TeamNews::note, m_window.get(), &MainWindow::showNote);
+    QObject::connect(m_external.get(), &ExternalRoster::note, m_window.get(),
+                     &MainWindow::showNote);
+    QObject::connect(m_pictures.get(), &PersonPictures::note, m_window.get(),
+                     &MainWindow::showNote);
+    m_subscriptionNews = std::make_unique<SubscriptionNews>(
+        SubscriptionNews::Parts{m_services.get(), events, core, bus});
+    events->follow(m_services.get(), core);
+}
+
 void HostApplication::addLevers()
 {
     const QString pictures = m_context->pictureFolder();
@@ -238,6 +276,10 @@ void HostApplication::addLevers()
     QObject::connect(levers, &ChatLevers::note, m_window.get(), &MainWindow::showNote);
     QObject::connect(levers, &ChatLevers::reloadChannelsWanted, m_bus.get(),
                      [this] { m_bus->notify(Inbound::ReloadChannels); });
+    auto *services =
+        new ServiceLevers({m_services.get(), m_core.get(), m_bus.get(), pictures}, m_levers);
+    m_levers->addMenu(services);
+    QObject::connect(services, &ServiceLevers::note, m_window.get(), &MainWindow::showNote);
     HostWindows *windows = m_window->windows();
     auto *company = new CompanyLevers(
         m_services.get(), m_place.user,

@@ -11,12 +11,17 @@
 class CoreNotifier;
 class EmbeddedCore;
 class EventLog;
+class ExternalNews;
+class ExternalRoster;
 class HostBus;
 class HostContext;
 class HostLanguage;
 class LeverMenu;
 class MainWindow;
+class PersonPictures;
 class PresenceSimulator;
+class ServiceEvents;
+class SubscriptionNews;
 class TeamNews;
 class WebLog;
 class WebServices;
@@ -40,6 +45,8 @@ public:
     MainWindow *window() const { return m_window.get(); }
     LeverMenu *levers() const { return m_levers; }
     HostContext *context() const { return m_context; }
+    HostBus *bus() const { return m_bus.get(); }
+    EventLog *log() const { return m_log.get(); }
     EmbeddedCore *core() const { return m_core.get(); }
     WebServices *services() const { return m_services.get(); }
     const HostOptions &options() const { return m_options; }
@@ -55,6 +62,7 @@ private:
     void prepareServices();
     void buildWindow();
     void addLevers();
+    void followEvents();
     void startWithoutRoster();
     bool loadPane(const QString &file);
     int importPeople();
@@ -75,7 +83,12 @@ private:
     std::unique_ptr<HostLanguage> m_language;
     std::unique_ptr<CoreNotifier> m_notifier;
     std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<ServiceEvents> m_events;
+    std::unique_ptr<ExternalRoster> m_external;
+    std::unique_ptr<PersonPictures> m_pictures;
     std::unique_ptr<TeamNews> m_teamNews;
+    std::unique_ptr<ExternalNews> m_externalNews;
+    std::unique_ptr<SubscriptionNews> m_subscriptionNews;
     LeverMenu *m_levers = nullptr;
     bool m_sessionStarted = false;
 };

@@ -7,6 +7,7 @@
 #include "host/core/corestore.h"
 #include "host/filetransfers.h"
 #include "host/messagingcore.h"
+#include "host/systempicture.h"
 #include "host/weblog.h"
 
 #include <QDeadlineTimer>
@@ -141,7 +142,13 @@ PresenceData HostContext::presence(const QString &jid) const
 }
 bool HostContext::cooperates(const QString &jid, bool *value) const
 {
-    return m_core->cooperates(jid, value);
+    if (m_core->cooperates(jid, value))
+        return true;
+    const auto outsider = m_outsiders.constFind(jid);
+    if (outsider == m_outsiders.constEnd())
+        return false;
+    *value = *outsider;
+    return true;
 }
 bool HostContext::mucData(const QString &jid, MucData *out) const
 {
@@ -177,11 +184,16 @@ QString HostContext::headPath(const QString &jidOrPhoto) const
     if (m_core->room(jidOrPhoto, &room))
         return room.headImage;
     CSChannelData channel;
-    // The pictures of the sample company are named after their people.
-    const bool isJid = jidOrPhoto.contains(QLatin1Char('@'));
-    QString name = isJid ? jidUser(jidOrPhoto) + QLatin1String(".png") : jidOrPhoto;
+    VcardInfo profile;
+    QString name = jidOrPhoto;
     if (m_core->channel(jidOrPhoto, &channel))
         name = channel.photoName;
+    else if (jidOrPhoto.contains(QLatin1Char('@')))
+        name = m_core->profile(jidOrPhoto, &profile) ? profile.photoName
+                                                     : jidUser(jidOrPhoto) + QLatin1String(".png");
+    const QString system = SystemPicture::file(name);
+    if (!system.isEmpty())
+        return system;
     // Only what the module has fetched for this user, and nothing outside of it.
     if (name.isEmpty() || QFileInfo(name).fileName() != name)
         return QString();

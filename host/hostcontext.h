@@ -48,6 +48,9 @@ public:
     void setWebAccess(const QString &caFile, const QString &password);
     // The files under way; not owned, null ends it.
     void setTransfers(const FileTransfers *transfers) { m_transfers = transfers; }
+    // Somebody who is no contact but known to be of another company, or of none. Until the
+    // process ends.
+    void setOutsider(const QString &jid, bool cooperates) { m_outsiders.insert(jid, cooperates); }
     // Told of every finished web request; not owned, null ends it.
     void setWebLog(WebLog *log) { m_webLog = log; }
 
@@ -100,6 +103,7 @@ private:
     mutable QScopedPointer<ConversationStore> m_conversations;
     QSqlDatabase m_allUsers;
     CPassportLoginServer *m_passport = nullptr;
+    QHash<QString, bool> m_outsiders; // jid -> whether a partner's
     const FileTransfers *m_transfers = nullptr;
     WebLog *m_webLog = nullptr;
     QString m_password, m_caFile;

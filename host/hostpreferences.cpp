@@ -11,6 +11,10 @@ const QString skinKey()
 {
     return QStringLiteral("/window/skin");
 }
+const QString eventsKey()
+{
+    return QStringLiteral("/services/eventsReached");
+}
 const QString importKey()
 {
     return QStringLiteral("/roster/imported");
@@ -44,6 +48,16 @@ QString HostPreferences::language() const
 QString HostPreferences::skin() const
 {
     return choice(skinKey(), "light", "dark");
+}
+
+qint64 HostPreferences::eventsReached() const
+{
+    return qMax(qint64(0), SettingsFile(m_file).text(eventsKey()).toLongLong());
+}
+
+void HostPreferences::setEventsReached(qint64 number) const
+{
+    store(eventsKey(), QString::number(number));
 }
 
 bool HostPreferences::showsImport() const

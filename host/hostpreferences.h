@@ -17,11 +17,14 @@ public:
     QString skin() const;
 
     bool showsImport() const; // false until an import succeeded
+    // The number of the last event of the web services that was told; 0: none.
+    qint64 eventsReached() const;
 
     // A file that cannot be written leaves a line in the log.
     void setLanguage(const QString &language) const;
     void setSkin(const QString &skin) const;
     void setShowsImport(bool shows) const;
+    void setEventsReached(qint64 number) const;
 
 private:
     QString choice(const QString &key, const char *first, const char *second) const;

@@ -79,6 +79,8 @@ void MainWindow::buildCentre()
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     m_pane = new PaneArea(splitter);
     m_chats = new ChatArea(m_parts.core, splitter);
+    m_chats->setPictures(
+        [context = m_parts.context](const QString &jid) { return context->headPath(jid); });
     splitter->addWidget(m_pane);
     splitter->addWidget(m_chats);
     splitter->setStretchFactor(0, 0);
@@ -294,6 +296,11 @@ void MainWindow::setLanguage(const QString &language)
     m_parts.language->apply(language);
     for (QAction *action : m_languages->actions())
         action->setChecked(action->data() == language);
+}
+
+QString MainWindow::language() const
+{
+    return m_parts.language->current();
 }
 
 void MainWindow::setSkin(const QString &name)

@@ -57,6 +57,7 @@ public:
     // Changes the palette, the context's answer, and tells the plug-in.
     void setSkin(const QString &name);
     QString skin() const { return m_skin; }
+    QString language() const;
     void setConnected(bool connected);
     void showMonitor(bool shown);
     void showWebMonitor(); // the same window, the list of web requests in front

@@ -65,12 +65,13 @@ public:
     // --- Requests: roster ---------------------------------------------------
     virtual void requestGroups(bool inner) = 0; // groupsReceived or groupsFailed
     virtual void requestContacts() = 0;         // contactsReceived
-    virtual void createGroup(const QString &name, bool inner) = 0;
-    virtual void renameGroup(const QString &groupId, const QString &name, bool inner) = 0;
-    virtual void deleteGroup(const QString &groupId, bool inner) = 0; // contacts are kept
+    // Groups and contacts of the own company; those of others are the services'.
+    virtual void createGroup(const QString &name) = 0;
+    virtual void renameGroup(const QString &groupId, const QString &name) = 0;
+    virtual void deleteGroup(const QString &groupId) = 0; // contacts are kept
     virtual void moveContact(const QString &jid, const QString &oldGroupId,
-                             const QString &newGroupId, bool inner) = 0;
-    virtual void removeContact(const QString &jid, bool inner) = 0;
+                             const QString &newGroupId) = 0;
+    virtual void removeContact(const QString &jid) = 0;
     virtual void setRemark(const QString &jid, const QString &remark) = 0;
     virtual void requestPolicy(const QString &jid) = 0;
     virtual void addContact(const QString &jid, const QString &validation, const QString &groupId,
@@ -78,6 +79,17 @@ public:
     virtual void addContacts(const QStringList &uids, const QString &groupId) = 0;
     virtual void requestProfile(const QString &jid, bool full) = 0; // or profileFailed
     virtual void storeOwnProfile(const VcardInfo &profile) = 0;
+
+    // --- What the web services say ------------------------------------------
+    // The external groups and contacts as they are now, the default group with id "".
+    // They are kept; what differs from before is told by the signals of the single
+    // changes. A remark that is null stays as it is. False: nothing differs, or it could
+    // not be stored.
+    virtual bool keepExternal(const QList<GroupData> &groups,
+                              const QList<FriendData> &contacts) = 0;
+    // Of anybody with a profile: the name of the picture, and the local file with it,
+    // empty for none. False when nothing is known of that person.
+    virtual bool keepPicture(const QString &jid, const QString &photoName, const QString &file) = 0;
 
     // --- Requests: rooms and messages ---------------------------------------
     virtual void createRoom(const QStringList &jids, const QString &subject) = 0;

@@ -24,6 +24,8 @@ constexpr Address addresses[] = {
     {"/searchOrg/locateorgurl", "/center/org/locateOrg.do"},
     {"/searchOrg/fuzzysearchorgurl", "/center/org/fuzzySearchOrg.do"},
     {"/ImFile/downloadPointUrl", "/center/im/downloadFile.do"},
+    {"/servicenum/subServiceNumUrl", "/center/isrv/subIsrv.do"},
+    {"/servicenum/cancelServiceNumUrl", "/center/isrv/unsubIsrv.do"},
 };
 
 const char ClientKey[] = "/Passport/client_id";

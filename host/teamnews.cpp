@@ -4,7 +4,6 @@
 #include "host/hostbus.h"
 #include "host/messagingcore.h"
 #include "host/weblog.h"
-#include "host/webservices.h"
 #include "host/windows/notices.h"
 #include "hostapi/eventcodes.h"
 
@@ -35,11 +34,9 @@ TeamNews::TeamNews(const Parts &parts, QObject *parent) : QObject(parent), m_par
 {
     m_refresh.setSingleShot(true);
     m_refresh.setInterval(RefreshMs);
-    connect(&m_refresh, &QTimer::timeout, &m_events, &TeamEvents::refresh);
-    connect(parts.services, &WebServices::changed, this, &TeamNews::follow);
-    connect(parts.core, &MessagingCore::connectionChanged, this, &TeamNews::follow);
+    connect(&m_refresh, &QTimer::timeout, parts.events, &ServiceEvents::refresh);
     connect(parts.webLog, &WebLog::recorded, this, &TeamNews::watch);
-    connect(&m_events, &TeamEvents::teamsChanged, this, [this](const QStringList &ids) {
+    connect(parts.events, &ServiceEvents::teamsChanged, this, [this](const QStringList &ids) {
         // Somebody else may have decided what is listed.
         const bool isListed =
             std::any_of(m_requests.cbegin(), m_requests.cend(),
@@ -48,15 +45,14 @@ TeamNews::TeamNews(const Parts &parts, QObject *parent) : QObject(parent), m_par
             m_refresh.start();
         m_parts.bus->notify(Inbound::VirtualTeamsChanged, ids.join(QLatin1Char(',')), QString());
     });
-    connect(&m_events, &TeamEvents::requested, this, &TeamNews::list);
-    connect(&m_events, &TeamEvents::decided, this, &TeamNews::tell);
-    connect(&m_events, &TeamEvents::waiting, this, &TeamNews::listAll);
+    connect(parts.events, &ServiceEvents::requested, this, &TeamNews::list);
+    connect(parts.events, &ServiceEvents::decided, this, &TeamNews::tell);
+    connect(parts.events, &ServiceEvents::waiting, this, &TeamNews::listAll);
     connect(parts.notices, &Notices::accepted, this, [this](int kind, const QString &id) {
         if (kind == Notice::TeamRequest)
             open(id);
     });
     parts.notices->installEventFilter(this);
-    follow();
 }
 
 // What is listed is said anew in the other language.
@@ -65,14 +61,6 @@ bool TeamNews::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::LanguageChange)
         listAll(m_requests.values());
     return QObject::eventFilter(watched, event);
-}
-
-void TeamNews::follow()
-{
-    if (m_parts.services->state() == WebServices::Ready && m_parts.core->isConnected())
-        m_events.start();
-    else
-        m_events.stop();
 }
 
 void TeamNews::watch(const WebRequestRecord &record)

@@ -2,7 +2,7 @@
 // and lists what waits for a decision of the user among the notices.
 #pragma once
 
-#include "host/teamevents.h"
+#include "host/serviceevents.h"
 
 #include <QHash>
 #include <QObject>
@@ -13,7 +13,6 @@ class MessagingCore;
 class Notices;
 struct Notice;
 class WebLog;
-class WebServices;
 struct WebRequestRecord;
 
 class TeamNews : public QObject
@@ -23,7 +22,7 @@ class TeamNews : public QObject
 public:
     struct Parts
     {
-        WebServices *services;
+        ServiceEvents *events;
         MessagingCore *core;
         HostBus *bus;
         WebLog *webLog;
@@ -41,7 +40,6 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    void follow();
     QString nameOf(const QString &uid) const;
     void list(const TeamRequest &request);
     void listAll(const QList<TeamRequest> &requests);
@@ -51,7 +49,6 @@ private:
     void watch(const WebRequestRecord &record);
 
     Parts m_parts;
-    TeamEvents m_events;
     QHash<QString, TeamRequest> m_requests; // by the id of their notice
     QTimer m_refresh;
 };

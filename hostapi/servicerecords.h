@@ -32,6 +32,11 @@ struct CSChannelData
     }
 };
 
+inline bool operator==(const CSChannelData &a, const CSChannelData &b)
+{
+    return CSChannelData::fieldsOf(a) == CSChannelData::fieldsOf(b);
+}
+
 // One service number (a subscription account).
 struct CServiceNumData
 {
@@ -55,6 +60,11 @@ struct CServiceNumData
                         r.version, r.hasChannel, r.channel);
     }
 };
+
+inline bool operator==(const CServiceNumData &a, const CServiceNumData &b)
+{
+    return CServiceNumData::fieldsOf(a) == CServiceNumData::fieldsOf(b);
+}
 
 // An application of the company's application centre.
 struct CApplicationData

@@ -129,27 +129,30 @@ private:
     std::unique_ptr<Private> d;
 };
 
-// Pictures of people and service numbers by the name that the back end knows them
-// under. What is there is answered at once; the rest is fetched a few at a time, each
-// name once, most recently asked for first. They are kept in the folder of the user
-// who is logged in; with another user, or none, nothing of the old one is fetched on.
+// Pictures by the name that the back end knows them under. What is there is answered at
+// once; the rest is fetched a few at a time, each name once, most recently asked for
+// first. They are kept in a folder of the user who is logged in; with another user, or
+// none, nothing of the old one is fetched on.
 class PictureFiles : public QObject
 {
     Q_OBJECT
 
 public:
-    static constexpr int AtATime = 4;
+    static constexpr int AtATime = 4;      // of people
+    static constexpr int IconsAtATime = 5; // of service numbers
     // Of those that wait, those asked for longest ago are given up.
     static constexpr int MaximumWaiting = 200;
     static constexpr int UnknownFor = 10 * 60 * 1000; // ms
     static constexpr int FailedFor = 30 * 1000;       // ms; when the service did not answer
 
-    static PictureFiles &instance();
+    static PictureFiles &instance(); // of people
+    static PictureFiles &serviceIcons();
     ~PictureFiles() override;
 
-    // The local file, or empty: then it is being fetched, and ready() tells when it
-    // is there. A name that the back end does not know is not asked for again for
-    // ten minutes.
+    // The local file: one of the program's own, such as "7.png" of
+    // Resources/SystemAvatar, or one that was fetched. Empty: it is being fetched, and
+    // ready() tells when it is there. A name that the back end does not know is not
+    // asked for again for ten minutes.
     QString file(const QString &pictureName);
 
     // The picture of a person as file() tells it, unless the host has one of the jid;
@@ -159,11 +162,15 @@ public:
     // Gives up everything that is being fetched: at log-out.
     void stop();
 
+    // Whether anything is being fetched.
+    bool isBusy() const;
+
 signals:
     void ready(const QString &pictureName, const QString &file);
 
 private:
-    PictureFiles();
+    struct Kind;
+    explicit PictureFiles(const Kind &kind);
     void fetchOn();
     void fetched(const QString &pictureName, const HttpResponseData &result);
     void forgetOtherUser();

@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstring>
 #include <exception>
+#include <limits>
 #include <memory>
 
 namespace {
@@ -190,6 +191,13 @@ qint64 JsonReader::toInteger(const Json::Value &value, qint64 fallback)
         break;
     }
     return fallback;
+}
+
+qint32 JsonReader::toInt32(const Json::Value &value, qint32 fallback)
+{
+    using Limits = std::numeric_limits<qint32>;
+    const qint64 read = toInteger(value, fallback);
+    return read >= Limits::min() && read <= Limits::max() ? qint32(read) : fallback;
 }
 
 bool JsonReader::toFlag(const Json::Value &value, bool fallback)

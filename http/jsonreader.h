@@ -30,6 +30,7 @@ const Json::Value &object(const Json::Value &object, const char *key);
 // A value that is no member, such as an element of an array.
 QString toText(const Json::Value &value, const QString &fallback = QString());
 qint64 toInteger(const Json::Value &value, qint64 fallback = 0);
+qint32 toInt32(const Json::Value &value, qint32 fallback = 0); // also for what does not fit
 bool toFlag(const Json::Value &value, bool fallback = false);
 
 } // namespace JsonReader

@@ -1,5 +1,6 @@
 #include "http/fileservices.h"
 
+#include "Resources/frienduiresources.h"
 #include "common/clientpaths.h"
 #include "common/context.h"
 #include "common/displaytext.h"
@@ -8,6 +9,7 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
@@ -25,14 +27,39 @@ QString localName(const QString &pictureName)
     return QString::fromLatin1(
         QCryptographicHash::hash(pictureName.toUtf8(), QCryptographicHash::Sha256).toHex());
 }
+
+// The pictures that come with the program, by name. Their folder is read once: lists
+// ask for a name each time they paint.
+QString systemPicture(const QString &name)
+{
+    static const QHash<QString, QString> files = [] {
+        const QDir folder(resourcePath(QStringLiteral("Resources/SystemAvatar")));
+        QHash<QString, QString> found;
+        const QFileInfoList entries = folder.entryInfoList(QDir::Files);
+        for (const QFileInfo &entry : entries)
+            found.insert(entry.fileName(), entry.absoluteFilePath());
+        return found;
+    }();
+    return files.value(name);
+}
 } // namespace
+
+struct PictureFiles::Kind
+{
+    const char *folder; // below the user's
+    int atATime;
+    QString (*localName)(const QString &pictureName);
+};
 
 struct PictureFiles::Private
 {
-    QString folder;      // of the pictures; empty: nobody is logged in
-    QStringList waiting; // last in, first out
-    QHash<QString, FileDownload *> running;
-    QHash<QString, QDeadlineTimer> refused; // by name: not asked for again until then
+    const Kind kind;
+    QString folder = {};      // of the pictures; empty: nobody is logged in
+    QStringList waiting = {}; // last in, first out
+    QHash<QString, FileDownload *> running = {};
+    QHash<QString, QDeadlineTimer> refused = {}; // by name: not asked for again until then
+
+    QString localFile(const QString &name) const { return folder + kind.localName(name); }
 
     bool isRefused(const QString &name)
     {
@@ -55,11 +82,19 @@ struct PictureFiles::Private
 
 PictureFiles &PictureFiles::instance()
 {
-    static auto *files = new PictureFiles;
+    static auto *files = new PictureFiles({"/headImage/", AtATime, &localName});
     return *files;
 }
 
-PictureFiles::PictureFiles() : d(std::make_unique<Private>())
+// Other parts of the client look for an icon under the name that its record has.
+PictureFiles &PictureFiles::serviceIcons()
+{
+    static auto *files =
+        new PictureFiles({"/serviceIcon/", IconsAtATime, [](const QString &name) { return name; }});
+    return *files;
+}
+
+PictureFiles::PictureFiles(const Kind &kind) : d(new Private{kind})
 {
     connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
             &PictureFiles::stop);
@@ -70,7 +105,7 @@ PictureFiles::~PictureFiles() = default;
 void PictureFiles::forgetOtherUser()
 {
     const QString user = ClientPaths::userFolder();
-    const QString folder = user.isEmpty() ? user : user + QLatin1String("/headImage/");
+    const QString folder = user.isEmpty() ? user : user + QLatin1String(d->kind.folder);
     if (folder == d->folder)
         return;
     stop();
@@ -81,9 +116,12 @@ void PictureFiles::forgetOtherUser()
 QString PictureFiles::file(const QString &pictureName)
 {
     forgetOtherUser();
+    const QString system = systemPicture(pictureName);
+    if (!system.isEmpty())
+        return system;
     if (d->folder.isEmpty() || !FileServices::isSafeName(pictureName))
         return QString();
-    const QString local = d->folder + localName(pictureName);
+    const QString local = d->localFile(pictureName);
     if (QFileInfo(local).size() > 0)
         return local;
     if (d->running.contains(pictureName) || d->isRefused(pictureName))
@@ -113,13 +151,13 @@ QString PictureFiles::ofPerson(const QString &jid, const QString &photoName)
 void PictureFiles::fetchOn()
 {
     forgetOtherUser();
-    while (!d->waiting.isEmpty() && d->running.size() < AtATime) {
+    while (!d->waiting.isEmpty() && d->running.size() < d->kind.atATime) {
         const QString name = d->waiting.takeLast();
         auto *download = new FileDownload(this);
         d->running.insert(name, download);
         connect(download, &FileDownload::finished, this,
                 [this, name](const HttpResponseData &result) { fetched(name, result); });
-        download->start(name, d->folder + localName(name), true);
+        download->start(name, d->localFile(name), true);
     }
 }
 
@@ -138,4 +176,9 @@ void PictureFiles::stop()
     d->waiting.clear();
     qDeleteAll(d->running);
     d->running.clear();
+}
+
+bool PictureFiles::isBusy() const
+{
+    return !d->running.isEmpty();
 }

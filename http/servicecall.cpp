@@ -19,6 +19,15 @@ QString addressOf(const ServiceRequest &request)
 {
     return request.address.isEmpty() ? ServiceAddresses::address(request.key) : request.address;
 }
+
+void send(CHttpSession *session, const QString &address, const ServiceRequest &request)
+{
+    if (request.isPage)
+        session->get(RequestHeaders::request(QUrl(address)));
+    else
+        session->post(RequestHeaders::formRequest(QUrl(address)),
+                      RequestHeaders::formBody(request.fields));
+}
 } // namespace
 
 ServiceCall::ServiceCall(QObject *context, SourceLocation caller, const Done &done)
@@ -44,8 +53,7 @@ CHttpSession *ServiceCall::session(const ServiceRequest &request, QObject *paren
 CHttpSession *ServiceCall::open(const ServiceRequest &request, QObject *parent)
 {
     CHttpSession *opened = session(request, parent);
-    opened->post(RequestHeaders::formRequest(QUrl(addressOf(request))),
-                 RequestHeaders::formBody(request.fields));
+    send(opened, addressOf(request), request);
     return opened;
 }
 
@@ -76,8 +84,7 @@ ServiceCall *ServiceCall::start(const ServiceRequest &request, QObject *context,
     connect(sender, &CHttpSession::signal_finished, call, [call](QNetworkReply *reply) {
         call->finish(ServiceReply::of(reply, call->m_caller));
     });
-    sender->post(RequestHeaders::formRequest(QUrl(address)),
-                 RequestHeaders::formBody(request.fields));
+    send(sender, address, request);
     return call;
 }
 

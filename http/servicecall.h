@@ -35,6 +35,7 @@ struct ServiceRequest
     qint16 kind = 0;
     int timeout = 0;      // ms; 0: the usual one
     QString address = {}; // of a service without a key
+    bool isPage = false;  // asked for by its address alone, without a form
 };
 
 class ServiceCall : public QObject

@@ -18,9 +18,19 @@ struct SampleChannel
 struct SampleServiceNumber
 {
     QString code, name, description;
+    int kind = 0;              // 0 announcements, 1 work, 2 service
+    bool isSubscribed = false; // by everybody, at first
+    bool isInteractive = true; // takes messages
+    bool hasIcon = true;       // "<code>.png"
+    bool isClosed = false;     // nobody may subscribe to it
+    bool isFolded = false;
+    QString subject, contact;
+    QString channel; // id of a SampleChannel; empty: none
+    bool hasMenu = false;
 };
 
 const QVector<SampleChannel> &sampleChannels();
+// Those that everybody has subscribed to lead.
 const QVector<SampleServiceNumber> &sampleServiceNumbers();
 
 // The id of the channel of the team that makes the product.

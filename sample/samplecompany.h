@@ -107,8 +107,10 @@ public:
     int friendCount() const { return m_friendCount; }
     SampleFriend friendAt(int position) const;
 
-    // People of other companies whom the company's people know, and their groups.
-    static constexpr int OutsiderCount = 12;
+    // People of other companies. The company's people know the first of them, in these
+    // groups.
+    static constexpr int OutsiderCount = 20;
+    static constexpr int KnownOutsiderCount = 12;
     SamplePerson outsider(int index) const;
     static int outsiderIndexOf(const QString &uid); // -1: none
     static QVector<SampleGroup> outsiderGroups();

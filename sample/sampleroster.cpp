@@ -19,7 +19,7 @@ QVector<int> SampleRoster::outsideMates() const
 {
     const int own = SampleCompany::outsiderIndexOf(m_own.uid);
     QVector<int> mates{own};
-    for (int i = 0; i < SampleCompany::OutsiderCount; ++i) {
+    for (int i = 0; i < SampleCompany::KnownOutsiderCount; ++i) {
         if (i != own && isColleague(m_company.outsider(i)))
             mates.append(i);
     }
@@ -49,9 +49,13 @@ QVector<SampleGroup> SampleRoster::groups(bool inner) const
 
 int SampleRoster::count(bool inner) const
 {
-    if (isOutsider())
-        return inner ? m_outsideMates.size() : qMin(CompanyContacts, m_company.friendCount());
-    return inner ? m_company.friendCount() : SampleCompany::OutsiderCount;
+    if (!isOutsider())
+        return inner ? m_company.friendCount() : SampleCompany::KnownOutsiderCount;
+    if (inner)
+        return m_outsideMates.size();
+    const bool isKnown =
+        SampleCompany::outsiderIndexOf(m_own.uid) < SampleCompany::KnownOutsiderCount;
+    return isKnown ? qMin(CompanyContacts, m_company.friendCount()) : 0;
 }
 
 SampleContact SampleRoster::friendAt(int position) const

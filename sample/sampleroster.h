@@ -3,9 +3,10 @@
 // the company, or of the other companies, can be that user.
 //
 // Whoever of the company it is has friends as everybody else has: the first of them
-// takes this user's place, and this user the first one's. People of other companies have
-// the colleagues whom the sample knows as friends, and the first people of the company as
-// external contacts. The roster is computed, like the people.
+// takes this user's place, and this user the first one's. The people of other companies
+// whom the company knows have colleagues as friends, and the first people of the company
+// as external contacts; the others have no external contacts. The roster is computed, like the
+// people.
 #pragma once
 
 #include "sample/samplecompany.h"

@@ -7,11 +7,6 @@
 #include "plugin/frienduisignalsender.h"
 
 namespace {
-bool sameFields(const CSChannelData &a, const CSChannelData &b)
-{
-    return CSChannelData::fieldsOf(a) == CSChannelData::fieldsOf(b);
-}
-
 QString knownPicture(const CSChannelData &data)
 {
     const QString file = data.photoName.isEmpty() ? QString() : ctx().headPath(data.photoName);
@@ -75,7 +70,7 @@ void CustomerChannels::add(const CSChannelData &data)
     if (known == m_channels.end()) {
         m_channels.insert(data.id,
                           {data, knownPicture(data), m_delivered++, storedUnread(data.id)});
-    } else if (sameFields(known->data, data)) {
+    } else if (known->data == data) {
         return;
     } else {
         if (known->data.photoName != data.photoName)

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "hostapi/servicerecords.h"
+#include "servicenum/serviceicons.h"
 
 #include <QList>
 #include <QObject>
@@ -20,8 +21,8 @@ public:
     enum State
     {
         Unasked,
-        Loading,
-        Ready,
+        Loading, // until the list came for the first time
+        Ready,   // also while it is asked for again
         Failed
     };
 
@@ -29,7 +30,8 @@ public:
     ~ServiceNumbers() override;
 
     State state() const; // of the list of subscriptions
-    // Asks for the subscriptions, unless that is under way.
+    // Asks for the subscriptions, unless that is under way. One that failed is made up
+    // for when the connection is back.
     void load();
     // In the service's order; numbers subscribed to since stand at the end.
     QList<CServiceNumData> subscriptions() const;
@@ -37,7 +39,8 @@ public:
     // A number that is known from anywhere; null until then, and after the next change.
     const CServiceNumData *find(const QString &code) const;
     bool isSubscribed(const QString &code) const;
-    // Takes in what a search has found.
+    // Takes in what a search has found. Whether the user has subscribed is known from
+    // the list, once that is there.
     void note(const QList<CServiceNumData> &numbers);
     // Asks for the newest record of one number; changed() or detailFailed() follows.
     void refresh(const QString &code);
@@ -61,7 +64,24 @@ signals:
 
 private:
     ServiceNumbers();
+    void follow();
+    void clear();
+    void sendList();
+    void listCame(const QList<CServiceNumData> &numbers, const QString &version);
+    void takeList(QList<CServiceNumData> numbers);
+    void listFailed();
+    bool store(CServiceNumData number);
+    void add(const QList<CServiceNumData> &numbers);
+    void fetchUnknown();
+    void fetchRecords(const QStringList &codes);
+    void subscriptionAnswered(const QString &code, bool ok, const QString &errorText);
+    void cancellationAnswered(const QString &code, bool ok);
+    void setSubscribed(const QString &code, bool subscribed);
+    void recordCame(const QString &code, CServiceNumData number);
+    template <class Send> void announce(Send send);
 
     struct Private;
     std::unique_ptr<Private> d;
+    ServiceIcons m_icons;
+    bool m_isAnnouncing = false;
 };

@@ -2,6 +2,24 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>ExternalNews</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>asks to become an external contact: %1</source>
+        <translation>asks to become an external contact: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ExternalRoster</name>
+    <message>
+        <source>The remark could not be stored.</source>
+        <translation>The remark could not be stored.</translation>
+    </message>
+</context>
+<context>
     <name>MonitorPanel</name>
     <message>
         <source>%1 older ones dropped</source>
@@ -95,6 +113,10 @@
         <translation>Add members</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>Add to blacklist</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>Add to contact list</translation>
     </message>
@@ -137,6 +159,14 @@
     <message>
         <source>cancelSubscribe</source>
         <translation>Unsubscribe</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>Unsubscribe from “%1”? You will get no more messages from it.</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>Unsubscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>cannotChangeThemeForSelfOffLine</source>
@@ -201,6 +231,10 @@
     <message>
         <source>conatct</source>
         <translation>Contacts</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>Put "%1" on the blacklist? You will get no more requests from this person.</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -273,6 +307,14 @@
     <message>
         <source>customer</source>
         <translation>Customer service</translation>
+    </message>
+    <message>
+        <source>cutFrame</source>
+        <translation>Part of the picture that is used</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>Arrow keys move the frame, Ctrl and arrow keys resize it; with Shift in larger steps.</translation>
     </message>
     <message>
         <source>defaltInvitReasion</source>
@@ -371,6 +413,10 @@
         <translation>Pictures (*.jpg *.jpeg *.png)</translation>
     </message>
     <message>
+        <source>filterServiceNumbers</source>
+        <translation>Filter subscriptions</translation>
+    </message>
+    <message>
         <source>forbidden</source>
         <translation>Muted</translation>
     </message>
@@ -429,6 +475,14 @@
     <message>
         <source>hasLeft</source>
         <translation>Has left</translation>
+    </message>
+    <message>
+        <source>historyFailed</source>
+        <translation>The history could not be loaded. Please try again later.</translation>
+    </message>
+    <message>
+        <source>historyInBrowser</source>
+        <translation>The history was opened in the system’s browser.</translation>
     </message>
     <message>
         <source>iamsomebodywantadd</source>
@@ -719,6 +773,10 @@
         <translation>Files cannot be sent to this person.</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>Not subscribed</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>This account is not in use yet; files cannot be sent to it.</translation>
     </message>
@@ -759,6 +817,10 @@
         <translation>Expand or collapse</translation>
     </message>
     <message>
+        <source>openOutsidePage</source>
+        <translation>Open a page of %1 in the system’s browser?</translation>
+    </message>
+    <message>
         <source>organizationTree</source>
         <translation>Organization</translation>
     </message>
@@ -795,12 +857,52 @@
         <translation>Accept</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>Add</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>Added</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>External contacts</translation>
     </message>
     <message>
+        <source>outsideRequested</source>
+        <translation>Requested</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>Contact request</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>Name, account or mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>The search failed. Please try again.</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>Find people outside your company: type a name, an account or a mobile number</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>Please type at least two characters</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>Add external contact</translation>
+    </message>
+    <message>
         <source>ownProfile</source>
         <translation>My profile</translation>
+    </message>
+    <message>
+        <source>ownProfileUnknown</source>
+        <translation>Your profile has not arrived yet. Please try again in a moment.</translation>
     </message>
     <message>
         <source>pembateam</source>
@@ -821,6 +923,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>Search for members of other companies by account or mobile number and add them.</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>The picture could not be stored on this computer.</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>The picture is too large: no side may be longer than 8192 pixels, the file no larger than 64 MB.</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -893,6 +1003,10 @@
     <message>
         <source>refreshFriendList</source>
         <translation>Refresh contact list</translation>
+    </message>
+    <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>The list may be out of date.</translation>
     </message>
     <message>
         <source>refreshTeamsFailed</source>
@@ -971,6 +1085,14 @@
         <translation>Searching…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>Search service numbers</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>The service numbers could not be searched.</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>Some teams could not be searched.</translation>
     </message>
@@ -1011,12 +1133,36 @@
         <translation>Send message</translation>
     </message>
     <message>
+        <source>sendOutsideRequest</source>
+        <translation>Send request</translation>
+    </message>
+    <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>Subscribe to open the chat.</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>Contact</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>Description</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>Service number</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>Open chat</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>This service number only publishes; it takes no replies.</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>Subject</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1057,6 +1203,10 @@
     <message>
         <source>subscribed</source>
         <translation>Subscribed</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>Subscribing failed. Please try again.</translation>
     </message>
     <message>
         <source>sure</source>
@@ -1251,8 +1401,16 @@
         <translation>The upload failed. Please try again.</translation>
     </message>
     <message>
+        <source>uploadingPicture</source>
+        <translation>Uploading…</translation>
+    </message>
+    <message>
         <source>userHadAdded</source>
         <translation>This member is selected already.</translation>
+    </message>
+    <message>
+        <source>validationLimit</source>
+        <translation>At most 20 characters; a Chinese one counts two</translation>
     </message>
     <message>
         <source>viewdetail</source>
@@ -1413,6 +1571,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Link…</source>
         <translation>Link…</translation>
+    </message>
+    <message>
+        <source>This service number only sends messages; it takes none.</source>
+        <translation>This service number only sends messages; it takes none.</translation>
     </message>
 </context>
 <context>
@@ -1589,14 +1751,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>The conversation with %1 is no longer pinned.</translation>
     </message>
     <message>
-        <source>Picture</source>
-        <translation>Picture</translation>
-    </message>
-    <message>
-        <source>This host has no picture viewer. A client would now show the picture of %1:</source>
-        <translation>This host has no picture viewer. A client would now show the picture of %1:</translation>
-    </message>
-    <message>
         <source>Topic page</source>
         <translation>Topic page</translation>
     </message>
@@ -1615,18 +1769,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>This host sends no mail. A client would now open a new mail to:</source>
         <translation>This host sends no mail. A client would now open a new mail to:</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the request to %1 was not sent.</source>
-        <translation>No service for external contacts: the request to %1 was not sent.</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the answer to %1 was not sent.</source>
-        <translation>No service for external contacts: the answer to %1 was not sent.</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: %1 was not blacklisted.</source>
-        <translation>No service for external contacts: %1 was not blacklisted.</translation>
     </message>
     <message>
         <source>File transfers with %1 cancelled: %2</source>
@@ -1853,6 +1995,20 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>PersonPictures</name>
+    <message>
+        <source>The services do not take the new picture; the profile was not stored.</source>
+        <translation>The services do not take the new picture; the profile was not stored.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureWindow</name>
+    <message>
+        <source>There is no picture of %1 that can be shown.</source>
+        <translation>There is no picture of %1 that can be shown.</translation>
+    </message>
+</context>
+<context>
     <name>PluginLoader</name>
     <message>
         <source>The file does not exist.</source>
@@ -1918,6 +2074,77 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The data file was damaged. It was kept as %1, and a new one was begun.</source>
         <translation>The data file was damaged. It was kept as %1, and a new one was begun.</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceLevers</name>
+    <message>
+        <source>A service number is added</source>
+        <translation>A service number is added</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>Renamed %1</translation>
+    </message>
+    <message>
+        <source>A service number has another name</source>
+        <translation>A service number has another name</translation>
+    </message>
+    <message>
+        <source>A subscription succeeds</source>
+        <translation>A subscription succeeds</translation>
+    </message>
+    <message>
+        <source>A subscription is refused</source>
+        <translation>A subscription is refused</translation>
+    </message>
+    <message>
+        <source>A subscription ends</source>
+        <translation>A subscription ends</translation>
+    </message>
+    <message>
+        <source>A service number gets another icon</source>
+        <translation>A service number gets another icon</translation>
+    </message>
+    <message>
+        <source>There is something new.</source>
+        <translation>There is something new.</translation>
+    </message>
+    <message>
+        <source>A service number writes</source>
+        <translation>A service number writes</translation>
+    </message>
+    <message>
+        <source>There are no web services.</source>
+        <translation>There are no web services.</translation>
+    </message>
+    <message>
+        <source>Everybody outside the company is a contact already.</source>
+        <translation>Everybody outside the company is a contact already.</translation>
+    </message>
+    <message>
+        <source>Hello, we met at the fair.</source>
+        <translation>Hello, we met at the fair.</translation>
+    </message>
+    <message>
+        <source>The services refuse the request of %1: %2</source>
+        <translation>The services refuse the request of %1: %2</translation>
+    </message>
+    <message>
+        <source>Somebody of another company asks to become a contact</source>
+        <translation>Somebody of another company asks to become a contact</translation>
+    </message>
+    <message>
+        <source>Show a contact&apos;s card at the pointer</source>
+        <translation>Show a contact&apos;s card at the pointer</translation>
+    </message>
+    <message>
+        <source>Hide the card</source>
+        <translation>Hide the card</translation>
+    </message>
+    <message>
+        <source>Service numbers, people outside, card</source>
+        <translation>Service numbers, people outside, card</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,24 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ExternalNews</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2 的 %1</translation>
+    </message>
+    <message>
+        <source>asks to become an external contact: %1</source>
+        <translation>请求成为外部联系人：%1</translation>
+    </message>
+</context>
+<context>
+    <name>ExternalRoster</name>
+    <message>
+        <source>The remark could not be stored.</source>
+        <translation>备注未能保存。</translation>
+    </message>
+</context>
+<context>
     <name>MonitorPanel</name>
     <message>
         <source>%1 older ones dropped</source>
@@ -95,6 +113,10 @@
         <translation>添加成员</translation>
     </message>
     <message>
+        <source>addToBlacklist</source>
+        <translation>加入黑名单</translation>
+    </message>
+    <message>
         <source>addToContactList</source>
         <translation>添加到联系人列表</translation>
     </message>
@@ -137,6 +159,14 @@
     <message>
         <source>cancelSubscribe</source>
         <translation>取消订阅</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeAsk</source>
+        <translation>取消订阅后将不再收到“%1”的消息，确定取消吗？</translation>
+    </message>
+    <message>
+        <source>cancelSubscribeFailed</source>
+        <translation>取消订阅失败，请重试。</translation>
     </message>
     <message>
         <source>cannotChangeThemeForSelfOffLine</source>
@@ -201,6 +231,10 @@
     <message>
         <source>conatct</source>
         <translation>联系人</translation>
+    </message>
+    <message>
+        <source>confirmBlacklist</source>
+        <translation>确定将“%1”加入黑名单吗？之后不会再收到对方的请求。</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -273,6 +307,14 @@
     <message>
         <source>customer</source>
         <translation>客服</translation>
+    </message>
+    <message>
+        <source>cutFrame</source>
+        <translation>使用的图片区域</translation>
+    </message>
+    <message>
+        <source>cutFrameKeys</source>
+        <translation>方向键移动裁剪框，Ctrl+方向键调整大小，加 Shift 幅度更大。</translation>
     </message>
     <message>
         <source>defaltInvitReasion</source>
@@ -371,6 +413,10 @@
         <translation>图片文件 (*.jpg *.jpeg *.png)</translation>
     </message>
     <message>
+        <source>filterServiceNumbers</source>
+        <translation>筛选已订阅的服务号</translation>
+    </message>
+    <message>
         <source>forbidden</source>
         <translation>消息免打扰</translation>
     </message>
@@ -429,6 +475,14 @@
     <message>
         <source>hasLeft</source>
         <translation>已离职</translation>
+    </message>
+    <message>
+        <source>historyFailed</source>
+        <translation>历史消息加载失败，请稍后重试</translation>
+    </message>
+    <message>
+        <source>historyInBrowser</source>
+        <translation>历史消息已在系统浏览器中打开</translation>
     </message>
     <message>
         <source>iamsomebodywantadd</source>
@@ -719,6 +773,10 @@
         <translation>不能向该联系人发送文件。</translation>
     </message>
     <message>
+        <source>notSubscribed</source>
+        <translation>未订阅</translation>
+    </message>
+    <message>
         <source>nottransferfilewithunusedaccount</source>
         <translation>对方账号尚未启用，不能发送文件。</translation>
     </message>
@@ -759,6 +817,10 @@
         <translation>展开/收起</translation>
     </message>
     <message>
+        <source>openOutsidePage</source>
+        <translation>是否在系统浏览器中打开 %1 的页面？</translation>
+    </message>
+    <message>
         <source>organizationTree</source>
         <translation>组织架构</translation>
     </message>
@@ -795,12 +857,52 @@
         <translation>接受</translation>
     </message>
     <message>
+        <source>outsideAdd</source>
+        <translation>添加</translation>
+    </message>
+    <message>
+        <source>outsideAdded</source>
+        <translation>已添加</translation>
+    </message>
+    <message>
         <source>outsidefrd</source>
         <translation>外部联系人</translation>
     </message>
     <message>
+        <source>outsideRequested</source>
+        <translation>已申请</translation>
+    </message>
+    <message>
+        <source>outsideRequestTitle</source>
+        <translation>好友请求</translation>
+    </message>
+    <message>
+        <source>outsideSearchBox</source>
+        <translation>姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchFailed</source>
+        <translation>搜索失败，请重试。</translation>
+    </message>
+    <message>
+        <source>outsideSearchHint</source>
+        <translation>查找企业外的联系人：输入对方的姓名、账号或手机号</translation>
+    </message>
+    <message>
+        <source>outsideSearchShort</source>
+        <translation>请至少输入两个字符</translation>
+    </message>
+    <message>
+        <source>outsideSearchTitle</source>
+        <translation>添加好友</translation>
+    </message>
+    <message>
         <source>ownProfile</source>
         <translation>我的资料</translation>
+    </message>
+    <message>
+        <source>ownProfileUnknown</source>
+        <translation>尚未获取到您的资料，请稍后重试。</translation>
     </message>
     <message>
         <source>pembateam</source>
@@ -821,6 +923,14 @@
     <message>
         <source>pickOtherCompanies</source>
         <translation>按账号或手机号搜索外企业成员并添加。</translation>
+    </message>
+    <message>
+        <source>pictureNotStored</source>
+        <translation>无法在本机保存图片。</translation>
+    </message>
+    <message>
+        <source>pictureTooLarge</source>
+        <translation>图片过大：边长不能超过 8192 像素，文件不能超过 64 MB。</translation>
     </message>
     <message>
         <source>pinned</source>
@@ -893,6 +1003,10 @@
     <message>
         <source>refreshFriendList</source>
         <translation>刷新联系人列表</translation>
+    </message>
+    <message>
+        <source>refreshServiceNumbersFailed</source>
+        <translation>列表可能不是最新的。</translation>
     </message>
     <message>
         <source>refreshTeamsFailed</source>
@@ -971,6 +1085,14 @@
         <translation>正在搜索…</translation>
     </message>
     <message>
+        <source>searchServiceNumbers</source>
+        <translation>搜索服务号</translation>
+    </message>
+    <message>
+        <source>searchServiceNumbersFailed</source>
+        <translation>搜索服务号失败。</translation>
+    </message>
+    <message>
         <source>searchSomeTeamsFailed</source>
         <translation>部分团队搜索失败。</translation>
     </message>
@@ -1011,12 +1133,36 @@
         <translation>发送消息</translation>
     </message>
     <message>
+        <source>sendOutsideRequest</source>
+        <translation>发送请求</translation>
+    </message>
+    <message>
+        <source>serviceChatNeedsSubscription</source>
+        <translation>订阅后才能进入会话。</translation>
+    </message>
+    <message>
+        <source>serviceContact</source>
+        <translation>联系方式</translation>
+    </message>
+    <message>
+        <source>serviceDescription</source>
+        <translation>简介</translation>
+    </message>
+    <message>
         <source>serviceDetail</source>
         <translation>服务号详情</translation>
     </message>
     <message>
         <source>serviceNoChat</source>
         <translation>进入会话</translation>
+    </message>
+    <message>
+        <source>serviceOneWay</source>
+        <translation>该服务号只发布消息，不接收回复。</translation>
+    </message>
+    <message>
+        <source>serviceSubject</source>
+        <translation>主题</translation>
     </message>
     <message>
         <source>setAdmin</source>
@@ -1057,6 +1203,10 @@
     <message>
         <source>subscribed</source>
         <translation>已订阅</translation>
+    </message>
+    <message>
+        <source>subscribeFailed</source>
+        <translation>订阅失败，请重试。</translation>
     </message>
     <message>
         <source>sure</source>
@@ -1251,8 +1401,16 @@
         <translation>上传失败，请重试。</translation>
     </message>
     <message>
+        <source>uploadingPicture</source>
+        <translation>正在上传…</translation>
+    </message>
+    <message>
         <source>userHadAdded</source>
         <translation>该成员已添加。</translation>
+    </message>
+    <message>
+        <source>validationLimit</source>
+        <translation>最多20个字符，汉字按两个字符计算</translation>
     </message>
     <message>
         <source>viewdetail</source>
@@ -1413,6 +1571,10 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>Link…</source>
         <translation>链接…</translation>
+    </message>
+    <message>
+        <source>This service number only sends messages; it takes none.</source>
+        <translation>此服务号只推送消息，不接收回复。</translation>
     </message>
 </context>
 <context>
@@ -1589,14 +1751,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>与 %1 的会话已取消置顶。</translation>
     </message>
     <message>
-        <source>Picture</source>
-        <translation>图片</translation>
-    </message>
-    <message>
-        <source>This host has no picture viewer. A client would now show the picture of %1:</source>
-        <translation>本宿主程序没有图片查看器。正式客户端此时会显示 %1 的图片：</translation>
-    </message>
-    <message>
         <source>Topic page</source>
         <translation>话题页</translation>
     </message>
@@ -1615,18 +1769,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>This host sends no mail. A client would now open a new mail to:</source>
         <translation>本宿主程序不发送邮件。正式客户端此时会新建邮件，收件人：</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the request to %1 was not sent.</source>
-        <translation>没有外部联系人服务：未向 %1 发出请求。</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the answer to %1 was not sent.</source>
-        <translation>没有外部联系人服务：未答复 %1。</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: %1 was not blacklisted.</source>
-        <translation>没有外部联系人服务：未将 %1 加入黑名单。</translation>
     </message>
     <message>
         <source>File transfers with %1 cancelled: %2</source>
@@ -1853,6 +1995,20 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>PersonPictures</name>
+    <message>
+        <source>The services do not take the new picture; the profile was not stored.</source>
+        <translation>服务未接受新头像，资料没有保存。</translation>
+    </message>
+</context>
+<context>
+    <name>PictureWindow</name>
+    <message>
+        <source>There is no picture of %1 that can be shown.</source>
+        <translation>没有可以显示的 %1 的图片。</translation>
+    </message>
+</context>
+<context>
     <name>PluginLoader</name>
     <message>
         <source>The file does not exist.</source>
@@ -1918,6 +2074,77 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The data file was damaged. It was kept as %1, and a new one was begun.</source>
         <translation>数据文件已损坏，已保留为 %1，并新建了一个。</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceLevers</name>
+    <message>
+        <source>A service number is added</source>
+        <translation>新增一个服务号</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>已改名 %1</translation>
+    </message>
+    <message>
+        <source>A service number has another name</source>
+        <translation>一个服务号改名</translation>
+    </message>
+    <message>
+        <source>A subscription succeeds</source>
+        <translation>订阅成功</translation>
+    </message>
+    <message>
+        <source>A subscription is refused</source>
+        <translation>订阅被拒绝</translation>
+    </message>
+    <message>
+        <source>A subscription ends</source>
+        <translation>取消订阅</translation>
+    </message>
+    <message>
+        <source>A service number gets another icon</source>
+        <translation>一个服务号更换图标</translation>
+    </message>
+    <message>
+        <source>There is something new.</source>
+        <translation>有新的内容。</translation>
+    </message>
+    <message>
+        <source>A service number writes</source>
+        <translation>一个服务号发来消息</translation>
+    </message>
+    <message>
+        <source>There are no web services.</source>
+        <translation>没有可用的网络服务。</translation>
+    </message>
+    <message>
+        <source>Everybody outside the company is a contact already.</source>
+        <translation>公司以外的人都已是联系人。</translation>
+    </message>
+    <message>
+        <source>Hello, we met at the fair.</source>
+        <translation>您好，我们在展会上见过面。</translation>
+    </message>
+    <message>
+        <source>The services refuse the request of %1: %2</source>
+        <translation>服务拒绝了 %1 的请求：%2</translation>
+    </message>
+    <message>
+        <source>Somebody of another company asks to become a contact</source>
+        <translation>外部公司的人请求成为联系人</translation>
+    </message>
+    <message>
+        <source>Show a contact&apos;s card at the pointer</source>
+        <translation>在指针处显示联系人卡片</translation>
+    </message>
+    <message>
+        <source>Hide the card</source>
+        <translation>隐藏卡片</translation>
+    </message>
+    <message>
+        <source>Service numbers, people outside, card</source>
+        <translation>服务号、外部人员、卡片</translation>
     </message>
 </context>
 <context>

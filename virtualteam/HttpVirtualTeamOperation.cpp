@@ -3,12 +3,9 @@
 #include "common/logging.h"
 #include "http/chttpsession.h"
 #include "http/jsonreader.h"
+#include "http/oneshotcall.h"
 #include "http/serviceaddresses.h"
-#include "http/servicecall.h"
 #include "virtualteam/teamservicetable.h"
-
-#include <QPointer>
-#include <QTimer>
 
 #include <limits>
 
@@ -33,10 +30,7 @@ QString memberInfoAddress()
 struct CHttpVirtualTeamOperation::Private
 {
     TeamArguments arguments;
-    QPointer<CHttpSession> session; // nobody's: what was said is sent whatever becomes of this
-    QTimer *timer;                  // to the reply
-    bool hasStarted = false;
-    bool hasEnded = false;
+    OneShotCall call;
     int code = 0;
     int failNumber = 0;
 };
@@ -44,10 +38,7 @@ struct CHttpVirtualTeamOperation::Private
 CHttpVirtualTeamOperation::CHttpVirtualTeamOperation(QObject *parent)
     : QObject(parent), d(std::make_unique<Private>())
 {
-    d->timer = new QTimer(this);
-    d->timer->setSingleShot(true);
-    d->timer->setInterval(Timeout);
-    connect(d->timer, &QTimer::timeout, this, &CHttpVirtualTeamOperation::slot_ReplyTimeOut);
+    connect(&d->call, &OneShotCall::ranOut, this, &CHttpVirtualTeamOperation::slot_ReplyTimeOut);
 }
 
 CHttpVirtualTeamOperation::~CHttpVirtualTeamOperation() = default;
@@ -55,12 +46,6 @@ CHttpVirtualTeamOperation::~CHttpVirtualTeamOperation() = default;
 void CHttpVirtualTeamOperation::start(const Service &service, const TeamArguments &arguments)
 {
     LOG_SCOPE(service.request);
-    if (d->hasStarted) {
-        LOG_ERROR("one request per operation");
-        return;
-    }
-    d->hasStarted = true;
-    d->arguments = arguments;
     ServiceRequest request;
     if (service.key)
         request.key = service.key;
@@ -69,19 +54,18 @@ void CHttpVirtualTeamOperation::start(const Service &service, const TeamArgument
     for (const Service::Field &field : service.fields)
         if (field.name)
             request.fields.append({field.name, field.value(arguments)});
-    request.timeout = Timeout;
-    d->session = ServiceCall::openAlone(request);
-    connect(d->session, &CHttpSession::signal_finished, this, service.slot);
-    d->timer->start();
+    CHttpSession *session = d->call.start(request);
+    if (!session)
+        return;
+    d->arguments = arguments;
+    connect(session, &CHttpSession::signal_finished, this, service.slot);
 }
 
 void CHttpVirtualTeamOperation::finish(const Service &service, QNetworkReply *reply)
 {
     LOG_SCOPE(service.reply);
-    if (d->hasEnded || !reply)
+    if (!reply || !d->call.end())
         return;
-    d->hasEnded = true;
-    d->timer->stop();
     const ServiceReply answer = ServiceReply::of(reply, HERE);
     const bool isJson = answer.arrived && answer.error.isEmpty();
     if (answer.arrived && !isJson)
@@ -100,13 +84,11 @@ void CHttpVirtualTeamOperation::finish(const Service &service, QNetworkReply *re
     service.tell(*this, arguments, {answer.ok, code, data});
 }
 
-// A redirect gives the session more time, but not the operation. The session ends the
-// request, and hands over a reply that says so.
+// The session ends the request, and hands over a reply that says so.
 void CHttpVirtualTeamOperation::slot_ReplyTimeOut()
 {
     LOG_SCOPE("CHttpVirtualTeamOperation::slot_ReplyTimeOut()");
-    if (d->session && !d->hasEnded)
-        d->session->slot_timeout();
+    d->call.timeOut();
 }
 
 QString CHttpVirtualTeamOperation::vtId() const

@@ -25,7 +25,6 @@ class CHttpVirtualTeamOperation : public QObject
     Q_OBJECT
 
 public:
-    static constexpr int Timeout = 10000; // ms, whatever the way of the request
     // The code of signal_CreatVirtualTeamFinish, with ok, for a team that waits for
     // its approval.
     static constexpr int PendingCode = 1;

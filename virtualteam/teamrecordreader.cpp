@@ -5,7 +5,6 @@
 
 #include <QSet>
 
-#include <limits>
 #include <utility>
 
 namespace {
@@ -49,14 +48,6 @@ constexpr JsonField<Detail> detailFields[] = {{"audited", nullptr},
 static_assert(areInOrder(teamFields) && areInOrder(groupFields) && areInOrder(memberFields) &&
               areInOrder(detailFields));
 
-// A number that does not fit is none.
-qint32 number(const Json::Value &value)
-{
-    const qint64 read = JsonReader::toInteger(value);
-    using Limits = std::numeric_limits<qint32>;
-    return read >= Limits::min() && read <= Limits::max() ? qint32(read) : 0;
-}
-
 PresenceData presence(const Json::Value &value)
 {
     const ServicePresence told = servicePresence(value);
@@ -71,9 +62,9 @@ void readTeam(const Json::Value &entry, SharedTexts *shared, Team *team)
     readFields(entry, teamFields, shared, team,
                [team](std::string_view name, const Json::Value &value) {
                    if (name == "role")
-                       team->role = number(value);
+                       team->role = JsonReader::toInt32(value);
                    else
-                       team->count = qMax(0, number(value));
+                       team->count = qMax(0, JsonReader::toInt32(value));
                });
 }
 
@@ -87,7 +78,7 @@ void readMember(const Json::Value &entry, SharedTexts *shared, Member *member)
     readFields(entry, memberFields, shared, member,
                [member](std::string_view name, const Json::Value &value) {
                    if (name == "role")
-                       member->role = number(value);
+                       member->role = JsonReader::toInt32(value);
                    else
                        member->presence = presence(value);
                });

@@ -10,7 +10,7 @@ Reply teamApproval(const Call &call, Teams &teams)
     const QString code = teams.caller().companyCode;
     const std::optional<Company> found = teams.company(code);
     if (!found)
-        throw TeamRefusal(ReplyCode::Personal);
+        throw Refusal(ReplyCode::Personal);
     Company company = *found;
     if (call.form.has("approval"))
         company.needsApproval = call.form.flag("approval");

@@ -24,3 +24,9 @@ void addTeamPeopleServices(Services *services, BackEndContext &context,
                            const std::shared_ptr<const PeopleIndex> &index);
 void addEventServices(Services *services, BackEndContext &context);
 void addCompanyServices(Services *services, BackEndContext &context);
+void addFriendServices(Services *services, BackEndContext &context);
+void addFriendSearch(Services *services, BackEndContext &context,
+                     const std::shared_ptr<const PeopleIndex> &index);
+void addPictureServices(Services *services, const std::shared_ptr<FileStore> &store);
+void addServiceNumbers(Services *services, BackEndContext &context);
+void addNumberHistory(Services *services, BackEndContext &context);

@@ -12,21 +12,12 @@ std::string pathOf(const std::string &name)
     return "/center/vt/" + name + ".do";
 }
 
-Reply inTransaction(const Call &call, BackEndContext &context, const TeamHandler &handler,
-                    bool isChange)
+RuleCall::Work asCaller(const Call &call, BackEndContext &context, const TeamHandler &handler)
 {
-    try {
-        Transaction transaction(context.database);
+    return [&](Transaction &transaction) {
         Teams teams(transaction, context.people, call.caller.uid);
-        Reply reply = handler(call, teams);
-        if (isChange) {
-            transaction.commit();
-            context.teamBell.ring();
-        }
-        return reply;
-    } catch (const TeamRefusal &refusal) {
-        return Reply::code(refusal.code);
-    }
+        return handler(call, teams);
+    };
 }
 } // namespace
 
@@ -34,7 +25,7 @@ void addTeamReading(Services *services, BackEndContext &context, const std::stri
                     const TeamHandler &handler)
 {
     services->post(pathOf(name), Services::LoggedIn, [&context, handler](const Call &call) {
-        return inTransaction(call, context, handler, false);
+        return RuleCall::reading(context, asCaller(call, context, handler));
     });
 }
 
@@ -48,7 +39,7 @@ void addTeamChangeAt(Services *services, BackEndContext &context, const std::str
                      const TeamHandler &handler)
 {
     services->post(path, Services::LoggedIn, [&context, handler](const Call &call) {
-        return inTransaction(call, context, handler, true);
+        return RuleCall::change(context, asCaller(call, context, handler));
     });
 }
 

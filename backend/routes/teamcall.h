@@ -3,6 +3,7 @@
 #pragma once
 
 #include "backend/call.h"
+#include "backend/routes/rulecall.h"
 #include "backend/teams/teams.h"
 
 struct BackEndContext;
@@ -26,8 +27,3 @@ qint64 group(const Call &call, const char *name); // 0: the root, "" or "0"
 // Ids with commas between; nobody twice. The field must be there.
 QStringList people(const Call &call, bool mayBeEmpty = false);
 } // namespace TeamField
-
-inline Reply done()
-{
-    return Reply::code(ReplyCode::Done);
-}

@@ -1,6 +1,6 @@
 #include "backend/teams/sampleteam.h"
 
-#include "backend/teams/teameventlog.h"
+#include "backend/eventlog.h"
 #include "backend/teams/teamstore.h"
 
 namespace {
@@ -48,6 +48,6 @@ qint64 SampleTeam::make(Transaction &transaction, const People &people) const
             share.append(uids.at(at));
         store.addMembers(id, share, group, TeamRole::Member);
     }
-    TeamEventLog(transaction).tellMembers(id, owner);
+    EventLog(transaction).tellMembers(id, owner);
     return id;
 }

@@ -1,10 +1,12 @@
 // What a virtual team consists of, as the back end keeps it.
 #pragma once
 
+#include "backend/refusal.h"
+#include "backend/textcheck.h"
+
 #include <QString>
 #include <QStringList>
 
-#include <exception>
 #include <vector>
 
 // The numbers are kept in the database and sent.
@@ -25,7 +27,6 @@ enum class Decision
 };
 
 namespace TeamLimit {
-constexpr int Name = 16;    // characters of a team's or group's name, a nickname, a duty
 constexpr int Reason = 500; // characters
 constexpr int Ids = 10000;  // in one list
 constexpr int Level = 10;   // of the lowest group; those of the root have 1
@@ -71,14 +72,4 @@ struct OwnTeam
     QString name;
     int role;
     qint64 count; // of members
-};
-
-// A rule says no. The transaction is given up; the code is the answer.
-class TeamRefusal : public std::exception
-{
-public:
-    explicit TeamRefusal(int replyCode) : code(replyCode) {}
-    const char *what() const noexcept override { return "refused"; }
-
-    const int code;
 };

@@ -25,7 +25,7 @@ void Teams::removeMembers(qint64 team, const QStringList &uids)
     for (const QString &uid : uids)
         hasAdmin |= requireTarget(team, uid).role >= TeamRole::SubAdmin;
     if (hasAdmin)
-        throw TeamRefusal(ReplyCode::Blocked);
+        throw Refusal(ReplyCode::Blocked);
     for (const QString &uid : uids)
         m_store.removeMember(team, uid);
     tellRemoved(team, uids);
@@ -46,7 +46,7 @@ void Teams::quit(qint64 team)
 {
     requireMember(team);
     if (role(team) == TeamRole::Owner)
-        throw TeamRefusal(ReplyCode::NoRight);
+        throw Refusal(ReplyCode::NoRight);
     m_store.removeMember(team, m_caller.uid);
     tellRemoved(team, {m_caller.uid});
 }
@@ -55,17 +55,17 @@ void Teams::dissolve(qint64 team)
 {
     requireMember(team);
     if (role(team) != TeamRole::Owner)
-        throw TeamRefusal(ReplyCode::NoRight);
+        throw Refusal(ReplyCode::NoRight);
     tellMembers(team);
     for (const TeamInvitation &open : m_store.openInvitations(team))
-        m_events.tell(asked(team, open.company), TeamEventType::Update, team, m_caller.uid);
+        m_events.tell(asked(team, open.company), EventType::Update, team, m_caller.uid);
     m_store.removeTeam(team);
 }
 
 void Teams::rename(qint64 team, const QString &name)
 {
     requireRole(team, TeamRole::SubAdmin);
-    m_store.renameTeam(team, checkedTeamText(name, 1));
+    m_store.renameTeam(team, checkedText(name, 1));
     tellMembers(team);
 }
 
@@ -73,7 +73,7 @@ void Teams::setNickName(qint64 team, const QString &uid, const QString &nickName
 {
     requireRole(team, uid == m_caller.uid ? TeamRole::None : TeamRole::SubAdmin);
     requireTarget(team, uid);
-    m_store.setNickName(team, uid, checkedTeamText(nickName, 0));
+    m_store.setNickName(team, uid, checkedText(nickName, 0));
     tellMembers(team);
 }
 
@@ -81,7 +81,7 @@ void Teams::setDuty(qint64 team, const QString &uid, const QString &duty)
 {
     requireRole(team, TeamRole::SubAdmin);
     requireTarget(team, uid);
-    m_store.setDuty(team, uid, checkedTeamText(duty, 0));
+    m_store.setDuty(team, uid, checkedText(duty, 0));
     tellMembers(team);
 }
 
@@ -90,9 +90,9 @@ void Teams::grant(qint64 team, const QString &uid)
     requireRole(team, TeamRole::Owner);
     requireTarget(team, uid);
     if (uid == m_caller.uid)
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     if (person(uid).companyCode != m_caller.companyCode)
-        throw TeamRefusal(ReplyCode::Blocked);
+        throw Refusal(ReplyCode::Blocked);
     m_store.setRole(team, m_caller.uid, TeamRole::Member);
     m_store.setRole(team, uid, TeamRole::Owner);
     tellMembers(team);
@@ -103,7 +103,7 @@ void Teams::changeAdmins(qint64 team, const QStringList &uids, AdminChange chang
     requireRole(team, TeamRole::Owner);
     for (const QString &uid : uids) {
         if (requireTarget(team, uid).role == TeamRole::Owner)
-            throw TeamRefusal(ReplyCode::Illegal);
+            throw Refusal(ReplyCode::Illegal);
     }
     if (change == ReplaceAdmins)
         m_store.clearSubAdmins(team);

@@ -4,19 +4,6 @@
 
 #include <algorithm>
 
-QString checkedTeamText(const QString &text, int least, int most)
-{
-    const QString trimmed = text.trimmed();
-    const int length = trimmed.size() > 2 * most ? most + 1 : trimmed.toUcs4().size();
-    const bool hasControl = std::any_of(trimmed.begin(), trimmed.end(), [](QChar c) {
-        return c.category() == QChar::Other_Control && c != QLatin1Char('\n');
-    });
-    const bool isOneLine = most > TeamLimit::Name || !trimmed.contains(QLatin1Char('\n'));
-    if (length < least || length > most || hasControl || !isOneLine)
-        throw TeamRefusal(ReplyCode::Illegal);
-    return trimmed;
-}
-
 Teams::Teams(Transaction &transaction, const People &people, const QString &uid)
     : m_people(people),
       m_store(transaction),
@@ -25,7 +12,7 @@ Teams::Teams(Transaction &transaction, const People &people, const QString &uid)
       m_caller(person(uid))
 {
     if (m_caller.account.isEmpty()) // the people have become fewer since the log-in
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
 }
 
 User Teams::person(const QString &uid) const
@@ -50,7 +37,7 @@ Team Teams::active(qint64 id)
 {
     const std::optional<Team> team = m_store.team(id);
     if (!team || !team->isActive())
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     return *team;
 }
 
@@ -64,21 +51,21 @@ void Teams::requireMember(qint64 team)
 {
     active(team);
     if (role(team) == TeamRole::None)
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
 }
 
 void Teams::requireRole(qint64 team, int least)
 {
     active(team);
     if (role(team) < least)
-        throw TeamRefusal(ReplyCode::NoRight);
+        throw Refusal(ReplyCode::NoRight);
 }
 
 TeamMember Teams::requireTarget(qint64 team, const QString &uid)
 {
     const std::optional<TeamMember> member = m_store.member(team, uid);
     if (!member)
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     return *member;
 }
 
@@ -88,13 +75,13 @@ int Teams::requireGroup(qint64 team, qint64 group)
         return 0;
     const std::optional<TeamGroup> found = m_store.group(team, group);
     if (!found)
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     return found->level;
 }
 
 void Teams::tellRemoved(qint64 team, const QStringList &uids)
 {
-    m_events.tell(uids, TeamEventType::Update, team, m_caller.uid);
+    m_events.tell(uids, EventType::Update, team, m_caller.uid);
     tellMembers(team);
 }
 
@@ -103,10 +90,10 @@ qint64 Teams::addGroup(qint64 team, qint64 parent, const QString &name)
     requireRole(team, TeamRole::SubAdmin);
     const int level = requireGroup(team, parent);
     if (level >= TeamLimit::Level)
-        throw TeamRefusal(ReplyCode::Blocked);
-    const QString checked = checkedTeamText(name, 1);
+        throw Refusal(ReplyCode::Blocked);
+    const QString checked = checkedText(name, 1);
     if (m_store.hasGroupNamed(team, parent, checked, 0))
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     const qint64 id = m_store.addGroup(team, {0, parent, checked, level + 1});
     tellMembers(team);
     return id;
@@ -116,9 +103,9 @@ void Teams::renameGroup(qint64 team, qint64 group, const QString &name)
 {
     requireRole(team, TeamRole::SubAdmin);
     const std::optional<TeamGroup> found = m_store.group(team, group);
-    const QString checked = checkedTeamText(name, 1);
+    const QString checked = checkedText(name, 1);
     if (!found || m_store.hasGroupNamed(team, found->parent, checked, group))
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     m_store.renameGroup(team, group, checked);
     tellMembers(team);
 }
@@ -127,11 +114,11 @@ void Teams::removeGroup(qint64 team, qint64 group)
 {
     requireRole(team, TeamRole::SubAdmin);
     if (!m_store.group(team, group))
-        throw TeamRefusal(ReplyCode::Illegal);
+        throw Refusal(ReplyCode::Illegal);
     QStringList removed;
     for (const TeamMember &member : m_store.membersBelow(team, group)) {
         if (member.role >= TeamRole::SubAdmin)
-            throw TeamRefusal(ReplyCode::Blocked);
+            throw Refusal(ReplyCode::Blocked);
         removed.append(member.uid);
     }
     m_store.removeGroup(team, group);

@@ -1,13 +1,14 @@
 // The rules of the virtual teams: what one user may do to them and what comes of it.
 // Everybody concerned is told by an event. Lives within a transaction, so that what
-// is done is done as a whole; throws TeamRefusal when a rule says no, and the
+// is done is done as a whole; throws Refusal when a rule says no, and the
 // transaction is then to be given up.
 #pragma once
 
+#include "backend/eventlog.h"
 #include "backend/people.h"
 #include "backend/teams/companies.h"
-#include "backend/teams/teameventlog.h"
 #include "backend/teams/teamstore.h"
+#include "backend/textcheck.h"
 
 #include <QVector>
 
@@ -76,7 +77,7 @@ public:
     // waits for him, and the earlier one that it does not any more.
     void changeCompany(const Company &company);
     // What waits for the caller's decision, as if it had just happened.
-    std::vector<TeamEvent> waiting();
+    std::vector<Event> waiting();
 
 private:
     Team active(qint64 id);
@@ -92,11 +93,7 @@ private:
 
     const People &m_people;
     TeamStore m_store;
-    TeamEventLog m_events;
+    EventLog m_events;
     Companies m_companies;
     User m_caller;
 };
-
-// Without blanks at its ends; refuses one that is shorter or longer than allowed, or
-// has control characters.
-QString checkedTeamText(const QString &text, int least, int most = TeamLimit::Name);

@@ -1,12 +1,13 @@
 // A messaging core without a server: the sample company's people answer. What the
-// user changes is kept in one SQLite file, so that a restart shows it.
+// user changes is kept in one SQLite file, so that a restart shows it. So are the
+// external contacts, as the web services said last.
 //
 // Every request is answered by a signal after answerDelay(), in the order of the
 // requests. For tests and demonstrations each operation can be told to fail or to
 // stay silent; while disconnected every request fails.
 //
 // Rules for names and ids: a group name is trimmed, not empty and unique among the
-// groups of its side (inner or external); "我的好友" (the default group, id "") and
+// groups; "我的好友" (the default group, id "") and
 // "常用联系人" can neither be renamed nor deleted; unknown ids fail. "0" names the
 // default group as well.
 #pragma once
@@ -24,6 +25,7 @@
 
 class ChannelBook;
 class CoreStore;
+struct ExternalChange;
 class MessageBook;
 class RoomBook;
 class RosterBook;
@@ -175,12 +177,12 @@ public:
 
     void requestGroups(bool inner) override;
     void requestContacts() override;
-    void createGroup(const QString &name, bool inner) override;
-    void renameGroup(const QString &groupId, const QString &name, bool inner) override;
-    void deleteGroup(const QString &groupId, bool inner) override;
-    void moveContact(const QString &jid, const QString &oldGroupId, const QString &newGroupId,
-                     bool inner) override;
-    void removeContact(const QString &jid, bool inner) override;
+    void createGroup(const QString &name) override;
+    void renameGroup(const QString &groupId, const QString &name) override;
+    void deleteGroup(const QString &groupId) override;
+    void moveContact(const QString &jid, const QString &oldGroupId,
+                     const QString &newGroupId) override;
+    void removeContact(const QString &jid) override;
     void setRemark(const QString &jid, const QString &remark) override;
     void requestPolicy(const QString &jid) override;
     void addContact(const QString &jid, const QString &validation, const QString &groupId,
@@ -188,6 +190,8 @@ public:
     void addContacts(const QStringList &uids, const QString &groupId) override;
     void requestProfile(const QString &jid, bool full) override;
     void storeOwnProfile(const VcardInfo &profile) override;
+    bool keepExternal(const QList<GroupData> &groups, const QList<FriendData> &contacts) override;
+    bool keepPicture(const QString &jid, const QString &photoName, const QString &file) override;
 
     void createRoom(const QStringList &jids, const QString &subject) override;
     void renameRoom(const QString &roomJid, const QString &subject) override;
@@ -217,6 +221,7 @@ private:
     void confirmLater(const QString &jid, const QString &groupId, const QString &remark);
     void confirm(const QString &jid);
     void requestAccepted(const QString &jid, const QString &groupId, const QString &remark);
+    void tellExternalChange(const ExternalChange &change);
     bool importOne(const ImportedContact &imported, ImportCounts *counts);
     QList<MucMemberData> membersOf(const QStringList &jids) const;
     void changeMembers(Operation operation, const QString &request, const QString &roomJid,

@@ -69,50 +69,50 @@ void EmbeddedCore::requestContacts()
     });
 }
 
-void EmbeddedCore::createGroup(const QString &name, bool inner)
+void EmbeddedCore::createGroup(const QString &name)
 {
-    later(CreateGroup, [this, name, inner](bool may) {
+    later(CreateGroup, [this, name](bool may) {
         QString id;
-        const bool done = may && m_roster->createGroup(name, inner, &id);
-        emit groupCreated(id, name.trimmed(), done, inner);
+        const bool done = may && m_roster->createGroup(name, &id);
+        emit groupCreated(id, name.trimmed(), done, true);
     });
 }
 
-void EmbeddedCore::renameGroup(const QString &groupId, const QString &name, bool inner)
+void EmbeddedCore::renameGroup(const QString &groupId, const QString &name)
 {
-    later(RenameGroup, [this, groupId, name, inner](bool may) {
-        const bool done = may && m_roster->renameGroup(groupId, name, inner);
-        emit groupRenamed(groupId, name.trimmed(), done, inner);
+    later(RenameGroup, [this, groupId, name](bool may) {
+        const bool done = may && m_roster->renameGroup(groupId, name);
+        emit groupRenamed(groupId, name.trimmed(), done, true);
     });
 }
 
-void EmbeddedCore::deleteGroup(const QString &groupId, bool inner)
+void EmbeddedCore::deleteGroup(const QString &groupId)
 {
-    later(DeleteGroup, [this, groupId, inner](bool may) {
-        emit groupDeleted(groupId, may && m_roster->deleteGroup(groupId, inner), inner);
+    later(DeleteGroup, [this, groupId](bool may) {
+        emit groupDeleted(groupId, may && m_roster->deleteGroup(groupId), true);
     });
 }
 
 // --- Contacts -----------------------------------------------------------------
 
 void EmbeddedCore::moveContact(const QString &jid, const QString &oldGroupId,
-                               const QString &newGroupId, bool inner)
+                               const QString &newGroupId)
 {
     later(MoveContact, [=](bool may) {
-        const bool done = may && m_roster->move(jid, oldGroupId, newGroupId, inner);
-        emit contactMoved(done, jid, oldGroupId, newGroupId, inner);
+        const bool done = may && m_roster->move(jid, oldGroupId, newGroupId);
+        emit contactMoved(done, jid, oldGroupId, newGroupId, true);
     });
 }
 
-void EmbeddedCore::removeContact(const QString &jid, bool inner)
+void EmbeddedCore::removeContact(const QString &jid)
 {
-    later(RemoveContact, [this, jid, inner](bool may) {
-        if (!may || jid == ownJid() || !m_roster->remove(jid, inner)) {
-            emit contactRemovalFailed(jid, inner);
+    later(RemoveContact, [this, jid](bool may) {
+        if (!may || jid == ownJid() || !m_roster->remove(jid, true)) {
+            emit contactRemovalFailed(jid, true);
             return;
         }
         m_presence.remove(jid);
-        emit contactRemoved(jid, inner);
+        emit contactRemoved(jid, true);
     });
 }
 

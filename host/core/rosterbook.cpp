@@ -14,7 +14,7 @@ const char ReadGroups[] = "SELECT id,name,isInner FROM rostergroups ORDER BY row
 const char InsertGroup[] = "INSERT INTO rostergroups(id,name,isInner) VALUES(?,?,?)";
 const char RenameGroup[] = "UPDATE rostergroups SET name=? WHERE id=? AND isInner=?";
 const char DeleteGroup[] = "DELETE FROM rostergroups WHERE id=? AND isInner=?";
-const char EmptyGroup[] = "UPDATE contacts SET groupId='' WHERE groupId=? AND outside=?";
+const char EmptyGroup[] = "UPDATE contacts SET groupId='' WHERE groupId=? AND outside=0";
 const char DeleteContact[] = "DELETE FROM contacts WHERE jid=?";
 const char ReadCategory[] = "SELECT category FROM imported WHERE jid=?";
 const char WriteCategory[] = "INSERT OR REPLACE INTO imported(jid,category) VALUES(?,?)";
@@ -223,15 +223,15 @@ bool RosterBook::profile(const QString &jid, VcardInfo *out) const
 
 // --- Changing groups ----------------------------------------------------------
 
-bool RosterBook::nameIsFree(const QString &name, bool inner) const
+bool RosterBook::nameIsFree(const QString &name) const
 {
     return !name.isEmpty() && name != defaultGroupName() && name != frequentGroupName() &&
-           !table(inner).ids.contains(name);
+           !m_inner.ids.contains(name);
 }
 
-bool RosterBook::isFixed(const QString &id, bool inner) const
+bool RosterBook::isFixed(const QString &id) const
 {
-    return id.isEmpty() || groupName(id, inner) == frequentGroupName();
+    return id.isEmpty() || groupName(id, true) == frequentGroupName();
 }
 
 bool RosterBook::insertGroup(const QString &id, const QString &name, bool inner)
@@ -239,63 +239,63 @@ bool RosterBook::insertGroup(const QString &id, const QString &name, bool inner)
     return m_store->run(QString::fromLatin1(InsertGroup), {id, name, inner});
 }
 
-bool RosterBook::createGroup(const QString &name, bool inner, QString *id)
+bool RosterBook::createGroup(const QString &name, QString *id)
 {
     const QString trimmed = name.trimmed();
-    return nameIsFree(trimmed, inner) && appendGroup(trimmed, inner, id);
+    return nameIsFree(trimmed) && appendGroup(trimmed, id);
 }
 
 bool RosterBook::ensureGroup(const QString &name, QString *id)
 {
     const QString trimmed = name.trimmed();
     if (!trimmed.isEmpty() && !m_inner.ids.contains(trimmed))
-        return appendGroup(trimmed, true, id);
+        return appendGroup(trimmed, id);
     *id = trimmed.isEmpty() ? QString::fromLatin1("") : m_inner.ids.value(trimmed);
     return true;
 }
 
-bool RosterBook::appendGroup(const QString &name, bool inner, QString *id)
+bool RosterBook::appendGroup(const QString &name, QString *id)
 {
     const qint64 number = m_store->nextNumber(GroupCounter, FirstFreeGroupNumber);
-    if (number == 0 || !insertGroup(QString::number(number), name, inner))
+    if (number == 0 || !insertGroup(QString::number(number), name, true))
         return false;
     *id = QString::number(number);
-    table(inner).append({*id, name});
+    m_inner.append({*id, name});
     return true;
 }
 
-bool RosterBook::renameGroup(const QString &id, const QString &name, bool inner)
+bool RosterBook::renameGroup(const QString &id, const QString &name)
 {
     const QString trimmed = name.trimmed();
-    if (isFixed(id, inner) || !hasGroup(id, inner))
+    if (isFixed(id) || !hasGroup(id, true))
         return false;
-    if (groupName(id, inner) == trimmed)
+    if (groupName(id, true) == trimmed)
         return true;
-    if (!nameIsFree(trimmed, inner) ||
-        !m_store->run(QString::fromLatin1(RenameGroup), {trimmed, id, inner}))
+    if (!nameIsFree(trimmed) ||
+        !m_store->run(QString::fromLatin1(RenameGroup), {trimmed, id, true}))
         return false;
-    table(inner).rename(id, trimmed);
+    m_inner.rename(id, trimmed);
     for (FriendData &contact : m_contacts) {
-        if (contact.groupId == id && (contact.outside == 0) == inner)
+        if (contact.groupId == id && contact.outside == 0)
             contact.groupName = trimmed;
     }
     return true;
 }
 
-bool RosterBook::deleteGroup(const QString &id, bool inner)
+bool RosterBook::deleteGroup(const QString &id)
 {
-    if (isFixed(id, inner) || !hasGroup(id, inner))
+    if (isFixed(id) || !hasGroup(id, true))
         return false;
     const bool done = m_store->inTransaction([&] {
-        return m_store->run(QString::fromLatin1(EmptyGroup), {id, inner ? 0 : 1}) &&
-               m_store->run(QString::fromLatin1(DeleteGroup), {id, inner});
+        return m_store->run(QString::fromLatin1(EmptyGroup), {id}) &&
+               m_store->run(QString::fromLatin1(DeleteGroup), {id, true});
     });
     if (!done)
         return false;
-    table(inner).remove(id);
-    const QString name = groupName(QString::fromLatin1(""), inner);
+    m_inner.remove(id);
+    const QString name = groupName(QString::fromLatin1(""), true);
     for (FriendData &contact : m_contacts) {
-        if (contact.groupId == id && (contact.outside == 0) == inner) {
+        if (contact.groupId == id && contact.outside == 0) {
             contact.groupId = QString::fromLatin1("");
             contact.groupName = name;
         }
@@ -331,11 +331,10 @@ bool RosterBook::put(FriendData contact)
     return true;
 }
 
-bool RosterBook::move(const QString &jid, const QString &oldGroup, const QString &newGroup,
-                      bool inner)
+bool RosterBook::move(const QString &jid, const QString &oldGroup, const QString &newGroup)
 {
     const FriendData *contact = find(jid);
-    if (!contact || (contact->outside == 0) != inner || contact->groupId != normalGroupId(oldGroup))
+    if (!contact || contact->outside != 0 || contact->groupId != normalGroupId(oldGroup))
         return false;
     FriendData moved = *contact;
     moved.groupId = normalGroupId(newGroup);

@@ -8,8 +8,26 @@
 
 #include <QHash>
 #include <QList>
+#include <QStringList>
 
 class CoreStore;
+
+// What differs between two lists of external contacts.
+struct ExternalChange
+{
+    struct Move
+    {
+        QString jid, from, to; // ids of groups
+    };
+    QList<GroupData> createdGroups, renamedGroups;
+    QStringList deletedGroups;
+    QStringList added, removed; // jids
+    QList<FriendData> altered;  // otherwise than by a move or a remark
+    QList<FriendData> remarked;
+    QList<Move> moved;
+
+    bool isEmpty() const;
+};
 
 class RosterBook
 {
@@ -27,15 +45,20 @@ public:
     const FriendData *find(const QString &jid) const; // null: not a contact
     bool hasGroup(const QString &id, bool inner) const { return table(inner).names.contains(id); }
 
-    bool createGroup(const QString &name, bool inner, QString *id); // name: trimmed here
+    // Inner groups and contacts.
+    bool createGroup(const QString &name, QString *id); // name: trimmed here
     // The inner group of that name, made when missing, whatever the name. The empty
     // name is the default group.
     bool ensureGroup(const QString &name, QString *id);
-    bool renameGroup(const QString &id, const QString &name, bool inner);
-    bool deleteGroup(const QString &id, bool inner); // its contacts go to the default group
-    bool move(const QString &jid, const QString &oldGroup, const QString &newGroup, bool inner);
+    bool renameGroup(const QString &id, const QString &name);
+    bool deleteGroup(const QString &id); // its contacts go to the default group
+    bool move(const QString &jid, const QString &oldGroup, const QString &newGroup);
     bool remove(const QString &jid, bool inner);
     bool setRemark(const QString &jid, const QString &remark);
+    // All external groups and contacts, in the place of those before. The default group
+    // is there in any case; inner contacts are left as they are.
+    bool replaceExternal(const QList<GroupData> &groups, const QList<FriendData> &contacts,
+                         ExternalChange *change);
     // Adds the contact, or replaces the one of that jid. Its group must exist.
     bool put(FriendData contact);
 
@@ -69,10 +92,14 @@ private:
     GroupTable &table(bool inner) { return inner ? m_inner : m_outer; }
 
     bool seed(bool sampleFriends);
-    bool appendGroup(const QString &name, bool inner, QString *id);
+    bool appendGroup(const QString &name, QString *id);
     bool insertGroup(const QString &id, const QString &name, bool inner);
-    bool nameIsFree(const QString &name, bool inner) const;
-    bool isFixed(const QString &id, bool inner) const;
+    bool nameIsFree(const QString &name) const;
+    bool isFixed(const QString &id) const;
+    bool removeAbsent(const QList<FriendData> &contacts, ExternalChange *change);
+    bool replaceGroups(const QList<GroupData> &groups, ExternalChange *change);
+    void fillIn(FriendData *contact, const FriendData *known) const;
+    bool replaceContact(FriendData contact, ExternalChange *change);
     QString groupName(const QString &id, bool inner) const { return table(inner).names.value(id); }
     bool write(const FriendData &contact);
 

@@ -2,7 +2,7 @@
 
 #include "host/eventmonitor/webrequestmodel.h"
 #include "host/eventmonitor/wordfilter.h"
-#include "host/teamevents.h"
+#include "host/serviceevents.h"
 #include "host/weblog.h"
 
 #include <QTableView>
@@ -11,7 +11,7 @@ namespace {
 // The request that waits for events is always under way: only its failures are news.
 bool isRoutine(const WebRequestRecord &record)
 {
-    return record.status == 200 && record.address.endsWith(TeamEvents::path());
+    return record.status == 200 && record.address.endsWith(ServiceEvents::path());
 }
 } // namespace
 

@@ -250,7 +250,7 @@ TourMove strangerFound(SampleCompany::Policy policy)
                 s.jid = s.stranger(policy);
                 FriendData known;
                 if (s.host().core()->contact(s.jid, &known))
-                    s.host().core()->removeContact(s.jid, true);
+                    s.host().core()->removeContact(s.jid);
             },
             [](Stage &s) {
                 FriendData known;

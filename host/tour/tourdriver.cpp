@@ -7,16 +7,27 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
 
 #include <cstdio>
+#include <iterator>
 
 namespace {
 constexpr int TickMs = 10;
 constexpr int MoveDeadlineMs = 15000;
 constexpr int ChildDeadlineMs = 90000;
+
+struct Look
+{
+    const char *folder, *skin, *language;
+};
+constexpr Look looks[] = {{"zh-light", "light", "zh_CN"},
+                          {"zh-dark", "dark", "zh_CN"},
+                          {"en-light", "light", "en"},
+                          {"en-dark", "dark", "en"}};
 } // namespace
 
 TourDriver::TourDriver(TourStage *stage, const QString &folder, const QStringList &only,
@@ -38,10 +49,10 @@ void TourDriver::start()
     m_ticker.start(TickMs);
 }
 
-QString TourDriver::pictureFile() const
+QString TourDriver::pictureFile(const QString &folder) const
 {
     const Chosen &chosen = m_steps[m_step];
-    return QDir(m_folder).filePath(
+    return QDir(folder).filePath(
         QStringLiteral("%1-%2%3.png")
             .arg(chosen.number, 2, 10, QLatin1Char('0'))
             .arg(QLatin1String(chosen.step->name), QLatin1String(m_stepFailed ? "-failed" : "")));
@@ -51,6 +62,7 @@ void TourDriver::beginStep()
 {
     m_move = 0;
     m_childRunning = false;
+    m_turning = false;
     m_stepFailed = false;
     beginMove();
 }
@@ -66,6 +78,10 @@ void TourDriver::tick()
     if (m_step >= m_steps.size()) {
         m_ticker.stop();
         emit finished();
+        return;
+    }
+    if (m_turning) {
+        nextLook();
         return;
     }
     const TourStep &step = *m_steps[m_step].step;
@@ -117,9 +133,17 @@ void TourDriver::fail(const QString &why)
 
 void TourDriver::endStep()
 {
-    // A process of its own has left the picture itself.
+    // A process of its own has left the pictures itself.
     if (!m_childRunning) {
-        savePicture();
+        forgetEarlierPictures();
+        savePicture(pictureFile(m_folder));
+        if (!m_stepFailed && m_stage->host().hasPane()) {
+            m_skin = m_stage->window().skin();
+            m_language = m_stage->window().language();
+            m_look = 0;
+            m_turning = true;
+            return;
+        }
         m_stage->closeEverything();
     }
     ++m_step;
@@ -127,16 +151,45 @@ void TourDriver::endStep()
         beginStep();
 }
 
-void TourDriver::savePicture()
+// One look a tick: what follows from the change has been laid out by then.
+void TourDriver::nextLook()
 {
-    const QString file = pictureFile();
-    // Of an earlier tour, which may have ended otherwise.
+    MainWindow &window = m_stage->window();
+    if (m_look > 0)
+        savePicture(
+            pictureFile(m_folder + QLatin1Char('/') + QLatin1String(looks[m_look - 1].folder)));
+    const bool isOver = m_look == std::size(looks);
+    window.setSkin(isOver ? m_skin : QLatin1String(looks[m_look].skin));
+    window.setLanguage(isOver ? m_language : QLatin1String(looks[m_look].language));
+    ++m_look;
+    if (!isOver)
+        return;
+    m_turning = false;
+    m_stage->closeEverything();
+    ++m_step;
+    if (m_step < m_steps.size())
+        beginStep();
+}
+
+// Of a tour before, which may have ended otherwise.
+void TourDriver::forgetEarlierPictures()
+{
     const QString stem = QString::fromLatin1(m_steps[m_step].step->name);
-    const QStringList earlier =
-        QDir(m_folder).entryList({QStringLiteral("[0-9]*-%1.png").arg(stem),
-                                  QStringLiteral("[0-9]*-%1-failed.png").arg(stem)});
-    for (const QString &name : earlier)
-        QFile::remove(QDir(m_folder).filePath(name));
+    QStringList folders{m_folder};
+    for (const Look &look : looks)
+        folders.append(m_folder + QLatin1Char('/') + QLatin1String(look.folder));
+    for (const QString &folder : folders) {
+        const QStringList earlier =
+            QDir(folder).entryList({QStringLiteral("[0-9]*-%1.png").arg(stem),
+                                    QStringLiteral("[0-9]*-%1-failed.png").arg(stem)});
+        for (const QString &name : earlier)
+            QFile::remove(QDir(folder).filePath(name));
+    }
+}
+
+void TourDriver::savePicture(const QString &file)
+{
+    QDir().mkpath(QFileInfo(file).path());
     if (picture(&m_stage->window()).save(file)) {
         std::fprintf(stdout, "tour: %s\n", qPrintable(file));
         std::fflush(stdout);

@@ -1,5 +1,6 @@
 // Goes through the steps of a tour while the event loop runs, also through the
-// nested loops of modal dialogs, and takes a picture after each.
+// nested loops of modal dialogs, and takes a picture after each; and then one in every
+// other look, in a folder of its own, with the windows still open.
 #pragma once
 
 #include "host/tour/tourstep.h"
@@ -42,8 +43,10 @@ private:
     void endStep();
     void fail(const QString &why);
     void runOwnProcess();
-    QString pictureFile() const;
-    void savePicture();
+    QString pictureFile(const QString &folder) const;
+    void nextLook();
+    void savePicture(const QString &file);
+    void forgetEarlierPictures();
 
     TourStage *m_stage;
     QString m_folder;
@@ -52,8 +55,11 @@ private:
     size_t m_move = 0;
     bool m_acted = false;
     bool m_childRunning = false;
+    size_t m_look = 0;      // the one to come
+    bool m_turning = false; // the step has been made; its pictures are taken
     bool m_stepFailed = false;
     QElapsedTimer m_since;
     QTimer m_ticker;
     QStringList m_failures;
+    QString m_skin, m_language; // the step's own
 };

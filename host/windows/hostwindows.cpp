@@ -10,6 +10,7 @@
 #include "host/windows/historywindow.h"
 #include "host/windows/notices.h"
 #include "host/windows/peoplepicker.h"
+#include "host/windows/picturewindow.h"
 #include "host/windows/requestnote.h"
 #include "host/windows/roommanagement.h"
 #include "hostapi/eventcodes.h"
@@ -185,11 +186,7 @@ void HostWindows::pinConversation(const QString &jid, bool top)
 
 void HostWindows::showPicture(const QString &jid, const QString &path)
 {
-    RequestNote::show(m_parent, tr("Picture"),
-                      tr("This host has no picture viewer. A client would now show the picture "
-                         "of %1:")
-                          .arg(nameOf(jid)),
-                      {path});
+    PictureWindow::show(m_parent, nameOf(jid), path.isEmpty() ? m_context->headPath(jid) : path);
 }
 
 void HostWindows::openTopicPage(const QString &pluginId, const QString &jid)
@@ -257,26 +254,4 @@ void HostWindows::writeMail(const QStringList &jids)
     RequestNote::show(m_parent, tr("Write a mail"),
                       tr("This host sends no mail. A client would now open a new mail to:"),
                       peopleLines(jids));
-}
-
-void HostWindows::searchExternalPeople(const QString &key)
-{
-    emit note(tr("No service for external contacts: %1 was not searched for.").arg(key));
-}
-
-void HostWindows::addExternalContact(const QString &jid, const QString &, const QString &)
-{
-    emit note(
-        tr("No service for external contacts: the request to %1 was not sent.").arg(nameOf(jid)));
-}
-
-void HostWindows::confirmExternalContact(const QString &jid, qint32, const QString &)
-{
-    emit note(
-        tr("No service for external contacts: the answer to %1 was not sent.").arg(nameOf(jid)));
-}
-
-void HostWindows::blacklistExternalContact(const QString &jid)
-{
-    emit note(tr("No service for external contacts: %1 was not blacklisted.").arg(nameOf(jid)));
 }

@@ -45,11 +45,6 @@ public:
                          const QStringList &presentIds) override;
     void manageRoom(const QString &roomJid) override;
     void writeMail(const QStringList &jids) override;
-    void searchExternalPeople(const QString &key) override;
-    void addExternalContact(const QString &jid, const QString &validation,
-                            const QString &client) override;
-    void confirmExternalContact(const QString &jid, qint32 agree, const QString &client) override;
-    void blacklistExternalContact(const QString &jid) override;
 
     // Of the own company, contact or not; `picked` gets the uid.
     void pickColleague(const QString &title, const std::function<void(QString)> &picked);

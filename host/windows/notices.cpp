@@ -106,7 +106,7 @@ void Notices::put(const Notice &notice, int row)
 
 void Notices::add(const Notice &notice)
 {
-    m_ignored.remove(notice.id);
+    m_ignored[notice.kind].remove(notice.id);
     put(notice, 0);
     if (QListWidgetItem *item = find(notice.kind, notice.id))
         setUnread(item, true);
@@ -125,10 +125,10 @@ void Notices::setAll(Notice::Kind kind, const QList<Notice> &notices)
         if (kindOf(item) == kind && !wanted.contains(idOf(item)))
             delete m_list->takeItem(row);
     }
-    m_ignored.intersect(wanted);
+    m_ignored[kind].intersect(wanted);
     for (const Notice &notice : notices) {
         QListWidgetItem *item = find(kind, notice.id);
-        const bool isNew = !item && !m_ignored.contains(notice.id);
+        const bool isNew = !item && !m_ignored[kind].contains(notice.id);
         if (item)
             put(notice, m_list->row(item)); // where it is, perhaps in other words
         else if (isNew)
@@ -168,8 +168,9 @@ void Notices::ignore(QListWidgetItem *item)
 {
     if (!item)
         return;
-    if (kindOf(item) == Notice::TeamRequest)
-        m_ignored.insert(idOf(item));
+    // It still waits, and is told of again and again.
+    if (kindOf(item) != Notice::ContactRequest)
+        m_ignored[kindOf(item)].insert(idOf(item));
     take(item);
 }
 

@@ -15,7 +15,8 @@ struct Notice
     enum Kind
     {
         ContactRequest, // id: jid
-        TeamRequest     // id: what the host knows the application by
+        TeamRequest,    // id: what the host knows the application by
+        ExternalRequest // of somebody outside the company; id: jid
     };
     Kind kind = ContactRequest;
     QString id;
@@ -43,8 +44,8 @@ public:
     int unread() const;
 
 signals:
-    // The user wants what the notice is about. A contact request's row is gone then; a
-    // team's stays until it is decided.
+    // The user wants what the notice is about. A colleague's request is gone then; the
+    // others stay until they are decided.
     void accepted(int kind, const QString &id);
     void countsChanged();
 
@@ -64,5 +65,5 @@ private:
     QListWidget *m_list;
     QPushButton *m_accept;
     QPushButton *m_ignore;
-    QSet<QString> m_ignored; // keys of teams' applications
+    QSet<QString> m_ignored[Notice::ExternalRequest + 1]; // ids, by kind
 };

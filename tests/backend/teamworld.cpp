@@ -31,10 +31,13 @@ TeamWorld::TeamWorld()
         qFatal("%s", qPrintable(problem));
     addTeamServices(&m_services, context);
     addTeamFoundingServices(&m_services, context);
-    addTeamPeopleServices(&m_services, context,
-                          std::make_shared<const PeopleIndex>(context.people));
+    const auto index = std::make_shared<const PeopleIndex>(context.people);
+    addTeamPeopleServices(&m_services, context, index);
     addEventServices(&m_services, context);
     addCompanyServices(&m_services, context);
+    addFriendServices(&m_services, context);
+    addFriendSearch(&m_services, context, index);
+    addServiceNumbers(&m_services, context);
 }
 
 TeamAnswer TeamWorld::call(const QString &uid, const QString &service, const QString &fields)
@@ -86,8 +89,9 @@ QStringList TeamWorld::events(const QString &uid, qint64 *since)
     *since = answer.data["next"].asInt64();
     QStringList result;
     for (const Json::Value &event : answer.data["events"])
-        result.append(text(event["type"]) + QLatin1Char(' ') + text(event["teams"]) +
-                      QLatin1Char(' ') + text(event["member"]));
+        result.append(QStringList{text(event["type"]), text(event["teams"]), text(event["member"])}
+                          .join(QLatin1Char(' '))
+                          .simplified());
     return result;
 }
 
@@ -113,6 +117,15 @@ QStringList TeamWorld::contradictions()
          " ON p.groupId = g.parent AND p.vtId = g.vtId"
          " WHERE g.level <> IFNULL(p.level, 0) + 1 OR (g.parent <> 0) <> (p.groupId NOT NULL)"
          " OR g.vtId NOT IN (SELECT vtId FROM team)"},
+        {"a contact on one side", "SELECT a.uid FROM friend AS a LEFT JOIN friend AS b"
+                                  " ON b.uid = a.other AND b.other = a.uid WHERE b.uid IS NULL"},
+        {"a contact in no group of the user's",
+         "SELECT f.uid FROM friend AS f LEFT JOIN friendGroup AS g"
+         " ON g.uid = f.uid AND g.groupId = f.groupId"
+         " WHERE f.groupId <> 0 AND g.groupId IS NULL"},
+        {"a request of a contact", "SELECT asker FROM friendRequest JOIN friend"
+                                   " ON uid = asker AND other = asked"},
+        {"a blocked contact", "SELECT uid FROM friendBlock JOIN friend USING (uid, other)"},
     };
     Transaction transaction(context.database);
     QStringList found;

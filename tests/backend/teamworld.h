@@ -1,6 +1,7 @@
-// The team services without a network: any number of users call them, also from
-// several threads. Fields are written as a body, "vtId=1001&pgId=0"; "members=" and
-// names need no encoding unless they have "&", "%", "+" or "=".
+// The services of teams, external contacts and service numbers without a network: any
+// number of users call them, also from several threads. Fields are written as a body,
+// "vtId=1001&pgId=0"; "members=" and names need no encoding unless they have "&", "%",
+// "+" or "=".
 #pragma once
 
 #include "backend/call.h"
@@ -31,8 +32,8 @@ public:
     QStringList teamsOf(const QString &uid);
     // "uid:role" of all members, in the order in which they joined.
     QString members(const QString &team);
-    // "type team member" of what the user is told after a number, which is set to the
-    // last; negative: to who knows nothing yet.
+    // "type team member", as far as it has them, of what the user is told after a number, which is
+    // set to the last; negative: to who knows nothing yet.
     QStringList events(const QString &uid, qint64 *since);
     qint64 lastEvent(const QString &uid);
     // What contradicts itself in the tables; empty: nothing.

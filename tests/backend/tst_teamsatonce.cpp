@@ -1,24 +1,16 @@
 // Several users change the same teams at the same time.
+#include "tests/backend/atonce.h"
 #include "tests/backend/teamworld.h"
 #include "tests/support/testrunner.h"
 
+#include <atomic>
 #include <random>
-#include <thread>
 
 namespace {
 QStringList players()
 {
     return {TeamWorld::Owner, TeamWorld::SubAdmin, TeamWorld::Member,
             TeamWorld::InTop, TeamWorld::InSub,    TeamWorld::AdminInManaged};
-}
-
-void together(const std::vector<std::function<void()>> &actions)
-{
-    std::vector<std::thread> threads;
-    for (const std::function<void()> &action : actions)
-        threads.emplace_back(action);
-    for (std::thread &thread : threads)
-        thread.join();
 }
 } // namespace
 

@@ -3,6 +3,7 @@
 
 #include "controls/inputbox.h"
 #include "controls/tipbox.h"
+#include "controls/validationedit.h"
 #include "detail/addfriend.h"
 #include "detail/addfriendpages.h"
 #include "detail/caddfriendmannger.h"

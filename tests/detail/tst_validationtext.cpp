@@ -1,5 +1,5 @@
 // The validation text is held to its length while it is typed.
-#include "detail/validationtext.h"
+#include "controls/validationtext.h"
 #include "tests/detail/addfriendfixture.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"

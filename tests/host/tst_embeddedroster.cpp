@@ -31,7 +31,7 @@ private slots:
         QFETCH(QString, name);
         QFETCH(bool, accepted);
         QSignalSpy created(m_core.get(), &Core::groupCreated);
-        m_core->createGroup(name, true);
+        m_core->createGroup(name);
         QVERIFY(created.wait());
         QCOMPARE(created.first().at(1).toString(), name.trimmed());
         QCOMPARE(created.first().at(2).toBool(), accepted);
@@ -39,7 +39,7 @@ private slots:
         const QString source = groupId(QStringLiteral("Support"));
         QSignalSpy renamed(m_core.get(), &Core::groupRenamed);
         m_core->renameGroup(accepted ? created.first().at(0).toString() : source,
-                            accepted ? name + QLatin1Char('2') : name, true);
+                            accepted ? name + QLatin1Char('2') : name);
         QVERIFY(renamed.wait());
         QCOMPARE(renamed.first().at(2).toBool(), accepted);
         QCOMPARE(m_core->groups(true).size(), accepted ? 9 : 8);
@@ -54,8 +54,8 @@ private slots:
         for (const QString &id : {QString(), QStringLiteral("0"), frequent, QStringLiteral("77")}) {
             QSignalSpy renamed(m_core.get(), &Core::groupRenamed);
             QSignalSpy deleted(m_core.get(), &Core::groupDeleted);
-            m_core->renameGroup(id, QStringLiteral("new"), true);
-            m_core->deleteGroup(id, true);
+            m_core->renameGroup(id, QStringLiteral("new"));
+            m_core->deleteGroup(id);
             QVERIFY(deleted.wait());
             QCOMPARE(renamed.first().at(2).toBool(), false);
             QCOMPARE(deleted.first().at(1).toBool(), false);
@@ -69,7 +69,7 @@ private slots:
         const QStringList members = membersOf(id);
         QVERIFY(members.size() > 3);
         QSignalSpy deleted(m_core.get(), &Core::groupDeleted);
-        m_core->deleteGroup(id, true);
+        m_core->deleteGroup(id);
         QVERIFY(deleted.wait());
         QVERIFY(deleted.first().at(1).toBool());
         for (int round = 0; round < 2; ++round, restart()) {
@@ -81,23 +81,22 @@ private slots:
         }
         // Its id is not given to another group.
         QSignalSpy created(m_core.get(), &Core::groupCreated);
-        m_core->createGroup(QStringLiteral("again"), true);
+        m_core->createGroup(QStringLiteral("again"));
         QVERIFY(created.wait());
         QVERIFY(created.first().at(0).toString() != id);
     }
 
     void moves_data()
     {
-        const Rows<QString, QString, QString, bool, bool> row{"jid", "from", "to", "inner",
-                                                              "accepted"};
+        const Rows<QString, QString, QString, bool> row{"jid", "from", "to", "accepted"};
         const QString own = QStringLiteral("u000000@corp.example"); // in the default group
-        row("by id", own, "", "2", true, true);
-        row("default group as 0", own, "0", "2", true, true);
-        row("same group", own, "", "0", true, true);
-        row("unknown contact", "u000999@corp.example", "", "2", true, false);
-        row("unknown group", own, "", "55", true, false);
-        row("not from there", own, "3", "2", true, false);
-        row("wrong side", own, "", "901", false, false);
+        row("by id", own, "", "2", true);
+        row("default group as 0", own, "0", "2", true);
+        row("same group", own, "", "0", true);
+        row("unknown contact", "u000999@corp.example", "", "2", false);
+        row("unknown group", own, "", "55", false);
+        row("not from there", own, "3", "2", false);
+        row("an external group", own, "", "901", false);
     }
 
     void moves()
@@ -106,9 +105,8 @@ private slots:
         QFETCH(QString, to);
         QFETCH(bool, accepted);
         QFETCH(QString, from);
-        QFETCH(bool, inner);
         QSignalSpy moved(m_core.get(), &Core::contactMoved);
-        m_core->moveContact(jid, from, to, inner);
+        m_core->moveContact(jid, from, to);
         QVERIFY(moved.wait());
         QCOMPARE(moved.first().at(0).toBool(), accepted);
         const QString expected =
@@ -131,10 +129,10 @@ private slots:
         QSignalSpy failed(m_core.get(), &Core::contactRemovalFailed);
         QSignalSpy stored(m_core.get(), &Core::ownProfileStored);
         m_core->setRemark(kept, QString::fromUtf8(" 老王's \"<b>\" "));
-        m_core->removeContact(gone, true);
-        m_core->removeContact(gone, true);             // no longer there
-        m_core->removeContact(m_core->ownJid(), true); // never
-        m_core->removeContact(last, true);             // is an external one
+        m_core->removeContact(gone);
+        m_core->removeContact(gone);             // no longer there
+        m_core->removeContact(m_core->ownJid()); // never
+        m_core->removeContact(last);             // is an external one
         VcardInfo own;
         QVERIFY(m_core->profile(m_core->ownJid(), &own));
         own.sign = QStringLiteral("new signature");
@@ -256,7 +254,7 @@ private slots:
         QSignalSpy deleted(m_core.get(), &Core::groupDeleted);
         m_core->setConfirmationDelay(60);
         m_core->addContact(jid, QString(), QStringLiteral("2"), QString());
-        m_core->deleteGroup(QStringLiteral("2"), true);
+        m_core->deleteGroup(QStringLiteral("2"));
         QVERIFY(answers.wait());
         QCOMPARE(deleted.size(), 1);
         QVERIFY(answers.first().at(1).toBool());

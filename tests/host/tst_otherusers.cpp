@@ -53,7 +53,7 @@ private slots:
         FriendData known;
         if (m_core->contact(first, &known)) {
             QSignalSpy removed(m_core.get(), &EmbeddedCore::contactRemoved);
-            m_core->removeContact(first, true);
+            m_core->removeContact(first);
             QVERIFY(removed.wait());
         }
         m_core->setConfirmationDelay(0);

@@ -174,7 +174,7 @@ private slots:
             QCOMPARE(company.uidOf(person.uid), person.uid);
             QCOMPARE(company.uidOf(person.account), person.uid);
         }
-        for (const char *nobody : {"", "u001200", "x000012", "nobody", "0", "nobody99999999999"})
+        for (const char *nobody : {"", "u001200", "x000020", "nobody", "0", "nobody99999999999"})
             QCOMPARE(company.uidOf(QString::fromLatin1(nobody)), QString());
     }
 

@@ -66,7 +66,7 @@ private slots:
 
         // What the user arranged stays while the file says the same of it.
         const QString home = newGroup(QStringLiteral("Home"));
-        m_core->moveContact(anna, named(QStringLiteral("Anna")).groupId, home, true);
+        m_core->moveContact(anna, named(QStringLiteral("Anna")).groupId, home);
         m_core->setRemark(anna, QStringLiteral("sister"));
         QTRY_COMPARE(record(anna).remark, QStringLiteral("sister"));
         start();
@@ -143,7 +143,7 @@ private:
     QString newGroup(const QString &name)
     {
         QSignalSpy created(m_core.get(), &EmbeddedCore::groupCreated);
-        m_core->createGroup(name, true);
+        m_core->createGroup(name);
         return created.wait() ? created.first().at(0).toString() : QString();
     }
 };

@@ -17,6 +17,7 @@ struct ServiceFixture
     FakeServer server;
     FakeContext host;
     HostContextScope scope{&host};
+    QByteArray addresses; // what the file holds
 
     ServiceFixture()
     {
@@ -31,10 +32,13 @@ struct ServiceFixture
     }
 
     // The whole service address file.
-    void write(const QByteArray &ini) const
+    void write(const QByteArray &ini)
     {
+        addresses = ini;
         writeFile(folder.filePath(QStringLiteral("allurl.ini")), ini);
     }
+
+    void append(const QByteArray &ini) { write(addresses + ini); }
 
     QString makeFile(const QString &name, const QByteArray &bytes) const
     {

@@ -67,6 +67,22 @@ private slots:
     }
 
     // What the host has of a person is newer than what a service tells.
+    void thePicturesOfTheProgram()
+    {
+        ServiceFixture fixture;
+        PictureFiles &files = PictureFiles::instance();
+        const QString name = QStringLiteral("7.png");
+        const QString local = files.file(name);
+        QVERIFY(QFileInfo(local).isAbsolute());
+        QVERIFY(local.endsWith(QStringLiteral("/SystemAvatar/7.png")));
+        QVERIFY(contentOf(local).startsWith("\x89PNG"));
+        QCOMPARE(files.ofPerson(QStringLiteral("u9@corp.example"), name), local);
+        fixture.host.user.clear(); // they are everybody's
+        QCOMPARE(files.file(name), local);
+        QVERIFY(files.file(QStringLiteral("../SystemAvatar/7.png")).isEmpty());
+        QCOMPARE(fixture.server.requests().size(), 0);
+    }
+
     void ofPersonByTheHostFirst()
     {
         ServiceFixture fixture;

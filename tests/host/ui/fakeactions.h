@@ -27,16 +27,6 @@ public:
     }
     void manageRoom(Text roomJid) override { note("manageRoom", {roomJid}); }
     void writeMail(const QStringList &jids) override { note("writeMail", jids); }
-    void searchExternalPeople(Text key) override { note("searchExternalPeople", {key}); }
-    void addExternalContact(Text jid, Text text, Text client) override
-    {
-        note("addExternalContact", {jid, text, client});
-    }
-    void confirmExternalContact(Text jid, qint32 agree, Text client) override
-    {
-        note("confirmExternalContact", {jid, n(agree), client});
-    }
-    void blacklistExternalContact(Text jid) override { note("blacklistExternalContact", {jid}); }
 
 private:
     static QString n(int number) { return QString::number(number); }

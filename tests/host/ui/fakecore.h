@@ -10,10 +10,11 @@ class FakeCore : public MessagingCore
     using Text = const QString &;
 
 public:
-    QStringList calls; // "createGroup(Team, true)"
+    QStringList calls; // "createGroup(Team)"
     QList<FriendData> people;
     QHash<QString, QList<MessageData>> history;
     QMap<QString, PresenceData> reachable;
+    QHash<QString, CServiceNumData> numbers; // by jid
     Backlog missed;
     QList<MucData> groupChats;
     QList<MucMemberData> members; // of every room
@@ -56,7 +57,11 @@ public:
     int roomRole(const QString &) const override { return ownRole; }
     QList<CSChannelData> channels() const override { return {}; }
     bool channel(const QString &, CSChannelData *) const override { return false; }
-    bool serviceNumber(const QString &, CServiceNumData *) const override { return false; }
+    bool serviceNumber(Text jid, CServiceNumData *out) const override
+    {
+        *out = numbers.value(jid);
+        return numbers.contains(jid);
+    }
     QString productTeamJid() const override { return QString(); }
     Backlog backlog() const override { return missed; }
     void clearBacklog() override { note("clearBacklog"); }
@@ -76,17 +81,11 @@ public:
     }
     void requestGroups(bool inner) override { note("requestGroups", inner); }
     void requestContacts() override { note("requestContacts"); }
-    void createGroup(Text name, bool inner) override { note("createGroup", name, inner); }
-    void renameGroup(Text group, Text name, bool inner) override
-    {
-        note("renameGroup", group, name, inner);
-    }
-    void deleteGroup(Text group, bool inner) override { note("deleteGroup", group, inner); }
-    void moveContact(Text jid, Text from, Text to, bool inner) override
-    {
-        note("moveContact", jid, from, to, inner);
-    }
-    void removeContact(Text jid, bool inner) override { note("removeContact", jid, inner); }
+    void createGroup(Text name) override { note("createGroup", name); }
+    void renameGroup(Text group, Text name) override { note("renameGroup", group, name); }
+    void deleteGroup(Text group) override { note("deleteGroup", group); }
+    void moveContact(Text jid, Text from, Text to) override { note("moveContact", jid, from, to); }
+    void removeContact(Text jid) override { note("removeContact", jid); }
     void setRemark(Text jid, Text remark) override { note("setRemark", jid, remark); }
     void requestPolicy(Text jid) override { note("requestPolicy", jid); }
     void addContact(Text jid, Text validation, Text group, Text remark) override
@@ -101,6 +100,15 @@ public:
     void storeOwnProfile(const VcardInfo &profile) override
     {
         note("storeOwnProfile", profile.leaderName);
+    }
+    bool keepExternal(const QList<GroupData> &, const QList<FriendData> &) override
+    {
+        return false;
+    }
+    bool keepPicture(Text jid, Text photoName, Text file) override
+    {
+        note("keepPicture", jid, photoName, file);
+        return true;
     }
     void createRoom(const QStringList &jids, Text subject) override
     {

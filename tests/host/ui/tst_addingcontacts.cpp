@@ -34,7 +34,7 @@ struct Session
     explicit Session(MessagingCore *core, const QString &folder)
         : context(core, folder), scope(&context), notifier(core, &bus, &context)
     {
-        installRequestHandlers(bus, *core, actions);
+        installRequestHandlers(bus, {core, &actions});
         FriendUIMessageProcess *hub = FriendUIMessageProcess::instance();
         hub->setHostReceiver(&bus);
         bus.setPlugin(hub, QString::fromLatin1(PluginId::FriendUi));

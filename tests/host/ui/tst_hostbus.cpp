@@ -7,6 +7,7 @@
 #include "hostapi/eventcodes.h"
 #include "tests/host/ui/fakeactions.h"
 #include "tests/host/ui/fakecore.h"
+#include "tests/host/ui/fakeexternal.h"
 #include "tests/plugin/samplepayload.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/testrunner.h"
@@ -56,6 +57,7 @@ struct Bench
     EventLog log;
     FakeCore core;
     FakeActions actions;
+    FakeExternal external;
     FakePlugin plugin;
     FakeContext context;
     HostBus bus{&log};
@@ -66,9 +68,11 @@ struct Bench
     {
         QObject::connect(&log, &EventLog::recorded, &bus,
                          [this](const EventRecord &record) { recorded.append(record); });
-        installRequestHandlers(bus, core, actions);
+        installRequestHandlers(bus, {&core, &actions, &external});
         bus.setPlugin(&plugin, pluginId());
     }
+
+    QStringList calls() const { return core.calls + actions.calls + external.calls; }
 
     template <class... Args> bool request(qint32 code, const char *receiver, const Args &...args)
     {
@@ -110,9 +114,17 @@ private slots:
             QTest::newRow(qPrintable(call)) << int(code) << payload << call;
         };
         const QString text = QString::fromUtf8("项目 \"x\"");
-        row(Outbound::CreateGroup, QStringLiteral("createGroup(%1, true)").arg(text), text, true);
-        row(Outbound::MoveContact, QStringLiteral("moveContact(j, g1, g2, true)"),
-            QStringLiteral("j"), QStringLiteral("g1"), QStringLiteral("g2"), true);
+        row(Outbound::CreateGroup, QStringLiteral("createGroup(%1)").arg(text), text, true);
+        row(Outbound::CreateGroup, QStringLiteral("external createGroup(%1)").arg(text), text,
+            false);
+        row(Outbound::MoveContact, QStringLiteral("moveContact(j, g1, g2)"), QStringLiteral("j"),
+            QStringLiteral("g1"), QStringLiteral("g2"), true);
+        row(Outbound::MoveContact, QStringLiteral("external moveContact(j, g1, g2)"),
+            QStringLiteral("j"), QStringLiteral("g1"), QStringLiteral("g2"), false);
+        row(Outbound::RefreshGroups, QStringLiteral("requestGroups(true)"), true);
+        row(Outbound::RefreshGroups, QStringLiteral("external requestGroups()"), false);
+        row(Outbound::ConfirmExternalContact, QStringLiteral("external confirm(j, 1, pc)"),
+            QStringLiteral("j"), qint32(1), QStringLiteral("pc"));
         row(Outbound::AddContact, QStringLiteral("addContact(j, hello, g1, remark)"),
             QStringLiteral("j"), QStringLiteral("hello"), QStringLiteral("g1"),
             QStringLiteral("remark"), qint32(2));
@@ -130,7 +142,7 @@ private slots:
         Bench bench;
         const EventInfo *info = EventCatalogue::find(EventInfo::FromPlugin, code);
         QVERIFY(bench.raw(code, QString::fromLatin1(info->receiver), payload));
-        QCOMPARE(bench.core.calls + bench.actions.calls, QStringList{call});
+        QCOMPARE(bench.calls(), QStringList{call});
         QCOMPARE(bench.recorded.size(), 1);
         QCOMPARE(bench.recorded.first().direction, EventInfo::FromPlugin);
         QCOMPARE(bench.recorded.first().payload, payload);
@@ -147,12 +159,12 @@ private slots:
             const QSignalSpy malformed(&bench.bus, &HostBus::malformed);
             const QByteArray payload = samplePayload(info);
             bench.raw(info.code, QString::fromLatin1(info.receiver), payload);
-            QVERIFY2(bench.core.calls.size() + bench.actions.calls.size() == 1, info.name);
+            QVERIFY2(bench.calls().size() == 1, info.name);
             QCOMPARE(malformed.count(), 0);
             // One byte less must not be taken for whole.
             bench.raw(info.code, QString::fromLatin1(info.receiver), payload.chopped(1));
             QCOMPARE(malformed.count(), 1);
-            QVERIFY2(bench.core.calls.size() + bench.actions.calls.size() == 1, info.name);
+            QVERIFY2(bench.calls().size() == 1, info.name);
         }
     }
 

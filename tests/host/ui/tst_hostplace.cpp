@@ -94,7 +94,7 @@ private slots:
         const Rows<QString, int> row{"user", "people"};
         row("no uid", "somebody", 300);
         row("behind the last", "u000010", 10);
-        row("of no company", "x000012", 300);
+        row("of no company", "x000020", 300);
     }
     void nobodyIsRefused()
     {

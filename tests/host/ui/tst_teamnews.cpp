@@ -23,7 +23,7 @@
 
 namespace {
 
-const QByteArray Events = TeamEvents::path().toLatin1();
+const QByteArray Events = ServiceEvents::path().toLatin1();
 const char Approval[] = "/center/company/teamApproval.do";
 
 FakeReply news(int next, const QByteArray &events = "[]")
@@ -58,6 +58,7 @@ struct Bench
     Notices notices;
     QVector<QPair<QString, QString>> told; // ids and data of the events for the plug-in
     std::unique_ptr<WebServices> services;
+    ServiceEvents events;
     std::unique_ptr<TeamNews> teamNews;
 
     Bench()
@@ -79,8 +80,9 @@ struct Bench
         options.named.address = server.url(QString()).toString();
         options.named.password = QStringLiteral("secret");
         services = std::make_unique<WebServices>(&context, options);
-        teamNews = std::make_unique<TeamNews>(
-            TeamNews::Parts{services.get(), &core, &bus, &webLog, &notices});
+        teamNews =
+            std::make_unique<TeamNews>(TeamNews::Parts{&events, &core, &bus, &webLog, &notices});
+        events.follow(services.get(), &core);
     }
     QByteArray lastForm(const QByteArray &path) const
     {
@@ -94,6 +96,7 @@ struct Bench
     ~Bench()
     {
         teamNews.reset();
+        events.stop();
         services.reset();
         context.setWebLog(nullptr);
         context.shutDown();

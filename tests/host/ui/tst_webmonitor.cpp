@@ -2,7 +2,7 @@
 #include "host/eventmonitor/webmask.h"
 #include "host/eventmonitor/webmonitor.h"
 #include "host/eventmonitor/webrequestmodel.h"
-#include "host/teamevents.h"
+#include "host/serviceevents.h"
 #include "host/weblog.h"
 #include "tests/support/testrunner.h"
 
@@ -145,8 +145,9 @@ private slots:
     {
         WebLog log;
         WebMonitor monitor(&log);
-        emit log.recorded(request(QStringLiteral("https://127.0.0.1:1") + TeamEvents::path()));
-        emit log.recorded(request(QStringLiteral("https://127.0.0.1:1") + TeamEvents::path(), 500));
+        emit log.recorded(request(QStringLiteral("https://127.0.0.1:1") + ServiceEvents::path()));
+        emit log.recorded(
+            request(QStringLiteral("https://127.0.0.1:1") + ServiceEvents::path(), 500));
         monitor.model()->flush();
         QCOMPARE(monitor.model()->rowCount(), 1);
     }

@@ -50,7 +50,7 @@ struct WindowBench
     {
         core.people = {person(QStringLiteral("u1"), QString::fromUtf8("李雷")),
                        person(QStringLiteral("u2"), hostile())};
-        installRequestHandlers(bus, core, *window.windows());
+        installRequestHandlers(bus, {&core, window.windows()});
     }
     ~WindowBench() { context.shutDown(); }
 

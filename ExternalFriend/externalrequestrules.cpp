@@ -1,0 +1,22 @@
+#include "ExternalFriend/externalrequestrules.h"
+
+#include <QtGlobal>
+
+namespace ExternalRequest {
+
+bool isExpired(int action, int code)
+{
+    return action == Confirmation && code == Expired;
+}
+
+const char *failureKey(int action, int code)
+{
+    if (code == OwnLimit && action != Blacklist)
+        return QT_TRANSLATE_NOOP("QObject", "addOutsideFriendslimited");
+    if (code == OtherLimit && action != Blacklist)
+        return QT_TRANSLATE_NOOP("QObject", "addOutsideFriendslimited2");
+    return action == Request ? QT_TRANSLATE_NOOP("QObject", "failaddfrd")
+                             : QT_TRANSLATE_NOOP("QObject", "addfailreadd");
+}
+
+} // namespace ExternalRequest
