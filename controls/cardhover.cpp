@@ -1,8 +1,8 @@
 #include "controls/cardhover.h"
 
-#include "controls/rowview.h"
 #include "plugin/paneactions.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QKeyEvent>
 
@@ -26,6 +26,7 @@ CardHover::CardHover()
 
 void CardHover::settle()
 {
+    m_hasCaughtUp = false;
     const qint64 due = m_states.due();
     if (due < 0)
         m_timer.stop();
@@ -38,13 +39,20 @@ void CardHover::settle()
         else
             qApp->removeEventFilter(this);
     }
-    const RowView *list = m_states.shown().isEmpty() ? nullptr : m_shown.list;
+    const QAbstractItemView *list = m_states.shown().isEmpty() ? nullptr : m_shown.list;
     if (list != std::exchange(m_listOfCard, list))
         emit cardChanged();
 }
 
 void CardHover::step()
 {
+    // When everything has stood still for a while, the pointer may be elsewhere by now:
+    // what it did is waiting and comes first.
+    const qint64 due = m_states.due();
+    if (due >= 0 && due <= now() && !std::exchange(m_hasCaughtUp, true)) {
+        m_timer.start(0);
+        return;
+    }
     if (m_states.advance(now())) {
         if (m_states.shown().isEmpty()) {
             if (PaneActions *actions = paneActions())
@@ -56,12 +64,12 @@ void CardHover::step()
     settle();
 }
 
+// A button that is pressed has ended the rest.
 bool CardHover::mayOpen() const
 {
-    const RowView *list = m_rested.list;
+    const QAbstractItemView *list = m_rested.list;
     return list && m_rested.row.isValid() && list->isVisible() && list->isActiveWindow() &&
-           QApplication::mouseButtons() == Qt::NoButton && !QApplication::activePopupWidget() &&
-           !QApplication::activeModalWidget();
+           !QApplication::activePopupWidget() && !QApplication::activeModalWidget();
 }
 
 void CardHover::open()
@@ -72,7 +80,7 @@ void CardHover::open()
     }
     m_shown = m_rested;
     m_anchor = m_shown.list->window();
-    m_shown.list->showCard(m_shown.row);
+    emit cardWanted(m_shown.list, m_shown.row);
 }
 
 void CardHover::close()
@@ -89,7 +97,7 @@ void CardHover::close()
 
 // --- Of the lists --------------------------------------------------------------------
 
-void CardHover::pointerOn(RowView *list, const QModelIndex &row, const QString &jid)
+void CardHover::pointerOn(QAbstractItemView *list, const QModelIndex &row, const QString &jid)
 {
     if (jid.isEmpty() && m_rested.list != list)
         return; // another list's row by now
@@ -108,13 +116,13 @@ void CardHover::pointerOn(RowView *list, const QModelIndex &row, const QString &
     settle();
 }
 
-void CardHover::cancel(const RowView *list)
+void CardHover::cancel(const QAbstractItemView *list)
 {
     if (m_states.state() != HoverStates::Closed && (m_rested.list == list || m_shown.list == list))
         close();
 }
 
-bool CardHover::isCardOf(const RowView *list) const
+bool CardHover::isCardOf(const QAbstractItemView *list) const
 {
     return !m_states.shown().isEmpty() && m_shown.list == list;
 }

@@ -11,8 +11,8 @@
 #include <QPointer>
 #include <QTimer>
 
+class QAbstractItemView;
 class QWidget;
-class RowView;
 
 class CardHover : public QObject
 {
@@ -22,14 +22,16 @@ public:
     static CardHover &instance();
 
     HoverStates::State state() const { return m_states.state(); }
+    // In place of HoverStates' own, in milliseconds; nothing may be open or rested on.
+    void setTimes(int rest, int grace) { m_states = HoverStates(rest, grace); }
 
     // --- Of the lists ---------------------------------------------------------------
     // The pointer is on the row of this person; an empty jid: on nobody's.
-    void pointerOn(RowView *list, const QModelIndex &row, const QString &jid);
+    void pointerOn(QAbstractItemView *list, const QModelIndex &row, const QString &jid);
     // Pressed, scrolled, hidden: the card closes, and the rest that went on leads to none.
-    void cancel(const RowView *list);
+    void cancel(const QAbstractItemView *list);
     // Whether the card that is open tells of a row of this list.
-    bool isCardOf(const RowView *list) const;
+    bool isCardOf(const QAbstractItemView *list) const;
 
     // --- Of the card ----------------------------------------------------------------
     // It is open, whether or not a rest was before it. Not owned.
@@ -40,6 +42,8 @@ public:
     void rowLeft(const QString &jid);
 
 signals:
+    // The rest on this row is over: its list is to show the card.
+    void cardWanted(QAbstractItemView *list, const QModelIndex &row);
     void cardChanged(); // isCardOf() may have another answer
 
 protected:
@@ -48,7 +52,7 @@ protected:
 private:
     struct Place
     {
-        QPointer<RowView> list; // null: none of ours
+        QPointer<QAbstractItemView> list; // null: none of ours
         QPersistentModelIndex row;
     };
 
@@ -75,6 +79,7 @@ private:
     Place m_shown;
     QPointer<QWidget> m_anchor; // the window beside whose row the card is
     QPointer<QWidget> m_card;
-    const RowView *m_listOfCard = nullptr; // only to be compared
+    const QAbstractItemView *m_listOfCard = nullptr; // only to be compared
     bool m_filters = false;
+    bool m_hasCaughtUp = false; // with what happened until the step that is due
 };

@@ -14,7 +14,7 @@ void HoverStates::setRow(const QString &jid, qint64 now)
     if (jid == m_row)
         return;
     m_row = jid;
-    m_openDue = jid.isEmpty() || jid == m_shown ? Never : now + RestTime;
+    m_openDue = jid.isEmpty() || jid == m_shown ? Never : now + m_restTime;
     update(now);
 }
 
@@ -57,7 +57,7 @@ void HoverStates::update(qint64 now)
     if (stays)
         m_closeDue = Never;
     else if (m_closeDue == Never)
-        m_closeDue = now + GraceTime;
+        m_closeDue = now + m_graceTime;
 }
 
 qint64 HoverStates::due() const

@@ -18,6 +18,11 @@ public:
     static constexpr int RestTime = 500;  // ms
     static constexpr int GraceTime = 300; // ms; enough to get from the row to the card
 
+    explicit HoverStates(int restTime = RestTime, int graceTime = GraceTime)
+        : m_restTime(restTime), m_graceTime(graceTime)
+    {
+    }
+
     State state() const;
     const QString &row() const { return m_row; }     // whose row the pointer is on
     const QString &shown() const { return m_shown; } // whose card is open
@@ -44,6 +49,8 @@ private:
 
     static constexpr qint64 Never = -1;
 
+    int m_restTime;
+    int m_graceTime;
     QString m_row;
     QString m_shown;
     bool m_onCard = false;

@@ -60,6 +60,11 @@ RowView::RowView(QAbstractItemModel *model, int nameRole, QWidget *parent)
             QOverload<>::of(&QWidget::update));
     CardHover *hover = &CardHover::instance();
     connect(hover, &CardHover::cardChanged, this, &RowView::updateHold);
+    connect(hover, &CardHover::cardWanted, this,
+            [this](const QAbstractItemView *list, const QModelIndex &row) {
+                if (list == this)
+                    showCard(row);
+            });
     connect(this, &QTreeView::collapsed, this, [this, hover] { hover->cancel(this); });
 }
 

@@ -46,6 +46,11 @@ CSignManager::CSignManager()
             [this](const QString &jid) { m_asked.remove(jid); });
 }
 
+CSignEx *CSignManager::card() const
+{
+    return m_card;
+}
+
 // --- Showing ----------------------------------------------------------------------
 
 void CSignManager::makeCard()

@@ -31,7 +31,7 @@ public:
     void hideCard(const QString &jid);
 
     const QString &jid() const { return m_jid; } // empty: no card is open
-    CSignEx *card() const { return m_card; }     // null: none was needed yet
+    CSignEx *card() const;                       // null: none was needed yet
 
 public slots:
     void slot_enter();

@@ -65,11 +65,7 @@ struct Fixture
     QStandardItemModel people;
     PeopleList list{&people};
 
-    ~Fixture()
-    {
-        list.release(0); // the application counts the buttons
-        CardHover::instance().cardHidden();
-    }
+    ~Fixture() { CardHover::instance().cardHidden(); }
     HoverStates::State state() const { return CardHover::instance().state(); }
     // What was asked for last, with the person it was asked for.
     QString last() const
@@ -96,6 +92,12 @@ class TstHoverList : public QObject
     Q_OBJECT
 
 private slots:
+    void initTestCase() { CardHover::instance().setTimes(60, 60); }
+    void cleanupTestCase()
+    {
+        CardHover::instance().setTimes(HoverStates::RestTime, HoverStates::GraceTime);
+    }
+
     void opensBesideTheRow()
     {
         Fixture f;
