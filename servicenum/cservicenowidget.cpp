@@ -9,6 +9,7 @@
 #include "plugin/frienduisignalsender.h"
 #include "servicenum/addserviceentry.h"
 #include "servicenum/cservicenotable.h"
+#include "servicenum/cservicenuminfomanager.h"
 #include "servicenum/cservicenumsearch.h"
 #include "servicenum/servicecommands.h"
 #include "servicenum/servicenumbers.h"
@@ -69,7 +70,8 @@ void CServiceNoWidget::connectParts()
             [] { CServiceNumSearch::showSearch(); });
     connect(m_list, &CServiceNoTable::signal_showServiceNumInfo, this,
             &Page::signal_showServiceNumInfo);
-    connect(this, &Page::signal_showServiceNumInfo, this, &ServiceCommands::openDetail);
+    connect(this, &Page::signal_showServiceNumInfo, CServiceNumInfoManager::instance(),
+            &CServiceNumInfoManager::showServiceNumInfo);
     connect(m_list, &CServiceNoTable::signal_unsubscribeServiceNum, this,
             [this](const QString &code) { ServiceCommands::unsubscribe(code, window()); });
     connect(m_filter, &QLineEdit::textChanged, this, &Page::filter);
