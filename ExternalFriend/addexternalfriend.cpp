@@ -26,6 +26,7 @@ namespace {
 
 constexpr int WindowWidth = 400; // device-independent pixels, as all below
 constexpr int Edge = 20;
+constexpr int HintTime = 4000; // ms
 
 bool isContact(const QString &jid)
 {
@@ -116,6 +117,8 @@ void AddExternalFriend::buildBody()
             return slot_sendReq();
         case ExternalButtons::Accept:
             return slot_confirmReq();
+        case ExternalButtons::Close:
+            return slot_close();
         }
     });
 }
@@ -282,7 +285,9 @@ void AddExternalFriend::showState()
     else if (m_state == Asked)
         shown = Buttons::Mail | Buttons::Chat | Buttons::Blacklist | Buttons::Accept;
     else if (m_state == Added)
-        shown = Buttons::Mail | Buttons::Chat;
+        shown = Buttons::Mail | Buttons::Chat | Buttons::Close;
+    else
+        shown = Buttons::Close;
     shown.setFlag(Buttons::Mail,
                   shown.testFlag(Buttons::Mail) && ctx().hasRight(ApplicationContext::Mail));
     shown.setFlag(Buttons::Chat,
@@ -462,6 +467,8 @@ void AddExternalFriend::slot_ValidationChanged()
         return;
     }
     LOG_DEBUG("length > maxLength");
+    if (!m_said.text) // what has happened is more important
+        m_tip->tell(QObject::tr("validationLimit"), TipLabel::Information, HintTime);
     edit->cutExcess(); // and this runs again
 }
 

@@ -2,6 +2,7 @@
 
 #include "controls/avatarstore.h"
 #include "controls/elidedlabel.h"
+#include "controls/outsidemark.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
@@ -142,14 +143,13 @@ void ExternalPersonHeader::dress(const SysUIData &skin)
     dressNameLabel(m_name, skin);
     dressTextLabel(m_company, skin);
     m_companyPart->setStyleSheet(companySheet());
-    m_mark->setPixmap(loadPicture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
-                                  MarkSize, devicePixelRatioF()));
+    m_mark->setPixmap(outsideMark(MarkSize, devicePixelRatioF()));
 }
 
 void ExternalPersonHeader::retranslate()
 {
-    m_mark->setToolTip(QObject::tr("outsidefrd"));
-    m_mark->setAccessibleName(QObject::tr("outsidefrd"));
+    m_mark->setToolTip(outsideText());
+    m_mark->setAccessibleName(outsideText());
 }
 
 // --- The validation text ---------------------------------------------------------
@@ -211,7 +211,8 @@ ExternalButtons::ExternalButtons(QWidget *parent)
       m_chat(make(Chat, "btnChat", SkinButton::Outline, "Resources/images/icon/glyph_chat.png")),
       m_blacklist(make(Blacklist, "btnBlackList", SkinButton::Outline)),
       m_send(make(Send, "btnSend", SkinButton::Primary)),
-      m_accept(make(Accept, "btnConfirm", SkinButton::Primary))
+      m_accept(make(Accept, "btnConfirm", SkinButton::Primary)),
+      m_close(make(Close, "btnDone", SkinButton::Outline))
 {
     m_blacklist->setText(QString::fromUtf8("加入黑名单"));
     auto *layout = new QHBoxLayout(this);
@@ -220,7 +221,7 @@ ExternalButtons::ExternalButtons(QWidget *parent)
     layout->addWidget(m_mail);
     layout->addWidget(m_chat);
     layout->addStretch(1);
-    for (SkinButton *button : {m_blacklist, m_send, m_accept})
+    for (SkinButton *button : {m_blacklist, m_send, m_accept, m_close})
         layout->addWidget(button);
     retranslate();
 }
@@ -241,6 +242,7 @@ void ExternalButtons::show(Buttons buttons)
     m_blacklist->setVisible(buttons.testFlag(Blacklist));
     m_send->setVisible(buttons.testFlag(Send));
     m_accept->setVisible(buttons.testFlag(Accept));
+    m_close->setVisible(buttons.testFlag(Close));
 }
 
 void ExternalButtons::setRequestsEnabled(bool enabled)
@@ -256,11 +258,12 @@ void ExternalButtons::retranslate()
     m_chat->setText(QObject::tr("openChat"));
     m_send->setText(QObject::tr("sendOutsideRequest"));
     m_accept->setText(QObject::tr("outfrdaccept"));
+    m_close->setText(QObject::tr("close"));
 }
 
 void ExternalButtons::takeFocus()
 {
-    for (SkinButton *button : {m_accept, m_send, m_chat, m_mail}) {
+    for (SkinButton *button : {m_accept, m_send, m_chat, m_close}) {
         if (!button->isVisibleTo(this))
             continue;
         button->setFocus();

@@ -80,7 +80,8 @@ public:
         Chat = 2,
         Blacklist = 4,
         Send = 8,
-        Accept = 16
+        Accept = 16,
+        Close = 32
     };
     Q_DECLARE_FLAGS(Buttons, Button)
     void show(Buttons buttons);
@@ -100,6 +101,7 @@ private:
     SkinButton *m_blacklist;
     SkinButton *m_send;
     SkinButton *m_accept;
+    SkinButton *m_close;
 };
 
 Q_DECLARE_OPERATORS_FOR_FLAGS(ExternalButtons::Buttons)

@@ -43,10 +43,8 @@ void FriendTreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
         row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_cooperate.png"),
                                     RowPainter::MarkSize, ratio));
     }
-    if (index.data(FriendTreeRole::Kind).toInt() == ExternalContactRow) {
-        row.markAtRight(loadPicture(QStringLiteral("Resources/images/icon/ic_outsideFrd.png"),
-                                    RowPainter::MarkSize, ratio));
-    }
+    if (index.data(FriendTreeRole::Kind).toInt() == ExternalContactRow)
+        row.outside();
     QVector<RowPainter::Piece> second;
     for (const int role : {FriendTreeRole::Company, FriendTreeRole::Sign}) {
         const QString text = ::displayText(index.data(role).toString());

@@ -2,6 +2,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "contacts/friendtreemodel.h"
+#include "controls/outsidemark.h"
 #include "controls/presencetext.h"
 
 #include <QTimer>
@@ -131,7 +132,7 @@ QStringList FriendTreeModel::externalTexts(const Contact &contact) const
 {
     QStringList texts;
     if (m_contactKind == ExternalContactRow) {
-        texts.append(QObject::tr("outsidefrd"));
+        texts.append(outsideText());
         const QString company = companyOf(contact);
         if (!company.isEmpty())
             texts.append(company);

@@ -1,5 +1,6 @@
 #include "controls/avatarstore.h"
 
+#include "common/externalpeople.h"
 #include "common/postroutine.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
@@ -32,6 +33,27 @@ QColor colorOf(const QString &id)
                                     QColor(84, 98, 122),  QColor(150, 108, 0)};
     const QByteArray hash = QCryptographicHash::hash(id.toUtf8(), QCryptographicHash::Md5);
     return colors[quint8(hash.at(0)) % std::size(colors)];
+}
+
+// Somebody outside the company is told from colleagues also by the look of a generated
+// avatar: dark letters on a light ground with a rim, in a hue of its own.
+constexpr QRgb OutsideGround = 0xffffecd6;
+constexpr QRgb OutsideInk = 0xff824200;
+constexpr qreal RimShare = 0.05; // of the side
+
+void drawGround(QPainter *painter, const QRect &area, const QString &id, bool outside)
+{
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (!outside) {
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(colorOf(id));
+        painter->drawEllipse(area);
+        return;
+    }
+    const qreal rim = area.width() * RimShare;
+    painter->setPen(QPen(QColor(OutsideInk), rim));
+    painter->setBrush(QColor(OutsideGround));
+    painter->drawEllipse(QRectF(area).adjusted(rim / 2, rim / 2, -rim / 2, -rim / 2));
 }
 
 bool isChinese(QChar c)
@@ -227,18 +249,16 @@ QString AvatarStore::monogram(const QString &name)
 QPixmap AvatarStore::generated(const QString &id, const QString &name, const Form &form)
 {
     const QString letters = monogram(name);
-    const QString key = QLatin1Char('\1') + id + QLatin1Char('\1') + letters;
+    const bool outside = isExternal(id);
+    const QString key = QLatin1Char(outside ? '\2' : '\1') + id + QLatin1Char('\1') + letters;
     if (const Picture *known = find(key, form))
         return known->pixmap;
     const int pixels = qCeil(form.size * form.pixelRatio);
     QPixmap pixmap(pixels, pixels);
     pixmap.fill(Qt::transparent);
     QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(colorOf(id));
-    painter.drawEllipse(pixmap.rect());
-    painter.setPen(Qt::white);
+    drawGround(&painter, pixmap.rect(), id, outside);
+    painter.setPen(outside ? QColor(OutsideInk) : QColor(Qt::white));
     painter.setFont(skinFont(qMax(1, pixels * 2 / 5)));
     painter.drawText(pixmap.rect(), Qt::AlignCenter, letters);
     painter.end();

@@ -1,5 +1,6 @@
 #include "controls/rowpainter.h"
 
+#include "controls/outsidemark.h"
 #include "controls/pictures.h"
 #include "controls/skin.h"
 
@@ -155,6 +156,16 @@ void RowPainter::markAtRight(const QPixmap &glyph)
                MarkSize, MarkSize);
     m_painter->drawPixmap(QStyle::visualRect(m_option.direction, m_option.rect, area), glyph);
     m_left.setRight(m_left.right() - MarkSize - Gap / 2);
+}
+
+void RowPainter::outside()
+{
+    markAtRight(outsideMark(MarkSize, m_painter->device()->devicePixelRatioF()));
+}
+
+void RowPainter::outsideInFirstLine()
+{
+    markInFirstLine(outsideMark(SmallMarkSize, m_painter->device()->devicePixelRatioF()));
 }
 
 void RowPainter::overlay(const QPixmap &glyph)

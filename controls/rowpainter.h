@@ -46,6 +46,12 @@ public:
     // A mark at the right of what is left of the row.
     void markAtRight(const QPixmap &glyph);
 
+    // That the person is none of the user's company, in every list alike: at the right of
+    // what is left of the row, or small at the right of the first of two lines. Rows tell
+    // it in words by outsideText().
+    void outside();
+    void outsideInFirstLine();
+
     // A small mark over the lower right of the avatar.
     void overlay(const QPixmap &glyph);
 

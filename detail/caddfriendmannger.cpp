@@ -2,6 +2,7 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "common/logging.h"
 #include "controls/panewindow.h"
 #include "controls/tipbox.h"
@@ -105,7 +106,8 @@ void CAddFriendMannger::policyReceived(const QString &userjid, const QString &us
     const QString jid = makeJid(userjid);
     AddFriend *open = dialog(jid);
     // Unlike a user who asks for it, a host that does is not told what cannot be.
-    if (!open && bNeedOpenDilog && isOnline() && !jid.isEmpty() && jid != ctx().ownJid()) {
+    const bool mayOpen = isOnline() && !jid.isEmpty() && jid != ctx().ownJid();
+    if (!open && bNeedOpenDilog && mayOpen && !isExternal(jid)) {
         if (m_dialogs.count() >= MaximumOpened) {
             LOG_ERROR("too many windows for adding contacts are open");
             return;

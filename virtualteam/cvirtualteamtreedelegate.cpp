@@ -2,6 +2,7 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "controls/avatarstore.h"
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
@@ -174,6 +175,8 @@ void CVirtualTeamTreeDelegate::paintMember(QPainter *painter, const QStyleOption
                faded);
     if (told.isValid())
         row.presence(presence);
+    if (isExternal(makeJid(uid)))
+        row.outside();
     row.texts(name, secondLine(index), faded);
 }
 

@@ -202,14 +202,18 @@ QVariant TeamSearchModel::data(const QModelIndex &index, int role) const
         return QVariant::fromValue(foundBeside(member));
     case TeamHitRole::MarkedName:
         return QVariant::fromValue(markedName(member));
-    case Qt::ToolTipRole:
-        return toolTipText(nameOf(member) + QLatin1Char('\n') + secondLine(hit));
+    case Qt::ToolTipRole: {
+        QStringList lines{nameOf(member), secondLine(hit), TeamTreeTexts::outside(member)};
+        lines.removeAll(QString());
+        return toolTipText(lines.join(QLatin1Char('\n')));
+    }
     case Qt::AccessibleTextRole: {
         QStringList spoken{nameOf(member)};
         if (isOnline())
             spoken.append(presenceText(presenceOf(member)));
-        return (spoken + QStringList{secondLine(hit), foundBeside(member).text})
-            .join(QStringLiteral(", "));
+        spoken.append({secondLine(hit), foundBeside(member).text, TeamTreeTexts::outside(member)});
+        spoken.removeAll(QString());
+        return spoken.join(QStringLiteral(", "));
     }
     default:
         return TeamTreeTexts::person(member, role);

@@ -1,6 +1,8 @@
 #include "virtualteam/teamtreetexts.h"
 
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
+#include "controls/outsidemark.h"
 #include "controls/presencetext.h"
 #include "virtualteam/companynames.h"
 
@@ -19,6 +21,11 @@ QString TeamTreeTexts::countText(int members)
 QString TeamTreeTexts::foreignCompany(const CVirtualTeamMemberInfo &member)
 {
     return displayText(CompanyNames::instance().foreign(member));
+}
+
+QString TeamTreeTexts::outside(const CVirtualTeamMemberInfo &member)
+{
+    return isExternal(makeJid(member.userId)) ? outsideText() : QString();
 }
 
 QVariant TeamTreeTexts::person(const CVirtualTeamMemberInfo &record, int role)
@@ -49,14 +56,14 @@ QVariant TeamTreeTexts::member(const TeamTreeMember &member, int role)
     case TeamRowRole::Name:
         return displayText(record.shownName());
     case Qt::ToolTipRole: {
-        QStringList lines{record.shownName(), record.duty, foreignCompany(record)};
+        QStringList lines{record.shownName(), record.duty, foreignCompany(record), outside(record)};
         lines.removeAll(QString());
         return toolTipText(lines.join(QLatin1Char('\n')));
     }
     case Qt::AccessibleTextRole: {
-        QStringList parts{displayText(record.shownName()), roleText(record.role),
-                          displayText(record.duty), foreignCompany(record),
-                          presenceText(record.presence)};
+        QStringList parts{
+            displayText(record.shownName()), roleText(record.role), displayText(record.duty),
+            foreignCompany(record),          outside(record),       presenceText(record.presence)};
         parts.removeAll(QString());
         return parts.join(QStringLiteral(", "));
     }

@@ -17,6 +17,9 @@ QVariant placeholder(TeamRowKind kind, int role);
 QString roleText(int role);
 // Empty for an unknown number.
 QString countText(int members);
+// That the person is an external contact of the user's; empty for others. A colleague
+// of a partner company is none before the user has asked.
+QString outside(const CVirtualTeamMemberInfo &member);
 // The company of people of another one than the user's, once its name is known.
 QString foreignCompany(const CVirtualTeamMemberInfo &member);
 

@@ -2,6 +2,7 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "common/logging.h"
 #include "controls/avatarstore.h"
 #include "controls/rowpainter.h"
@@ -37,6 +38,8 @@ void VirtualTeamSearchResultDelegate::paint(QPainter *painter, const QStyleOptio
                faded);
     if (hasPresence)
         row.presence(presence);
+    if (isExternal(makeJid(uid)))
+        row.outside();
     row.textAtRight(index.data(TeamHitRole::Beside).value<MarkedText>());
     row.texts(index.data(TeamHitRole::MarkedName).value<MarkedText>(),
               index.data(TeamHitRole::Second).toString(), faded);

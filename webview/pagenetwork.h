@@ -49,7 +49,7 @@ private:
     QUrl m_page; // where it is by now
     State m_state = Waiting;
     QSet<QUrl> m_refused; // what a redirect may not lead to
-    int m_pages = 0; // begun so far
+    int m_pages = 0;      // begun so far
     int m_requests = 0;
     qint64 m_received = 0; // bytes
 };

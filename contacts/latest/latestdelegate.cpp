@@ -69,6 +69,8 @@ void LatestDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
     row.textAtRight(index.data(LatestRole::TimeText).toString());
     if (pinned)
         row.markInFirstLine(glyph("glyph_pin", ratio, quiet));
+    if (index.data(LatestRole::Outside).toBool())
+        row.outsideInFirstLine();
     row.badge(index.data(LatestRole::Unread).toInt());
     if (index.data(LatestRole::Cooperate).toBool())
         row.markInSecondLine(glyph("ic_cooperate", ratio, QColor()));

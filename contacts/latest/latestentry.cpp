@@ -2,6 +2,7 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "contacts/latest/latesttime.h"
 #include "controls/pictures.h"
 #include "messages/messagebody.h"
@@ -203,6 +204,7 @@ LatestEntry makeLatestEntry(const DBFriendData &row, const QDateTime &now)
             entry.row.onJob = contact.onJob;
         entry.presence = ctx().presence(row.jid);
         ctx().cooperates(row.jid, &entry.cooperates);
+        entry.outside = isExternal(row.jid);
     } else if (entry.kind == MessageData::Room && ctx().mucData(row.jid, &room)) {
         entry.forbidden = room.forbidden;
     }

@@ -17,6 +17,7 @@ struct LatestEntry
     PresenceData presence;
     bool knowsPresence = false; // of contacts
     bool cooperates = false;
+    bool outside = false;   // see isExternal()
     bool forbidden = false; // the user may not write in the room
     bool muted = false;
 };

@@ -4,6 +4,7 @@
 #include "contacts/latest/latestcontactstable.h"
 #include "contacts/latest/latestroles.h"
 #include "contacts/latest/latesttime.h"
+#include "controls/outsidemark.h"
 #include "controls/presencetext.h"
 
 LatestModel::LatestModel(QObject *parent)
@@ -42,6 +43,8 @@ QVariant LatestModel::data(const QModelIndex &index, int role) const
         return entry.knowsPresence || entry.presence.isOnline();
     case LatestRole::Cooperate:
         return entry.cooperates;
+    case LatestRole::Outside:
+        return entry.outside;
     case LatestRole::Content:
         return latestContentText(entry);
     case LatestRole::Time:
@@ -57,7 +60,9 @@ QVariant LatestModel::data(const QModelIndex &index, int role) const
     case LatestRole::Pinned:
         return entry.row.isTop != 0;
     case Qt::ToolTipRole:
-        return toolTipText(entry.row.displayName + QLatin1Char('\n') + entry.row.time);
+        return toolTipText(entry.row.displayName + QLatin1Char('\n') +
+                           (entry.outside ? outsideText() + QLatin1Char('\n') : QString()) +
+                           entry.row.time);
     case Qt::AccessibleTextRole:
         return accessibleText(entry);
     default:
@@ -75,6 +80,8 @@ void LatestModel::timeTextsChanged()
 QString LatestModel::accessibleText(const LatestEntry &entry) const
 {
     QStringList parts{entry.row.displayName};
+    if (entry.outside)
+        parts.append(outsideText());
     if (entry.knowsPresence || entry.presence.isOnline())
         parts.append(presenceText(entry.presence));
     if (entry.row.unread > 0)

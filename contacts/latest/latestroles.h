@@ -16,9 +16,10 @@ enum Role
     Kind = Qt::UserRole + 24,    // MessageData::Kind
     Muted = Qt::UserRole + 50,   // bool: the user may not write there
     MobilePresence = Qt::UserRole + 74,
-    Unread = Qt::UserRole + 80,       // number of messages
-    Pinned = Qt::UserRole + 84,       // bool
-    Cooperate = Qt::UserRole + 85,    // bool: a cooperating contact
-    ShowsPresence = Qt::UserRole + 86 // bool: a person whose presence is known
+    Unread = Qt::UserRole + 80,        // number of messages
+    Pinned = Qt::UserRole + 84,        // bool
+    Cooperate = Qt::UserRole + 85,     // bool: a cooperating contact
+    ShowsPresence = Qt::UserRole + 86, // bool: a person whose presence is known
+    Outside = Qt::UserRole + 87        // bool: somebody outside the company
 };
 } // namespace LatestRole

@@ -1,6 +1,7 @@
 // What the host tells of those who are listed: names, pictures, presence.
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "common/logging.h"
 #include "contacts/latest/latestlist.h"
 #include "contacts/latest/mylatestfriendwidget.h"
@@ -102,6 +103,7 @@ void MyLatestFriendWidget::updateContacts(const QList<FriendData> &contacts)
             person.knowsPresence = true;
             person.presence = ctx().presence(contact.jid);
             person.row.onJob = contact.onJob;
+            person.outside = isExternal(contact.jid);
         });
     }
 }
@@ -119,10 +121,11 @@ void MyLatestFriendWidget::slot_delFriend(QString friendJid)
 {
     LOG_SCOPE("MyLatestFriendWidget::slot_delFriend(QString friendJid)");
     // What was written stays; whether the person is there is nobody's business now.
-    m_list->change(friendJid, [](LatestEntry &entry) {
+    m_list->change(friendJid, [&friendJid](LatestEntry &entry) {
         entry.knowsPresence = false;
         entry.presence = PresenceData();
         entry.cooperates = false;
+        entry.outside = isExternal(friendJid);
     });
 }
 
@@ -181,5 +184,8 @@ void MyLatestFriendWidget::slot_notifyCooperate(QMap<QString, bool> mapCooperate
     LOG_SCOPE("MyLatestFriendWidget::slot_notifyCooperate(QMap<QString,bool> "
               "mapCooperateRelation)");
     for (auto at = mapCooperateRelation.cbegin(); at != mapCooperateRelation.cend(); ++at)
-        m_list->change(at.key(), [&at](LatestEntry &entry) { entry.cooperates = at.value(); });
+        m_list->change(at.key(), [&at](LatestEntry &entry) {
+            entry.cooperates = at.value();
+            entry.outside = entry.kind == MessageData::Person && isExternal(at.key());
+        });
 }

@@ -82,6 +82,7 @@ void MyLatestFriendWidget::connectHub()
     });
     connect(hub, &Hub::signal_clearFriend, this, &Page::clearContent);
     connect(hub, &Hub::signal_delFriend, this, &Page::slot_delFriend);
+    connect(hub, &Hub::signal_delOutsideFriend, this, &Page::slot_delFriend);
     connect(hub, &Hub::signal_FriendVcardInfo, this, &Page::slot_updateFriend);
     connect(hub, &Hub::signal_FriendFullVcardInfo, this, &Page::slot_updateFriend);
     connect(hub, &Hub::signal_notifyFriendRemarkName, this, &Page::slot_updateFriendRemarkName);

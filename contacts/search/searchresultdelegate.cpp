@@ -140,6 +140,8 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
                faded);
     if (shown.hasPresence)
         row.presence(shown.presence);
+    if (shown.isOutside)
+        row.outside();
     if (entry.kind == SearchEntry::ServiceNumber)
         row.verified();
     drawTexts(painter, option, row.rest(), shown, faded);

@@ -2,6 +2,8 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
+#include "controls/outsidemark.h"
 #include "controls/presencetext.h"
 #include "http/fileservices.h"
 
@@ -175,10 +177,14 @@ QVariant SearchResultModel::data(const QModelIndex &index, int role) const
         return line.text;
     }
     case Qt::ToolTipRole:
-        return toolTipText(data(index, SearchRole::Name).toString() + QLatin1Char('\n') +
-                           data(index, SearchRole::Second).toString());
+        return toolTipText(
+            data(index, SearchRole::Name).toString() + QLatin1Char('\n') +
+            (shown(index.row()).isOutside ? outsideText() + QLatin1Char('\n') : QString()) +
+            data(index, SearchRole::Second).toString());
     case Qt::AccessibleTextRole: {
         QStringList parts{shown(index.row()).name.text};
+        if (shown(index.row()).isOutside)
+            parts.append(outsideText());
         if (shown(index.row()).hasPresence)
             parts.append(presenceText(shown(index.row()).presence));
         parts.append(data(index, SearchRole::Second).toString());
@@ -350,6 +356,7 @@ void SearchResultModel::addPerson(const SearchResult &result, Shown *shown) cons
     VcardInfo profile;
     ctx().vcard(result.entry.id, &profile);
     shown->place = place(result, profile);
+    shown->isOutside = isExternal(result.entry.id);
     const QString photo = result.photoName.isEmpty() ? profile.photoName : result.photoName;
     shown->picture = PictureFiles::instance().ofPerson(result.entry.id, photo);
     if (!isOnline())

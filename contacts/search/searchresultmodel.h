@@ -38,6 +38,7 @@ public:
         QString picture;   // local file of a person or room, or empty
         PresenceData presence;
         bool hasPresence = false; // whether it is known
+        bool isOutside = false;   // the company
     };
 
     // `index` names the departments; not owned.

@@ -1,4 +1,5 @@
 #include "controls/avatarstore.h"
+#include "tests/support/fakehost.h"
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
 
@@ -222,6 +223,26 @@ private slots:
         for (int i = 1; i < 80; ++i) // 256 KiB each
             generated(i);
         QVERIFY(generated(0) != first);
+    }
+
+    // Who is no colleague is told from one without a look at the mark, and at once.
+    void outsideTheCompany()
+    {
+        FakeHost host;
+        const QString jid = QStringLiteral("eve@other.example");
+        const auto avatar = [&] {
+            return AvatarStore::instance()
+                .avatar(QString(), jid, QStringLiteral("Eve"), 32, 1)
+                .toImage();
+        };
+        const QImage colleague = avatar();
+        host.context.cooperation.insert(jid, false);
+        const QImage outside = avatar();
+        const QPoint ground(6, 16); // beside the letters
+        QVERIFY(colleague.pixelColor(ground).lightness() < 160);
+        QVERIFY(outside.pixelColor(ground).lightness() > 200);
+        host.context.cooperation.clear();
+        QCOMPARE(avatar(), colleague);
     }
 
     void monograms_data()

@@ -82,6 +82,7 @@ private slots:
         auto *edit = window->findChild<ValidationEdit *>();
         edit->setPlainText(QString(11, QChar(0x4E2D))); // two each, of 20
         QCOMPARE(edit->toPlainText().size(), 10);
+        QCOMPARE(f.status(window), QStringLiteral("validationLimit"));
         f.click(window, "btnSend");
         QCOMPARE((f.host.arguments<QString, QString, QString>(Outbound::AddExternalContact)),
                  std::make_tuple(f.eve(), QString(10, QChar(0x4E2D)), QStringLiteral("pc")));
@@ -202,6 +203,17 @@ private slots:
         QCOMPARE(spy.at(0), (QVariantList{f.eve(), action, true, 0}));
         QTEST(f.status(window), "status");
         QTEST(f.buttons(window), "buttons");
+    }
+
+    void tipFades()
+    {
+        TipLabel tip;
+        tip.show();
+        tip.tell(QStringLiteral("<b>x</b>"), TipLabel::Warning, 1);
+        QCOMPARE(tip.accessibleName(), QStringLiteral("<b>x</b>"));
+        QTRY_VERIFY(!tip.isVisible() && tip.text().isEmpty());
+        tip.tell(QStringLiteral("stays"), TipLabel::Success);
+        QVERIFY(tip.isVisible() && tip.text() == QLatin1String("stays"));
     }
 
     void chatAndMailAreTheHosts()

@@ -174,6 +174,25 @@ private slots:
         QTRY_COMPARE(shown(), int(PresenceData::Offline));
     }
 
+    // Who is no colleague is marked, from the hour when the host says so.
+    void outsideTheCompany()
+    {
+        m_page->receive(anna.jid, QStringLiteral("x"), QStringLiteral("5 10:00"));
+        const auto isMarked = [this] { return m_page->of(anna.jid, LatestRole::Outside).toBool(); };
+        QTRY_VERIFY(m_page->model()->indexOf(anna.jid).isValid() && !isMarked());
+        anna.outside = 1;
+        m_page->host.context.addContact(anna);
+        FakeHost::send(Inbound::ContactAdded, anna.jid);
+        QTRY_VERIFY(isMarked());
+        for (const int role : {Qt::ToolTipRole, Qt::AccessibleTextRole})
+            QVERIFY(m_page->of(anna.jid, role).toString().contains(QStringLiteral("outsidefrd")));
+        m_page->make();
+        QTRY_VERIFY(isMarked());
+        m_page->host.context.contacts.clear();
+        FakeHost::send(Inbound::ContactRemoved, anna.jid, false);
+        QTRY_VERIFY(!isMarked());
+    }
+
     void pictures()
     {
         MessageData news = m_page->message(LatestFixture::jid(QStringLiteral("news")),

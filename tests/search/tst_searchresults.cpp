@@ -77,6 +77,26 @@ private slots:
         QCOMPARE(model.second(1), QStringLiteral("E2"));
     }
 
+    void outsideTheCompany()
+    {
+        FakeHost host;
+        FriendData contact;
+        contact.jid = QStringLiteral("1");
+        contact.outside = 1;
+        host.context.addContact(contact);
+        const Model model(QStringLiteral("ann"),
+                          {person(contact.jid, QStringLiteral("Ann")),
+                           person(QStringLiteral("2"), QStringLiteral("Anna"))});
+        for (const int role : {Qt::ToolTipRole, Qt::AccessibleTextRole}) {
+            const auto isMarked = [&](int row) {
+                return model->index(row).data(role).toString().contains(
+                    QStringLiteral("outsidefrd"));
+            };
+            QVERIFY(isMarked(0) && !isMarked(1));
+        }
+        QVERIFY(model->shown(0).isOutside && !model->shown(1).isOutside);
+    }
+
     void placeInTheCompany()
     {
         FakeHost host;

@@ -18,7 +18,8 @@ MemberPlace placeByRoleAndName(const CVirtualTeamMemberInfo &member)
 // What tells people of one nick name apart.
 QString whoIs(const CVirtualTeamMemberInfo &member)
 {
-    QStringList lines{member.shownName(), member.name, member.userId};
+    QStringList lines{member.shownName(), member.name, member.userId,
+                      TeamTreeTexts::outside(member)};
     lines.removeAll(QString());
     lines.removeDuplicates();
     return lines.join(QLatin1Char('\n'));
@@ -26,9 +27,9 @@ QString whoIs(const CVirtualTeamMemberInfo &member)
 
 QString spokenText(const MemberChoice &choice)
 {
-    QStringList parts{::displayText(choice.member.shownName()),
-                      TeamTreeTexts::roleText(choice.member.role),
-                      TeamTreeTexts::foreignCompany(choice.member)};
+    QStringList parts{
+        ::displayText(choice.member.shownName()), TeamTreeTexts::roleText(choice.member.role),
+        TeamTreeTexts::foreignCompany(choice.member), TeamTreeTexts::outside(choice.member)};
     parts.removeAll(QString());
     return parts.join(QStringLiteral(", "));
 }

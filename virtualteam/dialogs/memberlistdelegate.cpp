@@ -1,6 +1,7 @@
 #include "virtualteam/dialogs/memberlistdelegate.h"
 
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "controls/avatarstore.h"
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
@@ -62,6 +63,8 @@ void MemberListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
         false);
     if (m_kind == Removable)
         row.markAtRight(cross(option, ratio));
+    if (isExternal(makeJid(uid)))
+        row.outside();
     row.texts(name, index.data(TeamRowRole::Company).toString(), false);
     painter->restore();
 }

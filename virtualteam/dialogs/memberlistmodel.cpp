@@ -29,6 +29,13 @@ QString originOf(const CVirtualTeamMemberInfo &member)
     return parts.join(QString::fromUtf8(" · "));
 }
 
+QStringList whoIs(const CVirtualTeamMemberInfo &member)
+{
+    QStringList parts{nameOf(member), originOf(member), TeamTreeTexts::outside(member)};
+    parts.removeAll(QString());
+    return parts;
+}
+
 } // namespace
 
 void MemberListModel::setMembers(const QList<CVirtualTeamMemberInfo> &members)
@@ -78,11 +85,9 @@ QVariant MemberListModel::data(const QModelIndex &index, int role) const
     case TeamRowRole::SortKey:
         return at(index.row()).arrival;
     case Qt::ToolTipRole:
-        return toolTipText(nameOf(member) + QLatin1Char('\n') + originOf(member));
-    case Qt::AccessibleTextRole: {
-        const QString origin = originOf(member);
-        return origin.isEmpty() ? nameOf(member) : nameOf(member) + QStringLiteral(", ") + origin;
-    }
+        return toolTipText(whoIs(member).join(QLatin1Char('\n')));
+    case Qt::AccessibleTextRole:
+        return whoIs(member).join(QStringLiteral(", "));
     default:
         return TeamTreeTexts::person(member, role);
     }
