@@ -9,12 +9,15 @@
 #include "plugin/frienduisignalsender.h"
 #include "servicenum/addserviceentry.h"
 #include "servicenum/cservicenotable.h"
+#include "servicenum/cservicenuminfomanager.h"
 #include "servicenum/cservicenumsearch.h"
 #include "servicenum/servicecommands.h"
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicenummodel.h"
 
+#include <QApplication>
 #include <QEvent>
+#include <QTimer>
 #include <QVBoxLayout>
 
 CServiceNoWidget::CServiceNoWidget(QWidget *parent)
@@ -69,7 +72,8 @@ void CServiceNoWidget::connectParts()
             [] { CServiceNumSearch::showSearch(); });
     connect(m_list, &CServiceNoTable::signal_showServiceNumInfo, this,
             &Page::signal_showServiceNumInfo);
-    connect(this, &Page::signal_showServiceNumInfo, this, &ServiceCommands::openDetail);
+    connect(this, &Page::signal_showServiceNumInfo, CServiceNumInfoManager::instance(),
+            &CServiceNumInfoManager::showServiceNumInfo);
     connect(m_list, &CServiceNoTable::signal_unsubscribeServiceNum, this,
             [this](const QString &code) { ServiceCommands::unsubscribe(code, window()); });
     connect(m_filter, &QLineEdit::textChanged, this, &Page::filter);
@@ -120,6 +124,16 @@ void CServiceNoWidget::showEvent(QShowEvent *event)
     m_started = true;
     QWidget::showEvent(event);
     loadIfSeen();
+    QTimer::singleShot(0, this, &CServiceNoWidget::passFocus);
+}
+
+// Who comes by the keyboard, or from a page that stood in the place of the list, finds
+// the focus on the first button otherwise.
+void CServiceNoWidget::passFocus()
+{
+    const QWidget *focus = QApplication::focusWidget();
+    if (m_list->isVisible() && isAncestorOf(focus) && focus != m_filter)
+        m_list->setFocus(Qt::OtherFocusReason);
 }
 
 void CServiceNoWidget::loadIfSeen()
@@ -170,6 +184,7 @@ void CServiceNoWidget::showState()
     const int count = m_list->model()->recordCount();
     m_filter->setVisible(count >= FilterFrom || !m_filter->text().isEmpty());
     const bool isOffline = !isOnline() && state != ServiceNumbers::Ready;
+    const bool hadList = m_states->currentWidget() == m_listPage;
     if (count > 0)
         m_states->setCurrentWidget(m_listPage);
     else if (isOffline)
@@ -182,6 +197,8 @@ void CServiceNoWidget::showState()
                            "addService");
     else
         m_states->showPage("loading", "Resources/images/SearchFriend/qora_Loading.gif");
+    if (!hadList)
+        passFocus();
 
     if (!m_refused.isEmpty())
         m_notice->say("cancelSubscribeFailed");

@@ -38,6 +38,7 @@ private:
     void loadIfSeen();
     void follow(); // brings the rows in line with the subscriptions
     void tellRefused(const QString &code);
+    void passFocus();
     void filter();
     void leaveFilter();
     void showState();

@@ -5,6 +5,7 @@
 #include "controls/searchbox.h"
 #include "controls/statestack.h"
 #include "plugin/frienduisignalsender.h"
+#include "servicenum/cservicenuminfomanager.h"
 #include "servicenum/servicecommands.h"
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicenumfinder.h"
@@ -78,7 +79,8 @@ void CServiceNumSearch::connectList()
     };
     connect(m_box, &SearchBox::escapePressed, this, leave);
     connect(m_list, &FoundList::escapePressed, this, leave);
-    connect(m_list, &List::signal_showServiceNumInfo, this, &ServiceCommands::openDetail);
+    connect(m_list, &List::signal_showServiceNumInfo, CServiceNumInfoManager::instance(),
+            &CServiceNumInfoManager::showServiceNumInfo);
     const auto asking = [this](auto command) {
         return [this, command](const QString &code) {
             m_asked.insert(code);
@@ -141,7 +143,8 @@ void CServiceNumSearch::chooseFirst()
     const QModelIndex current = m_list->currentIndex();
     const QModelIndex row = current.isValid() ? current : m_list->model()->index(0);
     if (row.isValid())
-        ServiceCommands::openDetail(row.data(ServiceRole::Id).toString());
+        CServiceNumInfoManager::instance()->showServiceNumInfo(
+            row.data(ServiceRole::Id).toString());
 }
 
 void CServiceNumSearch::showState()

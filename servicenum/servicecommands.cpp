@@ -7,7 +7,6 @@
 #include "hostapi/hostrecords.h"
 #include "plugin/frienduieventprocess.h"
 #include "servicenum/cservicenohistory.h"
-#include "servicenum/cservicenuminfomanager.h"
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicetexts.h"
 
@@ -30,11 +29,6 @@ QString nameOf(const QString &code)
 }
 
 } // namespace
-
-void ServiceCommands::openDetail(const QString &code)
-{
-    CServiceNumInfoManager::instance()->showServiceNumInfo(code);
-}
 
 void ServiceCommands::openChat(const QString &code)
 {

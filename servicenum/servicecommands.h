@@ -9,7 +9,6 @@ class QWidget;
 
 namespace ServiceCommands {
 
-void openDetail(const QString &code);
 // The chat of a number that the user does not subscribe to is not opened.
 void openChat(const QString &code);
 void showHistory(const QString &code, QWidget *parent);

@@ -1,5 +1,6 @@
 #include "servicenum/servicemenu.h"
 
+#include "servicenum/cservicenuminfomanager.h"
 #include "servicenum/servicecommands.h"
 #include "servicenum/servicenumbers.h"
 
@@ -37,7 +38,7 @@ void ServiceMenu::select(QAction *chosen)
     if (chosen == action("serviceNoChat"))
         ServiceCommands::openChat(m_code);
     else if (chosen == action("serviceDetail"))
-        ServiceCommands::openDetail(m_code);
+        CServiceNumInfoManager::instance()->showServiceNumInfo(m_code);
     else if (chosen == action("showhistory"))
         ServiceCommands::showHistory(m_code, over);
     else if (chosen == action("subscribe"))
