@@ -173,10 +173,7 @@ private slots:
                                    })),
                  1);
         QCOMPARE(host.notices(), 1); // until it is answered
-        // In the module's window, which is about somebody of another company.
-        constexpr char Window[] = "AddExternalFriend";
-        QTRY_VERIFY(host.stage->openDialog(Window));
-        host.stage->press(Window, "btnConfirm");
+        host.ask(Outbound::ConfirmExternalContact, OutsiderJid, qint32(1), QStringLiteral("pc"));
         QTRY_VERIFY_WITH_TIMEOUT(host.told(Inbound::ContactAdded, OutsiderJid), WaitMs);
         QTRY_COMPARE_WITH_TIMEOUT(host.notices(), 0, WaitMs);
         QVERIFY(!entryOf(&outsider, User).isNull());
