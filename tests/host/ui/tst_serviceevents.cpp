@@ -88,6 +88,64 @@ private slots:
         QCOMPARE(bench.server.requests().at(2).body, QByteArray("since=9&waitSeconds=25"));
     }
 
+    void everyKindOfNewsIsTold()
+    {
+        Bench bench;
+        Listener listener;
+        QStringList told;
+        const auto note = [&told](const QString &text) { told.append(text); };
+        const ServiceEvents *events = &listener.events;
+        connect(events, &ServiceEvents::friendRequested, events, [&](const FriendRequest &each) {
+            note(QStringList{each.uid, each.name, each.companyName, each.reason, each.time}.join(
+                QLatin1Char('|')));
+        });
+        connect(events, &ServiceEvents::friendsWaiting, events,
+                [&](const QList<FriendRequest> &all) {
+                    note(QStringLiteral("waiting %1").arg(all.size()));
+                });
+        connect(
+            events, &ServiceEvents::pictureChanged, events,
+            [&](const QString &uid, const QString &name) { note(uid + QLatin1Char(' ') + name); });
+        connect(events, &ServiceEvents::friendsChanged, events,
+                [&] { note(QStringLiteral("friends")); });
+        connect(events, &ServiceEvents::subscriptionsChanged, events,
+                [&] { note(QStringLiteral("services")); });
+        bench.server.reply(
+            Events,
+            {news(1, R"([{"type":"friendRequest","member":"x1"}])"),
+             news(2, R"([{"type":"friendRequest","member":"x1","reason":"old"},)"
+                     R"({"type":"friendRequest","reason":"nobody"},{"type":"friends"},)"
+                     R"({"type":"friendRequest","member":"x1","name":"N","companyName":"C",)"
+                     R"("reason":"r","time":"t"},{"type":"services"},{"type":"friends"},)"
+                     R"({"type":"picture","member":"u3","photoName":"3.png"}])"),
+             news(2).onRelease()});
+        listener.events.start();
+        QTRY_COMPARE(told, (QStringList{QStringLiteral("waiting 1"), QStringLiteral("x1|N|C|r|t"),
+                                        QStringLiteral("u3 3.png"), QStringLiteral("friends"),
+                                        QStringLiteral("services")}));
+        QVERIFY(listener.changed.isEmpty() && listener.requested.isEmpty());
+    }
+
+    // What was asked before it was closed, and decided since, is not asked again.
+    void goesOnWhereAnotherProcessEnded()
+    {
+        Bench bench;
+        Listener listener;
+        QSignalSpy reached(&listener.events, &ServiceEvents::reached);
+        bench.server.replyElsewhere([](const FakeRequest &request) {
+            if (request.body.isEmpty())
+                return news(8);
+            if (request.body.startsWith("since=5&"))
+                return news(8, R"([{"type":"friendRequest","member":"x1"}])");
+            return news(8).onRelease();
+        });
+        listener.events.goOnFrom(5);
+        listener.events.start();
+        QTRY_COMPARE(listener.waiting.count(), 2);
+        QCOMPARE(reached.count(), 1);
+        QCOMPARE(reached.first().first().toLongLong(), 8);
+    }
+
     void goesOnWhereItWasStopped()
     {
         Bench bench;
