@@ -70,6 +70,13 @@ QString FileStore::adopt(const QString &uid, const QString &ending, const QStrin
 void FileStore::usePhoto(const QString &uid, const QString &name)
 {
     Transaction transaction(m_context.database);
+    {
+        // Clients name what they have just uploaded.
+        Statement row = transaction.prepare("SELECT 1 FROM portrait WHERE uid = ? AND name = ?");
+        row.bind(uid).bind(name);
+        if (row.next())
+            return;
+    }
     transaction.prepare("INSERT OR REPLACE INTO portrait (uid, name) VALUES (?, ?)")
         .bind(uid)
         .bind(name)

@@ -22,7 +22,8 @@ public:
                   const QByteArray &md5);
     // Whether it is a picture that the person has uploaded as the own one.
     bool isHeadOf(const QString &uid, const QString &name);
-    // From now on the person's picture, of which everybody is told; empty: there is none.
+    // From now on the person's picture, of which everybody is told when it is another
+    // one; empty: there is none.
     void usePhoto(const QString &uid, const QString &name);
     // The local file of a base name; empty: there is none. A person's picture is
     // or a service number's icon is drawn when it is asked for the first time.

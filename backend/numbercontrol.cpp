@@ -67,7 +67,8 @@ void addNumbers(const Json::Value &command, BackEndContext *context)
     const QString uid = textOf(command["subscriber"]);
     if (!uid.isEmpty() && !context->people.find(uid))
         throw BadCommand("unknown user");
-    context->numbers.setExtra(extra);
+    if (command.isMember("extra"))
+        context->numbers.setExtra(extra);
     Transaction transaction(context->database);
     if (!uid.isEmpty())
         Subscriptions(transaction, context->numbers, uid).subscribeToAll();

@@ -52,3 +52,20 @@ function(friendui_library name)
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}")
     target_link_libraries(${name} PUBLIC ${ARG_LINK} PRIVATE friendui_settings)
 endfunction()
+
+# friendui_module_options(NAME MAP)
+# A module that is loaded at run time and exports nothing but what the map names.
+function(friendui_module_options name map)
+    if(UNIX AND NOT APPLE)
+        target_link_options(${name} PRIVATE
+            "-Wl,--version-script=${map}" -Wl,-z,defs
+            $<$<CONFIG:Release>:-Wl,--gc-sections -Wl,-z,pack-relative-relocs -s>)
+        set_target_properties(${name} PROPERTIES LINK_DEPENDS "${map}")
+    endif()
+    if(FRIENDUI_SANITIZE)
+        # The sanitizer's runtime is in the executable, not in the module.
+        get_target_property(options ${name} LINK_OPTIONS)
+        list(REMOVE_ITEM options -Wl,-z,defs)
+        set_target_properties(${name} PROPERTIES LINK_OPTIONS "${options}")
+    endif()
+endfunction()

@@ -14,4 +14,8 @@ QString registryText(const QString &key, const QString &name);
 // path is no regular file or its permissions cannot be changed.
 bool restrictToOwner(const QString &file);
 
+// The folder that the module with this code was loaded from; the executable's where the
+// code is a part of that. No slash at its end.
+QString moduleFolder();
+
 } // namespace Platform

@@ -47,3 +47,17 @@ bool Platform::restrictToOwner(const QString &file)
     LocalFree(descriptor);
     return done;
 }
+
+QString Platform::moduleFolder()
+{
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS |
+                           GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       reinterpret_cast<LPCWSTR>(&Platform::moduleFolder), &module);
+    constexpr DWORD longest = 32768; // characters, of any path
+    QString path(int(longest), QLatin1Char('\0'));
+    const DWORD size =
+        GetModuleFileNameW(module, reinterpret_cast<wchar_t *>(path.data()), longest);
+    path.truncate(size < longest ? int(size) : 0);
+    return path.isEmpty() ? path : QFileInfo(QDir::fromNativeSeparators(path)).path();
+}

@@ -14,6 +14,7 @@
 #include "contacts/rooms/mucwidget.h"
 #include "detail/caddfriendmannger.h"
 #include "detail/cdetailviewmanager.h"
+#include "detail/csignmanager.h"
 #include "http/fileservices.h"
 #include "http/httpmgr.h"
 #include "org/orgwidget.h"
@@ -106,11 +107,11 @@ public:
         CDetailViewManager::instance()->openDialogByJid(own);
         return !own.isEmpty();
     }
-    void showContactCard(const QString &jid, int, int, int, bool) override
+    void showContactCard(const QString &jid, int x, int y, int width, bool preferLeft) override
     {
-        missing("contact card", jid);
+        CSignManager::instance()->showCard(jid, x, y, width, preferLeft);
     }
-    void hideContactCard(const QString &jid) override { missing("contact card", jid); }
+    void hideContactCard(const QString &jid) override { CSignManager::instance()->hideCard(jid); }
 
     bool mayAddContact(const QString &jid) const override
     {

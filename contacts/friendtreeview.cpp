@@ -9,7 +9,6 @@
 #include "contacts/grouplabels.h"
 #include "controls/mydrag.h"
 #include "controls/typefinder.h"
-#include "plugin/paneactions.h"
 
 #include <QKeyEvent>
 
@@ -256,14 +255,12 @@ void FriendTreeView::setHideOffline(bool hide)
 void FriendTreeView::slot_signShow()
 {
     LOG_SCOPE("FriendTreeView::slot_signShow()");
-    const QModelIndex index = currentIndex();
-    PaneActions *actions = paneActions();
-    if (!actions || !index.isValid() || isGroup(index))
-        return;
-    const QRect row = visualRect(index);
-    const QPoint corner = viewport()->mapToGlobal(row.topRight());
-    actions->showContactCard(index.data(FriendTreeRole::Id).toString(), corner.x(), corner.y(),
-                             row.width(), false);
+    showCard(currentIndex());
+}
+
+QString FriendTreeView::cardJid(const QModelIndex &index) const
+{
+    return isGroup(index) ? QString() : index.data(FriendTreeRole::Id).toString();
 }
 
 void FriendTreeView::slot_unsubscribeServiceFinished(QString strServiceCode, QString strGroupID,

@@ -92,6 +92,7 @@ protected:
     void dragLeaveEvent(QDragLeaveEvent *event) override;
     void dropEvent(QDropEvent *event) override;
     bool isHolding() const override { return !m_drag.isNull(); }
+    QString cardJid(const QModelIndex &index) const override;
 
 private:
     void setUpMenus();

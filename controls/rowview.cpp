@@ -1,10 +1,12 @@
 #include "controls/rowview.h"
 
 #include "controls/avatarstore.h"
+#include "controls/cardhover.h"
 #include "controls/scrollanchor.h"
 #include "controls/skin.h"
 #include "controls/slimscrollbar.h"
 #include "controls/typefinder.h"
+#include "plugin/paneactions.h"
 
 #include <QAccessible>
 #include <QContextMenuEvent>
@@ -12,6 +14,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
+#include <QWheelEvent>
 
 #include <utility>
 
@@ -55,10 +58,15 @@ RowView::RowView(QAbstractItemModel *model, int nameRole, QWidget *parent)
     });
     connect(&AvatarStore::instance(), &AvatarStore::pictureReady, viewport(),
             QOverload<>::of(&QWidget::update));
+    CardHover *hover = &CardHover::instance();
+    connect(hover, &CardHover::cardChanged, this, &RowView::updateHold);
+    connect(this, &QTreeView::collapsed, this, [this, hover] { hover->cancel(this); });
 }
 
 RowView::~RowView()
 {
+    CardHover::instance().disconnect(this);
+    CardHover::instance().cancel(this);
     releaseMenus();
 }
 
@@ -108,7 +116,7 @@ void RowView::keyboardSearch(const QString &search)
 
 void RowView::keyPressEvent(QKeyEvent *event)
 {
-    if (m_finder->handleKey(event))
+    if (openDetail(*event) || m_finder->handleKey(event))
         return;
     if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) &&
         currentIndex().isValid()) {
@@ -152,6 +160,8 @@ void RowView::scrollContentsBy(int dx, int dy)
 {
     QTreeView::scrollContentsBy(dx, dy);
     m_finder->place();
+    CardHover::instance().cancel(this);
+    CardHover::instance().pointerOn(this, QModelIndex(), QString());
 }
 
 // The base class turns input methods off for rows that are not editable; typing to
@@ -174,11 +184,54 @@ void RowView::focusOutEvent(QFocusEvent *event)
     m_finder->clear();
 }
 
+// --- The pointer ---------------------------------------------------------------------
+
+QString RowView::cardJid(const QModelIndex &) const
+{
+    return QString();
+}
+
+void RowView::showCard(const QModelIndex &index)
+{
+    PaneActions *actions = paneActions();
+    const QString jid = index.isValid() ? cardJid(index) : QString();
+    if (!actions || jid.isEmpty())
+        return;
+    const QRect row = visualRect(index) & viewport()->rect();
+    const bool toTheLeft = isRightToLeft();
+    const QPoint edge(toTheLeft ? row.left() : row.right() + 1, row.top());
+    const QPoint place = viewport()->mapToGlobal(edge);
+    actions->showContactCard(jid, place.x(), place.y(), row.width(), toTheLeft);
+}
+
+void RowView::pointerAt(const QPoint &viewportPosition)
+{
+    const QModelIndex index = indexAt(viewportPosition);
+    CardHover::instance().pointerOn(this, index, index.isValid() ? cardJid(index) : QString());
+}
+
+bool RowView::openDetail(const QKeyEvent &event)
+{
+    if (event.key() != Qt::Key_I || event.modifiers() != Qt::ControlModifier)
+        return false;
+    PaneActions *actions = paneActions();
+    const QModelIndex current = currentIndex();
+    const QString jid = current.isValid() ? cardJid(current) : QString();
+    if (actions && !jid.isEmpty() && actions->canOpenContactDetail())
+        actions->openContactDetail(jid);
+    return true;
+}
+
 bool RowView::viewportEvent(QEvent *event)
 {
     switch (event->type()) {
-    case QEvent::Enter:
     case QEvent::MouseMove:
+        if (static_cast<QMouseEvent *>(event)->buttons() == Qt::NoButton)
+            pointerAt(static_cast<QMouseEvent *>(event)->pos());
+        m_pointerAtRest.start();
+        updateHold();
+        break;
+    case QEvent::Enter:
     case QEvent::HoverMove:
         m_pointerAtRest.start();
         updateHold();
@@ -186,6 +239,24 @@ bool RowView::viewportEvent(QEvent *event)
     case QEvent::Leave:
         m_pointerAtRest.stop();
         updateHold();
+        CardHover::instance().pointerOn(this, QModelIndex(), QString());
+        break;
+    case QEvent::Wheel: {
+        // The row that comes to be under the pointer is rested on anew.
+        const bool result = QTreeView::viewportEvent(event);
+        pointerAt(static_cast<QWheelEvent *>(event)->position().toPoint());
+        return result;
+    }
+    case QEvent::ToolTip:
+        // The card tells more, and a tip would lie over the row.
+        if (CardHover::instance().isCardOf(this))
+            return true;
+        break;
+    case QEvent::Hide:
+    case QEvent::DragEnter:
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+        CardHover::instance().cancel(this);
         break;
     default:
         break;
@@ -222,7 +293,8 @@ void RowView::popUp(QMenu *menu, const QPoint &viewportPosition)
 void RowView::updateHold()
 {
     const bool menuOpen = m_menu && m_menu->isVisible();
-    const bool held = m_pointerAtRest.isActive() || menuOpen || isHolding();
+    const bool held = m_pointerAtRest.isActive() || menuOpen || isHolding() ||
+                      CardHover::instance().isCardOf(this);
     if (held != std::exchange(m_held, held))
         emit orderHeld(held);
 }

@@ -1,5 +1,6 @@
 // The base of all lists and trees of people, rooms and the like: their look, what
-// keeps a large one fast, type to find, and that nothing moves under the pointer.
+// keeps a large one fast, type to find, that nothing moves under the pointer, and the
+// card of the person on whose row the pointer rests.
 #pragma once
 
 #include <QPersistentModelIndex>
@@ -25,6 +26,8 @@ public:
 
     // Makes a row current and shows it, its parents opened.
     void reveal(const QModelIndex &index);
+    // Shows the floating card of the row's person beside it, at once.
+    void showCard(const QModelIndex &index);
 
     void doItemsLayout() override;
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
@@ -32,8 +35,8 @@ public:
     void keyboardSearch(const QString &search) override;
 
 signals:
-    // Whether the pointer is over the list, a menu is open or something is being
-    // dragged: while it is so, no row may move.
+    // Whether the pointer is over the list, a menu or a row's card is open or something
+    // is being dragged: while it is so, no row may move.
     void orderHeld(bool held);
     // Enter on the current row, or a double click whose first click was on that row.
     void activatedRow(const QModelIndex &index);
@@ -50,6 +53,10 @@ protected:
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
 
     TypeFinder *finder() const { return m_finder; }
+    // The person of a row, whose card shows when the pointer rests on it, and whose
+    // details Ctrl+I opens; empty: the row is no person's. Asked at every move of the
+    // pointer.
+    virtual QString cardJid(const QModelIndex &index) const;
     // Where the event asks for a menu, in the viewport. The row there comes to be
     // selected if it was not: the one under the pointer, or for the Menu key the
     // current one, which is scrolled to. The key without a current row asks for the
@@ -69,6 +76,9 @@ protected:
     void updateHold();
 
 private:
+    void pointerAt(const QPoint &viewportPosition);
+    bool openDetail(const QKeyEvent &event);
+
     ScrollAnchor *m_anchor;
     TypeFinder *m_finder;
     QTimer m_pointerAtRest;

@@ -58,6 +58,10 @@ void CardBody::setJid(const QString &jid)
     m_signatureStack->setCurrentWidget(m_signaturePage);
     m_head->setPicture(personPicture(jid, known));
     m_rows->setRemark(m_contact.remark);
+    // Nobody has a remark on themselves, or talks to themselves.
+    const bool isOwn = !jid.isEmpty() && jid == ctx().ownJid();
+    m_rows->showRemark(!isOwn);
+    m_createDialog->setVisible(!isOwn);
     updateButtons();
 }
 

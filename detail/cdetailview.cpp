@@ -3,11 +3,10 @@
 #include "common/context.h"
 #include "common/logging.h"
 #include "controls/tipbox.h"
-#include "detail/cardbody.h"
+#include "detail/cardframe.h"
 #include "detail/cardstyle.h"
 #include "detail/remarkedit.h"
 #include "plugin/frienduieventprocess.h"
-#include "plugin/frienduisignalsender.h"
 
 #include <QPropertyAnimation>
 #include <QPushButton>
@@ -25,16 +24,10 @@ CDetailView::CDetailView(const QString &jid, QWidget *parent)
     bodyLayout()->addWidget(m_body);
     m_body->setJid(jid);
     m_body->setConnected(isOnline());
-    connectBody();
+    CardFrame::connectBody(this, m_body);
     closeButton()->disconnect(this);
     connect(closeButton(), &QAbstractButton::clicked, this, &CDetailView::slot_closeDlg);
     connect(this, &BaseDialog::closed, this, [this] { emit signal_ColseDetailDlg(this->jid()); });
-    auto *hub = FriendUISignalSender::instance();
-    connect(hub, &FriendUISignalSender::signal_SkinChange, this, &CDetailView::slot_SkinChange);
-    connect(hub, &FriendUISignalSender::signal_notifyFriendRemarkName, m_body,
-            &CardBody::takeRemark);
-    connect(hub, &FriendUISignalSender::signal_updateFriendPresence, m_body,
-            &CardBody::takePresence);
     slot_SkinChange(ctx().skin());
 }
 
@@ -43,28 +36,10 @@ QString CDetailView::jid() const
     return m_body->jid();
 }
 
-void CDetailView::connectBody()
-{
-    connect(m_body, &CardBody::pictureClicked, this, [this] { emit signal_showPhoto(jid()); });
-    connect(m_body, &CardBody::topicClicked, this, &CDetailView::slot_showTopicWidget);
-    connect(m_body, &CardBody::positionClicked, this, &CDetailView::slot_orgPosition);
-    connect(m_body, &CardBody::mailClicked, this, &CDetailView::slot_sendMail);
-    connect(m_body, &CardBody::chatClicked, this, &CDetailView::slot_opendialog);
-    connect(m_body, &CardBody::remarkClicked, this, &CDetailView::slot_setFriendName);
-    connect(m_body, &CardBody::reloadClicked, this, &CDetailView::slot_reloadVcard);
-    connect(m_body, &CardBody::leaderClicked, this, &CDetailView::signal_showDetailWidget);
-}
-
 void CDetailView::setRights()
 {
-    const ApplicationContext &host = ctx();
-    CardBody::Buttons allowed;
-    allowed.topic = host.hasRight(ApplicationContext::Topic);
-    allowed.position = host.hasRight(ApplicationContext::Org);
-    allowed.mail = host.hasRight(ApplicationContext::Mail);
-    allowed.chat = host.hasRight(ApplicationContext::Chat);
-    m_body->setAllowed(allowed);
-    m_watermark = host.hasRight(ApplicationContext::DetailWatermark);
+    m_body->setAllowed(CardFrame::userRights());
+    m_watermark = ctx().hasRight(ApplicationContext::DetailWatermark);
     dealWatermark();
 }
 

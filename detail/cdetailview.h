@@ -60,8 +60,6 @@ signals:
     void signal_ColseSignDlg();
 
 private:
-    void connectBody();
-
     VcardInfo m_info;
     CardBody *m_body;
     bool m_watermark = false;

@@ -4,7 +4,7 @@
 #include "common/displaytext.h"
 #include "common/logging.h"
 #include "controls/tipbox.h"
-#include "detail/cardbody.h"
+#include "detail/cardframe.h"
 #include "detail/cdetailview.h"
 #include "detail/ownprofilewindow.h"
 #include "plugin/frienduieventprocess.h"
@@ -80,30 +80,17 @@ CDetailView *CDetailViewManager::createInit(const QString &jid)
 void CDetailViewManager::connectDialog(CDetailView *dialog)
 {
     using Manager = CDetailViewManager;
-    using Hub = FriendUISignalSender;
     connect(dialog, &CDetailView::signal_ColseDetailDlg, this, &Manager::slot_closeDetailDialog);
-    connect(dialog, &CDetailView::signal_showTopicWidget, this, &Manager::slot_showTopicWidget);
+    CardFrame::connectManager(dialog, this);
     connect(dialog, &CDetailView::signal_showDetailWidget, this, &Manager::slot_openLeaderDetail);
-    connect(dialog, &CDetailView::signal_showPhoto, this, &Manager::slot_showPhoto);
-    connect(dialog, &CDetailView::signal_orgPosition, this, &Manager::slot_orgPosition);
-    connect(dialog, &CDetailView::signal_sendMail, this, &Manager::slot_sendMail);
-    connect(dialog, &CDetailView::signal_opendialog, this, &Manager::slot_opendialog);
     connect(dialog, &CDetailView::signal_reloadVcard, dialog, &CDetailView::createData);
     connect(dialog, &CDetailView::signal_ColseSignDlg, this, [] {
         if (PaneActions *actions = paneActions())
             actions->hideContactCard(QString());
     });
-    Hub *hub = Hub::instance();
-    connect(hub, &Hub::signal_isConnected, dialog, &CDetailView::slot_setBtn);
-    connect(hub, &Hub::signal_FriendVcardInfo, dialog, &CDetailView::slot_EmployeeInfo);
-    connect(hub, &Hub::signal_FriendFullVcardInfo, dialog, &CDetailView::slot_EmployeeInfo);
-    connect(hub, &Hub::signal_UpdateFrdHead, dialog, &CDetailView::slot_replacepic);
-    connect(hub, &Hub::signal_GetVcardFail, dialog, &CDetailView::slot_getVcardFail);
-    connect(hub, &Hub::signal_GetVcardSuccessNoChange, dialog,
-            &CDetailView::slot_GetVcardSuccessNoChange);
-    connect(hub, &Hub::signal_notifyCooperate, dialog, &CDetailView::slot_notifyCooperate);
     // What one user may see is not for the next one.
-    connect(hub, &Hub::signal_logout, dialog, &QDialog::reject);
+    connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_logout, dialog,
+            &QDialog::reject);
 }
 
 CDetailView *CDetailViewManager::openDialog(const QString &jid) const

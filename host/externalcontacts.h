@@ -17,6 +17,7 @@ public:
     virtual void moveContact(const QString &jid, const QString &oldGroupId,
                              const QString &newGroupId) = 0;
     virtual void removeContact(const QString &jid) = 0;
+    virtual void setRemark(const QString &jid, const QString &remark) = 0;
     virtual void searchPeople(const QString &key) = 0;
     virtual void add(const QString &jid, const QString &validation, const QString &client) = 0;
     virtual void confirm(const QString &jid, qint32 agree, const QString &client) = 0;

@@ -8,6 +8,7 @@
 #include "host/webservices.h"
 #include "hostapi/eventcodes.h"
 #include "http/jsonreader.h"
+#include "http/serviceaddresses.h"
 #include "http/servicecall.h"
 
 #include <QTimer>
@@ -15,6 +16,7 @@
 #include <algorithm>
 
 namespace {
+const char RemarkPath[] = "/center/friend/setFriendRemark.do";
 constexpr qint32 Accept = 1; // of the services and of the plug-in
 constexpr qint32 Blacklist = 2;
 
@@ -197,6 +199,25 @@ void ExternalRoster::removeContact(const QString &jid)
              else if (!keep(remove))
                  m_parts.bus->notify(Inbound::ContactRemoved, jid, false);
          });
+}
+
+void ExternalRoster::setRemark(const QString &jid, const QString &remark)
+{
+    const QString wanted = remark.trimmed();
+    ServiceRequest request;
+    request.address = ServiceAddresses::host(QStringLiteral("center")) + QLatin1String(RemarkPath);
+    request.fields = {{"userId", jidUser(jid)}, {"remark", wanted}};
+    send(request, [this, jid, wanted](const ServiceReply &reply) {
+        const auto change = [&](QList<GroupData> *, QList<FriendData> *contacts) {
+            const auto at = findBy(contacts, &FriendData::jid, jid);
+            if (at != contacts->end())
+                at->remark = wanted;
+        };
+        if (!reply.ok)
+            emit note(tr("The remark could not be stored."));
+        else if (!keep(change))
+            m_parts.bus->notify(Inbound::RemarkChanged, jid, wanted);
+    });
 }
 
 // --- People who are no contacts -------------------------------------------------

@@ -47,12 +47,15 @@ public:
     void moveContact(const QString &jid, const QString &oldGroupId,
                      const QString &newGroupId) override;
     void removeContact(const QString &jid) override;
+    void setRemark(const QString &jid, const QString &remark) override;
     void searchPeople(const QString &key) override;
     void add(const QString &jid, const QString &validation, const QString &client) override;
     void confirm(const QString &jid, qint32 agree, const QString &client) override;
     void blacklist(const QString &jid) override;
 
 signals:
+    // One line for the status bar.
+    void note(const QString &text);
     // The services have taken the user's answer to somebody's request.
     void answered(const QString &jid);
     // Of a contact, as the list says.

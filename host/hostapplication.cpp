@@ -26,6 +26,8 @@
 #include "host/requesttable.h"
 #include "host/samplepicture.h"
 #include "host/serviceevents.h"
+#include "host/servicelevers.h"
+#include "host/subscriptionnews.h"
 #include "host/teamnews.h"
 #include "host/weblog.h"
 #include "host/webservices.h"
@@ -64,6 +66,7 @@ HostApplication::~HostApplication()
     m_window.reset();
     if (m_bus)
         m_bus->setPlugin(nullptr, QString());
+    m_subscriptionNews.reset();
     m_pictures.reset();
     m_external.reset();
     m_events.reset();
@@ -254,11 +257,12 @@ void HostApplication::followEvents()
     m_externalNews = std::make_unique<ExternalNews>(
         ExternalNews::Parts{events, m_external.get(), core, m_context, bus, notices});
     QObject::connect(m_teamNews.get(), &TeamNews::note, m_window.get(), &MainWindow::showNote);
+    QObject::connect(m_external.get(), &ExternalRoster::note, m_window.get(),
+                     &MainWindow::showNote);
     QObject::connect(m_pictures.get(), &PersonPictures::note, m_window.get(),
                      &MainWindow::showNote);
-    // The plug-in asks for its subscriptions anew when it is told of a connection.
-    QObject::connect(events, &ServiceEvents::subscriptionsChanged, m_notifier.get(),
-                     &CoreNotifier::announceServices);
+    m_subscriptionNews = std::make_unique<SubscriptionNews>(
+        SubscriptionNews::Parts{m_services.get(), events, core, bus});
     events->follow(m_services.get(), core);
 }
 
@@ -272,6 +276,10 @@ void HostApplication::addLevers()
     QObject::connect(levers, &ChatLevers::note, m_window.get(), &MainWindow::showNote);
     QObject::connect(levers, &ChatLevers::reloadChannelsWanted, m_bus.get(),
                      [this] { m_bus->notify(Inbound::ReloadChannels); });
+    auto *services =
+        new ServiceLevers({m_services.get(), m_core.get(), m_bus.get(), pictures}, m_levers);
+    m_levers->addMenu(services);
+    QObject::connect(services, &ServiceLevers::note, m_window.get(), &MainWindow::showNote);
     HostWindows *windows = m_window->windows();
     auto *company = new CompanyLevers(
         m_services.get(), m_place.user,

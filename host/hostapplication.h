@@ -21,6 +21,7 @@ class MainWindow;
 class PersonPictures;
 class PresenceSimulator;
 class ServiceEvents;
+class SubscriptionNews;
 class TeamNews;
 class WebLog;
 class WebServices;
@@ -45,6 +46,7 @@ public:
     LeverMenu *levers() const { return m_levers; }
     HostContext *context() const { return m_context; }
     HostBus *bus() const { return m_bus.get(); }
+    EventLog *log() const { return m_log.get(); }
     EmbeddedCore *core() const { return m_core.get(); }
     WebServices *services() const { return m_services.get(); }
     const HostOptions &options() const { return m_options; }
@@ -86,6 +88,7 @@ private:
     std::unique_ptr<PersonPictures> m_pictures;
     std::unique_ptr<TeamNews> m_teamNews;
     std::unique_ptr<ExternalNews> m_externalNews;
+    std::unique_ptr<SubscriptionNews> m_subscriptionNews;
     LeverMenu *m_levers = nullptr;
     bool m_sessionStarted = false;
 };

@@ -52,9 +52,7 @@ QString HostPreferences::skin() const
 
 qint64 HostPreferences::eventsReached() const
 {
-    bool isNumber = false;
-    const qint64 number = SettingsFile(m_file).text(eventsKey()).toLongLong(&isNumber);
-    return isNumber && number >= 0 ? number : -1;
+    return qMax(qint64(0), SettingsFile(m_file).text(eventsKey()).toLongLong());
 }
 
 void HostPreferences::setEventsReached(qint64 number) const

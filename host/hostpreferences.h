@@ -17,7 +17,7 @@ public:
     QString skin() const;
 
     bool showsImport() const; // false until an import succeeded
-    // The number of the last event of the web services that was told; -1: none.
+    // The number of the last event of the web services that was told; 0: none.
     qint64 eventsReached() const;
 
     // A file that cannot be written leaves a line in the log.

@@ -79,6 +79,8 @@ void MainWindow::buildCentre()
     auto *splitter = new QSplitter(Qt::Horizontal, this);
     m_pane = new PaneArea(splitter);
     m_chats = new ChatArea(m_parts.core, splitter);
+    m_chats->setPictures(
+        [context = m_parts.context](const QString &jid) { return context->headPath(jid); });
     splitter->addWidget(m_pane);
     splitter->addWidget(m_chats);
     splitter->setStretchFactor(0, 0);

@@ -83,8 +83,8 @@ public:
     // --- What the web services say ------------------------------------------
     // The external groups and contacts as they are now, the default group with id "".
     // They are kept; what differs from before is told by the signals of the single
-    // changes. A remark stays unless the services have none. False: nothing differs, or
-    // it could not be stored.
+    // changes. A remark that is null stays as it is. False: nothing differs, or it could
+    // not be stored.
     virtual bool keepExternal(const QList<GroupData> &groups,
                               const QList<FriendData> &contacts) = 0;
     // Of anybody with a profile: the name of the picture, and the local file with it,

@@ -9,45 +9,22 @@
 #include "host/webservices.h"
 #include "hostapi/eventcodes.h"
 #include "http/fileservices.h"
-#include "http/jsonreader.h"
 #include "http/serviceaddresses.h"
 #include "http/servicecall.h"
 
 namespace {
 const char StorePath[] = "/center/user/setPhoto.do";
-constexpr char SearchKey[] = "/searchOrg/fuzzysearchorgurl";
 } // namespace
 
 PersonPictures::PersonPictures(const Parts &parts, QObject *parent)
     : QObject(parent), m_parts(parts)
 {
-    connect(parts.services, &WebServices::changed, this, &PersonPictures::askOwn);
     connect(parts.events, &ServiceEvents::pictureChanged, this,
             [this](const QString &uid, const QString &photoName) {
                 take(uid + QLatin1Char('@') + m_parts.core->serverDomain(), photoName);
             });
     connect(parts.roster, &ExternalRoster::pictureKnown, this, &PersonPictures::take);
     connect(&PictureFiles::instance(), &PictureFiles::ready, this, &PersonPictures::fetched);
-}
-
-// It may have been changed on another host while this one was away.
-void PersonPictures::askOwn()
-{
-    const QString own = m_parts.core->ownUid();
-    if (m_parts.services->state() != WebServices::Ready || m_parts.core->companyCode().isEmpty())
-        return;
-    const ServiceRequest request{SearchKey,
-                                 {{"searchText", own},
-                                  {"containOrg", QStringLiteral("0")},
-                                  {"pageNo", QStringLiteral("1")},
-                                  {"pageSize", QStringLiteral("20")}}};
-    ServiceCall::start(request, this, HERE, [this, own](const ServiceReply &reply) {
-        const Json::Value &people = JsonReader::array(reply.data(), "userList");
-        for (const Json::Value &person : people) {
-            if (JsonReader::text(person, "userId") == own && JsonReader::has(person, "photoName"))
-                take(m_parts.core->ownJid(), JsonReader::text(person, "photoName"));
-        }
-    });
 }
 
 void PersonPictures::take(const QString &jid, const QString &photoName)

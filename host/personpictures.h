@@ -41,7 +41,6 @@ signals:
     void note(const QString &text);
 
 private:
-    void askOwn();
     void refusePicture();
     void take(const QString &jid, const QString &photoName);
     void show(const QString &jid, const QString &photoName, const QString &file);

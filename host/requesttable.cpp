@@ -100,6 +100,15 @@ void refreshGroups(const RequestTargets &targets, bool inner)
         targets.external->requestGroups();
 }
 
+void setRemark(const RequestTargets &targets, const QString &jid, const QString &remark)
+{
+    FriendData contact;
+    if (targets.external && targets.core->contact(jid, &contact) && contact.outside != 0)
+        targets.external->setRemark(jid, remark);
+    else
+        targets.core->setRemark(jid, remark);
+}
+
 void storeOwnProfile(const RequestTargets &targets, const VcardInfo &profile)
 {
     if (targets.pictures)
@@ -129,7 +138,7 @@ const std::vector<RequestRow> &requestRows()
          either(&MessagingCore::moveContact, &ExternalContacts::moveContact)},
         {Outbound::DeleteContact,
          either(&MessagingCore::removeContact, &ExternalContacts::removeContact)},
-        {Outbound::SetRemark, calls(&MessagingCore::setRemark)},
+        {Outbound::SetRemark, reads(&setRemark)},
         {Outbound::RequestProfile, calls(&MessagingCore::requestProfile)},
         {Outbound::AddContact, reads(&addContact)},
         {Outbound::RequestPolicyOf, calls(&MessagingCore::requestPolicy)},

@@ -48,6 +48,8 @@ void SamplePicture::drawServices(const MessagingCore &core, const QString &folde
     const QList<CSChannelData> channels = core.channels();
     for (const CSChannelData &channel : channels)
         drawUnlessThere(folder, channel.photoName, channel.name);
-    for (const SampleServiceNumber &number : sampleServiceNumbers())
-        drawUnlessThere(folder, number.code + QStringLiteral(".png"), number.name);
+    for (const SampleServiceNumber &number : sampleServiceNumbers()) {
+        if (number.hasIcon)
+            drawUnlessThere(folder, number.code + QStringLiteral(".png"), number.name);
+    }
 }

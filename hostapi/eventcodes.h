@@ -45,7 +45,7 @@
     X(4209, LoginChanged, "bool loggedIn", "the user logged in or out") \
     X(4253, RoomLeft, "QString roomJid", "the own user left a room") \
     X(4268, ShowContactCard, "QString jid, int x, int y, int width, bool preferLeft", "show the floating card beside a place on the screen") \
-    X(4269, HideContactCard, "QString jid", "hide the floating card; an empty jid: whoever it shows") \
+    X(4269, HideContactCard, "QString jid", "the pointer has left the place: hide the floating card of this person after a moment, unless the pointer is on it; an empty jid: hide it at once, whoever it shows") \
     X(4275, OpenContactDetail, "QString jid", "open the contact-information dialog") \
     X(4281, ProfileFailed, "QString jid", "a profile could not be had") \
     X(4355, AllOffline, "", "every contact is offline from now on") \

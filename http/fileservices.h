@@ -162,6 +162,9 @@ public:
     // Gives up everything that is being fetched: at log-out.
     void stop();
 
+    // Whether anything is being fetched.
+    bool isBusy() const;
+
 signals:
     void ready(const QString &pictureName, const QString &file);
 

@@ -177,3 +177,8 @@ void PictureFiles::stop()
     qDeleteAll(d->running);
     d->running.clear();
 }
+
+bool PictureFiles::isBusy() const
+{
+    return !d->running.isEmpty();
+}

@@ -49,12 +49,12 @@ bool fitsIntoHeader(const QByteArray &value)
     });
 }
 
+} // namespace
+
 bool isLoginCookie(const QByteArray &name)
 {
     return name == AuthIdCookie || name == TicketCookie || name == RememberMeCookie;
 }
-
-} // namespace
 
 void complete(QNetworkRequest *request)
 {
@@ -122,6 +122,7 @@ void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCooki
             return;
         QNetworkCookie cookie(name, bytes);
         cookie.setPath(QStringLiteral("/"));
+        cookie.setHttpOnly(true);
         cookie.setSecure(url.scheme() == QLatin1String("https"));
         cookie.normalize(url); // for this host and no other
         jar->insertCookie(cookie);

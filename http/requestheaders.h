@@ -35,14 +35,17 @@ constexpr char AuthIdCookie[] = "imAuthId";
 constexpr char TicketCookie[] = "IMTGC";
 constexpr char RememberMeCookie[] = "im_ids_r_me";
 
+bool isLoginCookie(const QByteArray &name);
+
 // The log-in cookies of one request, as they were sent.
 struct LoginCookies
 {
     QString authId, ticket, rememberMe;
 };
 
-// Puts the passport's cookies for this address into the jar, and removes those of
-// the same names first. A value that could break a header is left out.
+// Puts the passport's cookies for this address into the jar, out of the reach of
+// scripts, and removes those of the same names first. A value that could break a header is left
+// out.
 LoginCookies storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url);
 // The same with these values.
 void storeLoginCookies(QNetworkCookieJar *jar, const QUrl &url, const LoginCookies &cookies);

@@ -108,13 +108,6 @@ QString lookUp(const SettingsFile &file, const QString &key)
     return service ? builtIn(file, *service) : QString();
 }
 
-bool isSameHost(const QUrl &one, const QUrl &other)
-{
-    const int standard = one.scheme() == QLatin1String("https") ? 443 : 80;
-    return one.scheme() == other.scheme() && one.host() == other.host() &&
-           one.port(standard) == other.port(standard);
-}
-
 SettingsFile addressFile()
 {
     return SettingsFile(ClientPaths::serviceAddressFile());
@@ -167,6 +160,13 @@ QString ServiceAddresses::host(const QString &group)
     return QString();
 }
 
+bool ServiceAddresses::isSameHost(const QUrl &one, const QUrl &other)
+{
+    const int standard = one.scheme() == QLatin1String("https") ? 443 : 80;
+    return one.scheme() == other.scheme() && one.host() == other.host() &&
+           one.port(standard) == other.port(standard);
+}
+
 bool ServiceAddresses::isWebAddress(const QUrl &url)
 {
     return url.isValid() && !url.host().isEmpty() &&
@@ -179,12 +179,13 @@ bool ServiceAddresses::isServiceHost(const QUrl &url)
         return false;
     const SettingsFile file = addressFile();
     for (const NamedHost &host : hosts) {
-        if (isSameHost(url, QUrl(hostAddress(file, host))))
+        if (ServiceAddresses::isSameHost(url, QUrl(hostAddress(file, host))))
             return true;
     }
     const auto isNamed = [&](const char *name) {
         const QString key = QString::fromUtf8(name);
-        return file.contains(key) && isSameHost(url, QUrl(file.text(key).trimmed()));
+        return file.contains(key) &&
+               ServiceAddresses::isSameHost(url, QUrl(file.text(key).trimmed()));
     };
     return std::any_of(std::begin(services), std::end(services),
                        [&](const Service &service) { return isNamed(service.key); }) ||

@@ -39,6 +39,9 @@ QString host(const QString &group);
 // Whether it is an http or https address with a host.
 bool isWebAddress(const QUrl &url);
 
+// Whether scheme, host and port are the same.
+bool isSameHost(const QUrl &one, const QUrl &other);
+
 // Whether credentials may be sent there: the scheme, host and port are those of a
 // host group or of an address in the file.
 bool isServiceHost(const QUrl &url);

@@ -11,7 +11,6 @@
 #include "org/orgstructuretreedelegate.h"
 #include "org/orgtreemodel.h"
 #include "plugin/frienduisignalsender.h"
-#include "plugin/paneactions.h"
 
 #include <QHelpEvent>
 #include <QKeyEvent>
@@ -42,19 +41,12 @@ OrgStructureTreeView::OrgStructureTreeView(QWidget *parent)
     m_loadTimer.setInterval(LoadTimeout);
     m_addTimer.setSingleShot(true);
     m_addTimer.setInterval(AddIntervalMs);
-    m_hoverTimer.setSingleShot(true);
-    m_hoverTimer.setInterval(HoverDelay);
     m_flash.setDuration(FlashMs);
     m_flash.setStartValue(1.0);
     m_flash.setEndValue(0.0);
     m_flash.setEasingCurve(QEasingCurve::InQuad);
     buildMenus();
     connectSources();
-}
-
-OrgStructureTreeView::~OrgStructureTreeView()
-{
-    leaveRow();
 }
 
 // --- Layout ------------------------------------------------------------------
@@ -73,12 +65,6 @@ void OrgStructureTreeView::rowsAboutToBeRemoved(const QModelIndex &parent, int s
                                                          : QItemSelectionModel::NoUpdate);
     }
     RowView::rowsAboutToBeRemoved(parent, start, end);
-}
-
-void OrgStructureTreeView::scrollContentsBy(int dx, int dy)
-{
-    RowView::scrollContentsBy(dx, dy);
-    leaveRow();
 }
 
 void OrgStructureTreeView::paintEvent(QPaintEvent *event)
@@ -168,7 +154,6 @@ bool OrgStructureTreeView::pressOnPart(const QModelIndex &index, QPoint pos)
 void OrgStructureTreeView::mousePressEvent(QMouseEvent *event)
 {
     finder()->clear();
-    leaveRow();
     const QModelIndex index = indexAt(event->pos());
     m_pressTaken = event->button() == Qt::LeftButton && pressOnPart(index, event->pos());
     if (m_pressTaken)
@@ -222,19 +207,11 @@ void OrgStructureTreeView::keyPressEvent(QKeyEvent *event)
     }
 }
 
-void OrgStructureTreeView::focusOutEvent(QFocusEvent *event)
-{
-    RowView::focusOutEvent(event);
-    leaveRow();
-}
-
 // --- Under the pointer ---------------------------------------------------------
 
 bool OrgStructureTreeView::viewportEvent(QEvent *event)
 {
-    if (event->type() == QEvent::Leave) {
-        leaveRow();
-    } else if (event->type() == QEvent::ToolTip) {
+    if (event->type() == QEvent::ToolTip) {
         const auto *help = static_cast<QHelpEvent *>(event);
         const QModelIndex index = indexAt(help->pos());
         const QRect sign =
@@ -250,41 +227,11 @@ bool OrgStructureTreeView::viewportEvent(QEvent *event)
 
 void OrgStructureTreeView::mouseMoveEvent(QMouseEvent *event)
 {
-    if (m_pressTaken)
-        return;
-    if (event->buttons() == Qt::NoButton)
-        hover(indexAt(event->pos()));
-    RowView::mouseMoveEvent(event);
+    if (!m_pressTaken)
+        RowView::mouseMoveEvent(event);
 }
 
-void OrgStructureTreeView::hover(const QModelIndex &index)
+QString OrgStructureTreeView::cardJid(const QModelIndex &index) const
 {
-    if (m_hovered.isValid() && m_hovered == index)
-        return;
-    leaveRow();
-    if (!index.isValid() || m_model->kind(index) != OrgRowKind::Employee)
-        return;
-    m_hovered = index;
-    m_hoverTimer.start();
-}
-
-void OrgStructureTreeView::leaveRow()
-{
-    m_hoverTimer.stop();
-    m_hovered = QModelIndex();
-    PaneActions *actions = paneActions();
-    const QString jid = std::exchange(m_cardOf, QString());
-    if (actions && !jid.isEmpty())
-        actions->hideContactCard(jid);
-}
-
-void OrgStructureTreeView::showCard()
-{
-    PaneActions *actions = paneActions();
-    if (!actions || !m_hovered.isValid() || !isVisible())
-        return;
-    m_cardOf = makeJid(idOf(m_hovered));
-    const QRect row = visualRect(m_hovered);
-    const QPoint corner = viewport()->mapToGlobal(row.topRight());
-    actions->showContactCard(m_cardOf, corner.x(), corner.y(), row.width(), false);
+    return m_model->kind(index) == OrgRowKind::Employee ? makeJid(idOf(index)) : QString();
 }

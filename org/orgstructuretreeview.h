@@ -22,10 +22,8 @@ class OrgStructureTreeView : public RowView
 public:
     // ms. Longer than all attempts of one request take together.
     static constexpr int LoadTimeout = 45000;
-    static constexpr int HoverDelay = 500;
 
     explicit OrgStructureTreeView(QWidget *parent = nullptr);
-    ~OrgStructureTreeView() override;
 
     // The company's code, which is the id above the topmost departments. Another
     // one empties the tree; what is known of it already is shown.
@@ -81,9 +79,8 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
-    void scrollContentsBy(int dx, int dy) override;
-    void focusOutEvent(QFocusEvent *event) override;
     void rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end) override;
+    QString cardJid(const QModelIndex &index) const override;
 
 private:
     void connectSources();
@@ -94,9 +91,6 @@ private:
     void activate(const QModelIndex &index);
     // What a click does beside selecting: the caret and the sign at the right.
     bool pressOnPart(const QModelIndex &index, QPoint pos);
-    void hover(const QModelIndex &index);
-    void leaveRow(); // no card from here on
-    void showCard();
     QStringList selectedEmployees() const; // user ids
     QString idOf(const QModelIndex &index) const;
 
@@ -132,9 +126,6 @@ private:
 
     QString m_locating;        // who is being looked for
     QStringList m_oldSearches; // answers that nobody waits for any more
-    QPersistentModelIndex m_hovered;
-    QString m_cardOf; // the jid of the card that was asked for
-    QTimer m_hoverTimer;
     bool m_pressTaken = false;
     QPersistentModelIndex m_flashed;
     QVariantAnimation m_flash;

@@ -36,7 +36,6 @@ void OrgStructureTreeView::connectSources()
     });
     connect(&m_loadTimer, &QTimer::timeout, this, &View::slot_loadOrgTimeOut);
     connect(&m_addTimer, &QTimer::timeout, this, &View::addWaiting);
-    connect(&m_hoverTimer, &QTimer::timeout, this, &View::showCard);
     connect(&m_flash, &QVariantAnimation::valueChanged, viewport(),
             [this] { viewport()->update(); });
 
@@ -134,7 +133,6 @@ void OrgStructureTreeView::request(const QString &id)
 
 void OrgStructureTreeView::expandItem(const QModelIndex &index, bool bIsExpand)
 {
-    m_hoverTimer.stop();
     if (!index.isValid() || m_model->kind(index) != OrgRowKind::Department)
         return;
     if (bIsExpand)

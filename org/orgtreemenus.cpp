@@ -56,7 +56,6 @@ void OrgStructureTreeView::buildMenus()
 
 void OrgStructureTreeView::contextMenuEvent(QContextMenuEvent *event)
 {
-    leaveRow();
     event->accept();
     const QPoint pos = menuPosition(*event);
     const QModelIndex index = indexAt(pos);

@@ -33,10 +33,14 @@ public:
     virtual bool openContactDetail(const QString &jid) = 0;
     // The same for the own profile.
     virtual bool openOwnDetail() = 0;
-    // Shows the floating card beside a row. x, y: screen position of the row's
-    // edge where the card goes, width: the row's width, all in pixels.
+    // Shows the floating card beside a row, at once; there is one, which goes from
+    // person to person. x, y: screen position of the row's edge where the card goes, at
+    // the row's top, width: the row's width, all in pixels. No card is shown while
+    // offline, and where canOpenContactDetail() says no.
     virtual void showContactCard(const QString &jid, int x, int y, int width, bool preferLeft) = 0;
-    // Hides the card when it shows this jid; an empty jid: whoever it shows.
+    // The pointer has left the row of the person whom the card shows: it closes after
+    // a moment, unless the pointer has come to it. An empty jid: it closes at once,
+    // whoever it shows.
     virtual void hideContactCard(const QString &jid) = 0;
 
     // --- Adding contacts ------------------------------------------------------

@@ -110,16 +110,23 @@ void CServiceNoWidget::connectNumbers()
         else
             showState();
     });
+    // Those of who logs in; of who has logged out nothing is asked for.
+    connect(Hub::instance(), &Hub::signal_login, this, &CServiceNoWidget::loadIfSeen);
     connect(Hub::instance(), &Hub::signal_logout, this, [this] { m_filter->clear(); });
 }
 
 void CServiceNoWidget::showEvent(QShowEvent *event)
 {
     m_started = true;
-    const ServiceNumbers::State state = ServiceNumbers::instance().state();
-    if (state == ServiceNumbers::Unasked || state == ServiceNumbers::Failed)
-        load();
     QWidget::showEvent(event);
+    loadIfSeen();
+}
+
+void CServiceNoWidget::loadIfSeen()
+{
+    const ServiceNumbers::State state = ServiceNumbers::instance().state();
+    if (isVisible() && (state == ServiceNumbers::Unasked || state == ServiceNumbers::Failed))
+        load();
 }
 
 void CServiceNoWidget::load()
@@ -134,9 +141,6 @@ void CServiceNoWidget::load()
 
 void CServiceNoWidget::follow()
 {
-    // Another user's log-in has emptied it.
-    if (ServiceNumbers::instance().state() == ServiceNumbers::Unasked && isVisible() && isOnline())
-        QMetaObject::invokeMethod(this, &CServiceNoWidget::load, Qt::QueuedConnection);
     m_list->model()->setNumbers(ServiceNumbers::instance().subscriptions());
     showState();
 }

@@ -35,6 +35,7 @@ private:
     void connectParts();
     void connectNumbers();
     void load();
+    void loadIfSeen();
     void follow(); // brings the rows in line with the subscriptions
     void tellRefused(const QString &code);
     void filter();

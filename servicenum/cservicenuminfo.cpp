@@ -214,7 +214,11 @@ void CServiceNumInfo::fill()
 {
     if (const CServiceNumData *number = ServiceNumbers::instance().find(m_code)) {
         fillContent(*number);
+        const bool isFirst = m_states->currentWidget() != m_content || !isVisible();
         m_states->setCurrentWidget(m_content);
+        // Before the description, which is first in the window.
+        if (isFirst)
+            (m_chat->isEnabled() ? m_chat : m_subscribe)->setFocus(Qt::OtherFocusReason);
     } else if (!isOnline()) {
         m_states->showPage("yourImIsOffline", "Resources/images/FriendDetail/failed.png");
     } else if (m_failed) {

@@ -12,7 +12,7 @@ ServiceNumFinder::ServiceNumFinder(QObject *parent) : QObject(parent)
     connect(&m_delay, &QTimer::timeout, this, &ServiceNumFinder::send);
     connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_isConnected, this,
             [this](bool connected) {
-                if (connected && m_state == Offline)
+                if (connected && (m_state == Offline || m_state == Failed))
                     begin();
             });
 }

@@ -21,8 +21,8 @@ public:
         Idle,
         Searching,
         Done,
-        Failed,
-        Offline // goes on as soon as there is a connection
+        Failed, // tried again when the connection has come back
+        Offline // goes on as soon as there is one
     };
 
     // A search goes out at once, unless another one is under way: who types fast has

@@ -22,11 +22,12 @@ LAYERS = {
     "backend": {"sample"},
     "controls": {"plugin", "common", "hostapi", "Resources"},
     "messages": {"http", "common", "hostapi"},
+    "webview": {"http", "common", "hostapi"},
     "contacts": CONTROLS | {"messages"},
     "detail": CONTROLS,
     "org": CONTROLS,
     "virtualteam": CONTROLS,
-    "servicenum": CONTROLS,
+    "servicenum": CONTROLS | {"webview"},
     "ExternalFriend": CONTROLS | {"contacts"},
 }
 FEATURES = {"contacts", "detail", "org", "virtualteam", "servicenum", "ExternalFriend"}

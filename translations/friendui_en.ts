@@ -2,6 +2,24 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>ExternalNews</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%1 of %2</translation>
+    </message>
+    <message>
+        <source>asks to become an external contact: %1</source>
+        <translation>asks to become an external contact: %1</translation>
+    </message>
+</context>
+<context>
+    <name>ExternalRoster</name>
+    <message>
+        <source>The remark could not be stored.</source>
+        <translation>The remark could not be stored.</translation>
+    </message>
+</context>
+<context>
     <name>MonitorPanel</name>
     <message>
         <source>%1 older ones dropped</source>
@@ -459,6 +477,14 @@
         <translation>Has left</translation>
     </message>
     <message>
+        <source>historyFailed</source>
+        <translation>The history could not be loaded. Please try again later.</translation>
+    </message>
+    <message>
+        <source>historyInBrowser</source>
+        <translation>The history was opened in the system’s browser.</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>wants to add you as a contact</translation>
     </message>
@@ -789,6 +815,10 @@
     <message>
         <source>openOrClose</source>
         <translation>Expand or collapse</translation>
+    </message>
+    <message>
+        <source>openOutsidePage</source>
+        <translation>Open a page of %1 in the system’s browser?</translation>
     </message>
     <message>
         <source>organizationTree</source>
@@ -1542,6 +1572,10 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Link…</source>
         <translation>Link…</translation>
     </message>
+    <message>
+        <source>This service number only sends messages; it takes none.</source>
+        <translation>This service number only sends messages; it takes none.</translation>
+    </message>
 </context>
 <context>
     <name>ChatView</name>
@@ -1717,14 +1751,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>The conversation with %1 is no longer pinned.</translation>
     </message>
     <message>
-        <source>Picture</source>
-        <translation>Picture</translation>
-    </message>
-    <message>
-        <source>This host has no picture viewer. A client would now show the picture of %1:</source>
-        <translation>This host has no picture viewer. A client would now show the picture of %1:</translation>
-    </message>
-    <message>
         <source>Topic page</source>
         <translation>Topic page</translation>
     </message>
@@ -1743,18 +1769,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>This host sends no mail. A client would now open a new mail to:</source>
         <translation>This host sends no mail. A client would now open a new mail to:</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the request to %1 was not sent.</source>
-        <translation>No service for external contacts: the request to %1 was not sent.</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the answer to %1 was not sent.</source>
-        <translation>No service for external contacts: the answer to %1 was not sent.</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: %1 was not blacklisted.</source>
-        <translation>No service for external contacts: %1 was not blacklisted.</translation>
     </message>
     <message>
         <source>File transfers with %1 cancelled: %2</source>
@@ -1981,6 +1995,20 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>PersonPictures</name>
+    <message>
+        <source>The services do not take the new picture; the profile was not stored.</source>
+        <translation>The services do not take the new picture; the profile was not stored.</translation>
+    </message>
+</context>
+<context>
+    <name>PictureWindow</name>
+    <message>
+        <source>There is no picture of %1 that can be shown.</source>
+        <translation>There is no picture of %1 that can be shown.</translation>
+    </message>
+</context>
+<context>
     <name>PluginLoader</name>
     <message>
         <source>The file does not exist.</source>
@@ -2046,6 +2074,77 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The data file was damaged. It was kept as %1, and a new one was begun.</source>
         <translation>The data file was damaged. It was kept as %1, and a new one was begun.</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceLevers</name>
+    <message>
+        <source>A service number is added</source>
+        <translation>A service number is added</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>Renamed %1</translation>
+    </message>
+    <message>
+        <source>A service number has another name</source>
+        <translation>A service number has another name</translation>
+    </message>
+    <message>
+        <source>A subscription succeeds</source>
+        <translation>A subscription succeeds</translation>
+    </message>
+    <message>
+        <source>A subscription is refused</source>
+        <translation>A subscription is refused</translation>
+    </message>
+    <message>
+        <source>A subscription ends</source>
+        <translation>A subscription ends</translation>
+    </message>
+    <message>
+        <source>A service number gets another icon</source>
+        <translation>A service number gets another icon</translation>
+    </message>
+    <message>
+        <source>There is something new.</source>
+        <translation>There is something new.</translation>
+    </message>
+    <message>
+        <source>A service number writes</source>
+        <translation>A service number writes</translation>
+    </message>
+    <message>
+        <source>There are no web services.</source>
+        <translation>There are no web services.</translation>
+    </message>
+    <message>
+        <source>Everybody outside the company is a contact already.</source>
+        <translation>Everybody outside the company is a contact already.</translation>
+    </message>
+    <message>
+        <source>Hello, we met at the fair.</source>
+        <translation>Hello, we met at the fair.</translation>
+    </message>
+    <message>
+        <source>The services refuse the request of %1: %2</source>
+        <translation>The services refuse the request of %1: %2</translation>
+    </message>
+    <message>
+        <source>Somebody of another company asks to become a contact</source>
+        <translation>Somebody of another company asks to become a contact</translation>
+    </message>
+    <message>
+        <source>Show a contact&apos;s card at the pointer</source>
+        <translation>Show a contact&apos;s card at the pointer</translation>
+    </message>
+    <message>
+        <source>Hide the card</source>
+        <translation>Hide the card</translation>
+    </message>
+    <message>
+        <source>Service numbers, people outside, card</source>
+        <translation>Service numbers, people outside, card</translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,24 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ExternalNews</name>
+    <message>
+        <source>%1 of %2</source>
+        <translation>%2 的 %1</translation>
+    </message>
+    <message>
+        <source>asks to become an external contact: %1</source>
+        <translation>请求成为外部联系人：%1</translation>
+    </message>
+</context>
+<context>
+    <name>ExternalRoster</name>
+    <message>
+        <source>The remark could not be stored.</source>
+        <translation>备注未能保存。</translation>
+    </message>
+</context>
+<context>
     <name>MonitorPanel</name>
     <message>
         <source>%1 older ones dropped</source>
@@ -459,6 +477,14 @@
         <translation>已离职</translation>
     </message>
     <message>
+        <source>historyFailed</source>
+        <translation>历史消息加载失败，请稍后重试</translation>
+    </message>
+    <message>
+        <source>historyInBrowser</source>
+        <translation>历史消息已在系统浏览器中打开</translation>
+    </message>
+    <message>
         <source>iamsomebodywantadd</source>
         <translation>请求添加您为好友</translation>
     </message>
@@ -789,6 +815,10 @@
     <message>
         <source>openOrClose</source>
         <translation>展开/收起</translation>
+    </message>
+    <message>
+        <source>openOutsidePage</source>
+        <translation>是否在系统浏览器中打开 %1 的页面？</translation>
     </message>
     <message>
         <source>organizationTree</source>
@@ -1542,6 +1572,10 @@ The people of the sample company come, go and answer by themselves; the event mo
         <source>Link…</source>
         <translation>链接…</translation>
     </message>
+    <message>
+        <source>This service number only sends messages; it takes none.</source>
+        <translation>此服务号只推送消息，不接收回复。</translation>
+    </message>
 </context>
 <context>
     <name>ChatView</name>
@@ -1717,14 +1751,6 @@ The people of the sample company come, go and answer by themselves; the event mo
         <translation>与 %1 的会话已取消置顶。</translation>
     </message>
     <message>
-        <source>Picture</source>
-        <translation>图片</translation>
-    </message>
-    <message>
-        <source>This host has no picture viewer. A client would now show the picture of %1:</source>
-        <translation>本宿主程序没有图片查看器。正式客户端此时会显示 %1 的图片：</translation>
-    </message>
-    <message>
         <source>Topic page</source>
         <translation>话题页</translation>
     </message>
@@ -1743,18 +1769,6 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>This host sends no mail. A client would now open a new mail to:</source>
         <translation>本宿主程序不发送邮件。正式客户端此时会新建邮件，收件人：</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the request to %1 was not sent.</source>
-        <translation>没有外部联系人服务：未向 %1 发出请求。</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: the answer to %1 was not sent.</source>
-        <translation>没有外部联系人服务：未答复 %1。</translation>
-    </message>
-    <message>
-        <source>No service for external contacts: %1 was not blacklisted.</source>
-        <translation>没有外部联系人服务：未将 %1 加入黑名单。</translation>
     </message>
     <message>
         <source>File transfers with %1 cancelled: %2</source>
@@ -1981,6 +1995,20 @@ The people of the sample company come, go and answer by themselves; the event mo
     </message>
 </context>
 <context>
+    <name>PersonPictures</name>
+    <message>
+        <source>The services do not take the new picture; the profile was not stored.</source>
+        <translation>服务未接受新头像，资料没有保存。</translation>
+    </message>
+</context>
+<context>
+    <name>PictureWindow</name>
+    <message>
+        <source>There is no picture of %1 that can be shown.</source>
+        <translation>没有可以显示的 %1 的图片。</translation>
+    </message>
+</context>
+<context>
     <name>PluginLoader</name>
     <message>
         <source>The file does not exist.</source>
@@ -2046,6 +2074,77 @@ The people of the sample company come, go and answer by themselves; the event mo
     <message>
         <source>The data file was damaged. It was kept as %1, and a new one was begun.</source>
         <translation>数据文件已损坏，已保留为 %1，并新建了一个。</translation>
+    </message>
+</context>
+<context>
+    <name>ServiceLevers</name>
+    <message>
+        <source>A service number is added</source>
+        <translation>新增一个服务号</translation>
+    </message>
+    <message>
+        <source>Renamed %1</source>
+        <translation>已改名 %1</translation>
+    </message>
+    <message>
+        <source>A service number has another name</source>
+        <translation>一个服务号改名</translation>
+    </message>
+    <message>
+        <source>A subscription succeeds</source>
+        <translation>订阅成功</translation>
+    </message>
+    <message>
+        <source>A subscription is refused</source>
+        <translation>订阅被拒绝</translation>
+    </message>
+    <message>
+        <source>A subscription ends</source>
+        <translation>取消订阅</translation>
+    </message>
+    <message>
+        <source>A service number gets another icon</source>
+        <translation>一个服务号更换图标</translation>
+    </message>
+    <message>
+        <source>There is something new.</source>
+        <translation>有新的内容。</translation>
+    </message>
+    <message>
+        <source>A service number writes</source>
+        <translation>一个服务号发来消息</translation>
+    </message>
+    <message>
+        <source>There are no web services.</source>
+        <translation>没有可用的网络服务。</translation>
+    </message>
+    <message>
+        <source>Everybody outside the company is a contact already.</source>
+        <translation>公司以外的人都已是联系人。</translation>
+    </message>
+    <message>
+        <source>Hello, we met at the fair.</source>
+        <translation>您好，我们在展会上见过面。</translation>
+    </message>
+    <message>
+        <source>The services refuse the request of %1: %2</source>
+        <translation>服务拒绝了 %1 的请求：%2</translation>
+    </message>
+    <message>
+        <source>Somebody of another company asks to become a contact</source>
+        <translation>外部公司的人请求成为联系人</translation>
+    </message>
+    <message>
+        <source>Show a contact&apos;s card at the pointer</source>
+        <translation>在指针处显示联系人卡片</translation>
+    </message>
+    <message>
+        <source>Hide the card</source>
+        <translation>隐藏卡片</translation>
+    </message>
+    <message>
+        <source>Service numbers, people outside, card</source>
+        <translation>服务号、外部人员、卡片</translation>
     </message>
 </context>
 <context>

@@ -183,6 +183,13 @@ void CVirtualTeamTreeView::activate(const QModelIndex &index)
     }
 }
 
+QString CVirtualTeamTreeView::cardJid(const QModelIndex &index) const
+{
+    return m_model->kind(index) == TeamRowKind::Member
+               ? makeJid(index.data(TeamRowRole::Id).toString())
+               : QString();
+}
+
 bool CVirtualTeamTreeView::isOnCaret(const QModelIndex &index, QPoint pos) const
 {
     using Delegate = CVirtualTeamTreeDelegate;

@@ -36,8 +36,7 @@ public:
     // Those of the sample first.
     std::vector<ServiceNumber> all() const;
     std::optional<ServiceNumber> find(const QString &code) const;
-    // The code of whose icon this is a name; empty: nobody's. The icon may be another's
-    // by now.
+    // Whose drawn icon has this name, also when it has another icon now; empty: nobody's.
     QString codeOfIcon(const QString &fileName) const;
     // Grows with every change.
     qint64 version() const;

@@ -7,7 +7,9 @@ namespace FirstShow {
 enum What
 {
     EmptyTree, // the toolkit's tree view without rows
-    Pane       // the contacts pane, with 10,000 contacts that the host knows
+    Pane,      // the contacts pane, with 10,000 contacts that the host knows
+    BarePage,  // a page in the toolkit's web view
+    Page       // the same in the client's browser, loaded for it
 };
 
 // CPU time until the first paint, in milliseconds, from a new process; negative

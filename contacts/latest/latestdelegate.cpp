@@ -20,11 +20,15 @@ QPixmap avatar(const QModelIndex &index, qreal ratio)
 {
     const QString file = index.data(LatestRole::Icon).toString();
     AvatarStore &store = AvatarStore::instance();
-    return index.data(LatestRole::Kind).toInt() == MessageData::Room
-               ? store.groupPortrait(file, RowPainter::AvatarSize, ratio)
-               : store.avatar(file, index.data(LatestRole::Id).toString(),
-                              index.data(LatestRole::Name).toString(), RowPainter::AvatarSize,
-                              ratio);
+    switch (index.data(LatestRole::Kind).toInt()) {
+    case MessageData::Room:
+        return store.groupPortrait(file, RowPainter::AvatarSize, ratio);
+    case MessageData::ServiceNumber:
+        return store.serviceIcon(file, RowPainter::AvatarSize, ratio);
+    default:
+        return store.avatar(file, index.data(LatestRole::Id).toString(),
+                            index.data(LatestRole::Name).toString(), RowPainter::AvatarSize, ratio);
+    }
 }
 } // namespace
 
@@ -59,6 +63,8 @@ void LatestDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option
         row.presence(presence);
     if (index.data(LatestRole::Muted).toBool())
         row.overlay(glyph("glyph_mute", ratio, colors.danger));
+    else if (index.data(LatestRole::Kind).toInt() == MessageData::ServiceNumber)
+        row.verified();
 
     row.textAtRight(index.data(LatestRole::TimeText).toString());
     if (pinned)

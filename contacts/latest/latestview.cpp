@@ -99,6 +99,11 @@ void LatestView::keyPressEvent(QKeyEvent *event)
     RowView::keyPressEvent(event);
 }
 
+QString LatestView::cardJid(const QModelIndex &index) const
+{
+    return kindOf(index) == MessageData::Person ? jidOf(index) : QString();
+}
+
 void LatestView::slot_openChat(const QModelIndex &index)
 {
     LOG_SCOPE("LatestView::slot_openChat(const QModelIndex &index)");

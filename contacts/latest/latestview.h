@@ -22,6 +22,7 @@ public slots:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    QString cardJid(const QModelIndex &index) const override;
 
 private:
     void setUpMenu();

@@ -2,6 +2,7 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "contacts/search/searchindex.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/paneactions.h"
@@ -132,7 +133,8 @@ bool SearchCommands::mayLocate(const SearchEntry &entry)
 
 bool SearchCommands::mayLocateInOrganisation(const SearchEntry &entry)
 {
-    return entry.kind == SearchEntry::Person && ctx().hasRight(ApplicationContext::Org);
+    return entry.kind == SearchEntry::Person && ctx().hasRight(ApplicationContext::Org) &&
+           !isExternal(entry.id);
 }
 
 bool SearchCommands::mayViewDetail(const SearchEntry &entry)

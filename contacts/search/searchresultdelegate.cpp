@@ -49,6 +49,8 @@ QPixmap kindPicture(SearchEntry::Kind kind, qreal ratio)
 {
     const KindPicture picture = pictureOf(kind);
     const QString path = QString::fromLatin1(picture.path);
+    if (kind == SearchEntry::ServiceNumber)
+        return loadSquarePicture(path, RowPainter::AvatarSize, ratio);
     if (!picture.isGlyph)
         return loadRoundPicture(path, RowPainter::AvatarSize, ratio);
     const Skin::Colors &colors = Skin::instance().colors();
@@ -140,6 +142,8 @@ void SearchResultDelegate::paint(QPainter *painter, const QStyleOptionViewItem &
         row.presence(shown.presence);
     if (shown.isOutside)
         row.outside();
+    if (entry.kind == SearchEntry::ServiceNumber)
+        row.verified();
     drawTexts(painter, option, row.rest(), shown, faded);
     painter->restore();
 }

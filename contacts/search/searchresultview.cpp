@@ -23,6 +23,12 @@ SearchEntry SearchResultView::entryAt(const QModelIndex &index) const
     return m_model->at(index.row()).entry;
 }
 
+QString SearchResultView::cardJid(const QModelIndex &index) const
+{
+    const SearchEntry &entry = m_model->at(index.row()).entry;
+    return entry.kind == SearchEntry::Person ? entry.id : QString();
+}
+
 // --- Keys --------------------------------------------------------------------------
 
 void SearchResultView::keyPressEvent(QKeyEvent *event)

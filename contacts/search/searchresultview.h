@@ -23,6 +23,7 @@ signals:
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    QString cardJid(const QModelIndex &index) const override;
 
 private:
     void buildMenu();

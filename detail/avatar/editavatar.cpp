@@ -89,6 +89,8 @@ EditAvatar::EditAvatar(QWidget *parent)
 
 void EditAvatar::followUser()
 {
+    // At once, not when it is deleted: until then an answer may still come.
+    connect(this, &BaseDialog::closed, this, &EditAvatar::dropUpload);
     using Hub = FriendUISignalSender;
     const Hub *hub = Hub::instance();
     connect(hub, &Hub::signal_SkinChange, this, &EditAvatar::slot_SkinChange);
@@ -156,11 +158,12 @@ void EditAvatar::showPresent()
     PictureThread::run<HeadPicture::Picture>(
         this, [path, bound] { return HeadPicture::load(path, bound); },
         [this, system](HeadPicture::Picture picture) {
-            if (m_changed || m_opened > 0 || picture.flaw != HeadPicture::Flaw::None)
+            const bool isOther = m_cutLabel->hasPicture() && !m_bisHistory;
+            if (m_changed || isOther || picture.flaw != HeadPicture::Flaw::None)
                 return;
             m_isShowingPresent = true;
-            m_bisHistory = true;
-            if (system.isEmpty())
+            m_bisHistory = system.isEmpty();
+            if (m_bisHistory)
                 setCut(std::move(picture));
             else
                 m_previews->setPicture(QPixmap::fromImage(picture.image));
@@ -235,6 +238,7 @@ void EditAvatar::open(const std::function<HeadPicture::Picture()> &read)
                                                  if (ticket != m_opened)
                                                      return;
                                                  m_busy->hide();
+                                                 m_save->setEnabled(true);
                                                  show(std::move(picture));
                                              });
 }

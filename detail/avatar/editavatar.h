@@ -92,6 +92,7 @@ private:
     // Saving.
     void startUpload();
     void showSaving(bool saving);
+    void dropUpload();
     void uploadEnded(const QString &why);
     void take(const QString &photoName);
 

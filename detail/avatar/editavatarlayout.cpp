@@ -203,13 +203,14 @@ void EditAvatar::slot_SkinChange(const SysUIData &skin)
     const QColor named =
         Skin::color(skin.textColor, Skin::color(QStringLiteral("0,0,0"), QColor()));
     const QColor chosen = Skin::instance().isDark() ? colors.text : named;
-    const auto tabSheet = [&colors](const QColor &text) {
-        return QStringLiteral("QPushButton{border:1px solid transparent;border-radius:4px;"
-                              "background:transparent;padding:4px 10px;"
-                              "color: rgba(%1, %2);font-size:14px;}"
-                              "QPushButton:focus{border-color:rgb(%3);}")
-            .arg(components(text), QString::number(255), components(colors.theme));
-    };
-    m_systemTab->setStyleSheet(tabSheet(chosen));
-    m_localTab->setStyleSheet(tabSheet(chosen));
+    const QString sheet =
+        QStringLiteral("QPushButton{border:1px solid transparent;border-radius:4px;"
+                       "background:transparent;padding:4px 10px;"
+                       "color: rgba(%1, %2);font-size:14px;}"
+                       "QPushButton:checked{color: rgba(%3, %2);font-size:14px;}"
+                       "QPushButton:focus{border-color:rgb(%4);}")
+            .arg(components(colors.secondary), QString::number(255), components(chosen),
+                 components(colors.theme));
+    for (QPushButton *tab : {m_systemTab, m_localTab})
+        tab->setStyleSheet(sheet);
 }

@@ -70,10 +70,18 @@ void EditAvatar::showSaving(bool saving)
     m_localTab->setEnabled(!saving);
 }
 
-void EditAvatar::uploadEnded(const QString &why)
+void EditAvatar::dropUpload()
 {
+    if (!m_upload)
+        return;
+    m_upload->disconnect(this);
     m_upload->deleteLater();
     m_upload = nullptr;
+}
+
+void EditAvatar::uploadEnded(const QString &why)
+{
+    dropUpload();
     showSaving(false);
     m_save->setFocus();
     if (!why.isEmpty())

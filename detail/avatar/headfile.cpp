@@ -1,6 +1,7 @@
 #include "detail/avatar/headfile.h"
 
 #include "common/logging.h"
+#include "detail/avatar/headpicture.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -12,8 +13,6 @@
 
 namespace {
 constexpr int BestQuality = 100;
-// Of each pixel of a thumbnail so many are looked at, in each direction.
-constexpr int Samples = 4;
 
 // Two pictures in one millisecond are not the same file.
 QString unusedName(const QDir &folder)
@@ -66,11 +65,8 @@ QString HeadFile::store(const QImage &picture, const QString &folder)
 QPixmap HeadFile::thumbnail(const QPixmap &picture, int side, qreal pixelRatio)
 {
     const int pixels = qCeil(side * pixelRatio);
-    const int sampled = pixels * Samples;
-    QPixmap small = picture;
-    if (picture.width() > sampled)
-        small = picture.scaled(sampled, sampled);
-    small = small.scaled(pixels, pixels, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    QPixmap small =
+        QPixmap::fromImage(HeadPicture::reduced(picture.toImage(), QSize(pixels, pixels)));
     small.setDevicePixelRatio(pixelRatio);
     return small;
 }

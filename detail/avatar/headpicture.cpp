@@ -13,6 +13,8 @@
 
 namespace {
 
+constexpr int SamplesPerPixel = 4; // in each direction
+
 // The reader fills up with grey what a JPEG file lacks and says nothing of it.
 bool isWholeJpeg(const QByteArray &bytes)
 {
@@ -73,6 +75,14 @@ bool HeadPicture::hasRightSuffix(const QString &file)
            suffix == QLatin1String("png");
 }
 
+QImage HeadPicture::reduced(const QImage &image, const QSize &size)
+{
+    const QSize sampled = size * SamplesPerPixel;
+    const bool hasMany = image.width() > sampled.width() && image.height() > sampled.height();
+    return (hasMany ? image.scaled(sampled) : image)
+        .scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
 HeadPicture::Picture HeadPicture::load(const QString &path, const QSize &bound)
 {
     QFile file(path);
@@ -97,7 +107,8 @@ HeadPicture::Picture HeadPicture::load(const QString &path, const QSize &bound)
     QImage image = reader.read();
     if (image.isNull())
         return flawed(Flaw::NoPicture, reader.errorString());
-    bytes.setData(QByteArray());
+    bytes.close();
+    bytes.setData(QByteArray()); // as much memory as the file is long
     return of(std::move(image), bound);
 }
 
@@ -113,8 +124,6 @@ HeadPicture::Picture HeadPicture::of(QImage image, const QSize &bound)
     // A pixel of it is one of the screen, whatever the resolution it was made for.
     picture.image.setDevicePixelRatio(1);
     const QSize shown = CutGeometry::shownSize(size, bound);
-    picture.shown = shown == size ? picture.image
-                                  : picture.image.scaled(shown, Qt::IgnoreAspectRatio,
-                                                         Qt::SmoothTransformation);
+    picture.shown = shown == size ? picture.image : reduced(picture.image, shown);
     return picture;
 }

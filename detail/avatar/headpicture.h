@@ -33,6 +33,9 @@ bool hasRightSuffix(const QString &file);
 // applied. `bound`: device pixels that `shown` has at most. For any thread.
 Picture load(const QString &file, const QSize &bound);
 
+// A picture in fewer pixels: fast, since of very many only some are looked at, yet smooth.
+QImage reduced(const QImage &image, const QSize &size);
+
 // The same for a picture that is there already, such as the clipboard's.
 Picture of(QImage image, const QSize &bound);
 

@@ -3,6 +3,7 @@
 #include "common/logging.h"
 #include "controls/skin.h"
 #include "detail/avatar/cutgeometry.h"
+#include "detail/avatar/headpicture.h"
 
 #include <QEvent>
 #include <QKeyEvent>
@@ -45,8 +46,8 @@ void drawThirds(QPainter *painter, const QRectF &frame)
 
 void drawHandles(QPainter *painter, const QRect &frame)
 {
-    painter->setPen(QColor(10, 124, 202));
-    painter->setBrush(Qt::white);
+    painter->setPen(Qt::white);
+    painter->setBrush(QColor(10, 124, 202)); // the frame's own, which lies above
     for (const QPoint &corner :
          {frame.topLeft(), frame.topRight(), frame.bottomLeft(), frame.bottomRight()})
         painter->drawRect(QRect(corner.x() - HandleSide / 2, corner.y() - HandleSide / 2,
@@ -57,9 +58,6 @@ void drawHandles(QPainter *painter, const QRect &frame)
 
 ImageCutLabel::ImageCutLabel(QWidget *parent) : QLabel(parent)
 {
-    setMouseTracking(true);
-    setFocusPolicy(Qt::StrongFocus);
-    setEnabled(false);
     retranslate();
 }
 
@@ -67,8 +65,7 @@ void ImageCutLabel::setPixmap(const QPixmap &px, const QSize &sizeBound)
 {
     const QSize shown = CutGeometry::shownSize(px.size(), shownBound(sizeBound));
     setPixmap(
-        px,
-        shown == px.size() ? px : px.scaled(shown, Qt::IgnoreAspectRatio, Qt::SmoothTransformation),
+        px, shown == px.size() ? px : QPixmap::fromImage(HeadPicture::reduced(px.toImage(), shown)),
         sizeBound);
 }
 
@@ -80,7 +77,9 @@ void ImageCutLabel::setPixmap(const QPixmap &px, const QPixmap &shown, const QSi
     m_pressed = false;
     m_grip = CutGeometry::None;
     m_shown = px.isNull() ? QSize() : CutGeometry::shownSize(px.size(), sizeBound);
-    setEnabled(!px.isNull());
+    // Without a picture there is nothing here to point at or to reach by Tab.
+    setMouseTracking(!px.isNull());
+    setFocusPolicy(px.isNull() ? Qt::NoFocus : Qt::StrongFocus);
     QPixmap sharp = shown;
     if (!px.isNull())
         sharp.setDevicePixelRatio(qreal(shown.width()) / m_shown.width());

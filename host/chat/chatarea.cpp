@@ -90,6 +90,8 @@ ChatPage *ChatArea::open(const QString &jid, MessageData::Kind kind)
     ChatPage *page = pageOf(jid);
     if (!page) {
         page = new ChatPage(m_core, jid, kind, m_tabs);
+        if (kind == MessageData::ServiceNumber && m_pictureOf)
+            page->setPicture(m_pictureOf(jid));
         connect(page, &ChatPage::sendFileWanted, this, &ChatArea::sendFileWanted);
         connect(page, &ChatPage::titleChanged, this,
                 [this, page] { showTitle(m_tabs->indexOf(page), false); });

@@ -6,6 +6,8 @@
 #include <QStackedWidget>
 #include <QTimer>
 
+#include <functional>
+
 class ChatPage;
 class MessagingCore;
 class QLabel;
@@ -23,6 +25,9 @@ public:
     ChatPage *open(const QString &jid, MessageData::Kind kind);
     ChatPage *pageOf(const QString &jid) const;
     ChatPage *currentPage() const;
+    // Tells the file with the icon of a service number; empty: it has none.
+    using PictureOf = std::function<QString(const QString &jid)>;
+    void setPictures(const PictureOf &pictureOf) { m_pictureOf = pictureOf; }
     int count() const;
 
 signals:
@@ -46,6 +51,7 @@ private:
     void retranslate();
 
     MessagingCore *m_core;
+    PictureOf m_pictureOf;
     QTimer m_readTimer;
     QTabWidget *m_tabs;
     QLabel *m_welcomeTitle;

@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QFrame>
 #include <QHBoxLayout>
+#include <QIcon>
 #include <QInputDialog>
 #include <QKeyEvent>
 #include <QLabel>
@@ -20,6 +21,7 @@ namespace {
 
 constexpr int HistoryLength = 200;
 constexpr int MaximumMessage = 5000;
+constexpr int PictureSide = 28; // device-independent pixels
 
 QFrame *line(QWidget *parent)
 {
@@ -38,8 +40,10 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
       m_core(core),
       m_jid(jid),
       m_kind(kind),
+      m_picture(new QLabel(this)),
       m_title(new QLabel(this)),
       m_state(new QLabel(this)),
+      m_oneWay(new QLabel(this)),
       m_view(new ChatView(this)),
       m_input(new QPlainTextEdit(this)),
       m_send(new QPushButton(this)),
@@ -49,13 +53,18 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
     setObjectName(QStringLiteral("chatPage"));
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::Base);
-    for (QLabel *label : {m_title, m_state})
+    for (QLabel *label : {m_picture, m_title, m_state, m_oneWay})
         label->setTextFormat(Qt::PlainText);
     QFont large = font();
     large.setPointSizeF(large.pointSizeF() * 1.2);
     large.setBold(true);
     m_title->setFont(large);
-    m_state->setForegroundRole(QPalette::PlaceholderText);
+    m_picture->setObjectName(QStringLiteral("chatPicture"));
+    m_picture->hide();
+    m_oneWay->setObjectName(QStringLiteral("chatOneWay"));
+    m_oneWay->setWordWrap(true);
+    for (QLabel *label : {m_state, m_oneWay})
+        label->setForegroundRole(QPalette::PlaceholderText);
     m_input->setObjectName(QStringLiteral("chatInput"));
     m_input->setFrameShape(QFrame::NoFrame);
     m_input->setFixedHeight(fontMetrics().height() * 4 + 16);
@@ -64,6 +73,7 @@ ChatPage::ChatPage(MessagingCore *core, const QString &jid, MessageData::Kind ki
     auto *head = new QHBoxLayout;
     head->setContentsMargins(14, 10, 14, 10);
     head->setSpacing(10);
+    head->addWidget(m_picture);
     head->addWidget(m_title);
     head->addWidget(m_state, 1);
     auto *layout = new QVBoxLayout(this);
@@ -95,6 +105,7 @@ QLayout *ChatPage::buildFoot()
     auto *foot = new QHBoxLayout;
     foot->setContentsMargins(10, 6, 14, 12);
     foot->addWidget(m_input, 1);
+    foot->addWidget(m_oneWay, 1);
     foot->addLayout(buttons);
     connect(m_send, &QPushButton::clicked, this, &ChatPage::send);
     connect(m_sendFile, &QPushButton::clicked, this,
@@ -191,6 +202,14 @@ void ChatPage::focusInput()
     m_input->setFocus(Qt::OtherFocusReason);
 }
 
+void ChatPage::setPicture(const QString &file)
+{
+    const QIcon picture(file);
+    const QPixmap shown = picture.pixmap(windowHandle(), QSize(PictureSide, PictureSide));
+    m_picture->setPixmap(shown);
+    m_picture->setVisible(!file.isEmpty() && !shown.isNull());
+}
+
 void ChatPage::send()
 {
     const QString text = m_input->toPlainText().trimmed();
@@ -232,6 +251,13 @@ void ChatPage::sendLink()
 // Where the user may not write, the page says so.
 void ChatPage::showRights()
 {
+    CServiceNumData number;
+    const bool isOneWay = m_kind == MessageData::ServiceNumber &&
+                          m_core->serviceNumber(m_jid, &number) && !number.isInteractive;
+    m_oneWay->setVisible(isOneWay);
+    for (QWidget *widget :
+         std::initializer_list<QWidget *>{m_input, m_send, m_sendFile, m_sendLink})
+        widget->setVisible(!isOneWay);
     if (m_kind != MessageData::Room)
         return;
     MucData room;
@@ -307,6 +333,7 @@ void ChatPage::retranslate()
     m_title->setText(title());
     m_input->setPlaceholderText(tr("Message; Enter sends, Shift+Enter begins a line"));
     m_view->setPlaceholderText(tr("No messages yet"));
+    m_oneWay->setText(tr("This service number only sends messages; it takes none."));
     m_send->setText(tr("Send"));
     m_sendFile->setText(tr("File…"));
     m_sendLink->setText(tr("Link…"));

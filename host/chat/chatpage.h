@@ -26,6 +26,8 @@ public:
     void addMessage(const MessageData &message);
     void addNote(const QString &text);
     void focusInput();
+    // Beside the title; a file without a picture shows none.
+    void setPicture(const QString &file);
 
     // What to call somebody: remark, nick name, else the jid's user part.
     static QString nameOf(const MessagingCore &core, const QString &jid);
@@ -53,8 +55,10 @@ private:
     MessagingCore *m_core;
     const QString m_jid;
     const MessageData::Kind m_kind;
+    QLabel *m_picture;
     QLabel *m_title;
     QLabel *m_state;
+    QLabel *m_oneWay; // in the place of the input
     ChatView *m_view;
     QPlainTextEdit *m_input;
     QPushButton *m_send;

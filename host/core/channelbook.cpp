@@ -128,9 +128,14 @@ bool ChannelBook::serviceNumber(const QString &codeOrJid, CServiceNumData *out)
         out->code = sample.code;
         out->name = sample.name;
         out->description = sample.description;
-        out->icon = sample.code + QStringLiteral(".png");
-        out->isSub = true;
-        out->isInteractive = true;
+        if (sample.hasIcon)
+            out->icon = sample.code + QStringLiteral(".png");
+        out->subType = sample.kind;
+        out->isSub = sample.isSubscribed;
+        out->isInteractive = sample.isInteractive;
+        out->subject = sample.subject;
+        out->contactWay = sample.contact;
+        out->fold = sample.isFolded;
         return true;
     }
     return false;

@@ -86,7 +86,7 @@ void RosterBook::fillIn(FriendData *contact, const FriendData *known) const
         if ((contact->*field).isEmpty())
             contact->*field = base.*field;
     }
-    if (contact->remark.isEmpty())
+    if (contact->remark.isNull()) // not told
         contact->remark = base.remark;
     contact->subscription = base.subscription;
     contact->onJob = base.onJob;

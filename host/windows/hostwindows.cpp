@@ -10,6 +10,7 @@
 #include "host/windows/historywindow.h"
 #include "host/windows/notices.h"
 #include "host/windows/peoplepicker.h"
+#include "host/windows/picturewindow.h"
 #include "host/windows/requestnote.h"
 #include "host/windows/roommanagement.h"
 #include "hostapi/eventcodes.h"
@@ -185,11 +186,7 @@ void HostWindows::pinConversation(const QString &jid, bool top)
 
 void HostWindows::showPicture(const QString &jid, const QString &path)
 {
-    RequestNote::show(m_parent, tr("Picture"),
-                      tr("This host has no picture viewer. A client would now show the picture "
-                         "of %1:")
-                          .arg(nameOf(jid)),
-                      {path});
+    PictureWindow::show(m_parent, nameOf(jid), path.isEmpty() ? m_context->headPath(jid) : path);
 }
 
 void HostWindows::openTopicPage(const QString &pluginId, const QString &jid)

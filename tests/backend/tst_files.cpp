@@ -102,6 +102,62 @@ private slots:
         QCOMPARE(found.json["data"]["userList"][0]["photoName"].asString(), name);
     }
 
+    void ownPicture_data()
+    {
+        // "#": uploaded by himself, "*": by somebody else, who is told of it.
+        const Rows<QString, int> row{"name", "code"};
+        row("uploaded", "#", 0);
+        row("another's", "*", 10001);
+        row("first of the system's", "1.png", 0);
+        row("last of the system's", "24.png", 0);
+        row("beyond the last", "25.png", 10001);
+        row("zero", "0.png", 10001);
+        row("written otherwise", "01.png", 10001);
+        row("somewhere else", "../1.png", 10001);
+        row("somebody's drawn one", "u000003.png", 10001);
+        row("none", "", 0);
+    }
+    void ownPicture()
+    {
+        QFETCH(QString, name);
+        WebClient other(*m_backEnd);
+        other.logIn(*m_backEnd, QStringLiteral("x000001"));
+        const auto uploaded = [](WebClient *client) {
+            const QByteArray content = picture("PNG");
+            const Answer answer = client->upload(Upload, head(content), content);
+            return QString::fromStdString(answer.json["result"]["fileName"].asString());
+        };
+        name.replace('*', uploaded(&other)).replace('#', uploaded(m_client.get()));
+        uploaded(m_client.get()); // the picture until now
+        const auto photo = [this] {
+            return m_client
+                ->post("/center/org/fuzzySearchOrg.do", {{"searchText", "u000002"},
+                                                         {"containOrg", "false"},
+                                                         {"pageNo", "1"},
+                                                         {"pageSize", "1"}})
+                .json["data"]["userList"][0]["photoName"]
+                .asString();
+        };
+        const auto events = [&other](const std::string &since) {
+            return other.post("/center/event/getEvents.do", {{"since", since}}).json["data"];
+        };
+        const std::string before = photo(), since = events("")["next"].asString();
+        const std::string chosen = name.toStdString();
+        const int code = m_client->post("/center/user/setPhoto.do", {{"photoName", chosen}}).code();
+        QTEST(code, "code");
+        QCOMPARE(photo(), code == 0 ? chosen : before);
+        const Json::Value told = events(since)["events"];
+        QCOMPARE(told.size(), code == 0 ? 1u : 0u);
+        const std::string next = events(since)["next"].asString();
+        m_client->post("/center/user/setPhoto.do", {{"photoName", chosen}});
+        QCOMPARE(events(since)["next"].asString(), next); // it is no news
+        if (code == 0) {
+            QCOMPARE(told[0]["type"].asString(), std::string("picture"));
+            QCOMPARE(told[0]["member"].asString(), std::string("u000002"));
+            QCOMPARE(told[0]["photoName"].asString(), chosen);
+        }
+    }
+
     void refusedHeads_data()
     {
         // md5: empty: the right one

@@ -1,4 +1,5 @@
 // Scripted answers and the log of requests.
+#include "backend/reply.h"
 #include "tests/backend/runningbackend.h"
 #include "tests/support/testrunner.h"
 
@@ -104,6 +105,16 @@ private slots:
         row("team of nobody", "team", R"({"owner":"u999999","members":2})");
         row("too large", "team", R"({"owner":"u000000","members":301})");
         row("empty", "team", R"({"owner":"u000000","members":0})");
+        row("unknown action", "friend", R"({"action":"a","from":"x000012","to":"u000001"})");
+        row("no such request", "friend",
+            R"({"action":"age","from":"x000013","to":"u000001","days":1})");
+        row("no days", "friend", R"({"action":"age","from":"x000012","to":"u000001"})");
+        row("limit of nobody", "friendLimit", R"({"uid":"u999999","limit":1})");
+        row("limit below none", "friendLimit", R"({"limit":-1})");
+        row("number of nobody", "serviceNumbers", R"({"extra":1,"subscriber":"u999999"})");
+        row("unknown number", "serviceNumber", R"({"code":"sn9"})");
+        row("too many numbers", "serviceNumbers", R"({"extra":20001})");
+        row("status of a number", "serviceNumber", R"({"code":"sn2001","status":[]})");
         row("no groups", "team", R"({"owner":"u000000","members":2,"groups":-1})");
     }
     void badCommands()
@@ -137,6 +148,43 @@ private slots:
         const WebClient::Fields next{{"members", "u000002,u000003"}, {"vtName", "n"}};
         QVERIFY(
             m_client->post("/center/vt/createVirtualTeam.do", next).json["data"]["audit"].asBool());
+    }
+
+    void peopleOutside()
+    {
+        const auto act = [this](const char *action, const char *from, const char *to,
+                                int days = 0) {
+            Json::Value command(Json::objectValue);
+            command["action"] = action;
+            command["from"] = from;
+            command["to"] = to;
+            command["reason"] = "hi";
+            command["days"] = days;
+            return m_backEnd.control("friend", jsonLine(command)).code();
+        };
+        const auto events = [this](const std::string &since) {
+            return m_client->post("/center/event/getEvents.do", {{"since", since}}).json["data"];
+        };
+        constexpr char confirm[] = "/center/friend/confirmAddFriend.do";
+        const WebClient::Fields accept{{"userId", "x000012"}, {"type", "1"}};
+        const std::string since = events("")["next"].asString();
+        QCOMPARE(act("request", "x000012", "u000001"), 0);
+        const Json::Value event = events(since)["events"][0];
+        QCOMPARE(event["member"].asString(), std::string("x000012"));
+        QCOMPARE(event["reason"].asString(), std::string("hi"));
+        QCOMPARE(act("age", "x000012", "u000001", 7), 0);
+        QCOMPARE(m_client->post(confirm, accept).code(), 10003);
+        act("request", "x000012", "u000001");
+        QCOMPARE(m_backEnd.control("friendLimit", R"({"limit":0})").status, 200);
+        QCOMPARE(m_client->post(confirm, accept).code(), 10001);
+        m_backEnd.control("friendLimit", R"({"limit":100,"uid":"u000001"})");
+        QCOMPARE(m_client->post(confirm, accept).code(), 10002);
+        m_backEnd.control("reset", "{}");
+        QCOMPARE(m_client->post(confirm, accept).code(), 0);
+        QCOMPARE(act("accept", "x000013", "u000001"), 10003);
+        QCOMPARE(act("blacklist", "x000012", "u000001"), 0);
+        QCOMPARE(act("remove", "x000012", "u000001"), 10001);
+        QCOMPARE(act("request", "x000012", "x000012"), 10001);
     }
 
     void settingsAreKeptPerUser()

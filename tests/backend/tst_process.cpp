@@ -1,5 +1,6 @@
 // The program: how it is started, what it says, how it ends; and its data folder.
 #include "backend/database.h"
+#include "sample/samplecompany.h"
 #include "tests/backend/runningbackend.h"
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
@@ -114,6 +115,8 @@ private slots:
         row("too many", QStringList{"--data", "x", "--people", "100001"});
         row("no such port", QStringList{"--data", "x", "--port", "65536"});
         row("team", QStringList{"--data", "x", "--team-size", "-1"});
+        row("friends", QStringList{"--data", "x", "--friend-limit", "100001"});
+        row("service numbers", QStringList{"--data", "x", "--service-numbers", "many"});
         row("certificate", QStringList{"--data", "x", "--certificate", "good"});
     }
     void wrongCommandLines()
@@ -150,6 +153,21 @@ private slots:
         const Answer company = client.post("/center/company/teamApproval.do", {});
         QVERIFY(company.json["data"]["approval"].asBool());
         QCOMPARE(company.json["data"]["approver"].asString(), std::string("u000001"));
+    }
+
+    void limitAndServiceNumbers()
+    {
+        BackEndOptions options;
+        options.friendLimit = SampleCompany::KnownOutsiderCount; // as many as there are
+        options.serviceNumbers = 5;
+        RunningBackEnd backEnd(options);
+        WebClient client(*backEnd);
+        client.logIn(*backEnd, QStringLiteral("u000001"));
+        QCOMPARE(client.post("/center/friend/addFriendRequest.do", {{"userId", "x000012"}}).code(),
+                 10001);
+        const Answer last = client.post("/center/isrv/getIsrvInfo.do", {{"code", "sn100004"}});
+        QCOMPARE(last.json["data"]["iServiceCode"].asString(), std::string("sn100004"));
+        QCOMPARE(client.post("/center/isrv/getIsrvInfo.do", {{"code", "sn100005"}}).code(), 10001);
     }
 
     void servesTheManagerOfQt()

@@ -189,10 +189,6 @@ private slots:
                  std::string("公司新闻"));
         QCOMPARE(int(client.post("/center/isrv/myIsrv.do", {}).json["data"].size()),
                  sampleServiceNumbers().size());
-        for (const char *wrong : {R"({"code":"sn9"})", R"({"code":"sn2001","status":[]})",
-                                  R"({"code":"sn2001","isSub":true})"})
-            QCOMPARE(backEnd.control("serviceNumber", wrong).status, 400);
-        QCOMPARE(backEnd.control("serviceNumbers", R"({"extra":20001})").status, 400);
     }
 
     void icons()

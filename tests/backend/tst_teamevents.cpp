@@ -1,4 +1,5 @@
 // Who is told what about teams, and the requests that wait for it.
+#include "backend/eventlog.h"
 #include "backend/schema.h"
 #include "backend/teams/teamstore.h"
 #include "tests/backend/runningbackend.h"
@@ -220,18 +221,32 @@ private slots:
         end.join();
     }
 
+    void olderFileIsBroughtUpToDate_data()
+    {
+        // From before a table was made, and what happened until then.
+        const Rows<QString, QString, int> row{"table", "content", "lastEvent"};
+        row("without teams", "TABLE company", "", 0);
+        row("events of teams only", "TABLE event ",
+            "; INSERT INTO teamEvent VALUES (8, 'u1', 'update', 1001, 'u2', 0), "
+            "(9, 'u1', 'audit', 1001, 'u2', 0); DELETE FROM teamEvent WHERE seq = 9",
+            9);
+    }
     void olderFileIsBroughtUpToDate()
     {
+        QFETCH(QString, table);
+        QFETCH(QString, content);
         QTemporaryDir folder;
         const QString old = folder.filePath(QStringLiteral("old.sqlite"));
         const std::vector<const char *> &steps = schemaSteps();
-        const auto isFirstOfTeams = [](const char *sql) { return strstr(sql, "TABLE company"); };
-        const auto end = std::find_if(steps.begin(), steps.end(), isFirstOfTeams);
+        const auto end = std::find_if(steps.begin(), steps.end(), [&table](const char *sql) {
+            return QString::fromLatin1(sql).contains(table);
+        });
         std::string sql;
         for (auto step = steps.begin(); step != end; ++step)
             sql += std::string(*step) + ';';
         sql += "PRAGMA user_version = " + std::to_string(end - steps.begin()) +
-               "; INSERT INTO sessionSetting VALUES ('u000001', 'r@conf', 1)";
+               "; INSERT INTO sessionSetting VALUES ('u000001', 'r@conf', 1)" +
+               content.toStdString();
         sqlite3 *handle = nullptr;
         QCOMPARE(sqlite3_open(old.toUtf8().constData(), &handle), SQLITE_OK);
         QCOMPARE(sqlite3_exec(handle, sql.c_str(), nullptr, nullptr, nullptr), SQLITE_OK);
@@ -245,6 +260,8 @@ private slots:
         Transaction transaction(upgraded);
         QVERIFY(transaction.prepare("SELECT * FROM sessionSetting").next());
         QCOMPARE(TeamStore(transaction).addTeam({}), qint64(1001));
+        QTEST(int(EventLog(transaction).last()), "lastEvent");
+        QCOMPARE(EventLog(transaction).after("u1", 0).size(), size_t(content.isEmpty() ? 0 : 1));
     }
 };
 

@@ -191,6 +191,47 @@ private slots:
         if (nickName.isEmpty() && userName.isEmpty())
             QTEST(contactDisplayName(friendData), "name");
     }
+
+    void paragraphs_data()
+    {
+        const Rows<QString, QString> row{"text", "shown"};
+        row("one line", utf8("关于我们"), utf8("关于我们"));
+        row("lines", utf8("a\nb\r\nc\rd\u2028e"), utf8("a\nb\nc\nd\ne"));
+        row("empty lines", utf8("\n\na\n\n \n\nb\n\n"), utf8("a\n\nb"));
+        row("markup", utf8("<b>a</b> & b"), utf8("<b>a</b> & b"));
+        row("controls", utf8("a\tb\u0007c\u202ed\u202c"), utf8("a b cd"));
+        row("half a pair", QString(QChar(0xd83d)) + QLatin1Char('a'), utf8("\uFFFDa"));
+        row("marks", utf8("a") + repeated(QChar(0x0301), 9),
+            utf8("a") + repeated(QChar(0x0301), 4));
+        row("nothing", utf8(" \n\t\n"), QString());
+    }
+    void paragraphs()
+    {
+        QFETCH(QString, text);
+        QFETCH(QString, shown);
+        QCOMPARE(paragraphText(text), shown);
+        QCOMPARE(paragraphText(shown), shown);
+    }
+
+    void longParagraphs_data()
+    {
+        const Rows<QString> row{"text"};
+        row("a line", repeated(utf8("x"), 100000));
+        row("lines", repeated(utf8("line\n"), 100000));
+        row("pairs", repeated(QString::fromUtf8("😀"), 50000));
+        row("marks", utf8("a") + repeated(QChar(0x0301), 100000));
+        row("just too long", repeated(utf8("x"), MaximumParagraph + 1));
+    }
+    void longParagraphs()
+    {
+        QFETCH(QString, text);
+        const QString shown = paragraphText(text);
+        QVERIFY(shown.size() <= MaximumParagraph);
+        QVERIFY(shown.endsWith(QChar(0x2026)));
+        QVERIFY(shown.size() < 2 || !shown.at(shown.size() - 2).isHighSurrogate());
+        const QString whole = repeated(utf8("x"), MaximumParagraph - 2);
+        QCOMPARE(paragraphText(whole), whole);
+    }
 };
 
 FRIENDUI_TEST(TstDisplayText)

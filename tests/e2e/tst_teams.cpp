@@ -1,82 +1,25 @@
 // Virtual teams between people: one of them in the reference host with the module, the
 // others by the services alone, and the reference back end in a process of its own.
-#include "host/hostapplication.h"
-#include "host/mainwindow.h"
 #include "host/tour/serviceuser.h"
-#include "host/tour/tourstage.h"
-#include "host/webservices.h"
-#include "host/windows/hostwindows.h"
-#include "host/windows/notices.h"
 #include "http/jsonreader.h"
+#include "tests/e2e/onehost.h"
 #include "tests/support/testrunner.h"
 
 #include <QAbstractButton>
 #include <QDialog>
 #include <QLineEdit>
-#include <QTemporaryDir>
 #include <QTreeView>
 
 namespace {
 
-constexpr int WaitMs = 60000;
 constexpr char Tree[] = "CVirtualTeamTreeView";
 constexpr int NameRole = 257;
 constexpr int IdRole = 258;
 const QString Approval = QStringLiteral("/center/company/teamApproval.do");
 
-// The back end, ready to be used.
-struct Services
+// What the page of teams shows.
+struct Host : OneHost
 {
-    QTemporaryDir folder;
-    std::unique_ptr<BackendProcess> process;
-
-    bool start()
-    {
-        BackendProcess::Options options;
-        options.program = QStringLiteral(FRIENDUI_BACKEND);
-        options.dataFolder = folder.filePath(QStringLiteral("backend"));
-        process = std::make_unique<BackendProcess>(options);
-        QSignalSpy ready(process.get(), &BackendProcess::ready);
-        process->start();
-        return ready.wait(WaitMs);
-    }
-    const BackendAddress &address() const { return process->address(); }
-};
-
-// A host of one of the users, as it is started from a command line.
-struct Host
-{
-    QTemporaryDir folder;
-    std::unique_ptr<HostApplication> application;
-    std::unique_ptr<TourStage> stage;
-
-    bool start(const QString &user, const BackendAddress &services)
-    {
-        HostOptions options;
-        options.user = user;
-        options.dataFolder = folder.path();
-        options.pluginFile = QStringLiteral(FRIENDUI_MODULE);
-        options.backendAddress = services.address;
-        options.caFile = services.caFile;
-        options.passwordFile = services.passwordFile;
-        options.simulation = false;
-        HostPlace place;
-        QString problem;
-        if (!settlePlace(&options, &place, &problem))
-            return false;
-        application = std::make_unique<HostApplication>(options, place);
-        stage = std::make_unique<TourStage>(*application);
-        return application->start() == ExitCode::Success && application->hasPane() &&
-               QTest::qWaitFor(
-                   [this] { return application->services()->state() == WebServices::Ready; },
-                   WaitMs);
-    }
-    ~Host()
-    {
-        if (application)
-            application->shutDown();
-    }
-    int notices() const { return application->window()->windows()->notices()->count(); }
     QModelIndex team(const QString &name) const { return stage->row(Tree, NameRole, name); }
     // A person among the rows below a team that is open.
     bool shows(const QString &teamName, const QString &uid) const
@@ -200,7 +143,7 @@ private slots:
     }
 
 private:
-    Services services;
+    RunningServices services;
     Host host;
 };
 

@@ -2,6 +2,8 @@
 #include "ExternalFriend/addexternalfrdmanager.h"
 #include "ExternalFriend/externalfriendwidget.h"
 #include "contacts/friendcommands.h"
+#include "contacts/search/searchcommands.h"
+#include "contacts/search/searchindex.h"
 #include "plugin/frienduisignalsender.h"
 #include "tests/contacts/panefixture.h"
 #include "tests/support/rows.h"
@@ -49,6 +51,12 @@ private slots:
         const FriendTreeView *view = pane.pane->externalPage()->view();
         QCOMPARE(view->currentIndex().data(FriendTreeRole::Id).toString(), Xena);
         QVERIFY(view->hasFocus());
+        // There is no other place to look for somebody outside the company.
+        SearchEntry found;
+        found.id = Xena;
+        QVERIFY(!SearchCommands::mayLocateInOrganisation(found));
+        found.id = jidOf(QStringLiteral("bob"));
+        QVERIFY(SearchCommands::mayLocateInOrganisation(found));
         FakeHost::send(4898, jidOf(QStringLiteral("bob")));
         QCOMPARE(pane.pane->currentPage(), QStringLiteral("friends"));
     }

@@ -254,6 +254,43 @@ private slots:
         QCOMPARE(fixture.server.requests().size(), 1);
     }
 
+    void iconsAFewAtATime()
+    {
+        NumberFixture fixture;
+        fixture.server.replyElsewhere(
+            [](const FakeRequest &) { return FakeReply::of(200, "pic").onRelease(); });
+        QByteArrayList records;
+        for (int i = 0; i < 12; ++i)
+            records += record("n" + QByteArray::number(i));
+        QVERIFY(fixture.loaded(records));
+        fixture.server.forget();
+        QSignalSpy told(&fixture.numbers, &ServiceNumbers::iconReady);
+        for (const CServiceNumData &each : fixture.numbers.subscriptions())
+            fixture.numbers.icon(each.code);
+        QTRY_COMPARE(fixture.server.requests().size(), PictureFiles::IconsAtATime);
+        fixture.server.release(1);
+        QTRY_COMPARE(fixture.server.requests().size(), PictureFiles::IconsAtATime + 1);
+        QVERIFY(fixture.server.last().path.endsWith("n11.png")); // newest wish
+        while (told.size() < 12) {
+            fixture.server.release(1);
+            QVERIFY(told.wait());
+        }
+        QCOMPARE(fixture.server.mostUnanswered(), PictureFiles::IconsAtATime);
+    }
+
+    // Unknown to the service: asked for once, whoever paints the row again.
+    void iconThatIsNotThere()
+    {
+        NumberFixture fixture;
+        QVERIFY(fixture.loaded({record("s1")}));
+        fixture.server.forget();
+        for (int i = 0; i < 3; ++i) {
+            fixture.numbers.icon(s1);
+            QTRY_VERIFY(!PictureFiles::serviceIcons().isBusy());
+        }
+        QCOMPARE(fixture.server.requests().size(), 1);
+    }
+
     void iconOfTheHost()
     {
         NumberFixture fixture;

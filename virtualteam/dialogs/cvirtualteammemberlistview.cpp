@@ -39,6 +39,11 @@ CVirtualTeamMemberListView::CVirtualTeamMemberListView(MemberListModel *model,
             QOverload<>::of(&QWidget::update));
 }
 
+QString CVirtualTeamMemberListView::cardJid(const QModelIndex &index) const
+{
+    return makeJid(index.data(TeamRowRole::Id).toString());
+}
+
 void CVirtualTeamMemberListView::setTextWhenEmpty(const QString &text)
 {
     m_textWhenEmpty = text;

@@ -23,6 +23,7 @@ public:
 protected:
     CVirtualTeamMemberListView(MemberListDelegate::Kind kind, QWidget *parent);
     void paintEvent(QPaintEvent *event) override;
+    QString cardJid(const QModelIndex &index) const override;
 
 private:
     CVirtualTeamMemberListView(MemberListModel *model, MemberListDelegate::Kind kind,

@@ -14,6 +14,7 @@ public:
     QList<FriendData> people;
     QHash<QString, QList<MessageData>> history;
     QMap<QString, PresenceData> reachable;
+    QHash<QString, CServiceNumData> numbers; // by jid
     Backlog missed;
     QList<MucData> groupChats;
     QList<MucMemberData> members; // of every room
@@ -56,7 +57,11 @@ public:
     int roomRole(const QString &) const override { return ownRole; }
     QList<CSChannelData> channels() const override { return {}; }
     bool channel(const QString &, CSChannelData *) const override { return false; }
-    bool serviceNumber(const QString &, CServiceNumData *) const override { return false; }
+    bool serviceNumber(Text jid, CServiceNumData *out) const override
+    {
+        *out = numbers.value(jid);
+        return numbers.contains(jid);
+    }
     QString productTeamJid() const override { return QString(); }
     Backlog backlog() const override { return missed; }
     void clearBacklog() override { note("clearBacklog"); }

@@ -21,6 +21,7 @@ public:
         note("moveContact", {jid, from, to});
     }
     void removeContact(Text jid) override { note("removeContact", {jid}); }
+    void setRemark(Text jid, Text remark) override { note("setRemark", {jid, remark}); }
     void searchPeople(Text key) override { note("searchPeople", {key}); }
     void add(Text jid, Text text, Text client) override { note("add", {jid, text, client}); }
     void confirm(Text jid, qint32 agree, Text client) override

@@ -286,20 +286,24 @@ private slots:
         QCOMPARE(bench.count(Inbound::ContactMoved), 1);
     }
 
-    void remarksAreTheUsersUnlessTheServicesHaveOne()
+    void remarksAreTheServicesWhenTheyHaveThem()
     {
         Bench bench;
         QVERIFY(bench.start());
-        QSignalSpy remarked(&bench.core, &MessagingCore::remarkChanged);
-        bench.core.setRemark(jid("x000001"), text("mine"));
-        QVERIFY(remarked.wait());
-        QSignalSpy kept(bench.roster.get(), &ExternalRoster::pictureKnown);
+        bench.server.reply("/center/friend/setFriendRemark.do",
+                           {done(), FakeReply::json(R"({"code":10001})")});
+        bench.roster->setRemark(jid("x000001"), text(" mine "));
+        QTRY_VERIFY(bench.told(Inbound::RemarkChanged, jid("x000001"), text("mine")));
+        QSignalSpy notes(bench.roster.get(), &ExternalRoster::note);
+        bench.roster->setRemark(jid("x000001"), text("other"));
+        QVERIFY(notes.wait());
+        QSignalSpy listed(bench.roster.get(), &ExternalRoster::pictureKnown);
         bench.server.reply(
             List, {friends(R"({"userId":"x000001","name":"Bo","groupId":"7","photoName":""})"),
                    friends(R"({"userId":"x000001","name":"Bo","remark":"theirs"})")});
-        bench.roster->reload();
-        QVERIFY(kept.wait());
-        QCOMPARE(remarked.size(), 1);
+        bench.roster->reload(); // tells no remark
+        QVERIFY(listed.wait());
+        QCOMPARE(bench.count(Inbound::RemarkChanged), 1);
         bench.roster->reload();
         QTRY_VERIFY(bench.told(Inbound::RemarkChanged, jid("x000001"), text("theirs")));
     }

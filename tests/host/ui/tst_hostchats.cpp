@@ -5,6 +5,7 @@
 #include "host/chat/chatview.h"
 #include "host/chat/messagetext.h"
 #include "host/filetransfers.h"
+#include "host/samplepicture.h"
 #include "host/windows/roommanagement.h"
 #include "tests/host/ui/windowbench.h"
 #include "tests/support/testrunner.h"
@@ -45,6 +46,34 @@ private slots:
         emit bench.core.requestFailed(QStringLiteral("sendMessage"), u1());
         QVERIFY(page->findChild<ChatView *>()->toPlainText().contains(
             QLatin1String("could not be sent")));
+    }
+
+    void aServiceNumberThatOnlySendsTakesNothing_data()
+    {
+        const Rows<bool, bool> row{"interactive", "icon"};
+        row("one way", false, true);
+        row("interactive", true, false);
+    }
+    void aServiceNumberThatOnlySendsTakesNothing()
+    {
+        QFETCH(bool, interactive);
+        QFETCH(bool, icon);
+        WindowBench bench;
+        const QString jid = QStringLiteral("sn1@corp.example");
+        bench.core.numbers[jid].name = hostile();
+        bench.core.numbers[jid].isInteractive = interactive;
+        if (icon)
+            SamplePicture::draw(bench.context.pictureFolder(), QStringLiteral("sn1.png"),
+                                QStringLiteral("S"));
+        bench.window.show();
+        bench.window.windows()->openChat(jid, MessageData::ServiceNumber);
+        const ChatPage *page = bench.window.chats()->currentPage();
+        const auto *hint = page->findChild<QLabel *>(QStringLiteral("chatOneWay"));
+        for (const char *name : {"chatInput", "chatSend", "chatSendFile", "chatSendLink"})
+            QCOMPARE(page->findChild<QWidget *>(QLatin1String(name))->isVisible(), interactive);
+        QCOMPARE(hint->isVisible(), !interactive);
+        QVERIFY(!hint->text().isEmpty());
+        QCOMPARE(page->findChild<QLabel *>(QStringLiteral("chatPicture"))->isVisible(), icon);
     }
 
     void thereIsOneChatPerJid()

@@ -10,6 +10,7 @@
 #include "host/windows/hostwindows.h"
 #include "host/windows/notices.h"
 #include "host/windows/peoplepicker.h"
+#include "host/windows/picturewindow.h"
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
 #include "tests/host/ui/windowbench.h"
@@ -36,7 +37,6 @@ private slots:
     {
         const Rows<int> row{"code"};
         row("mail", int(Outbound::WriteMail));
-        row("picture", int(Outbound::ShowPicture));
         row("topic", int(Outbound::OpenTopicPage));
     }
     void requestsBeyondTheHostOpenANote()
@@ -46,16 +46,43 @@ private slots:
         HostWindows &windows = *bench.window.windows();
         if (code == Outbound::WriteMail)
             windows.writeMail({u1(), u2()});
-        else if (code == Outbound::ShowPicture)
-            windows.showPicture(u1(), QStringLiteral("/x.png"));
         else
             windows.openTopicPage(QString::fromLatin1(PluginId::Topics), u1());
         auto *note = bench.find<QDialog>("requestNote");
         QVERIFY(note && note->isVisible());
-        QVERIFY(note->findChild<QPlainTextEdit *>()->toPlainText().contains(
-            code == Outbound::ShowPicture ? QStringLiteral("/x.png") : QString::fromUtf8("李雷")));
+        QVERIFY(
+            note->findChild<QPlainTextEdit *>()->toPlainText().contains(QString::fromUtf8("李雷")));
         note->reject();
         QTRY_VERIFY(!bench.find<QDialog>("requestNote"));
+    }
+
+    void picturesAreShownAsFarAsTheyCanBeRead_data()
+    {
+        const Rows<QSize, bool> row{"size", "shown"};
+        row("large", QSize(900, 300), true);
+        row("too large", QSize(PictureWindow::LargestSide + 1, 1), false);
+        row("missing", QSize(), false);
+    }
+    void picturesAreShownAsFarAsTheyCanBeRead()
+    {
+        QFETCH(QSize, size);
+        QFETCH(bool, shown);
+        WindowBench bench;
+        const QString file = bench.folder.filePath(QStringLiteral("p.png"));
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        QCOMPARE(image.save(file), size.isValid());
+        bench.window.windows()->showPicture(u2(), file);
+        auto *window = bench.find<QDialog>("pictureWindow");
+        QVERIFY(window && window->isVisible());
+        const auto *label = window->findChild<QLabel *>(QStringLiteral("shownPicture"));
+        const QPixmap picture = label->pixmap(Qt::ReturnByValue);
+        QCOMPARE(!picture.isNull(), shown);
+        QCOMPARE(label->textFormat(), Qt::PlainText);
+        if (shown)
+            QCOMPARE(picture.size(), QSize(360, 120));
+        window->reject();
+        QTRY_VERIFY(!bench.find<QDialog>("pictureWindow"));
     }
 
     void aGroupChatIsMadeOfTheChosenPeople()
