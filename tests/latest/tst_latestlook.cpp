@@ -17,6 +17,7 @@ void fill(LatestFixture *page)
     context.presences.insert(wang.jid, {PresenceData::Available, PresenceData::NoMobile});
     FriendData sales;
     sales.jid = LatestFixture::jid(QStringLiteral("long"));
+    sales.outside = 1;
     sales.nickName = QStringLiteral("Maximiliana Featherstonehaugh-Cholmondeley of the Sales");
     context.addContact(sales);
     context.cooperation.insert(sales.jid, true);

@@ -4,6 +4,8 @@
 #include "tests/virtualteam/requestfixture.h"
 #include "virtualteam/dialogs/teamdecisionbody.h"
 
+#include <QPlainTextEdit>
+
 namespace {
 using F = RequestFixture;
 
