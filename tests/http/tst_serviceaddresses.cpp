@@ -48,7 +48,7 @@ private slots:
     void builtIn()
     {
         QFETCH(QString, key);
-        const ServiceFixture fixture;
+        ServiceFixture fixture;
         fixture.write("");
         QTEST(ServiceAddresses::address(key), "address");
     }
@@ -75,14 +75,14 @@ private slots:
     void ofTheFile()
     {
         QFETCH(QByteArray, ini);
-        const ServiceFixture fixture;
+        ServiceFixture fixture;
         fixture.write(ini);
         QTEST(ServiceAddresses::address("/vote/createVote"), "address");
     }
 
     void plainServicesLeaveThePortOfHttps()
     {
-        const ServiceFixture fixture;
+        ServiceFixture fixture;
         fixture.write("[Hosts]\ncenter=https://c.example:8443\n");
         QCOMPARE(ServiceAddresses::address("/Passport/imauthurl"),
                  QStringLiteral("http://c.example/center/auth"));
@@ -93,7 +93,7 @@ private slots:
 
     void changesOfTheFileAreSeen()
     {
-        const ServiceFixture fixture;
+        ServiceFixture fixture;
         fixture.write("[vote]\ncreateVote=https://one.example/\n");
         QCOMPARE(ServiceAddresses::address("/vote/createVote"),
                  QStringLiteral("https://one.example/"));
@@ -104,7 +104,7 @@ private slots:
 
     void valuesThatAreNoAddresses()
     {
-        const ServiceFixture fixture;
+        ServiceFixture fixture;
         fixture.write("[Passport]\nclient_id=friendui-host\n");
         QCOMPARE(ServiceAddresses::value("/Passport/client_id"), QStringLiteral("friendui-host"));
         QVERIFY(ServiceAddresses::address("/Passport/client_id").isEmpty());
@@ -129,7 +129,7 @@ private slots:
     void serviceHosts()
     {
         QFETCH(QUrl, url);
-        const ServiceFixture fixture;
+        ServiceFixture fixture;
         fixture.write("[Hosts]\ncenter=https://c.example:8443\n"
                       "[searchOrg]\nsearchorgurl=http://s.example/center/org/searchOrg.do\n");
         QTEST(ServiceAddresses::isServiceHost(url), "trusted");
