@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
+#include "controls/panewindow.h"
 #include "controls/tipbox.h"
 #include "detail/cardframe.h"
 #include "detail/cdetailview.h"
@@ -71,7 +72,7 @@ CDetailView *CDetailViewManager::createInit(const QString &jid)
         return nullptr;
     }
     return m_dialogs.findOrMake(jid, [this, jid] {
-        auto *dialog = new CDetailView(jid);
+        auto *dialog = new CDetailView(jid, paneWindow());
         connectDialog(dialog);
         return dialog;
     });
