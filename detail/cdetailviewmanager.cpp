@@ -144,6 +144,9 @@ void CDetailViewManager::slot_sendMail(QString jid)
 void CDetailViewManager::slot_opendialog(QString jid)
 {
     LOG_SCOPE("CDetailViewManager::slot_opendialog(QString jid)");
+    // It would stand in front of the chat.
+    if (CDetailView *dialog = openDialog(jid))
+        dialog->reject();
     FriendUIEventProcess::openChat(jid, MessageData::Person);
 }
 
