@@ -73,8 +73,8 @@ QNetworkReply *PageNetwork::createRequest(Operation operation, const QNetworkReq
     const QString reason = refusal(operation, request.url());
     if (!reason.isEmpty()) {
         if (++m_refusals <= MaximumTold)
-            LOG_ERROR("refused to a page: " << logText(RequestText::address(request.url()))
-                                            << ", " << reason);
+            LOG_ERROR("refused to a page: " << logText(RequestText::address(request.url())) << ", "
+                                            << reason);
         auto *reply =
             new FailedReply(request, operation, QNetworkReply::ProtocolUnknownError, reason, this);
         if (request.url() == m_page)
