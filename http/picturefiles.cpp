@@ -95,11 +95,7 @@ PictureFiles &PictureFiles::serviceIcons()
     return *files;
 }
 
-PictureFiles::PictureFiles(const Kind &kind) : d(new Private{kind})
-{
-    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
-            &PictureFiles::stop);
-}
+PictureFiles::PictureFiles(const Kind &kind) : d(new Private{kind}) {}
 
 PictureFiles::~PictureFiles() = default;
 
@@ -112,6 +108,9 @@ void PictureFiles::forgetOtherUser()
     stop();
     d->refused.clear();
     d->folder = folder;
+    // Not before somebody is logged in: until then the module may be unloaded again.
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &PictureFiles::stop,
+            Qt::UniqueConnection);
 }
 
 QString PictureFiles::file(const QString &pictureName)
