@@ -121,10 +121,14 @@ TourMove dropped(const QByteArray &bytes, const char *name)
                 file.close();
                 QMimeData data;
                 data.setUrls({QUrl::fromLocalFile(path)});
-                QDropEvent drop(QPointF(100, 100), Qt::CopyAction, &data, Qt::LeftButton,
-                                Qt::NoModifier);
-                if (QDialog *dialog = s.openDialog(Dialog))
-                    QCoreApplication::sendEvent(dialog, &drop);
+                QDialog *dialog = s.openDialog(Dialog);
+                if (!dialog)
+                    return;
+                const QPoint at(100, 100);
+                QDragEnterEvent enter(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+                QCoreApplication::sendEvent(dialog, &enter);
+                QDropEvent drop(at, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+                QCoreApplication::sendEvent(dialog, &drop);
             },
             {}};
 }
