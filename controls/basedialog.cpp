@@ -95,7 +95,9 @@ void BaseDialog::putCloseButtonLast()
 
 void BaseDialog::place()
 {
-    const QWidget *over = parentWidget() ? parentWidget()->window() : QApplication::activeWindow();
+    const QWidget *over = QApplication::activeWindow();
+    if (parentWidget() && !qobject_cast<const BaseDialog *>(over))
+        over = parentWidget()->window();
     const QScreen *on = over ? over->screen() : QGuiApplication::primaryScreen();
     const QRect area = on->availableGeometry();
     QRect frame(QPoint(), size());

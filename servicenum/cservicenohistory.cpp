@@ -64,11 +64,10 @@ CServiceNoHistory::CServiceNoHistory(QWidget *parent)
     body->setLayout(m_states);
     bodyLayout()->addWidget(body, 1);
     m_where->setObjectName(QStringLiteral("where"));
-    m_where->setAlignment(Qt::AlignCenter);
     m_where->setContentsMargins(12, 0, 12, 12);
     followSkin(m_where);
     m_where->hide();
-    bodyLayout()->addWidget(m_where);
+    bodyLayout()->addWidget(m_where, 0, Qt::AlignHCenter);
     connect(m_states, &StateStack::buttonClicked, this, &CServiceNoHistory::retry);
     makeTitleButtons();
     retranslate();
@@ -112,7 +111,9 @@ void CServiceNoHistory::show(const QString &code, const QString &name)
     const QString shown = displayText(name);
     setWindowTitle(shown.isEmpty() ? displayText(code) : shown);
     present();
-    if (code == m_code && !m_hasFailed)
+    // In the system's browser it may have been closed meanwhile.
+    const bool isShown = m_first && code == m_code;
+    if (isShown && !m_hasFailed)
         return;
     m_code = code;
     load();

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 QStringList SystemPictures::namesIn(const QByteArray &xml)
 {
     QStringList names;

@@ -273,6 +273,7 @@ private slots:
         row("a failure", false, -1, Request, true, "Send");
         row("expired", false, 10003, Confirmation, true, "Send");
         row("offline", true, 0, Request, false, "none");
+        row("to nothing that is known", true, 0, 7, true, "none");
     }
 
     void answerWithoutAWindow()
