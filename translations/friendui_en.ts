@@ -238,7 +238,7 @@
     </message>
     <message>
         <source>confirmBlacklist</source>
-        <translation>Put "%1" on the blacklist? You will get no more requests from this person.</translation>
+        <translation>Put "%1" on the blacklist? This removes the person from your contacts, and you will get no more requests from them.</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>

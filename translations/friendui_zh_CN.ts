@@ -238,7 +238,7 @@
     </message>
     <message>
         <source>confirmBlacklist</source>
-        <translation>确定将“%1”加入黑名单吗？之后不会再收到对方的请求。</translation>
+        <translation>确定将“%1”加入黑名单吗？对方会从联系人中移除，之后不会再收到对方的请求。</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
