@@ -13,15 +13,6 @@
 
 namespace {
 
-QString nameOf(const QString &jid)
-{
-    FriendData contact;
-    contact.jid = jid;
-    VcardInfo profile;
-    ctx().vcard(jid, &profile);
-    return contactDisplayName(contact, profile);
-}
-
 // For what the host opens by itself; the user is told why something cannot be.
 bool mayOpenUnasked(const QString &jid)
 {
@@ -152,6 +143,10 @@ void AddExternalFrdManager::requestReceived(const QString &jid, const QString &s
 void AddExternalFrdManager::externalContactAnswer(const QString &answeredJid, bool ok, int code,
                                                   int action)
 {
+    if (action < ExternalRequest::Request || action > ExternalRequest::Blacklist) {
+        LOG_ERROR("an answer to nothing that can be asked: " << QString::number(action));
+        return;
+    }
     const QString jid = makeJid(answeredJid);
     const bool isAwaited = m_requested.remove(jid);
     if (isAwaited && ok && action == ExternalRequest::Request)
@@ -166,7 +161,7 @@ void AddExternalFrdManager::externalContactAnswer(const QString &answeredJid, bo
         const QString reason = ExternalRequest::isExpired(action, code)
                                    ? QString::fromUtf8("已过期，请重新添加")
                                    : QObject::tr(ExternalRequest::failureKey(action, code));
-        TipBox::tell(paneWindow(), nameOf(jid) + QLatin1Char('\n') + reason);
+        TipBox::tell(paneWindow(), displayNameOf(jid) + QLatin1Char('\n') + reason);
         return;
     }
     if (!mayOpenUnasked(jid))

@@ -14,6 +14,7 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 const char RemarkPath[] = "/center/friend/setFriendRemark.do";

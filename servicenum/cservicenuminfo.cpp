@@ -16,7 +16,6 @@
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicetexts.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>

@@ -15,7 +15,6 @@
 #include "servicenum/servicenumroles.h"
 #include "servicenum/servicetexts.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QVBoxLayout>
 

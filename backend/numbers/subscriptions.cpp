@@ -2,6 +2,8 @@
 
 #include "sample/samplechannels.h"
 
+#include <optional>
+
 QStringList Subscriptions::codes()
 {
     QStringList added;

@@ -7,6 +7,8 @@
 #include "backend/routes/rulecall.h"
 
 #include <algorithm>
+#include <functional>
+#include <optional>
 
 namespace {
 constexpr int NoRight = 1; // to subscribe
