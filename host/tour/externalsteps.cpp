@@ -280,8 +280,19 @@ std::vector<TourStep> externalSteps()
 
 std::vector<TourStep> externalStateSteps()
 {
-    return {{"externals-empty",
-             TourStep::Pane,
-             {paneShows("outsidefrd", "nofrd_toadd")},
-             {QStringLiteral("--people"), QStringLiteral("1")}}};
+    // Nobody is a contact of this one.
+    const QStringList alone{QStringLiteral("--user"), uidOf(Asks)};
+    const TourMove ungrouped{"only the group is left that everybody has",
+                             [](Stage &s) {
+                                 EmbeddedCore *core = s.host().core();
+                                 core->keepExternal(core->groups(false).mid(0, 1), {});
+                             },
+                             {}};
+    return {
+        {"externals-nobody", TourStep::Pane, {paneShows("outsidefrd", "linkAddFriend")}, alone},
+        {"externals-empty",
+         TourStep::Pane,
+         {ungrouped, paneShows("outsidefrd", "nofrd_toadd")},
+         alone},
+    };
 }

@@ -159,6 +159,10 @@ std::vector<TourStep> pictureSteps()
                           {}};
     return {
         {"own-profile", TourStep::Pane, {servicesReady(), ownMenu(), profileOpened()}},
+        {"own-picture",
+         TourStep::Pane,
+         {servicesReady(), ownMenu(), profileOpened(), buttonPressed("OwnProfileWindow", "head"),
+          windowShown("PictureWindow")}},
         {"picture-system", TourStep::Pane, dialogAnd({partShown(Dialog, "sysAvatarTable")})},
         {"picture-system-chosen", TourStep::Pane, dialogAnd({chosen})},
         {"picture-local", TourStep::Pane,

@@ -19,6 +19,7 @@
 
 namespace {
 constexpr int TickMs = 10;
+constexpr int TicksToSettle = 3;
 constexpr int MoveDeadlineMs = 15000;
 constexpr int ChildDeadlineMs = 90000;
 
@@ -161,9 +162,12 @@ void TourDriver::endStep()
         beginStep();
 }
 
-// One look a tick: what follows from the change has been laid out by then.
+// Ticks lie between a change and its picture: in them everything is laid out anew.
 void TourDriver::nextLook()
 {
+    if (m_look > 0 && ++m_settled < TicksToSettle)
+        return;
+    m_settled = 0;
     MainWindow &window = m_stage->window();
     if (m_look > 0)
         savePicture(

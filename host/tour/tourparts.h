@@ -58,3 +58,6 @@ std::vector<TourStep> pictureSteps();
 // External contacts: their page, the search for them, asking and answering.
 std::vector<TourStep> externalSteps();
 std::vector<TourStep> externalStateSteps();
+
+// Windows of the host's own.
+std::vector<TourStep> windowSteps();

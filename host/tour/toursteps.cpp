@@ -374,10 +374,11 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part : {hostSteps(), organisationSteps(), organisationStateSteps(),
-                                 localSteps(), localStateSteps(), teamSteps(), teamStateSteps(),
-                                 numberSteps(), numberStateSteps(), cardSteps(), pictureSteps(),
-                                 externalSteps(), externalStateSteps(), ownProcessSteps()})
+        for (const auto &part :
+             {hostSteps(), organisationSteps(), organisationStateSteps(), localSteps(),
+              localStateSteps(), teamSteps(), teamStateSteps(), numberSteps(), numberStateSteps(),
+              cardSteps(), pictureSteps(), externalSteps(), externalStateSteps(), windowSteps(),
+              ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();
