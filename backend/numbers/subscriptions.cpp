@@ -2,6 +2,8 @@
 
 #include "sample/samplechannels.h"
 
+#include <QSet>
+
 #include <optional>
 
 QStringList Subscriptions::codes()
