@@ -6,6 +6,8 @@
 #include "backend/routes/routes.h"
 #include "backend/routes/rulecall.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <functional>
 #include <optional>
