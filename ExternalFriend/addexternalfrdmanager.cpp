@@ -143,6 +143,10 @@ void AddExternalFrdManager::requestReceived(const QString &jid, const QString &s
 void AddExternalFrdManager::externalContactAnswer(const QString &answeredJid, bool ok, int code,
                                                   int action)
 {
+    if (action < ExternalRequest::Request || action > ExternalRequest::Blacklist) {
+        LOG_ERROR("an answer to nothing that can be asked: " << QString::number(action));
+        return;
+    }
     const QString jid = makeJid(answeredJid);
     const bool isAwaited = m_requested.remove(jid);
     if (isAwaited && ok && action == ExternalRequest::Request)

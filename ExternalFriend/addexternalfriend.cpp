@@ -43,8 +43,9 @@ AddExternalFriend::AddExternalFriend(const QString &jid, QWidget *parent)
     m_wait->setInterval(Patience);
     connect(m_wait, &QTimer::timeout, this, [this] {
         LOG_ERROR("no answer to the request about " << logText(m_jid));
+        const bool isBlacklist = m_pending == ExternalRequest::Blacklist;
         settle();
-        say({"addfailreadd", true, TipLabel::Warning});
+        say({isBlacklist ? "blacklistFailed" : "addfailreadd", true, TipLabel::Warning});
     });
     buildBody();
     connect(this, &BaseDialog::closed, this, [this] {

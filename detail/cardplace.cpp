@@ -3,6 +3,14 @@
 #include <limits>
 
 namespace {
+// Beyond every screen, and yet small enough to be reckoned with.
+constexpr int Farthest = 1 << 24;
+
+int bounded(int value)
+{
+    return qBound(-Farthest, value, Farthest);
+}
+
 int distance(int at, int first, int last)
 {
     return at < first ? first - at : at > last ? at - last : 0;
@@ -36,8 +44,11 @@ QPoint CardPlace::cardPos(int x, int y, int rowWidth, bool preferLeft, int cardW
     return QPoint(left, top);
 }
 
-QPoint CardPlace::onScreens(const Anchor &anchor, const QSize &card, const QVector<QRect> &screens)
+QPoint CardPlace::onScreens(const Anchor &wanted, const QSize &card, const QVector<QRect> &screens)
 {
+    const Anchor anchor{{bounded(wanted.edge.x()), bounded(wanted.edge.y())},
+                        bounded(wanted.width),
+                        wanted.preferLeft};
     // The row's own side of its edge: the pixel beyond may be the next screen's.
     const int inward = anchor.preferLeft ? 0 : 1;
     const QRect screen = screenAt(anchor.edge - QPoint(inward, 0), screens);

@@ -23,6 +23,6 @@ struct Anchor
 
 // The same among the screens' areas: on the one with the anchor, or next to it, and
 // wholly inside of it, or at its top left corner when the card is larger.
-QPoint onScreens(const Anchor &anchor, const QSize &card, const QVector<QRect> &screens);
+QPoint onScreens(const Anchor &wanted, const QSize &card, const QVector<QRect> &screens);
 
 } // namespace CardPlace

@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 #include "controls/noticeline.h"
+#include "controls/panewindow.h"
 #include "controls/searchbox.h"
 #include "controls/statestack.h"
 #include "plugin/frienduisignalsender.h"
@@ -28,7 +29,7 @@ CServiceNumSearch *CServiceNumSearch::showSearch()
     static auto *open = new QPointer<CServiceNumSearch>;
     LOG_SCOPE("CServiceNumSearch::showSearch()");
     if (!*open || !(*open)->isVisible())
-        *open = new CServiceNumSearch;
+        *open = new CServiceNumSearch(paneWindow());
     (*open)->present();
     (*open)->m_box->setFocus(Qt::OtherFocusReason);
     return *open;

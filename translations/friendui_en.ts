@@ -145,6 +145,10 @@
         <translation>Move members</translation>
     </message>
     <message>
+        <source>blacklistFailed</source>
+        <translation>This person could not be put on the blacklist. Please try again.</translation>
+    </message>
+    <message>
         <source>cancel</source>
         <translation>Cancel</translation>
     </message>
@@ -390,11 +394,11 @@
     </message>
     <message>
         <source>failaddfrd</source>
-        <translation>The request could not be sent.</translation>
+        <translation>The contact request has failed.</translation>
     </message>
     <message>
         <source>filenotexistscannotmodify</source>
-        <translation>The file does not exist; the picture was not changed.</translation>
+        <translation>The file does not exist or cannot be read; the picture was not changed.</translation>
     </message>
     <message>
         <source>fileTransfer</source>
@@ -1346,7 +1350,7 @@
     </message>
     <message>
         <source>typeerrorcannotmodify</source>
-        <translation>This is not a JPG or PNG picture; the picture was not changed.</translation>
+        <translation>This is not a complete JPG or PNG picture; the picture was not changed.</translation>
     </message>
     <message>
         <source>unreadMessages</source>

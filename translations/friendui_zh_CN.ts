@@ -145,6 +145,10 @@
         <translation>批量移动成员</translation>
     </message>
     <message>
+        <source>blacklistFailed</source>
+        <translation>加入黑名单失败，请重试。</translation>
+    </message>
+    <message>
         <source>cancel</source>
         <translation>取消</translation>
     </message>
@@ -394,7 +398,7 @@
     </message>
     <message>
         <source>filenotexistscannotmodify</source>
-        <translation>文件不存在，无法修改头像。</translation>
+        <translation>文件不存在或无法读取，头像未修改。</translation>
     </message>
     <message>
         <source>fileTransfer</source>
@@ -1346,7 +1350,7 @@
     </message>
     <message>
         <source>typeerrorcannotmodify</source>
-        <translation>文件类型不正确，无法修改头像。</translation>
+        <translation>文件不是完整的 JPG 或 PNG 图片，头像未修改。</translation>
     </message>
     <message>
         <source>unreadMessages</source>

@@ -374,9 +374,10 @@ const std::vector<TourStep> &tourSteps()
 {
     static const std::vector<TourStep> all = [] {
         std::vector<TourStep> steps = treeSteps();
-        for (const auto &part :
-             {hostSteps(), organisationSteps(), organisationStateSteps(), localSteps(),
-              localStateSteps(), teamSteps(), teamStateSteps(), ownProcessSteps()})
+        for (const auto &part : {hostSteps(), organisationSteps(), organisationStateSteps(),
+                                 localSteps(), localStateSteps(), teamSteps(), teamStateSteps(),
+                                 numberSteps(), numberStateSteps(), cardSteps(), pictureSteps(),
+                                 externalSteps(), externalStateSteps(), ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

@@ -3,6 +3,8 @@
 #include "tests/support/rows.h"
 #include "tests/support/testrunner.h"
 
+#include <limits>
+
 using CardPlace::Anchor;
 
 class TstCardPlace : public QObject
@@ -57,6 +59,10 @@ private slots:
         row("no room on either side", right, QPoint(600, 0), 500, false, QPoint(0, 0));
         row("beside all screens", right, QPoint(400, -80), 150, false, QPoint(400, 0));
         row("one that is gone", right, QPoint(9000, 9000), 150, false, QPoint(1500, 300));
+        constexpr int least = std::numeric_limits<int>::min();
+        row("nowhere", right, QPoint(least, least), least, false, QPoint(0, 0));
+        row("nowhere else", left, -QPoint(least + 1, least + 1), -(least + 1), true,
+            QPoint(500, 200));
     }
 
     void twoScreens()

@@ -112,7 +112,7 @@ private slots:
         row("own limit, confirming", Confirmation, 10001, own, own);
         row("expired", Confirmation, 10003, "", QString::fromUtf8("已过期，请重新添加"));
         row("other, confirming", Confirmation, -1, "addfailreadd", "addfailreadd");
-        row("no blacklist", Blacklist, 10001, "addfailreadd", "addfailreadd");
+        row("no blacklist", Blacklist, 10001, "blacklistFailed", "blacklistFailed");
     }
 
     // Each leaves a way to try again.
@@ -273,6 +273,7 @@ private slots:
         row("a failure", false, -1, Request, true, "Send");
         row("expired", false, 10003, Confirmation, true, "Send");
         row("offline", true, 0, Request, false, "none");
+        row("to nothing that is known", true, 0, 7, true, "none");
     }
 
     void answerWithoutAWindow()
