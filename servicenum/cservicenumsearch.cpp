@@ -24,26 +24,15 @@ constexpr int Height = 520;
 constexpr int SlowAfter = 250; // ms
 } // namespace
 
-QPointer<CServiceNumSearch> &CServiceNumSearch::existing()
-{
-    static auto *window = new QPointer<CServiceNumSearch>;
-    return *window;
-}
-
 CServiceNumSearch *CServiceNumSearch::showSearch()
 {
+    static auto *open = new QPointer<CServiceNumSearch>;
     LOG_SCOPE("CServiceNumSearch::showSearch()");
-    if (!existing() || !existing()->isVisible())
-        existing() = new CServiceNumSearch(paneWindow());
-    existing()->present();
-    existing()->m_box->setFocus(Qt::OtherFocusReason);
-    return existing();
-}
-
-void CServiceNumSearch::closeSearch()
-{
-    if (existing())
-        existing()->reject();
+    if (!*open || !(*open)->isVisible())
+        *open = new CServiceNumSearch(paneWindow());
+    (*open)->present();
+    (*open)->m_box->setFocus(Qt::OtherFocusReason);
+    return *open;
 }
 
 CServiceNumSearch::CServiceNumSearch(QWidget *parent)
@@ -130,6 +119,8 @@ void CServiceNumSearch::connectAnswers()
             });
     connect(numbers, &ServiceNumbers::cancellationFailed, this,
             [refused](const QString &code) { refused(code, "cancelSubscribeFailed"); });
+    // Not to stand in front of the chat.
+    connect(numbers, &ServiceNumbers::chatOpens, this, &QDialog::reject);
     connect(FriendUISignalSender::instance(), &FriendUISignalSender::signal_logout, this,
             &QDialog::reject);
 }

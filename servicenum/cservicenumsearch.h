@@ -4,7 +4,6 @@
 
 #include "controls/basedialog.h"
 
-#include <QPointer>
 #include <QSet>
 #include <QTimer>
 
@@ -21,7 +20,6 @@ class CServiceNumSearch : public BaseDialog
 public:
     // Opens or raises the window.
     static CServiceNumSearch *showSearch();
-    static void closeSearch();
 
     ServiceNumListView *list() const { return m_list; }
 
@@ -30,7 +28,6 @@ protected:
 
 private:
     explicit CServiceNumSearch(QWidget *parent = nullptr);
-    static QPointer<CServiceNumSearch> &existing();
     void connectList();
     void connectAnswers();
     void search();

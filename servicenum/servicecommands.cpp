@@ -7,7 +7,6 @@
 #include "hostapi/hostrecords.h"
 #include "plugin/frienduieventprocess.h"
 #include "servicenum/cservicenohistory.h"
-#include "servicenum/cservicenumsearch.h"
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicetexts.h"
 
@@ -37,7 +36,7 @@ void ServiceCommands::openChat(const QString &code)
         LOG_DEBUG("not subscribed to " << logText(code));
         return;
     }
-    CServiceNumSearch::closeSearch(); // not to stand in front of the chat
+    emit ServiceNumbers::instance().chatOpens();
     FriendUIEventProcess::openChat(makeJid(code), MessageData::ServiceNumber);
 }
 

@@ -61,6 +61,7 @@ signals:
     void cancellationFailed(const QString &code);
     void detailFailed(const QString &code);
     void iconReady(const QString &code, const QString &file);
+    void chatOpens(); // in a moment, with one of the numbers
 
 private:
     ServiceNumbers();
