@@ -8,6 +8,7 @@
 #include <QDropEvent>
 #include <QFileDialog>
 #include <QMimeData>
+#include <QPainter>
 #include <QWindow>
 
 #include <memory>
@@ -59,6 +60,19 @@ private slots:
         QTest::keyClick(m_fixture->cut(), Qt::Key_Left);
         m_fixture->save();
         QTRY_COMPARE(m_fixture->sentProfiles(), 1);
+    }
+
+    void thePresentPictureIsPreviewedWhole()
+    {
+        QImage framed(300, 300, QImage::Format_RGB32);
+        framed.fill(Qt::red);
+        QPainter(&framed).fillRect(60, 60, 180, 180, Qt::blue);
+        m_fixture->host.context.headPaths.insert(
+            m_fixture->own, m_fixture->file("mine.png", PictureMaker::png(framed)));
+        m_fixture->open();
+        QTRY_COMPARE(m_fixture->preview().pixelColor(45, 5), QColor(Qt::red));
+        QTest::mouseClick(m_fixture->button("btnLocalPage"), Qt::LeftButton);
+        QCOMPARE(m_fixture->preview().pixelColor(45, 5), QColor(Qt::blue));
     }
 
     void aSystemPictureByItsName()

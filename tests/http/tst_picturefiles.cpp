@@ -94,6 +94,10 @@ private slots:
         QCOMPARE(files.ofPerson(jid, photo), QStringLiteral("/of-name.png"));
         fixture.host.headPaths.insert(jid, QStringLiteral("/of-person.png"));
         QCOMPARE(files.ofPerson(jid, photo), QStringLiteral("/of-person.png"));
+        QVERIFY(files.ofRow(QString(), jid).isEmpty()); // the profile names none
+        fixture.host.profiles[jid].photoName = photo;
+        QCOMPARE(files.ofRow(QString(), jid), QStringLiteral("/of-person.png"));
+        QCOMPARE(files.ofRow(QStringLiteral("/of-row.png"), jid), QStringLiteral("/of-row.png"));
         QCOMPARE(fixture.server.requests().size(), 0);
     }
 

@@ -316,8 +316,9 @@ private slots:
             {news(3, R"({"type":"friendRequest","member":"x000004","name":"Di <b>",)"
                      R"("companyName":"C & D","reason":"hi","time":"2026-01-02 03:04:05"})"),
              news(3).onRelease(), news(4)});
-        bench.server.reply("/center/friend/confirmAddFriend.do",
-                           {FakeReply::json(R"({"code":10003})"), done()});
+        bench.server.reply(
+            "/center/friend/confirmAddFriend.do",
+            {FakeReply::json(R"({"code":10002})"), FakeReply::json(R"({"code":10003})"), done()});
         bool cooperates = false;
         QVERIFY(bench.start());
         QTRY_COMPARE(bench.notices.count(), 1);
@@ -329,8 +330,12 @@ private slots:
 
         bench.roster->confirm(jid("x000004"), 1, text("pc"));
         QTRY_VERIFY(
-            bench.told(Inbound::ExternalContactAnswer, jid("x000004"), false, 10003, qint32(1)));
+            bench.told(Inbound::ExternalContactAnswer, jid("x000004"), false, 10002, qint32(1)));
         QCOMPARE(bench.notices.count(), 1);
+        bench.roster->confirm(jid("x000004"), 1, text("pc")); // it has expired since
+        QTRY_VERIFY(
+            bench.told(Inbound::ExternalContactAnswer, jid("x000004"), false, 10003, qint32(1)));
+        QCOMPARE(bench.notices.count(), 0);
         bench.server.reply(List, friends(R"({"userId":"x000004","name":"Di","groupId":"0"})"));
         bench.roster->confirm(jid("x000004"), 1, text("pc"));
         QTRY_VERIFY(
