@@ -148,6 +148,14 @@ QString PictureFiles::ofPerson(const QString &jid, const QString &photoName)
     return known.isEmpty() ? file(name) : known;
 }
 
+QString PictureFiles::ofRow(const QString &known, const QString &jid)
+{
+    VcardInfo profile;
+    if (!known.isEmpty() || !ctx().vcard(jid, &profile) || profile.photoName.isEmpty())
+        return known;
+    return ofPerson(jid, profile.photoName);
+}
+
 void PictureFiles::fetchOn()
 {
     forgetOtherUser();

@@ -1,8 +1,11 @@
 // The host destroys the pane, at whatever moment.
+#include "ExternalFriend/searchexternalfriend.h"
 #include "contacts/friendcommands.h"
 #include "controls/inputbox.h"
 #include "controls/skinmenu.h"
+#include "detail/avatar/editavatar.h"
 #include "plugin/frienduisignalsender.h"
+#include "servicenum/cservicenohistory.h"
 #include "tests/contacts/panefixture.h"
 #include "tests/support/testrunner.h"
 
@@ -54,6 +57,32 @@ QPushButton *buttonOf(QDialog *box, const char *text)
     return nullptr;
 }
 
+void savePicture(const QString &file)
+{
+    QImage image(2000, 2000, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    QVERIFY(image.save(file));
+}
+
+void showCard()
+{
+    FakeHost::send(Inbound::ShowContactCard, Anna, qint32(30), qint32(30), qint32(100), false);
+}
+
+void somebodyAsks(PaneFixture &f)
+{
+    const QString xena = QStringLiteral("xena@other.example");
+    f.host.context.cooperation.insert(xena, false);
+    FakeHost::send(Inbound::ContactRequested, xena, QStringLiteral("hello"), QString());
+}
+
+EditAvatar *editPicture(PaneFixture &f)
+{
+    f.host.context.profiles[QStringLiteral("me@corp.example")].nickName = QStringLiteral("Me");
+    EditAvatar::edit(f.pane);
+    return f.pane->findChild<EditAvatar *>();
+}
+
 struct Moment
 {
     const char *name;
@@ -97,13 +126,31 @@ const Moment moments[] = {
     {"pictures being decoded",
      [](PaneFixture &f) {
          const QString file = f.folder.filePath(QStringLiteral("head.png"));
-         QImage image(2000, 2000, QImage::Format_RGB32);
-         image.fill(Qt::red);
-         QVERIFY(image.save(file));
+         savePicture(file);
          FakeHost::send(Inbound::HeadChanged, Anna, file);
          f.pane->grab();
      }},
     {"groups asked for", [](PaneFixture &f) { f.view->slot_getGroupAgain(); }},
+    {"card open", [](PaneFixture &) { showCard(); }},
+    {"own picture being opened",
+     [](PaneFixture &f) {
+         const QString file = f.folder.filePath(QStringLiteral("own.png"));
+         savePicture(file);
+         editPicture(f)->loadLocalImage(file);
+     }},
+    {"history of a service number open",
+     [](PaneFixture &f) {
+         f.pane->raisePage(QStringLiteral("serviceNumbers"));
+         CServiceNoHistory::showHistory(QStringLiteral("s1"), QString());
+     }},
+    {"external people searched",
+     [](PaneFixture &f) {
+         f.pane->raisePage(QStringLiteral("outsidefrd"));
+         SearchExternalFriend::showSearch(f.pane);
+         auto *search = f.pane->findChild<SearchExternalFriend *>();
+         QTest::keyClicks(search->focusWidget(), QStringLiteral("xena"));
+     }},
+    {"somebody from outside asks", somebodyAsks},
 };
 
 // What the user does so that a request reaches the host, which closes its window
@@ -164,6 +211,14 @@ const Moment requests[] = {
      }},
     {"refresh", [](PaneFixture &f) { f.view->slot_getGroupAgain(); }},
     {"groups that the host failed to list", [](PaneFixture &) { FakeHost::send(4500); }},
+    {"card", [](PaneFixture &) { showCard(); }},
+    {"somebody from outside asks", somebodyAsks},
+    {"own picture",
+     [](PaneFixture &f) {
+         EditAvatar *dialog = editPicture(f);
+         dialog->slot_showSysAvatar(QStringLiteral("1.png"), QPixmap());
+         dialog->slot_SaveBtnclicked();
+     }},
 };
 
 template <size_t N> void addMoments(const Moment (&list)[N])

@@ -13,6 +13,14 @@ WebKitBrowser::WebKitBrowser(QNetworkAccessManager *network, BrowserListener *li
     setContextMenuPolicy(Qt::NoContextMenu);
 }
 
+// A page that goes while it loads says that it has finished, which is nobody's any more.
+WebKitBrowser::~WebKitBrowser()
+{
+    m_page.clear();
+    const QObjectList pages = m_pages.children();
+    qDeleteAll(pages);
+}
+
 // A page of its own each time: the one before may refuse to go, and has a history.
 void WebKitBrowser::open(const QUrl &url)
 {

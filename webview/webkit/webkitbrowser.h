@@ -14,6 +14,7 @@ class WebKitBrowser : public QWebView, public EmbeddedBrowser
 
 public:
     WebKitBrowser(QNetworkAccessManager *network, BrowserListener *listener, QWidget *parent);
+    ~WebKitBrowser() override;
 
     QWidget *widget() override { return this; }
     void open(const QUrl &url) override;
