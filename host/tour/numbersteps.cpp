@@ -344,7 +344,7 @@ std::vector<TourStep> numberSteps()
         {"numbers-loading",
          TourStep::Pane,
          {servicesReady(),
-          leverPulled("rule", R"({"path":"/center/isrv/myIsrv.do","delayMs":3000,"times":1})"),
+          leverPulled("rule", R"({"path":"/center/isrv/myIsrv.do","delayMs":2000,"times":1})"),
           pageOpened(),
           {"the page says that it is loading",
            {},

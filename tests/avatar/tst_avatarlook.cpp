@@ -36,6 +36,21 @@ private slots:
         nothingIsCutOff(dialog);
     }
 
+    // The title bar has a style sheet, and a window may stay open while the skin changes.
+    void titleFollowsTheSkin()
+    {
+        AvatarFixture fixture;
+        const EditAvatar *dialog = fixture.open();
+        const auto *title = dialog->findChild<QLabel *>(QStringLiteral("label_title"));
+        SysUIData &record = fixture.host.context.skinRecord;
+        for (const char *skin : {"dark", "light", "dark"}) {
+            record.skinName = QString::fromLatin1(skin);
+            FakeHost::send(Inbound::SkinChanged, record);
+            QTRY_COMPARE(title->palette().color(QPalette::WindowText),
+                         Skin::instance().colors().text);
+        }
+    }
+
     void whatIsOutsideIsDimmed()
     {
         AvatarFixture fixture;
