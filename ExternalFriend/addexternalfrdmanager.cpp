@@ -13,15 +13,6 @@
 
 namespace {
 
-QString nameOf(const QString &jid)
-{
-    FriendData contact;
-    contact.jid = jid;
-    VcardInfo profile;
-    ctx().vcard(jid, &profile);
-    return contactDisplayName(contact, profile);
-}
-
 // For what the host opens by itself; the user is told why something cannot be.
 bool mayOpenUnasked(const QString &jid)
 {
@@ -170,7 +161,7 @@ void AddExternalFrdManager::externalContactAnswer(const QString &answeredJid, bo
         const QString reason = ExternalRequest::isExpired(action, code)
                                    ? QString::fromUtf8("已过期，请重新添加")
                                    : QObject::tr(ExternalRequest::failureKey(action, code));
-        TipBox::tell(paneWindow(), nameOf(jid) + QLatin1Char('\n') + reason);
+        TipBox::tell(paneWindow(), displayNameOf(jid) + QLatin1Char('\n') + reason);
         return;
     }
     if (!mayOpenUnasked(jid))

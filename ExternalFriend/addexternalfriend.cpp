@@ -8,11 +8,9 @@
 #include "common/logging.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
-#include "controls/tipbox.h"
 #include "controls/validationedit.h"
 #include "controls/validationtext.h"
 #include "http/fileservices.h"
-#include "plugin/frienduieventprocess.h"
 #include "plugin/frienduisignalsender.h"
 
 #include <QEvent>
@@ -27,12 +25,6 @@ namespace {
 constexpr int WindowWidth = 400; // device-independent pixels, as all below
 constexpr int Edge = 20;
 constexpr int HintTime = 4000; // ms
-
-bool isContact(const QString &jid)
-{
-    FriendData contact;
-    return ctx().friendData(jid, &contact);
-}
 
 QString firstOf(const QString &text, const QString &other)
 {
@@ -51,8 +43,9 @@ AddExternalFriend::AddExternalFriend(const QString &jid, QWidget *parent)
     m_wait->setInterval(Patience);
     connect(m_wait, &QTimer::timeout, this, [this] {
         LOG_ERROR("no answer to the request about " << logText(m_jid));
+        const bool isBlacklist = m_pending == ExternalRequest::Blacklist;
         settle();
-        say({"addfailreadd", true, TipLabel::Warning});
+        say({isBlacklist ? "blacklistFailed" : "addfailreadd", true, TipLabel::Warning});
     });
     buildBody();
     connect(this, &BaseDialog::closed, this, [this] {
@@ -70,7 +63,7 @@ AddExternalFriend::AddExternalFriend(const QString &jid, QWidget *parent)
     slot_SkinChange(ctx().skin());
     showPerson();
     slot_ValidationChanged();
-    if (isContact(m_jid))
+    if (isContact())
         becomeContact();
     else
         enter(Asking);
@@ -156,7 +149,7 @@ void AddExternalFriend::connectHub()
             becomeContact();
     });
     connect(hub, &Hub::signal_addAllFriend, this, [this] {
-        if (isContact(m_jid))
+        if (isContact())
             becomeContact();
     });
     connect(hub, &Hub::signal_delOutsideFriend, this, [this](const QString &jid) {
@@ -215,13 +208,19 @@ void AddExternalFriend::slot_SkinChange(const SysUIData &skindata)
     m_validation->dress(skindata);
 }
 
+bool AddExternalFriend::isContact() const
+{
+    FriendData contact;
+    return ctx().friendData(m_jid, &contact);
+}
+
 // --- States ----------------------------------------------------------------------
 
 void AddExternalFriend::asked(const QString &statusText)
 {
     LOG_SCOPE("AddExternalFriend::asked(const QString &statusText)");
     m_request = displayText(statusText);
-    const bool isContactNow = m_state == Added && isContact(m_jid);
+    const bool isContactNow = m_state == Added && isContact();
     // A request that crosses the user's own makes both contacts: its answer counts.
     if (isContactNow || m_pending == ExternalRequest::Request)
         return;
@@ -317,122 +316,7 @@ void AddExternalFriend::takeFocus()
         m_buttons->takeFocus();
 }
 
-// --- Answers ---------------------------------------------------------------------
-
-void AddExternalFriend::answered(bool ok, int code, int action)
-{
-    if (action == ExternalRequest::Request)
-        emit signal_addOutsideFriend(m_jid, ok, code);
-    else
-        emit signal_confirmOutsideFriend(m_jid, action, ok, code);
-}
-
-void AddExternalFriend::slot_addOutsideFriend(const QString &jid, bool ok, int code)
-{
-    LOG_SCOPE("AddExternalFriend::slot_addOutsideFriend(const QString& jid, bool ok, int code)");
-    if (jid != m_jid || m_state == Added)
-        return;
-    if (!ok)
-        failed(ExternalRequest::Request, code);
-    else if (isContact(m_jid))
-        becomeContact();
-    else {
-        settle();
-        enter(Sent);
-    }
-}
-
-void AddExternalFriend::slot_confirmOutsideFriend(const QString &jid, int action, bool ok, int code)
-{
-    LOG_SCOPE("AddExternalFriend::slot_confirmOutsideFriend(const QString& jid, int action, "
-              "bool ok, int code)");
-    if (jid != m_jid)
-        return;
-    if (!ok && m_state != Added)
-        failed(action, code);
-    else if (ok && action == ExternalRequest::Confirmation)
-        becomeContact();
-    else if (ok) {
-        settle();
-        enter(Blocked);
-    }
-}
-
-// The answer is here, or will not come.
-void AddExternalFriend::settle()
-{
-    m_pending.reset();
-    m_wait->stop();
-    m_buttons->setRequestsEnabled(true);
-    m_validation->setEditable(true);
-}
-
-void AddExternalFriend::failed(int action, int code)
-{
-    LOG_ERROR("the request about " << logText(m_jid) << " has failed with "
-                                   << QString::number(code));
-    const bool isWaiting = m_pending == action;
-    settle();
-    if (ExternalRequest::isExpired(action, code)) {
-        enter(Asking);
-        say({"已过期，请重新添加", false, TipLabel::Warning});
-        return;
-    }
-    const char *key = ExternalRequest::failureKey(action, code);
-    // Somebody who asked before this request did still waits for the user.
-    if (action == ExternalRequest::Request && !m_request.isEmpty())
-        enter(Asked);
-    say({key, true, TipLabel::Warning});
-    if (isWaiting)
-        TipBox::tell(this, QObject::tr(key));
-}
-
-// --- Requests --------------------------------------------------------------------
-
-bool AddExternalFriend::mayRequest(State from)
-{
-    if (m_isClosed || m_pending || m_state != from)
-        return false;
-    if (isOnline())
-        return true;
-    TipBox::tell(this, QObject::tr("offlineCannotAdd"));
-    return false;
-}
-
-void AddExternalFriend::begin(int action)
-{
-    m_pending = action;
-    m_wait->start();
-    say(Said());
-    emit requestSent(m_jid);
-}
-
-void AddExternalFriend::slot_sendReq()
-{
-    LOG_SCOPE("AddExternalFriend::slot_sendReq()");
-    if (!mayRequest(Asking))
-        return;
-    begin(ExternalRequest::Request);
-    FriendUIEventProcess::addExternalContact(m_jid, m_validation->edit()->validation().trimmed());
-}
-
-void AddExternalFriend::slot_confirmReq()
-{
-    LOG_SCOPE("AddExternalFriend::slot_confirmReq()");
-    if (!mayRequest(Asked))
-        return;
-    begin(ExternalRequest::Confirmation);
-    FriendUIEventProcess::confirmExternalContact(m_jid, true);
-}
-
-void AddExternalFriend::slot_addBlackList()
-{
-    LOG_SCOPE("AddExternalFriend::slot_addBlackList()");
-    if (!mayRequest(Asked))
-        return;
-    begin(ExternalRequest::Blacklist);
-    FriendUIEventProcess::blacklistExternalContact(m_jid);
-}
+// --- What the user presses -------------------------------------------------------
 
 void AddExternalFriend::slot_sendMail()
 {

@@ -88,6 +88,7 @@ private:
     void buildBody();
     void connectHub();
     void showPerson();
+    bool isContact() const;
     void becomeContact();
     void enter(State state);
     void say(const Said &said);

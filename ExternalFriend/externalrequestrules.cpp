@@ -11,9 +11,11 @@ bool isExpired(int action, int code)
 
 const char *failureKey(int action, int code)
 {
-    if (code == OwnLimit && action != Blacklist)
+    if (action == Blacklist)
+        return QT_TRANSLATE_NOOP("QObject", "blacklistFailed");
+    if (code == OwnLimit)
         return QT_TRANSLATE_NOOP("QObject", "addOutsideFriendslimited");
-    if (code == OtherLimit && action != Blacklist)
+    if (code == OtherLimit)
         return QT_TRANSLATE_NOOP("QObject", "addOutsideFriendslimited2");
     return action == Request ? QT_TRANSLATE_NOOP("QObject", "failaddfrd")
                              : QT_TRANSLATE_NOOP("QObject", "addfailreadd");

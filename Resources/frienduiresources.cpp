@@ -1,6 +1,7 @@
 #include "Resources/frienduiresources.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 
 void initFriendUiResources()
@@ -12,13 +13,33 @@ void initFriendUiResources()
     Q_UNUSED(registered)
 }
 
+namespace {
+QString besideExecutable(const QString &relativePath)
+{
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') + relativePath;
+}
+
+QString inModule(const QString &relativePath)
+{
+    initFriendUiResources();
+    return QStringLiteral(":/FriendUI/") + relativePath;
+}
+} // namespace
+
 QString resourcePath(const QString &relativePath)
 {
     if (QFile::exists(relativePath))
         return relativePath;
-    const QString beside = QCoreApplication::applicationDirPath() + QLatin1Char('/') + relativePath;
-    if (QFile::exists(beside))
-        return beside;
-    initFriendUiResources();
-    return QStringLiteral(":/FriendUI/") + relativePath;
+    const QString beside = besideExecutable(relativePath);
+    return QFile::exists(beside) ? beside : inModule(relativePath);
+}
+
+QStringList resourceNames(const QString &relativeFolder)
+{
+    QStringList names;
+    for (const QString &folder :
+         {relativeFolder, besideExecutable(relativeFolder), inModule(relativeFolder)})
+        names += QDir(folder).entryList(QDir::Files);
+    names.removeDuplicates();
+    return names;
 }

@@ -44,7 +44,7 @@ void actAsFriend(const Json::Value &command, BackEndContext *context, Json::Valu
 {
     refuseOthers(command, {"action", "from", "to", "reason", "days"});
     const std::string action = command["action"].asString();
-    (*answer)["code"] = ReplyCode::Done;
+    int code = ReplyCode::Done;
     try {
         Transaction transaction(context->database);
         if (action == "age") {
@@ -56,8 +56,9 @@ void actAsFriend(const Json::Value &command, BackEndContext *context, Json::Valu
         }
         transaction.commit();
     } catch (const Refusal &refusal) {
-        (*answer)["code"] = refusal.code;
+        code = refusal.code;
     }
+    (*answer)["code"] = code;
     context->bell.ring();
 }
 

@@ -5,6 +5,9 @@
 #include "backend/numbers/subscriptions.h"
 #include "backend/reply.h"
 
+#include <optional>
+#include <utility>
+
 namespace {
 QString textOf(const Json::Value &value)
 {

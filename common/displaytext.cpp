@@ -248,6 +248,16 @@ QString contactDisplayName(const FriendData &contact, const VcardInfo &profile)
         {&contact.remark, &profile.nickName, &contact.nickName, &profile.userName, &user});
 }
 
+QString displayNameOf(const QString &jid)
+{
+    FriendData contact;
+    VcardInfo profile;
+    ctx().friendData(jid, &contact);
+    ctx().vcard(jid, &profile);
+    contact.jid = jid;
+    return contactDisplayName(contact, profile);
+}
+
 bool isReservedFileName(const QString &name)
 {
     const QString base = name.section(QLatin1Char('.'), 0, 0).trimmed().toUpper();

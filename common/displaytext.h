@@ -41,6 +41,8 @@ QString makeJid(const QString &uid);
 // that shows anything, as a display text.
 QString contactDisplayName(const FriendData &contact);
 QString contactDisplayName(const FriendData &contact, const VcardInfo &profile);
+// The same of whatever the host knows of the person, contact or not.
+QString displayNameOf(const QString &jid);
 
 // The text as the name of a file on every system: everything but letters, digits,
 // "@", ".", "_" and "-" becomes "_", so does a dot at either end; at most 80

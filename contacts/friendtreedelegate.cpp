@@ -6,6 +6,7 @@
 #include "controls/pictures.h"
 #include "controls/rowpainter.h"
 #include "controls/skin.h"
+#include "http/fileservices.h"
 
 #include <QWidget>
 
@@ -34,9 +35,10 @@ void FriendTreeDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
 
     RowPainter row(painter, option);
     row.background();
-    row.avatar(AvatarStore::instance().avatar(index.data(FriendTreeRole::HeadPath).toString(),
-                                              index.data(FriendTreeRole::Id).toString(), name,
-                                              RowPainter::AvatarSize, ratio),
+    const QString jid = index.data(FriendTreeRole::Id).toString();
+    const QString picture =
+        PictureFiles::instance().ofRow(index.data(FriendTreeRole::HeadPath).toString(), jid);
+    row.avatar(AvatarStore::instance().avatar(picture, jid, name, RowPainter::AvatarSize, ratio),
                faded);
     row.presence(presence);
     if (index.data(FriendTreeRole::Cooperate).toBool()) {

@@ -9,6 +9,7 @@
 #include "contacts/grouplabels.h"
 #include "controls/mydrag.h"
 #include "controls/typefinder.h"
+#include "http/fileservices.h"
 
 #include <QKeyEvent>
 
@@ -36,6 +37,8 @@ FriendTreeView::FriendTreeView(FriendTreeModel *model, bool inner, QWidget *pare
     m_groupTimeOut.setSingleShot(true);
     m_groupTimeOut.setInterval(GroupTimeOutMs);
 
+    connect(&PictureFiles::instance(), &PictureFiles::ready, viewport(),
+            QOverload<>::of(&QWidget::update));
     connect(&m_groupTimeOut, &QTimer::timeout, this, &FriendTreeView::slot_loadGroupTimeOut);
     connect(this, &RowView::orderHeld, model, &FriendTreeModel::setOrderFrozen);
     connect(this, &RowView::activatedRow, this, &FriendTreeView::activate);

@@ -59,14 +59,8 @@ void FriendTreeWidget::slot_BatchAddFriendFial(QStringList listUids)
     if (listUids.isEmpty())
         return;
     QStringList names;
-    for (const QString &uid : listUids.mid(0, MaximumNamesTold)) {
-        FriendData contact;
-        contact.jid = makeJid(uid);
-        VcardInfo profile;
-        ctx().friendData(contact.jid, &contact);
-        ctx().vcard(contact.jid, &profile);
-        names.append(contactDisplayName(contact, profile));
-    }
+    for (const QString &uid : listUids.mid(0, MaximumNamesTold))
+        names.append(displayNameOf(makeJid(uid)));
     if (listUids.size() > MaximumNamesTold)
         names.append(QStringLiteral("..."));
     const QString count = QStringLiteral(" (%1): ").arg(listUids.size());

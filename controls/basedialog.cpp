@@ -37,6 +37,7 @@ BaseDialog::BaseDialog(QWidget *parent)
     m_titleBar->setFixedHeight(TitleHeight);
     m_titleBar->installEventFilter(this);
     m_title->setObjectName(QStringLiteral("label_title"));
+    m_title->installEventFilter(this);
     m_title->setTextFormat(Qt::PlainText);
     m_title->setFont(skinFont(14));
     followSkin(m_title); // a style sheet keeps the dialog's palette from it
@@ -95,7 +96,9 @@ void BaseDialog::putCloseButtonLast()
 
 void BaseDialog::place()
 {
-    const QWidget *over = parentWidget() ? parentWidget()->window() : QApplication::activeWindow();
+    const QWidget *over = QApplication::activeWindow();
+    if (parentWidget() && !qobject_cast<const BaseDialog *>(over))
+        over = parentWidget()->window();
     const QScreen *on = over ? over->screen() : QGuiApplication::primaryScreen();
     const QRect area = on->availableGeometry();
     QRect frame(QPoint(), size());
@@ -157,6 +160,9 @@ void BaseDialog::changeEvent(QEvent *event)
 
 bool BaseDialog::eventFilter(QObject *watched, QEvent *event)
 {
+    // A new style sheet of the bar has given its title an older palette back.
+    if (watched == m_title && event->type() == QEvent::StyleChange)
+        m_title->setPalette(Skin::instance().palette());
     const bool isPress = event->type() == QEvent::MouseButtonPress;
     if (watched != m_titleBar || (!isPress && event->type() != QEvent::MouseMove))
         return QDialog::eventFilter(watched, event);

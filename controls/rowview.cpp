@@ -14,6 +14,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include <utility>
@@ -206,6 +207,7 @@ void RowView::showCard(const QModelIndex &index)
     const bool toTheLeft = isRightToLeft();
     const QPoint edge(toTheLeft ? row.left() : row.right() + 1, row.top());
     const QPoint place = viewport()->mapToGlobal(edge);
+    QToolTip::hideText(); // of a row that was passed before
     actions->showContactCard(jid, place.x(), place.y(), row.width(), toTheLeft);
 }
 

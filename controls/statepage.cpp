@@ -79,6 +79,7 @@ StatePage::StatePage(const char *key, const QString &picture, const char *button
         m_button->setFont(skinFont(13));
         followSkin(m_button);
         layout->addWidget(m_button, 0, Qt::AlignCenter);
+        setFocusProxy(m_button);
         connect(m_button, &QPushButton::clicked, this, &StatePage::buttonClicked);
     }
     layout->addStretch(3);

@@ -10,17 +10,6 @@
 #include "plugin/frienduisignalsender.h"
 #include "plugin/paneactions.h"
 
-namespace {
-QString nameOf(const QString &jid)
-{
-    FriendData contact;
-    contact.jid = jid;
-    VcardInfo profile;
-    ctx().vcard(jid, &profile);
-    return contactDisplayName(contact, profile);
-}
-} // namespace
-
 CAddFriendMannger *CAddFriendMannger::instance()
 {
     static auto *manager = new CAddFriendMannger;
@@ -136,5 +125,5 @@ void CAddFriendMannger::failed(const QString &answeredJid)
         open->slot_addFriendFail();
     else if (!open && isRequested) // its window was closed, but the answer counts
         TipBox::tell(paneWindow(),
-                     nameOf(jid) + QLatin1Char('\n') + QObject::tr("addcontactsfailed"));
+                     displayNameOf(jid) + QLatin1Char('\n') + QObject::tr("addcontactsfailed"));
 }

@@ -2,8 +2,10 @@
 
 #include "common/context.h"
 #include "common/displaytext.h"
+#include "common/externalpeople.h"
 #include "controls/avatarstore.h"
 #include "controls/loadingoverlay.h"
+#include "controls/outsidemark.h"
 #include "controls/pictures.h"
 #include "controls/presencetext.h"
 #include "controls/skinbutton.h"
@@ -207,14 +209,15 @@ void CardBody::showPresence(const PresenceData &presence)
 
 void CardBody::showCooperation()
 {
-    if (!m_cooperation.contains(m_jid))
-        showIcon(m_cooperateIcon, nullptr, QString());
-    else if (m_cooperation.value(m_jid))
-        showIcon(m_cooperateIcon, "Resources/images/icon/ic_cooperate.png",
-                 QObject::tr("cooperatingContact"));
-    else
-        showIcon(m_cooperateIcon, "Resources/images/icon/ic_outsideFrd.png",
-                 QObject::tr("outsidefrd"));
+    constexpr const char *outside = "Resources/images/icon/ic_outsideFrd.png";
+    const bool isKnown = m_cooperation.contains(m_jid);
+    const bool cooperates = m_cooperation.value(m_jid);
+    showIcon(m_cooperateIcon,
+             !isKnown     ? nullptr
+             : cooperates ? "Resources/images/icon/ic_cooperate.png"
+                          : outside,
+             cooperates ? QObject::tr("cooperatingContact") : outsideText());
+    showIcon(m_outsideIcon, cooperates && isExternal(m_jid) ? outside : nullptr, outsideText());
 }
 
 void CardBody::setAllowed(const Buttons &allowed)
@@ -232,6 +235,7 @@ void CardBody::setConnected(bool connected)
 void CardBody::updateButtons()
 {
     m_topic->setEnabled(m_connected && m_allowed.topic);
+    m_position->setVisible(!isExternal(m_jid)); // the organisation is the user's own
     m_position->setEnabled(m_connected && m_allowed.position);
     m_sendMail->setEnabled(m_connected && m_allowed.mail);
     m_createDialog->setEnabled(m_connected && m_allowed.chat);

@@ -106,6 +106,7 @@ private:
     NameEdit *m_name;
     QLabel *m_sex;
     QLabel *m_cooperateIcon;
+    QLabel *m_outsideIcon;
     QLabel *m_admin;
     ValueLabel *m_account;
     QLabel *m_presenceText;

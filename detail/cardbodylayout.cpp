@@ -95,6 +95,7 @@ QWidget *CardBody::makeHeader()
     m_name->setObjectName(QStringLiteral("name"));
     m_sex = iconLabel("sex", header);
     m_cooperateIcon = iconLabel("lblCooperateIcon", header);
+    m_outsideIcon = iconLabel("lblOutsideIcon", header);
     m_admin = new QLabel(header);
     m_admin->setObjectName(QStringLiteral("lblAdmin"));
     m_admin->setTextFormat(Qt::PlainText);
@@ -118,8 +119,9 @@ QWidget *CardBody::makeHeader()
 
     auto *nameLine = new QHBoxLayout;
     nameLine->setSpacing(6);
-    for (QWidget *part : {static_cast<QWidget *>(m_name), static_cast<QWidget *>(m_sex),
-                          static_cast<QWidget *>(m_cooperateIcon)})
+    for (QWidget *part :
+         {static_cast<QWidget *>(m_name), static_cast<QWidget *>(m_sex),
+          static_cast<QWidget *>(m_cooperateIcon), static_cast<QWidget *>(m_outsideIcon)})
         nameLine->addWidget(part, 0, Qt::AlignVCenter);
     nameLine->addStretch(1);
     // Where it takes no room from the name.

@@ -3,6 +3,7 @@
 #include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
+#include "controls/panewindow.h"
 #include "controls/tipbox.h"
 #include "detail/cardframe.h"
 #include "detail/cdetailview.h"
@@ -71,7 +72,7 @@ CDetailView *CDetailViewManager::createInit(const QString &jid)
         return nullptr;
     }
     return m_dialogs.findOrMake(jid, [this, jid] {
-        auto *dialog = new CDetailView(jid);
+        auto *dialog = new CDetailView(jid, paneWindow());
         connectDialog(dialog);
         return dialog;
     });
@@ -143,6 +144,9 @@ void CDetailViewManager::slot_sendMail(QString jid)
 void CDetailViewManager::slot_opendialog(QString jid)
 {
     LOG_SCOPE("CDetailViewManager::slot_opendialog(QString jid)");
+    // It would stand in front of the chat.
+    if (CDetailView *dialog = openDialog(jid))
+        dialog->reject();
     FriendUIEventProcess::openChat(jid, MessageData::Person);
 }
 

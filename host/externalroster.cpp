@@ -14,11 +14,13 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 const char RemarkPath[] = "/center/friend/setFriendRemark.do";
 constexpr qint32 Accept = 1; // of the services and of the plug-in
 constexpr qint32 Blacklist = 2;
+constexpr int NoLongerOpen = 10003; // the request that is confirmed
 
 template <class List, class Field> auto findBy(List *list, Field field, const QString &value)
 {
@@ -236,7 +238,8 @@ void ExternalRoster::answerWith(Action action, const QString &jid, const Service
 {
     m_parts.bus->notify(Inbound::ExternalContactAnswer, jid, reply.ok, qint32(reply.code),
                         qint32(action));
-    if (!reply.ok)
+    const bool isGone = action == Confirmed && reply.code == NoLongerOpen;
+    if (!reply.ok && !isGone)
         return;
     if (action != Requested)
         emit answered(jid);

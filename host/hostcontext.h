@@ -11,7 +11,6 @@
 #include "hostapi/applicationcontext.h"
 
 #include <QHash>
-#include <QSet>
 
 class ConversationStore;
 class FileTransfers;

@@ -31,6 +31,11 @@ void prepareTour(HostOptions *options, const QTemporaryDir &folder)
     if (options->language.isEmpty())
         options->language = QStringLiteral("zh_CN");
     options->simulation = false;
+    // For steps that want the services to fail or to be slow.
+    const bool hasOwnBackend =
+        !options->noBackend && options->backendAddress.isEmpty() && options->joinFolder.isEmpty();
+    if (hasOwnBackend && options->backendControlPort < 0)
+        options->backendControlPort = 0;
 }
 
 int run(QApplication &application, HostOptions options, HostPlace place)

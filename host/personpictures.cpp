@@ -1,6 +1,5 @@
 #include "host/personpictures.h"
 
-#include "common/displaytext.h"
 #include "host/externalroster.h"
 #include "host/hostbus.h"
 #include "host/messagingcore.h"

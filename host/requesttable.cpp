@@ -7,6 +7,7 @@
 #include "host/personpictures.h"
 #include "hostapi/eventcodes.h"
 
+#include <functional>
 #include <tuple>
 #include <utility>
 #include <vector>

@@ -8,6 +8,8 @@
 #include "http/servicecall.h"
 #include "servicenum/servicenumreader.h"
 
+#include <utility>
+
 SubscriptionNews::SubscriptionNews(const Parts &parts, QObject *parent)
     : QObject(parent), m_parts(parts)
 {

@@ -159,6 +159,10 @@ public:
     // `photoName` is what a service says of it: anybody's text, or empty.
     QString ofPerson(const QString &jid, const QString &photoName);
 
+    // The same for a list row that has the picture `known`, or none: then the one that
+    // the profile names.
+    QString ofRow(const QString &known, const QString &jid);
+
     // Gives up everything that is being fetched: at log-out.
     void stop();
 

@@ -5,7 +5,7 @@
 
 #include <utility>
 
-OneShotCall::OneShotCall(QObject *parent) : QObject(parent)
+OneShotCall::OneShotCall(QObject *parent) : QObject(parent), m_timer(this)
 {
     m_timer.setSingleShot(true);
     m_timer.setInterval(Timeout);

@@ -9,7 +9,6 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QFileInfo>
 #include <QHash>
 
@@ -28,16 +27,18 @@ QString localName(const QString &pictureName)
         QCryptographicHash::hash(pictureName.toUtf8(), QCryptographicHash::Sha256).toHex());
 }
 
-// The pictures that come with the program, by name. Their folder is read once: lists
+// The pictures that come with the program, by name. Their folders are read once: lists
 // ask for a name each time they paint.
 QString systemPicture(const QString &name)
 {
     static const QHash<QString, QString> files = [] {
-        const QDir folder(resourcePath(QStringLiteral("Resources/SystemAvatar")));
+        const QString folder = QStringLiteral("Resources/SystemAvatar");
         QHash<QString, QString> found;
-        const QFileInfoList entries = folder.entryInfoList(QDir::Files);
-        for (const QFileInfo &entry : entries)
-            found.insert(entry.fileName(), entry.absoluteFilePath());
+        const QStringList names = resourceNames(folder);
+        for (const QString &each : names) {
+            const QFileInfo file(resourcePath(folder + QLatin1Char('/') + each));
+            found.insert(each, file.absoluteFilePath());
+        }
         return found;
     }();
     return files.value(name);
@@ -94,11 +95,7 @@ PictureFiles &PictureFiles::serviceIcons()
     return *files;
 }
 
-PictureFiles::PictureFiles(const Kind &kind) : d(new Private{kind})
-{
-    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this,
-            &PictureFiles::stop);
-}
+PictureFiles::PictureFiles(const Kind &kind) : d(new Private{kind}) {}
 
 PictureFiles::~PictureFiles() = default;
 
@@ -111,6 +108,9 @@ void PictureFiles::forgetOtherUser()
     stop();
     d->refused.clear();
     d->folder = folder;
+    // Not before somebody is logged in: until then the module may be unloaded again.
+    connect(QCoreApplication::instance(), &QCoreApplication::aboutToQuit, this, &PictureFiles::stop,
+            Qt::UniqueConnection);
 }
 
 QString PictureFiles::file(const QString &pictureName)
@@ -146,6 +146,14 @@ QString PictureFiles::ofPerson(const QString &jid, const QString &photoName)
         return own;
     const QString known = ctx().headPath(name);
     return known.isEmpty() ? file(name) : known;
+}
+
+QString PictureFiles::ofRow(const QString &known, const QString &jid)
+{
+    VcardInfo profile;
+    if (!known.isEmpty() || !ctx().vcard(jid, &profile) || profile.photoName.isEmpty())
+        return known;
+    return ofPerson(jid, profile.photoName);
 }
 
 void PictureFiles::fetchOn()

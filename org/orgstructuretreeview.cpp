@@ -1,6 +1,5 @@
 #include "org/orgstructuretreeview.h"
 
-#include "common/context.h"
 #include "common/displaytext.h"
 #include "common/logging.h"
 #include "controls/skin.h"

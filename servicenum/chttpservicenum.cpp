@@ -136,12 +136,15 @@ const Operation::Service Operation::Service::Message{
 
 struct CHttpServiceNum::Private
 {
+    explicit Private(QObject *operation) : call(operation) {}
+
     ServiceNumArguments arguments;
     OneShotCall call;
     QString version;
 };
 
-CHttpServiceNum::CHttpServiceNum(QObject *parent) : QObject(parent), d(std::make_unique<Private>())
+CHttpServiceNum::CHttpServiceNum(QObject *parent)
+    : QObject(parent), d(std::make_unique<Private>(this))
 {
     connect(&d->call, &OneShotCall::ranOut, this, &CHttpServiceNum::slot_replyTimeOut);
 }

@@ -6,6 +6,7 @@
 #include "controls/panewindow.h"
 #include "controls/skin.h"
 #include "controls/skinbutton.h"
+#include "controls/statepage.h"
 #include "controls/statestack.h"
 #include "controls/tipbox.h"
 #include "http/requesttext.h"
@@ -19,6 +20,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QPointer>
+#include <QShortcut>
 
 namespace {
 constexpr QSize PageSize(640, 520); // device-independent pixels
@@ -62,11 +64,10 @@ CServiceNoHistory::CServiceNoHistory(QWidget *parent)
     body->setLayout(m_states);
     bodyLayout()->addWidget(body, 1);
     m_where->setObjectName(QStringLiteral("where"));
-    m_where->setAlignment(Qt::AlignCenter);
     m_where->setContentsMargins(12, 0, 12, 12);
     followSkin(m_where);
     m_where->hide();
-    bodyLayout()->addWidget(m_where);
+    bodyLayout()->addWidget(m_where, 0, Qt::AlignHCenter);
     connect(m_states, &StateStack::buttonClicked, this, &CServiceNoHistory::retry);
     makeTitleButtons();
     retranslate();
@@ -79,6 +80,8 @@ void CServiceNoHistory::makeTitleButtons()
     m_back->setEnabled(false);
     connect(m_back, &QPushButton::clicked, this, &CServiceNoHistory::back);
     connect(m_restore, &QPushButton::clicked, this, &CServiceNoHistory::toggleSize);
+    connect(new QShortcut(QKeySequence::Back, this), &QShortcut::activated, this,
+            &CServiceNoHistory::back);
     auto *layout = static_cast<QHBoxLayout *>(titleBar()->layout());
     const int last = layout->indexOf(closeButton());
     layout->insertWidget(last, m_restore);
@@ -108,7 +111,9 @@ void CServiceNoHistory::show(const QString &code, const QString &name)
     const QString shown = displayText(name);
     setWindowTitle(shown.isEmpty() ? displayText(code) : shown);
     present();
-    if (code == m_code && !m_hasFailed)
+    // In the system's browser it may have been closed meanwhile.
+    const bool isShown = m_first && code == m_code;
+    if (isShown && !m_hasFailed)
         return;
     m_code = code;
     load();
@@ -219,7 +224,19 @@ void CServiceNoHistory::showState(const char *key, bool mayRetry)
                           : qstrcmp(key, "loading") == 0
                               ? "Resources/images/SearchFriend/qora_Loading.gif"
                               : "Resources/images/contacts/empty_list.png";
-    m_states->showPage(key, picture, mayRetry ? "retry" : nullptr);
+    giveFocus(m_states->showPage(key, picture, mayRetry ? "retry" : nullptr));
+}
+
+// Pages are made one by one, after the buttons in the title.
+void CServiceNoHistory::giveFocus(QWidget *page)
+{
+    if (!page->focusProxy())
+        return;
+    setTabOrder(page, m_back);
+    setTabOrder(m_back, m_restore);
+    setTabOrder(m_restore, closeButton());
+    if (isActiveWindow())
+        page->setFocus(Qt::OtherFocusReason);
 }
 
 void CServiceNoHistory::showPage(BrowserWidget *page, bool ok)
@@ -229,8 +246,7 @@ void CServiceNoHistory::showPage(BrowserWidget *page, bool ok)
         return;
     }
     m_states->setCurrentWidget(page);
-    if (isActiveWindow())
-        page->setFocus(Qt::OtherFocusReason);
+    giveFocus(page);
 }
 
 void CServiceNoHistory::retry()

@@ -41,6 +41,7 @@ private:
     void loadOutside();
     void showState(const char *key, bool mayRetry = false);
     void showPage(BrowserWidget *page, bool ok);
+    void giveFocus(QWidget *page);
     void retry();
     void back();
     void toggleSize();

@@ -1,6 +1,5 @@
 #include "servicenum/cservicenotable.h"
 
-#include "common/logging.h"
 #include "servicenum/servicemenu.h"
 #include "servicenum/servicenumlistdelegate.h"
 #include "servicenum/servicenummodel.h"

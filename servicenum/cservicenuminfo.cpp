@@ -16,7 +16,6 @@
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicetexts.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -140,7 +139,10 @@ QLayout *CServiceNumInfo::makeButtons()
         buttons->addWidget(each);
 
     using Info = CServiceNumInfo;
-    connect(m_chat, &QPushButton::clicked, this, [this] { ServiceCommands::openChat(m_code); });
+    connect(m_chat, &QPushButton::clicked, this, [this] {
+        reject(); // not to stand in front of the chat
+        ServiceCommands::openChat(m_code);
+    });
     connect(m_history, &QPushButton::clicked, this,
             [this] { ServiceCommands::showHistory(m_code, this); });
     connect(m_subscribe, &QPushButton::clicked, this,

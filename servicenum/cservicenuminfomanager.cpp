@@ -1,6 +1,7 @@
 #include "servicenum/cservicenuminfomanager.h"
 
 #include "common/logging.h"
+#include "controls/panewindow.h"
 #include "servicenum/cservicenuminfo.h"
 
 CServiceNumInfoManager *CServiceNumInfoManager::instance()
@@ -23,7 +24,7 @@ void CServiceNumInfoManager::showServiceNumInfo(const QString &code)
     m_windows
         .findOrMake(code,
                     [this, code] {
-                        auto *made = new CServiceNumInfo(code);
+                        auto *made = new CServiceNumInfo(code, paneWindow());
                         connect(made, &BaseDialog::closed, this,
                                 [this, code] { onServiceNumInfoClosed(code); });
                         return made;

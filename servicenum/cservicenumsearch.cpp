@@ -2,6 +2,7 @@
 
 #include "common/logging.h"
 #include "controls/noticeline.h"
+#include "controls/panewindow.h"
 #include "controls/searchbox.h"
 #include "controls/statestack.h"
 #include "plugin/frienduisignalsender.h"
@@ -14,7 +15,6 @@
 #include "servicenum/servicenumroles.h"
 #include "servicenum/servicetexts.h"
 
-#include <QApplication>
 #include <QEvent>
 #include <QVBoxLayout>
 
@@ -24,15 +24,26 @@ constexpr int Height = 520;
 constexpr int SlowAfter = 250; // ms
 } // namespace
 
+QPointer<CServiceNumSearch> &CServiceNumSearch::existing()
+{
+    static auto *window = new QPointer<CServiceNumSearch>;
+    return *window;
+}
+
 CServiceNumSearch *CServiceNumSearch::showSearch()
 {
-    static auto *open = new QPointer<CServiceNumSearch>;
     LOG_SCOPE("CServiceNumSearch::showSearch()");
-    if (!*open || !(*open)->isVisible())
-        *open = new CServiceNumSearch;
-    (*open)->present();
-    (*open)->m_box->setFocus(Qt::OtherFocusReason);
-    return *open;
+    if (!existing() || !existing()->isVisible())
+        existing() = new CServiceNumSearch(paneWindow());
+    existing()->present();
+    existing()->m_box->setFocus(Qt::OtherFocusReason);
+    return existing();
+}
+
+void CServiceNumSearch::closeSearch()
+{
+    if (existing())
+        existing()->reject();
 }
 
 CServiceNumSearch::CServiceNumSearch(QWidget *parent)

@@ -4,6 +4,7 @@
 
 #include "controls/basedialog.h"
 
+#include <QPointer>
 #include <QSet>
 #include <QTimer>
 
@@ -20,6 +21,7 @@ class CServiceNumSearch : public BaseDialog
 public:
     // Opens or raises the window.
     static CServiceNumSearch *showSearch();
+    static void closeSearch();
 
     ServiceNumListView *list() const { return m_list; }
 
@@ -28,6 +30,7 @@ protected:
 
 private:
     explicit CServiceNumSearch(QWidget *parent = nullptr);
+    static QPointer<CServiceNumSearch> &existing();
     void connectList();
     void connectAnswers();
     void search();

@@ -7,6 +7,7 @@
 #include "hostapi/hostrecords.h"
 #include "plugin/frienduieventprocess.h"
 #include "servicenum/cservicenohistory.h"
+#include "servicenum/cservicenumsearch.h"
 #include "servicenum/servicenumbers.h"
 #include "servicenum/servicetexts.h"
 
@@ -36,6 +37,7 @@ void ServiceCommands::openChat(const QString &code)
         LOG_DEBUG("not subscribed to " << logText(code));
         return;
     }
+    CServiceNumSearch::closeSearch(); // not to stand in front of the chat
     FriendUIEventProcess::openChat(makeJid(code), MessageData::ServiceNumber);
 }
 

@@ -73,7 +73,6 @@ private:
     bool store(CServiceNumData number);
     void add(const QList<CServiceNumData> &numbers);
     void fetchUnknown();
-    void fetchRecords(const QStringList &codes);
     void subscriptionAnswered(const QString &code, bool ok, const QString &errorText);
     void cancellationAnswered(const QString &code, bool ok);
     void setSubscribed(const QString &code, bool subscribed);

@@ -1,6 +1,5 @@
 #include "servicenum/servicenummodel.h"
 
-#include "common/displaytext.h"
 #include "controls/avatarstore.h"
 #include "controls/markedline.h"
 #include "servicenum/servicenumbers.h"

@@ -145,6 +145,10 @@
         <translation>Move members</translation>
     </message>
     <message>
+        <source>blacklistFailed</source>
+        <translation>This person could not be put on the blacklist. Please try again.</translation>
+    </message>
+    <message>
         <source>cancel</source>
         <translation>Cancel</translation>
     </message>
@@ -234,7 +238,7 @@
     </message>
     <message>
         <source>confirmBlacklist</source>
-        <translation>Put "%1" on the blacklist? You will get no more requests from this person.</translation>
+        <translation>Put "%1" on the blacklist? This removes the person from your contacts, and you will get no more requests from them.</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -253,16 +257,8 @@
         <translation>Delete the group "%1"? Its contacts move to "我的好友".</translation>
     </message>
     <message>
-        <source>contactAccessible</source>
-        <translation>%1, %2, in group %3</translation>
-    </message>
-    <message>
         <source>contactDetail</source>
         <translation>Contact profile</translation>
-    </message>
-    <message>
-        <source>contactEntries</source>
-        <translation>Contact sections</translation>
     </message>
     <message>
         <source>contactGroupMultiDeviceSynchronous</source>
@@ -398,11 +394,11 @@
     </message>
     <message>
         <source>failaddfrd</source>
-        <translation>The request could not be sent.</translation>
+        <translation>The contact request has failed.</translation>
     </message>
     <message>
         <source>filenotexistscannotmodify</source>
-        <translation>The file does not exist; the picture was not changed.</translation>
+        <translation>The file does not exist or cannot be read; the picture was not changed.</translation>
     </message>
     <message>
         <source>fileTransfer</source>
@@ -425,16 +421,8 @@
         <translation>Refresh people</translation>
     </message>
     <message>
-        <source>friendsAllHidden</source>
-        <translation>No contact is online</translation>
-    </message>
-    <message>
         <source>friendsEmpty</source>
         <translation>No contacts yet</translation>
-    </message>
-    <message>
-        <source>friendsEmptyHint</source>
-        <translation>Add colleagues from the organization, or create a group.</translation>
     </message>
     <message>
         <source>friendsFailed</source>
@@ -445,24 +433,12 @@
         <translation>Loading contacts…</translation>
     </message>
     <message>
-        <source>friendsOffline</source>
-        <translation>You are offline; the contact list may be out of date.</translation>
-    </message>
-    <message>
-        <source>friendTree</source>
-        <translation>Contact list</translation>
-    </message>
-    <message>
         <source>getfriendsfailed</source>
         <translation>The external contacts could not be loaded. Please try again.</translation>
     </message>
     <message>
         <source>gettinginformation</source>
         <translation>Looking up this person…</translation>
-    </message>
-    <message>
-        <source>groupAccessible</source>
-        <translation>%1, %2 of %3 online</translation>
     </message>
     <message>
         <source>groupChat</source>
@@ -1181,14 +1157,6 @@
         <translation>Settings</translation>
     </message>
     <message>
-        <source>shortcutFailed</source>
-        <translation>The desktop shortcut could not be created.</translation>
-    </message>
-    <message>
-        <source>showAllUsers</source>
-        <translation>Show all contacts</translation>
-    </message>
-    <message>
         <source>showhistory</source>
         <translation>Show history</translation>
     </message>
@@ -1227,10 +1195,6 @@
     <message>
         <source>sureSetAdmin</source>
         <translation>Make this member a sub-administrator?</translation>
-    </message>
-    <message>
-        <source>sureToClearLatest</source>
-        <translation>Clear all recent contacts?</translation>
     </message>
     <message>
         <source>sureToDismissTheGroup</source>
@@ -1386,11 +1350,7 @@
     </message>
     <message>
         <source>typeerrorcannotmodify</source>
-        <translation>This is not a JPG or PNG picture; the picture was not changed.</translation>
-    </message>
-    <message>
-        <source>typeToFind</source>
-        <translation>Type a name to find it</translation>
+        <translation>This is not a complete JPG or PNG picture; the picture was not changed.</translation>
     </message>
     <message>
         <source>unreadMessages</source>

@@ -145,6 +145,10 @@
         <translation>批量移动成员</translation>
     </message>
     <message>
+        <source>blacklistFailed</source>
+        <translation>加入黑名单失败，请重试。</translation>
+    </message>
+    <message>
         <source>cancel</source>
         <translation>取消</translation>
     </message>
@@ -234,7 +238,7 @@
     </message>
     <message>
         <source>confirmBlacklist</source>
-        <translation>确定将“%1”加入黑名单吗？之后不会再收到对方的请求。</translation>
+        <translation>确定将“%1”加入黑名单吗？对方会从联系人中移除，之后不会再收到对方的请求。</translation>
     </message>
     <message>
         <source>confirmClearLatest</source>
@@ -253,16 +257,8 @@
         <translation>确定删除分组“%1”吗？其中的联系人会移到“我的好友”。</translation>
     </message>
     <message>
-        <source>contactAccessible</source>
-        <translation>%1，%2，分组 %3</translation>
-    </message>
-    <message>
         <source>contactDetail</source>
         <translation>联系人资料</translation>
-    </message>
-    <message>
-        <source>contactEntries</source>
-        <translation>联系人入口</translation>
     </message>
     <message>
         <source>contactGroupMultiDeviceSynchronous</source>
@@ -402,7 +398,7 @@
     </message>
     <message>
         <source>filenotexistscannotmodify</source>
-        <translation>文件不存在，无法修改头像。</translation>
+        <translation>文件不存在或无法读取，头像未修改。</translation>
     </message>
     <message>
         <source>fileTransfer</source>
@@ -425,16 +421,8 @@
         <translation>刷新人员信息</translation>
     </message>
     <message>
-        <source>friendsAllHidden</source>
-        <translation>没有在线的联系人</translation>
-    </message>
-    <message>
         <source>friendsEmpty</source>
         <translation>还没有联系人</translation>
-    </message>
-    <message>
-        <source>friendsEmptyHint</source>
-        <translation>从组织架构中添加同事，或新建分组。</translation>
     </message>
     <message>
         <source>friendsFailed</source>
@@ -445,24 +433,12 @@
         <translation>正在加载联系人…</translation>
     </message>
     <message>
-        <source>friendsOffline</source>
-        <translation>您已离线，联系人列表可能不是最新的。</translation>
-    </message>
-    <message>
-        <source>friendTree</source>
-        <translation>联系人列表</translation>
-    </message>
-    <message>
         <source>getfriendsfailed</source>
         <translation>获取外部联系人失败，请重试。</translation>
     </message>
     <message>
         <source>gettinginformation</source>
         <translation>正在获取对方资料，请稍候…</translation>
-    </message>
-    <message>
-        <source>groupAccessible</source>
-        <translation>%1，%2 人在线，共 %3 人</translation>
     </message>
     <message>
         <source>groupChat</source>
@@ -1181,14 +1157,6 @@
         <translation>设置</translation>
     </message>
     <message>
-        <source>shortcutFailed</source>
-        <translation>无法创建桌面快捷方式。</translation>
-    </message>
-    <message>
-        <source>showAllUsers</source>
-        <translation>显示全部联系人</translation>
-    </message>
-    <message>
         <source>showhistory</source>
         <translation>查看历史消息</translation>
     </message>
@@ -1227,10 +1195,6 @@
     <message>
         <source>sureSetAdmin</source>
         <translation>确定设为子管理员吗？</translation>
-    </message>
-    <message>
-        <source>sureToClearLatest</source>
-        <translation>确定清空最近联系人吗？</translation>
     </message>
     <message>
         <source>sureToDismissTheGroup</source>
@@ -1386,11 +1350,7 @@
     </message>
     <message>
         <source>typeerrorcannotmodify</source>
-        <translation>文件类型不正确，无法修改头像。</translation>
-    </message>
-    <message>
-        <source>typeToFind</source>
-        <translation>输入姓名或拼音查找</translation>
+        <translation>文件不是完整的 JPG 或 PNG 图片，头像未修改。</translation>
     </message>
     <message>
         <source>unreadMessages</source>

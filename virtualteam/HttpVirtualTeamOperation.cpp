@@ -29,6 +29,8 @@ QString memberInfoAddress()
 
 struct CHttpVirtualTeamOperation::Private
 {
+    explicit Private(QObject *operation) : call(operation) {}
+
     TeamArguments arguments;
     OneShotCall call;
     int code = 0;
@@ -36,7 +38,7 @@ struct CHttpVirtualTeamOperation::Private
 };
 
 CHttpVirtualTeamOperation::CHttpVirtualTeamOperation(QObject *parent)
-    : QObject(parent), d(std::make_unique<Private>())
+    : QObject(parent), d(std::make_unique<Private>(this))
 {
     connect(&d->call, &OneShotCall::ranOut, this, &CHttpVirtualTeamOperation::slot_ReplyTimeOut);
 }

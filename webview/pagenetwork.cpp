@@ -46,6 +46,7 @@ void PageNetwork::begin(const QUrl &page)
     ++m_pages;
     m_refused.clear();
     m_requests = 0;
+    m_refusals = 0;
     m_received = 0;
 }
 
@@ -71,8 +72,9 @@ QNetworkReply *PageNetwork::createRequest(Operation operation, const QNetworkReq
         m_page = request.url(); // as the browser writes it
     const QString reason = refusal(operation, request.url());
     if (!reason.isEmpty()) {
-        LOG_ERROR("refused to a page: " << logText(RequestText::address(request.url())) << ", "
-                                        << reason);
+        if (++m_refusals <= MaximumTold)
+            LOG_ERROR("refused to a page: " << logText(RequestText::address(request.url())) << ", "
+                                            << reason);
         auto *reply =
             new FailedReply(request, operation, QNetworkReply::ProtocolUnknownError, reason, this);
         if (request.url() == m_page)

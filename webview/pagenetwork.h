@@ -14,6 +14,7 @@ class PageNetwork : public QNetworkAccessManager
 
 public:
     static constexpr int MaximumRequests = 300;               // of one page
+    static constexpr int MaximumTold = 10;                    // refusals of a page in the log
     static constexpr qint64 MaximumReply = 16 * 1024 * 1024;  // bytes
     static constexpr qint64 MaximumOfPage = 4 * MaximumReply; // bytes
 
@@ -51,5 +52,6 @@ private:
     QSet<QUrl> m_refused; // what a redirect may not lead to
     int m_pages = 0;      // begun so far
     int m_requests = 0;
+    int m_refusals = 0;
     qint64 m_received = 0; // bytes
 };

@@ -6,6 +6,8 @@
 
 #include <QDateTime>
 
+#include <optional>
+
 bool isOutside(const User &user, const User &other)
 {
     return user.uid != other.uid &&

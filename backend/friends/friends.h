@@ -17,6 +17,8 @@
 #include "backend/people.h"
 #include "backend/reply.h"
 
+#include <vector>
+
 namespace FriendCode {
 // Of requests and their acceptance.
 constexpr int OwnLimit = 10001;

@@ -5,8 +5,6 @@
 #include "backend/database.h"
 #include "backend/friends/friend.h"
 
-#include <QStringList>
-
 #include <optional>
 #include <vector>
 

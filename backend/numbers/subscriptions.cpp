@@ -2,6 +2,10 @@
 
 #include "sample/samplechannels.h"
 
+#include <QSet>
+
+#include <optional>
+
 QStringList Subscriptions::codes()
 {
     QStringList added;

@@ -5,7 +5,7 @@
 #include "backend/eventlog.h"
 #include "backend/numbers/servicenumberlist.h"
 
-#include <QSet>
+#include <vector>
 
 class Subscriptions
 {

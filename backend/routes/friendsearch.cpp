@@ -8,6 +8,8 @@
 #include "backend/routes/teamcall.h"
 #include "backend/routes/teamreplies.h"
 
+#include <optional>
+
 namespace {
 constexpr int LongestKey = 64;
 constexpr int ShortestPiece = 2; // of a name, in characters

@@ -7,7 +7,9 @@
 #include "backend/routes/rulecall.h"
 #include "backend/routes/teamreplies.h"
 
+#include <functional>
 #include <limits>
+#include <optional>
 
 namespace {
 using Handler = std::function<Reply(const Call &call, Friends &friends)>;

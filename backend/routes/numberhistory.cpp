@@ -5,6 +5,8 @@
 #include "backend/numbers/historypage.h"
 #include "backend/routes/routes.h"
 
+#include <optional>
+
 namespace {
 Reply history(const Call &call, const ServiceNumberList &numbers)
 {

@@ -6,7 +6,11 @@
 #include "backend/routes/routes.h"
 #include "backend/routes/rulecall.h"
 
+#include <QSet>
+
 #include <algorithm>
+#include <functional>
+#include <optional>
 
 namespace {
 constexpr int NoRight = 1; // to subscribe

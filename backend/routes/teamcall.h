@@ -6,6 +6,8 @@
 #include "backend/routes/rulecall.h"
 #include "backend/teams/teams.h"
 
+#include <functional>
+
 struct BackEndContext;
 
 using TeamHandler = std::function<Reply(const Call &call, Teams &teams)>;

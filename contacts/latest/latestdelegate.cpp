@@ -6,6 +6,7 @@
 #include "controls/rowpainter.h"
 #include "controls/skin.h"
 #include "hostapi/roomrecords.h"
+#include "http/fileservices.h"
 
 #include <QWidget>
 
@@ -25,9 +26,11 @@ QPixmap avatar(const QModelIndex &index, qreal ratio)
         return store.groupPortrait(file, RowPainter::AvatarSize, ratio);
     case MessageData::ServiceNumber:
         return store.serviceIcon(file, RowPainter::AvatarSize, ratio);
-    default:
-        return store.avatar(file, index.data(LatestRole::Id).toString(),
+    default: {
+        const QString jid = index.data(LatestRole::Id).toString();
+        return store.avatar(PictureFiles::instance().ofRow(file, jid), jid,
                             index.data(LatestRole::Name).toString(), RowPainter::AvatarSize, ratio);
+    }
     }
 }
 } // namespace

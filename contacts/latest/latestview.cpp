@@ -8,6 +8,7 @@
 #include "contacts/latest/latestroles.h"
 #include "controls/skinmenu.h"
 #include "controls/tipbox.h"
+#include "http/fileservices.h"
 #include "http/httpmgr.h"
 #include "plugin/frienduieventprocess.h"
 #include "plugin/frienduisignalsender.h"
@@ -33,6 +34,8 @@ LatestView::LatestView(LatestModel *model, QWidget *parent)
     setObjectName(QStringLiteral("LatestView"));
     setItemDelegate(new LatestDelegate(this));
     setUpMenu();
+    connect(&PictureFiles::instance(), &PictureFiles::ready, viewport(),
+            QOverload<>::of(&QWidget::update));
     connect(this, &RowView::orderHeld, this, [model](bool held) { model->setOrderFrozen(held); });
     connect(this, &RowView::activatedRow, this, &LatestView::slot_openChat);
 }

@@ -163,12 +163,21 @@ void EditAvatar::showPresent()
                 return;
             m_isShowingPresent = true;
             m_bisHistory = system.isEmpty();
+            m_present = QPixmap::fromImage(picture.image);
             if (m_bisHistory)
                 setCut(std::move(picture));
-            else
-                m_previews->setPicture(QPixmap::fromImage(picture.image));
             m_isShowingPresent = false;
+            previewPresent();
         });
+}
+
+// The frame around a part of it says nothing until its page is seen.
+void EditAvatar::previewPresent()
+{
+    if (m_changed || m_present.isNull())
+        return;
+    const bool isCutShown = m_bisHistory && m_localTab->isChecked();
+    m_previews->setPicture(isCutShown ? m_cut : m_present);
 }
 
 void EditAvatar::slot_changeSystemPage()

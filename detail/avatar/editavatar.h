@@ -83,6 +83,7 @@ private:
     // What is shown.
     void followUser();
     void showPresent();
+    void previewPresent();
     void open(const std::function<HeadPicture::Picture()> &read);
     void show(HeadPicture::Picture &&picture);
     void setCut(HeadPicture::Picture &&picture);
@@ -102,6 +103,7 @@ private:
     bool m_knowsVcard = false;
 
     QPixmap m_cut;
+    QPixmap m_present; // the whole picture that the user has; null while it is unknown
     QString m_sysPath; // of the chosen system picture
     bool m_isSysPhoto = false;
     bool m_bisHistory = false; // the picture to cut is the one the user has already

@@ -191,6 +191,7 @@ void EditAvatar::showPage(int page)
     m_localTab->setChecked(page == 1);
     m_systemMark->setVisible(page == 0);
     m_localMark->setVisible(page == 1);
+    previewPresent();
 }
 
 void EditAvatar::slot_SkinChange(const SysUIData &skin)

@@ -5,7 +5,6 @@
 
 #include <QDateTime>
 #include <QDir>
-#include <QFileInfo>
 #include <QImageWriter>
 #include <QPainter>
 #include <QSaveFile>
@@ -53,6 +52,7 @@ QString HeadFile::store(const QImage &picture, const QString &folder)
     }
     QSaveFile file(unusedName(place));
     if (file.open(QIODevice::WriteOnly)) {
+        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
         QImageWriter writer(&file, "jpg");
         writer.setQuality(BestQuality);
         if (writer.write(picture) && file.commit())

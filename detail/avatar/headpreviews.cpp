@@ -7,6 +7,8 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace {
 QLabel *picture(const char *name, int side, const QString &caption, QWidget *parent)
 {

@@ -8,6 +8,8 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 QStringList SystemPictures::namesIn(const QByteArray &xml)
 {
     QStringList names;
@@ -36,9 +38,8 @@ QStringList SystemPictures::names()
     QStringList found;
     if (listing.open(QIODevice::ReadOnly))
         found = namesIn(listing.read(LongestListing));
-    const auto isMissing = [](const QString &name) {
-        return PictureFiles::instance().file(name).isEmpty();
-    };
+    const QStringList present = resourceNames(path(QString()));
+    const auto isMissing = [&present](const QString &name) { return !present.contains(name); };
     found.erase(std::remove_if(found.begin(), found.end(), isMissing), found.end());
     return found;
 }

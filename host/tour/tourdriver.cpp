@@ -11,12 +11,15 @@
 #include <QPainter>
 #include <QPixmap>
 #include <QProcess>
+#include <QRegularExpression>
 
+#include <algorithm>
 #include <cstdio>
 #include <iterator>
 
 namespace {
 constexpr int TickMs = 10;
+constexpr int TicksToSettle = 3;
 constexpr int MoveDeadlineMs = 15000;
 constexpr int ChildDeadlineMs = 90000;
 
@@ -28,6 +31,14 @@ constexpr Look looks[] = {{"zh-light", "light", "zh_CN"},
                           {"zh-dark", "dark", "zh_CN"},
                           {"en-light", "light", "en"},
                           {"en-dark", "dark", "en"}};
+
+int heightOf(const QWidget *window)
+{
+    int height = window->windowType() == Qt::Popup ? 1000 : window->isActiveWindow() ? 1 : 0;
+    for (const QWidget *under = window->parentWidget(); under; under = under->parentWidget())
+        height += under->isWindow() ? 2 : 0;
+    return height;
+}
 } // namespace
 
 TourDriver::TourDriver(TourStage *stage, const QString &folder, const QStringList &only,
@@ -55,7 +66,7 @@ QString TourDriver::pictureFile(const QString &folder) const
     return QDir(folder).filePath(
         QStringLiteral("%1-%2%3.png")
             .arg(chosen.number, 2, 10, QLatin1Char('0'))
-            .arg(QLatin1String(chosen.step->name), QLatin1String(m_stepFailed ? "-failed" : "")));
+            .arg(QLatin1String(chosen.step->name), QLatin1String(m_stepFailed ? ".failed" : "")));
 }
 
 void TourDriver::beginStep()
@@ -151,9 +162,12 @@ void TourDriver::endStep()
         beginStep();
 }
 
-// One look a tick: what follows from the change has been laid out by then.
+// Ticks lie between a change and its picture: in them everything is laid out anew.
 void TourDriver::nextLook()
 {
+    if (m_look > 0 && ++m_settled < TicksToSettle)
+        return;
+    m_settled = 0;
     MainWindow &window = m_stage->window();
     if (m_look > 0)
         savePicture(
@@ -178,10 +192,9 @@ void TourDriver::forgetEarlierPictures()
     QStringList folders{m_folder};
     for (const Look &look : looks)
         folders.append(m_folder + QLatin1Char('/') + QLatin1String(look.folder));
+    const QRegularExpression ofStep(QStringLiteral("^[0-9]+-%1(\\.failed)?\\.png$").arg(stem));
     for (const QString &folder : folders) {
-        const QStringList earlier =
-            QDir(folder).entryList({QStringLiteral("[0-9]*-%1.png").arg(stem),
-                                    QStringLiteral("[0-9]*-%1-failed.png").arg(stem)});
+        const QStringList earlier = QDir(folder).entryList(QDir::Files).filter(ofStep);
         for (const QString &name : earlier)
             QFile::remove(QDir(folder).filePath(name));
     }
@@ -239,6 +252,10 @@ QImage TourDriver::picture(QWidget *window)
         if (widget != window && widget->isVisible() && widget->isWindow())
             shown.append(widget);
     }
+    // A window is over the one that it was opened from, and a menu over all.
+    std::stable_sort(shown.begin() + 1, shown.end(), [](const QWidget *one, const QWidget *other) {
+        return heightOf(one) < heightOf(other);
+    });
     QRect all;
     for (const QWidget *widget : shown)
         all |= QRect(widget->mapToGlobal(QPoint(0, 0)), widget->size());

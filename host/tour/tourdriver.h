@@ -56,6 +56,7 @@ private:
     bool m_acted = false;
     bool m_childRunning = false;
     size_t m_look = 0;      // the one to come
+    int m_settled = 0;      // ticks since the last change of the look
     bool m_turning = false; // the step has been made; its pictures are taken
     bool m_stepFailed = false;
     QElapsedTimer m_since;

@@ -211,12 +211,28 @@ QMenu *TourStage::openMenu(const QString &objectName) const
     return found && found->isVisible() ? found : nullptr;
 }
 
-QDialog *TourStage::openDialog(const char *className) const
+QWidget *TourStage::openWindow(const char *className) const
 {
     const QWidgetList widgets = QApplication::topLevelWidgets();
     for (QWidget *widget : widgets) {
         if (widget->isVisible() && widget->inherits(className))
-            return qobject_cast<QDialog *>(widget);
+            return widget;
+    }
+    return nullptr;
+}
+
+QDialog *TourStage::openDialog(const char *className) const
+{
+    return qobject_cast<QDialog *>(openWindow(className));
+}
+
+QWidget *TourStage::shownPart(const char *window, const char *object) const
+{
+    const QWidget *in = openWindow(window);
+    const auto found = in ? in->findChildren<QWidget *>(QString::fromUtf8(object)) : QWidgetList();
+    for (QWidget *widget : found) {
+        if (widget->isVisible())
+            return widget;
     }
     return nullptr;
 }

@@ -55,7 +55,13 @@ public:
     QMenu *openMenu(const QString &objectName) const; // null unless it is shown
     QMenu *menu(const QString &objectName) const;     // shown or not
     QDialog *openDialog(const char *className) const;
+    QWidget *openWindow(const char *className) const; // of any kind
     QWidget *shownWidget(const QString &objectName) const;
+    // In a window of its own, by the class of that and the object name of the widget.
+    template <class Widget = QWidget> Widget *part(const char *window, const char *object) const
+    {
+        return qobject_cast<Widget *>(shownPart(window, object));
+    }
 
     void contextMenu(const QModelIndex &index) const; // of any list that is shown
     // The action of that object name, in the menu or a menu below it; the menu
@@ -73,7 +79,10 @@ public:
     // What one move remembers for a later one.
     QString name, jid, target;
     int number = 0;
+    bool done = false; // of what takes its time
 
 private:
+    QWidget *shownPart(const char *window, const char *object) const;
+
     HostApplication &m_host;
 };

@@ -376,7 +376,9 @@ const std::vector<TourStep> &tourSteps()
         std::vector<TourStep> steps = treeSteps();
         for (const auto &part :
              {hostSteps(), organisationSteps(), organisationStateSteps(), localSteps(),
-              localStateSteps(), teamSteps(), teamStateSteps(), ownProcessSteps()})
+              localStateSteps(), teamSteps(), teamStateSteps(), numberSteps(), numberStateSteps(),
+              cardSteps(), pictureSteps(), externalSteps(), externalStateSteps(), windowSteps(),
+              ownProcessSteps()})
             steps.insert(steps.end(), part.begin(), part.end());
         return steps;
     }();

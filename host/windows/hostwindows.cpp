@@ -112,6 +112,7 @@ void HostWindows::openChat(const QString &jid, qint32 kind)
         return;
     }
     m_chats->open(jid, kindOf(kind));
+    m_chats->activateWindow();
 }
 
 void HostWindows::sendFile(const QStringList &jids, qint32 kind)

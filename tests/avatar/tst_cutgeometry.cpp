@@ -152,6 +152,8 @@ private slots:
             QRect(100, 200, 300, 300));
         row("rounded at the end", QRect(0, 201, 99, 99), QSize(99, 300), QSize(333, 1000),
             QRect(0, 667, 333, 333));
+        row("rounded at the right", QRect(275, 0, 25, 25), QSize(300, 300), QSize(750, 750),
+            QRect(687, 0, 63, 63));
         row("partly outside", QRect(-10, -10, 30, 30), QSize(100, 100), QSize(200, 200),
             QRect(0, 0, 40, 40));
         row("outside", QRect(200, 0, 30, 30), QSize(100, 100), QSize(200, 200), QRect());

@@ -58,6 +58,21 @@ private slots:
                                                QStringLiteral("3.png")}));
     }
 
+    // A picture in the current folder takes the place of one, not of all.
+    void replacedOneByOne()
+    {
+        const QString before = QDir::currentPath();
+        const QStringList all = SystemPictures::names();
+        const QTemporaryDir folder;
+        const QString own = folder.filePath(SystemPictures::path(all.first()));
+        QVERIFY(QDir().mkpath(QFileInfo(own).path()));
+        QVERIFY(QFile::copy(resourcePath(SystemPictures::path(all.first())), own));
+        QDir::setCurrent(folder.path());
+        const QStringList found = SystemPictures::names();
+        QDir::setCurrent(before);
+        QCOMPARE(found, all);
+    }
+
     void chosenByPointerAndKeyboard()
     {
         SysAvatarTable table;

@@ -195,10 +195,6 @@ private slots:
         QTest::mouseClick(m_fixture->button(card, "btnSendMail"), Qt::LeftButton);
         QCOMPARE(std::get<0>(host.arguments<QStringList>(Outbound::WriteMail)),
                  QStringList{m_fixture->anna});
-        QTest::mouseClick(m_fixture->button(card, "btncreateDialog"), Qt::LeftButton);
-        const auto [jid, kind] = host.arguments<QString, qint32>(Outbound::OpenChat);
-        QCOMPARE(jid, m_fixture->anna);
-        QCOMPARE(kind, qint32(MessageData::Person));
         QTest::mouseClick(m_fixture->part(card, "head"), Qt::LeftButton);
         const auto [shown, file] = host.arguments<QString, QString>(Outbound::ShowPicture);
         QCOMPARE(shown, m_fixture->anna);
@@ -206,6 +202,11 @@ private slots:
         QTest::mouseClick(m_fixture->button(card, "btnPosition"), Qt::LeftButton);
         QCOMPARE(m_fixture->actions.calls.last(),
                  QStringLiteral("locateInOrganisation anna false"));
+        QTest::mouseClick(m_fixture->button(card, "btncreateDialog"), Qt::LeftButton);
+        const auto [jid, kind] = host.arguments<QString, qint32>(Outbound::OpenChat);
+        QCOMPARE(jid, m_fixture->anna);
+        QCOMPARE(kind, qint32(MessageData::Person));
+        QVERIFY(!CDetailViewManager::instance()->openDialog(m_fixture->anna));
     }
 
     void rights_data()

@@ -193,6 +193,24 @@ private slots:
         QCOMPARE(f.last(), f.shown(5));
     }
 
+    // As the pane does when the keyboard leads to another page.
+    void closesWithItsPage()
+    {
+        Fixture f;
+        QWidget window;
+        QStandardItemModel others;
+        auto *list = new PeopleList(&others);
+        list->setParent(&window);
+        window.resize(list->size());
+        window.show();
+        list->show();
+        QApplication::setActiveWindow(&window);
+        list->moveTo(3);
+        QTRY_COMPARE(f.last(), f.shown(3));
+        list->hide();
+        QCOMPARE(f.state(), HoverStates::Closed);
+    }
+
     // The same while the card is open.
     void closes_data()
     {

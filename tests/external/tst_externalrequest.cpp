@@ -112,7 +112,7 @@ private slots:
         row("own limit, confirming", Confirmation, 10001, own, own);
         row("expired", Confirmation, 10003, "", QString::fromUtf8("已过期，请重新添加"));
         row("other, confirming", Confirmation, -1, "addfailreadd", "addfailreadd");
-        row("no blacklist", Blacklist, 10001, "addfailreadd", "addfailreadd");
+        row("no blacklist", Blacklist, 10001, "blacklistFailed", "blacklistFailed");
     }
 
     // Each leaves a way to try again.

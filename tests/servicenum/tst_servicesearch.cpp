@@ -3,6 +3,7 @@
 #include "servicenum/cservicenuminfo.h"
 #include "servicenum/cservicenuminfomanager.h"
 #include "servicenum/cservicenumsearch.h"
+#include "servicenum/servicenumfinder.h"
 #include "servicenum/servicenumlistview.h"
 #include "tests/servicenum/servicepagefixture.h"
 #include "tests/support/looks.h"
@@ -121,8 +122,11 @@ private slots:
         SearchFixture f;
         QTRY_COMPARE(f.found(), QStringLiteral("a b"));
         f.server.forget();
+        QSignalSpy shown(f.window->findChild<ServiceNumFinder *>(), &ServiceNumFinder::found);
         QTest::keyClicks(f.box, QStringLiteral("announcements"));
         QTRY_COMPARE(f.searched().value(f.searched().size() - 1), QStringLiteral("announcements"));
+        QTRY_VERIFY(!shown.isEmpty());
+        QCOMPARE(shown.first().first().toString(), QStringLiteral("announcements"));
         QVERIFY2(f.searched().size() <= 2, qPrintable(f.searched().join(QLatin1Char('|'))));
     }
 
