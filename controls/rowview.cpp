@@ -242,6 +242,13 @@ bool RowView::viewportEvent(QEvent *event)
     case QEvent::HoverMove:
         m_pointerAtRest.start();
         updateHold();
+        [[fallthrough]];
+    case QEvent::HoverEnter:
+    case QEvent::HoverLeave:
+        // Otherwise a layout that is due happens while the base class holds a reference to
+        // the row under the pointer, which goes when a scroll bar's coming or going sends
+        // the next of these events.
+        executeDelayedItemsLayout();
         break;
     case QEvent::Leave:
         m_pointerAtRest.stop();

@@ -17,8 +17,9 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QTimer>
 #include <QVBoxLayout>
+
+#include <utility>
 
 CServiceNoWidget::CServiceNoWidget(QWidget *parent)
     : QWidget(parent),
@@ -99,7 +100,20 @@ void CServiceNoWidget::connectNumbers()
 {
     using Hub = FriendUISignalSender;
     const ServiceNumbers *numbers = &ServiceNumbers::instance();
-    connect(numbers, &ServiceNumbers::stateChanged, this, &CServiceNoWidget::follow);
+    // Of thousands of news at once the first is shown at once, the others together.
+    m_pause.setSingleShot(true);
+    m_pause.setInterval(0);
+    connect(numbers, &ServiceNumbers::stateChanged, this, [this] {
+        m_isBehind = m_pause.isActive();
+        if (m_isBehind)
+            return;
+        follow();
+        m_pause.start();
+    });
+    connect(&m_pause, &QTimer::timeout, this, [this] {
+        if (std::exchange(m_isBehind, false))
+            follow();
+    });
     connect(numbers, &ServiceNumbers::changed, this, [this](const QString &code) {
         if (code == m_refused)
             tellRefused(QString());

@@ -1,6 +1,7 @@
 // The page of the service numbers that the user subscribes to.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 
 class AddServiceEntry;
@@ -51,5 +52,7 @@ private:
     StateStack *m_states;
     NoticeLine *m_notice;
     bool m_started = false;
+    QTimer m_pause; // until the list follows the next news
+    bool m_isBehind = false;
     QString m_refused; // the number whose subscription could not be ended
 };
