@@ -344,7 +344,8 @@ std::vector<TourStep> numberSteps()
         {"numbers-loading",
          TourStep::Pane,
          {servicesReady(),
-          leverPulled("rule", R"({"path":"/center/isrv/myIsrv.do","delayMs":2000,"times":1})"),
+          // The host asks as well, before or after the page.
+          leverPulled("rule", R"({"path":"/center/isrv/myIsrv.do","delayMs":2000,"times":2})"),
           pageOpened(),
           {"the page says that it is loading",
            {},
