@@ -254,6 +254,7 @@ bool RowView::viewportEvent(QEvent *event)
         m_pointerAtRest.stop();
         updateHold();
         CardHover::instance().pointerOn(this, QModelIndex(), QString());
+        executeDelayedItemsLayout(); // as above
         break;
     case QEvent::Wheel: {
         // The row that comes to be under the pointer is rested on anew.
