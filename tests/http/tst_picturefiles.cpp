@@ -136,8 +136,10 @@ private slots:
         for (int i = 0; i < 8; ++i)
             files.file(name(i));
         files.file(name(5)); // asked for again
-        QTRY_COMPARE(fixture.server.requests().size(), PictureFiles::AtATime);
         while (ready.size() < 8) {
+            // One behind the other, whatever connections they come by.
+            QTRY_COMPARE(fixture.server.requests().size(),
+                         qMin(8, PictureFiles::AtATime + ready.size()));
             fixture.server.release(1);
             QVERIFY(ready.wait());
         }
