@@ -157,10 +157,10 @@ private slots:
     void theAddressLine_data()
     {
         const Rows<QByteArray, bool> row{"told", "usable"};
-        row("as promised", line("https://127.0.0.1:1", "CA", "PW"), true);
-        row("no certificate", line("https://127.0.0.1:1", "no", "PW"), false);
-        row("no password", line("https://127.0.0.1:1", "CA", "no"), false);
-        row("no host", line("https://", "CA", "PW"), false);
+        row("as promised", line("https://127.0.0.1:1", "<CA>", "<PW>"), true);
+        row("no certificate", line("https://127.0.0.1:1", "no", "<PW>"), false);
+        row("no password", line("https://127.0.0.1:1", "<CA>", "no"), false);
+        row("no host", line("https://", "<CA>", "<PW>"), false);
         row("a number", "{\"address\":7}", false);
         row("a list", "[]", false);
         row("nothing", QByteArray(), false);
@@ -170,8 +170,8 @@ private slots:
         QFETCH(QByteArray, told);
         QFETCH(bool, usable);
         const Bench bench("serves");
-        told.replace("CA", QFile::encodeName(bench.folder.filePath(QStringLiteral("ca.pem"))));
-        told.replace("PW", QFile::encodeName(bench.folder.filePath(QStringLiteral("password"))));
+        told.replace("<CA>", QFile::encodeName(bench.folder.filePath(QStringLiteral("ca.pem"))));
+        told.replace("<PW>", QFile::encodeName(bench.folder.filePath(QStringLiteral("password"))));
         BackendAddress address;
         QString problem;
         QCOMPARE(BackendProcess::readAddress(told, &address, &problem), usable);
