@@ -194,7 +194,9 @@ bool CardHover::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride)
         return takesEscape(event);
-    if (!watched->isWidgetType())
+    // The most frequent ones, also of objects that are no widgets.
+    if (event->type() == QEvent::Timer || event->type() == QEvent::MetaCall ||
+        !watched->isWidgetType())
         return false;
     const auto *widget = static_cast<QWidget *>(watched);
     switch (event->type()) {
