@@ -99,7 +99,7 @@ private slots:
 
     void printersColors()
     {
-        const Picture picture = HeadPicture::load(QFINDTESTDATA("cmyk.jpg"), Bound);
+        const Picture picture = HeadPicture::load(sourceFile("tests/avatar/cmyk.jpg"), Bound);
         QVERIFY(picture.flaw == Flaw::None);
         const QColor cyan = picture.image.pixelColor(32, 32);
         QVERIFY2(cyan.red() < 40 && cyan.green() > 200 && cyan.blue() > 200,

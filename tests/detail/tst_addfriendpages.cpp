@@ -1,5 +1,6 @@
 // What the pages of the add-contact window show.
 #include "tests/detail/addfriendfixture.h"
+#include "tests/support/files.h"
 #include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
@@ -57,7 +58,7 @@ private slots:
         const auto *picture = dialog->findChild<QLabel *>(QStringLiteral("picture"));
         const QImage before = picture->pixmap(Qt::ReturnByValue).toImage();
         QVERIFY(!before.isNull());
-        const QString file = QFINDTESTDATA("../../Resources/SystemAvatar/3.png");
+        const QString file = sourceFile("Resources/SystemAvatar/3.png");
         FakeHost::send(Inbound::HeadChanged, f.bob(), file);
         QCOMPARE(picture->pixmap(Qt::ReturnByValue).toImage(), before);
         FakeHost::send(Inbound::HeadChanged, f.anna(), file);

@@ -3,6 +3,7 @@
 #include "detail/csignex.h"
 #include "detail/csignmanager.h"
 #include "tests/detail/cardfixture.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
@@ -93,7 +94,7 @@ private slots:
         QCOMPARE(m_fixture->host.count(Outbound::RequestProfile), 2);
         m_fixture->answer(m_fixture->anna);
         FakeHost::send(Inbound::HeadChanged, m_fixture->anna,
-                       QFINDTESTDATA("../../Resources/SystemAvatar/3.png"));
+                       sourceFile("Resources/SystemAvatar/3.png"));
         QVERIFY(CardFixture::isLoading(card));
         QVERIFY(card->body()->picture().isEmpty());
         QCOMPARE(CardFixture::text(card, "name"), QStringLiteral("stranger"));
@@ -248,8 +249,8 @@ private slots:
     {
         QFETCH(QString, button);
         QFETCH(int, code);
-        m_fixture->host.context.headPaths.insert(
-            m_fixture->anna, QFINDTESTDATA("../../Resources/SystemAvatar/3.png"));
+        m_fixture->host.context.headPaths.insert(m_fixture->anna,
+                                                 sourceFile("Resources/SystemAvatar/3.png"));
         const CSignEx *card = show(m_fixture->anna);
         QTest::mouseClick(card->findChild<QWidget *>(button), Qt::LeftButton);
         QVERIFY(!card->isVisible());

@@ -2,6 +2,7 @@
 // what its answers do.
 #include "controls/elidedlabel.h"
 #include "tests/external/externalfixture.h"
+#include "tests/support/files.h"
 #include "tests/support/logcapture.h"
 #include "tests/support/testrunner.h"
 
@@ -354,8 +355,8 @@ private slots:
         F f;
         QTemporaryDir folder;
         const QString file = folder.filePath(QStringLiteral("eve.png"));
-        QVERIFY(QFile::copy(QFINDTESTDATA("../../Resources/SystemAvatar/3.png"),
-                            file + QStringLiteral(".tmp")));
+        QVERIFY(
+            QFile::copy(sourceFile("Resources/SystemAvatar/3.png"), file + QStringLiteral(".tmp")));
         AddExternalFriend *window = f.open();
         const auto *shown = window->findChild<QLabel *>(QStringLiteral("lblPicture"));
         const QImage standard = shown->pixmap(Qt::ReturnByValue).toImage();

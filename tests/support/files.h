@@ -1,4 +1,4 @@
-// Whole files, read and written.
+// Whole files, read and written, and those of the source tree.
 #pragma once
 
 #include <QFile>
@@ -9,6 +9,9 @@ inline QByteArray contentOf(const QString &path)
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
+
+// A file of the source tree, by its path from the root.
+QString sourceFile(const char *path);
 
 inline void writeFile(const QString &path, const QByteArray &content)
 {
