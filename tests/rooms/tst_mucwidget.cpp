@@ -5,6 +5,7 @@
 #include "tests/support/looks.h"
 #include "tests/support/testrunner.h"
 
+#include <QDir>
 #include <QLabel>
 
 #include <functional>
@@ -264,8 +265,10 @@ private slots:
     void pictures_data()
     {
         const Rows<QString, QString> row{"named", "path"};
-        row("known to the host", QStringLiteral("id5"), QStringLiteral("/id5.png"));
-        row("a file", QStringLiteral("/heads/r5.png"), QStringLiteral("/heads/r5.png"));
+        row("known to the host", QStringLiteral("id5"),
+            QDir::rootPath() + QLatin1String("id5.png"));
+        const QString file = QDir::rootPath() + QLatin1String("heads/r5.png");
+        row("a file", file, file);
         row("a share", QStringLiteral("//evil.example/share/x.png"), QString());
         row("a share of Windows", QStringLiteral("\\\\evil.example\\share\\x.png"), QString());
         row("an address", QStringLiteral("http://evil.example/x.png"), QString());
@@ -278,7 +281,8 @@ private slots:
     {
         QFETCH(QString, named);
         RoomsFixture page;
-        page.host.context.headPaths.insert(QStringLiteral("id5"), QStringLiteral("/id5.png"));
+        page.host.context.headPaths.insert(QStringLiteral("id5"),
+                                           QDir::rootPath() + QLatin1String("id5.png"));
         MucData room = makeRoom("r5", QStringLiteral("e"));
         room.headImage = named;
         page.add(room);

@@ -1,7 +1,9 @@
 #include "tests/support/testrunner.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QMap>
+#include <QScreen>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
@@ -31,6 +33,9 @@ int runTestClasses(int argc, char **argv)
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
+    // The pointer of a real screen stays clear of the windows.
+    if (QGuiApplication::platformName() == QLatin1String("windows"))
+        QCursor::setPos(QGuiApplication::primaryScreen()->geometry().bottomRight());
 
     QStringList arguments = app.arguments();
     QByteArray only;
