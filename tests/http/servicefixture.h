@@ -6,9 +6,9 @@
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/files.h"
+#include "tests/support/testrunner.h"
 
 #include <QDir>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 struct ServiceFixture
@@ -51,6 +51,6 @@ struct ServiceFixture
 inline HttpResponseData resultOf(QSignalSpy &finished)
 {
     if (finished.isEmpty())
-        finished.wait();
+        finished.wait(TestPatience);
     return finished.value(0).value(0).value<HttpResponseData>();
 }
