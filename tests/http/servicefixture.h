@@ -47,10 +47,10 @@ struct ServiceFixture
     }
 };
 
-// What a transfer ends with; waits for it.
+// What a transfer ends with; waits for it, which for megabytes may be long.
 inline HttpResponseData resultOf(QSignalSpy &finished)
 {
     if (finished.isEmpty())
-        finished.wait(TestPatience);
+        finished.wait(4 * TestPatience);
     return finished.value(0).value(0).value<HttpResponseData>();
 }

@@ -247,7 +247,7 @@ private slots:
         const QByteArray bytes(int(MultipartUpload::PartSize) * (parts - 1) + 1, 'x');
         upload.start(fixture.makeFile(QStringLiteral("a.bin"), bytes));
         const HttpResponseData result = resultOf(finished);
-        QCOMPARE(result.ok, ok);
+        QVERIFY2(result.ok == ok, qPrintable(result.message));
         QCOMPARE(result.code, ok ? 0 : 1);
         QTEST(fixture.server.count(PartPath), "sendings");
         QCOMPARE(fixture.server.count(CompletePath), ok ? 1 : 0);

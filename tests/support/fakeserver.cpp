@@ -320,13 +320,13 @@ void FakeServer::restart()
 
 void FakeServer::arrived(Connection *raw)
 {
-    raw->input += raw->read();
     const auto at =
         std::find_if(d->open.begin(), d->open.end(),
                      [raw](const std::shared_ptr<Connection> &each) { return each.get() == raw; });
     if (at == d->open.end())
         return;
-    const std::shared_ptr<Connection> connection = *at;
+    const std::shared_ptr<Connection> connection = *at; // which may end meanwhile
+    connection->input += connection->read();
     FakeRequest request;
     while (!connection->busy && d->takeRequest(*connection, &request)) {
         connection->busy = true;
