@@ -13,8 +13,8 @@
 #include "http/requestthrottle.h"
 #include "http/serviceaddresses.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QHttpMultiPart>
 #include <QMetaMethod>
 
@@ -27,6 +27,18 @@ bool isWeb(const QUrl &url)
     return url.isValid() && !url.host().isEmpty() &&
            (url.scheme() == QLatin1String("https") || url.scheme() == QLatin1String("http"));
 }
+
+// Keeps from a reply what the network's thread has still to tell it. An error would be
+// a second one for a reply that has been aborted, which Qt reports as a fault.
+class Deafness : public QObject
+{
+public:
+    using QObject::QObject;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        return event->type() == QEvent::MetaCall;
+    }
+};
 
 } // namespace
 
@@ -393,9 +405,7 @@ void CHttpSession::Private::stopReply()
     if (!reply)
         return;
     reply->disconnect(q);
-    // An error that is on its way already would be a second one for a reply that has
-    // been aborted, which Qt reports as a fault.
-    QCoreApplication::removePostedEvents(reply, QEvent::MetaCall);
+    reply->installEventFilter(new Deafness(reply));
     reply->abort();
     reply->deleteLater();
     reply = nullptr;

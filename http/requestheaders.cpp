@@ -9,11 +9,21 @@
 #include <QNetworkCookie>
 #include <QNetworkCookieJar>
 #include <QSslConfiguration>
+#include <QSslSocket>
 
 #include <algorithm>
 
 namespace RequestHeaders {
 namespace {
+
+// Windows asks its own authorities whatever list it is given. Qt's list of them all is
+// packed and unpacked again for each connection, which takes longer than the handshake.
+bool systemKnowsItsAuthorities()
+{
+    static const bool schannel =
+        QSslSocket::sslLibraryVersionString().startsWith(QLatin1String("Secure Channel"));
+    return schannel;
+}
 
 // Reading the authorities costs more than a request: once for each state of the
 // file, and even the state is looked at once a second only.
@@ -34,6 +44,8 @@ const QSslConfiguration &verification()
     loaded = QSslConfiguration::defaultConfiguration();
     loaded.setPeerVerifyMode(QSslSocket::VerifyPeer);
     loaded.setProtocol(QSsl::TlsV1_2OrLater);
+    if (systemKnowsItsAuthorities())
+        loaded.setCaCertificates({});
     if (!file.isEmpty())
         loaded.addCaCertificates(file);
     loadedFile = file;

@@ -6,9 +6,9 @@
 #include "tests/support/fakecontext.h"
 #include "tests/support/fakeserver.h"
 #include "tests/support/files.h"
+#include "tests/support/testrunner.h"
 
 #include <QDir>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 
 struct ServiceFixture
@@ -47,10 +47,10 @@ struct ServiceFixture
     }
 };
 
-// What a transfer ends with; waits for it.
+// What a transfer ends with; waits for it, which for megabytes may be long.
 inline HttpResponseData resultOf(QSignalSpy &finished)
 {
     if (finished.isEmpty())
-        finished.wait();
+        finished.wait(4 * TestPatience);
     return finished.value(0).value(0).value<HttpResponseData>();
 }

@@ -9,10 +9,10 @@
 #include "tests/support/fakeserver.h"
 #include "tests/support/files.h"
 #include "tests/support/testcertificates.h"
+#include "tests/support/testrunner.h"
 
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 
 #include <memory>
 
@@ -74,7 +74,7 @@ struct Call
     }
     bool waitForEnd() const
     {
-        return QTest::qWaitFor([this] { return ends > 0; }, 20000);
+        return QTest::qWaitFor([this] { return ends > 0; }, TestPatience);
     }
     bool succeeded() const { return ends == 1 && error == QNetworkReply::NoError && status == 200; }
 

@@ -25,6 +25,12 @@ FakeReply silent(const QByteArray &jid)
     return FakeReply::json(
         json("{'code':0,'data':{'sessions':[{'sessionJid':'" + jid + "','isNotHint':1}]}}"));
 }
+
+// Its folder can go only when the database in it is closed.
+struct Fixture : ServiceFixture
+{
+    ~Fixture() { LocalDatabase::instance().close(); }
+};
 } // namespace
 
 class TstClientSettings : public QObject
@@ -32,11 +38,9 @@ class TstClientSettings : public QObject
     Q_OBJECT
 
 private slots:
-    void cleanup() { LocalDatabase::instance().close(); }
-
     void setAtTheServiceThenHere()
     {
-        ServiceFixture fixture;
+        Fixture fixture;
         QSignalSpy done(HttpMgr::instance(), &HttpMgr::signal_setSessionMsgConfigDone);
         fixture.server.reply(SetPath, FakeReply::json(Done));
         HttpMgr::instance()->setSessionMsgConfig(R2, true);
@@ -67,7 +71,7 @@ private slots:
     {
         QFETCH(QByteArray, ini);
         QFETCH(QByteArray, reply);
-        ServiceFixture fixture;
+        Fixture fixture;
         if (!ini.isEmpty())
             fixture.write(ini);
         fixture.server.reply(SetPath, FakeReply::json(reply));
@@ -97,7 +101,7 @@ private slots:
     {
         QFETCH(QByteArray, reply);
         QFETCH(bool, ok);
-        ServiceFixture fixture;
+        Fixture fixture;
         QVERIFY(SessionSettings::setMuted(R1, true));
         fixture.server.reply(LoadPath, FakeReply::json(reply));
         QSignalSpy loaded(HttpMgr::instance(), &HttpMgr::signal_clientSettingsLoaded);
@@ -110,7 +114,7 @@ private slots:
     // The log-in and the connection ask almost at once.
     void lastLoadAnswersForAll()
     {
-        ServiceFixture fixture;
+        Fixture fixture;
         fixture.server.reply(LoadPath, {silent("old@c").after(200), silent("new@c")});
         QSignalSpy loaded(HttpMgr::instance(), &HttpMgr::signal_clientSettingsLoaded);
         HttpMgr::instance()->loadClientSettings();
@@ -124,7 +128,7 @@ private slots:
     // A reply that was written before the user set something else.
     void loadDoesNotTakeASettingBack()
     {
-        ServiceFixture fixture;
+        Fixture fixture;
         fixture.server.reply(LoadPath, {FakeReply::json(Done).onRelease(), silent(R1.toUtf8())});
         fixture.server.reply(SetPath, FakeReply::json(Done));
         QSignalSpy loaded(HttpMgr::instance(), &HttpMgr::signal_clientSettingsLoaded);
@@ -141,7 +145,7 @@ private slots:
 
     void anotherUsersReplyIsNotStored()
     {
-        ServiceFixture fixture;
+        Fixture fixture;
         fixture.server.reply(LoadPath, silent("x@c").onRelease());
         fixture.server.reply(SetPath, FakeReply::json(Done).onRelease());
         QSignalSpy loaded(HttpMgr::instance(), &HttpMgr::signal_clientSettingsLoaded);

@@ -54,7 +54,14 @@ private slots:
         ServiceFixture fixture;
         fixture.server.reply(UploadPath, FakeReply::json(Stored));
         const QByteArray bytes = QByteArray("\x89PNG\r\n\0\xff", 8).repeated(50000);
-        const QString file = fixture.makeFile(QString::fromUtf8("头\"像\".png"), bytes);
+#ifdef Q_OS_WIN // where no name has quotes
+        const QString name = QString::fromUtf8("头'像'.png");
+        const QByteArray sentName = "头'像'.png";
+#else
+        const QString name = QString::fromUtf8("头\"像\".png");
+        const QByteArray sentName = "头%22像%22.png";
+#endif
+        const QString file = fixture.makeFile(name, bytes);
         FileUpload upload;
         QSignalSpy finished(&upload, &FileTransfer::finished);
         QSignalSpy progress(&upload, &FileTransfer::progress);
@@ -69,7 +76,7 @@ private slots:
         QCOMPARE(partOf(form, "file"), bytes);
         QCOMPARE(partOf(form, "type"), QByteArray("head"));
         QCOMPARE(partOf(form, "md5"), md5(bytes));
-        QVERIFY(form.contains("filename=\"头%22像%22.png\""));
+        QVERIFY(form.contains("filename=\"" + sentName + '"'));
         QVERIFY(fixture.server.last().header("Content-Type").startsWith("multipart/form-data"));
         QVERIFY(!progress.isEmpty());
         QCOMPARE(progress.last(), (QVariantList{qint64(bytes.size()), qint64(bytes.size())}));
@@ -240,7 +247,7 @@ private slots:
         const QByteArray bytes(int(MultipartUpload::PartSize) * (parts - 1) + 1, 'x');
         upload.start(fixture.makeFile(QStringLiteral("a.bin"), bytes));
         const HttpResponseData result = resultOf(finished);
-        QCOMPARE(result.ok, ok);
+        QVERIFY2(result.ok == ok, qPrintable(result.message));
         QCOMPARE(result.code, ok ? 0 : 1);
         QTEST(fixture.server.count(PartPath), "sendings");
         QCOMPARE(fixture.server.count(CompletePath), ok ? 1 : 0);

@@ -141,7 +141,7 @@ private slots:
             QTRY_COMPARE(fixture.server.requests().size(),
                          qMin(8, PictureFiles::AtATime + ready.size()));
             fixture.server.release(1);
-            QVERIFY(ready.wait());
+            QVERIFY(ready.wait(TestPatience));
         }
         QCOMPARE(namesOf(fixture.server.requests()).mid(4),
                  (QByteArrayList{"u5.png", "u7.png", "u6.png", "u4.png"}));

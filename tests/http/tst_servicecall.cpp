@@ -127,7 +127,7 @@ private slots:
                 session, &CHttpSession::signal_finished, this,
                 [&](QNetworkReply *reply) { failed = reply->error() != QNetworkReply::NoError; });
             QSignalSpy finished(session, &CHttpSession::signal_finished);
-            QVERIFY(finished.wait());
+            QVERIFY(finished.wait(TestPatience));
             QCOMPARE(failed, key == QByteArray("/tags/loadurl")); // which has no address
             delete session;
         }
@@ -207,7 +207,7 @@ private slots:
         QSignalSpy finished(manager, &HttpMgr::signal_getThirdPartyRealLinkFinish);
         manager->getThirdPartyRealLink("/enterprise/enterpriseBackgroundSingleUrl");
         QVERIFY(finished.isEmpty());
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(TestPatience));
         QCOMPARE(finished.size(), 1);
         const QString itself = fixture.server.url().toString() +
                                QStringLiteral("ids/login?service=http%3A%2F%2F127.0.0.1%3A") +
@@ -227,7 +227,7 @@ private slots:
         QSignalSpy finished(manager, &HttpMgr::signal_getThirdPartyRealLinkFinish);
         manager->getThirdPartyRealLink("/ImportTemp/importTemplateUrl");
         QVERIFY(finished.isEmpty());
-        QVERIFY(finished.wait());
+        QVERIFY(finished.wait(TestPatience));
         QCOMPARE(finished.value(0), (QVariantList{false, QString()}));
     }
 };

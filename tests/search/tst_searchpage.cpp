@@ -285,7 +285,7 @@ private slots:
         QSignalSpy changed(f.sources.get(), &SearchSources::changed);
         const auto add = [&changed](const char *user) {
             emit FriendUISignalSender::instance()->signal_addFriend(jid(user));
-            QVERIFY(changed.wait());
+            QVERIFY(changed.wait(TestPatience));
         };
         add("an");
         QCOMPARE(f.names().size(), 3);

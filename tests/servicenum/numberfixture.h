@@ -60,7 +60,7 @@ struct NumberFixture
         server.reply(Mine, answer(list(records, version)));
         numbers.load();
         QSignalSpy came(&numbers, &ServiceNumbers::stateChanged);
-        return came.wait() && numbers.state() == ServiceNumbers::Ready;
+        return came.wait(TestPatience) && numbers.state() == ServiceNumbers::Ready;
     }
     QString listed() const { return codesOf(numbers.subscriptions()); }
 };

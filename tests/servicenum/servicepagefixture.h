@@ -112,7 +112,8 @@ public:
     bool isLoaded() const
     {
         return QTest::qWaitFor(
-            [] { return ServiceNumbers::instance().state() == ServiceNumbers::Ready; });
+            [] { return ServiceNumbers::instance().state() == ServiceNumbers::Ready; },
+            TestPatience);
     }
     CServiceNoTable *table() const { return page->list(); }
     ServiceNumModel *model() const { return page->list()->model(); }

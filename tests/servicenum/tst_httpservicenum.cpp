@@ -95,7 +95,7 @@ private slots:
         QSignalSpy told(operation, &Operation::signal_notifySubServiceNum);
         operation->subServiceNum(QStringLiteral("s1"));
         QVERIFY(told.isEmpty());
-        QVERIFY(told.wait());
+        QVERIFY(told.wait(TestPatience));
         QFETCH(bool, ok);
         QFETCH(QString, error);
         QCOMPARE(told.first(), (QVariantList{QStringLiteral("s1"), QString(), ok, error}));
@@ -109,12 +109,12 @@ private slots:
         QSignalSpy told(operation, &Operation::signal_notifySubServiceNum);
         operation->subServiceNum(QStringLiteral("s1"));
         QVERIFY(told.isEmpty());
-        QVERIFY(told.wait());
+        QVERIFY(told.wait(TestPatience));
         QCOMPARE(told.first().at(3).toString(), QStringLiteral("99999"));
         auto *other = new Operation(this);
         QSignalSpy cancelled(other, &Operation::signal_notifyCancelSubServiceNum);
         other->cancelSubServiceNum(QStringLiteral("s1"));
-        QVERIFY(cancelled.wait());
+        QVERIFY(cancelled.wait(TestPatience));
         QVERIFY(!cancelled.first().at(2).toBool());
         QVERIFY(fixture.server.requests().isEmpty());
     }
@@ -127,7 +127,7 @@ private slots:
         QSignalSpy told(operation, &Operation::signal_notifyUpdateServiceNum);
         QSignalSpy failed(operation, &Operation::signal_failed);
         operation->getServiceNumInfo(QStringLiteral("s1"), QString());
-        QVERIFY(failed.wait());
+        QVERIFY(failed.wait(TestPatience));
         QVERIFY(told.isEmpty());
     }
 
@@ -144,7 +144,7 @@ private slots:
             auto *operation = new Operation(this);
             QSignalSpy told(operation, &Operation::signal_serviceNumMessage);
             operation->getServiceNumMessage(QStringLiteral("s1"));
-            QVERIFY(told.wait());
+            QVERIFY(told.wait(TestPatience));
             QCOMPARE(told.first(), (QVariantList{QStringLiteral("s1"), there}));
             QCOMPARE(fixture.server.last().method, QByteArray("GET"));
         }

@@ -40,7 +40,7 @@ public:
     bool openWith(const QJsonObject &number)
     {
         server.reply(Info, detail(number));
-        return open() && QTest::qWaitFor([this] { return isThere(); });
+        return open() && QTest::qWaitFor([this] { return isThere(); }, TestPatience);
     }
     bool isThere() const { return see("labelName"); }
     bool see(const char *name) const

@@ -166,10 +166,10 @@ private slots:
         QCOMPARE(told.size(), 1);
         QSignalSpy changed(&fixture.numbers, &ServiceNumbers::changed);
         fixture.numbers.refresh(s1); // nothing new
-        QVERIFY(changed.wait());
+        QVERIFY(changed.wait(TestPatience));
         QCOMPARE(fixture.numbers.find(s1)->description, QStringLiteral("new"));
         fixture.numbers.refresh(s2);
-        QVERIFY(failed.wait());
+        QVERIFY(failed.wait(TestPatience));
         QVERIFY(!fixture.numbers.find(s2));
     }
 
@@ -245,7 +245,7 @@ private slots:
             QCOMPARE(fixture.server.requests().size(), 1);
             return;
         }
-        QVERIFY(ready.wait());
+        QVERIFY(ready.wait(TestPatience));
         const QString local =
             fixture.services.host.baseFolder + QLatin1String("/u1/serviceIcon/") + file;
         QCOMPARE(ready.first(), (QVariantList{s1, local}));
@@ -273,7 +273,7 @@ private slots:
         QVERIFY(fixture.server.last().path.endsWith("n11.png")); // newest wish
         while (told.size() < 12) {
             fixture.server.release(1);
-            QVERIFY(told.wait());
+            QVERIFY(told.wait(TestPatience));
         }
         QCOMPARE(fixture.server.mostUnanswered(), PictureFiles::IconsAtATime);
     }

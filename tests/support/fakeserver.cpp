@@ -1,8 +1,9 @@
 #include "tests/support/fakeserver.h"
 
-#include <QSslConfiguration>
-#include <QSslSocket>
+#include "tests/support/tlschannel.h"
+
 #include <QTcpServer>
+#include <QTcpSocket>
 #include <QTest>
 #include <QTimer>
 
@@ -132,17 +133,34 @@ FakeReply &FakeReply::trickled(int milliseconds)
 // One connection, its socket and what has arrived of the next request.
 struct FakeServer::Connection
 {
-    QSslSocket *socket = nullptr; // owned by the server object
+    QTcpSocket *socket = nullptr; // owned by the server object
+    std::unique_ptr<TlsChannel> tls;
     int number = 0;
     QByteArray input;
     bool busy = false;    // its request has no complete reply yet
     QByteArray trickling; // what is still to be sent byte by byte
+
+    QByteArray read() { return tls ? tls->read() : socket->readAll(); }
+    void write(const QByteArray &bytes)
+    {
+        if (tls)
+            tls->write(bytes);
+        else
+            socket->write(bytes);
+    }
+    // The bytes written so far still go out.
+    void close()
+    {
+        if (tls)
+            tls->end();
+        socket->disconnectFromHost();
+    }
 };
 
 struct FakeServer::Private
 {
     Listener listener;
-    std::unique_ptr<QSslConfiguration> tls;
+    std::unique_ptr<TestCertificates::KeyPair> tls;
     quint16 port = 0;
     QVector<std::shared_ptr<Connection>> open;
     QHash<QByteArray, QQueue<FakeReply>> scripts;
@@ -156,7 +174,6 @@ struct FakeServer::Private
     void send(const std::shared_ptr<Connection> &connection, FakeReply reply);
     void write(const std::shared_ptr<Connection> &connection, const FakeReply &reply);
     void trickle(const std::weak_ptr<Connection> &weak, int interval, bool close);
-    void close(const std::shared_ptr<Connection> &connection);
     bool takeRequest(Connection &connection, FakeRequest *request);
 };
 
@@ -165,7 +182,7 @@ FakeServer::FakeServer(QObject *parent) : QObject(parent), d(new Private)
     d->listener.onConnection = [this](qintptr descriptor) {
         auto connection = std::make_shared<Connection>();
         connection->number = d->connections++;
-        connection->socket = new QSslSocket(this);
+        connection->socket = new QTcpSocket(this);
         if (!connection->socket->setSocketDescriptor(descriptor)) {
             delete connection->socket;
             return;
@@ -173,25 +190,23 @@ FakeServer::FakeServer(QObject *parent) : QObject(parent), d(new Private)
         connection->socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         d->open.append(connection);
         Connection *raw = connection.get();
-        connect(raw->socket, &QSslSocket::readyRead, this, [this, raw] { arrived(raw); });
-        connect(raw->socket, &QSslSocket::disconnected, this, [this, raw] {
+        connect(raw->socket, &QTcpSocket::readyRead, this, [this, raw] { arrived(raw); });
+        connect(raw->socket, &QTcpSocket::disconnected, this, [this, raw] {
             raw->socket->deleteLater();
             const auto gone = std::remove_if(
                 d->open.begin(), d->open.end(),
                 [raw](const std::shared_ptr<Connection> &each) { return each.get() == raw; });
             d->open.erase(gone, d->open.end());
         });
-        if (d->tls) {
-            raw->socket->setSslConfiguration(*d->tls);
-            raw->socket->startServerEncryption();
-        }
+        if (d->tls)
+            raw->tls = std::make_unique<TlsChannel>(raw->socket, *d->tls);
     };
     restart();
 }
 
-FakeServer::FakeServer(const QSslConfiguration &tls, QObject *parent) : FakeServer(parent)
+FakeServer::FakeServer(const TestCertificates::KeyPair &tls, QObject *parent) : FakeServer(parent)
 {
-    d->tls = std::make_unique<QSslConfiguration>(tls);
+    d->tls = std::make_unique<TestCertificates::KeyPair>(tls);
 }
 
 FakeServer::~FakeServer()
@@ -305,13 +320,13 @@ void FakeServer::restart()
 
 void FakeServer::arrived(Connection *raw)
 {
-    raw->input += raw->socket->readAll();
     const auto at =
         std::find_if(d->open.begin(), d->open.end(),
                      [raw](const std::shared_ptr<Connection> &each) { return each.get() == raw; });
     if (at == d->open.end())
         return;
-    const std::shared_ptr<Connection> connection = *at;
+    const std::shared_ptr<Connection> connection = *at; // which may end meanwhile
+    connection->input += connection->read();
     FakeRequest request;
     while (!connection->busy && d->takeRequest(*connection, &request)) {
         connection->busy = true;
@@ -384,11 +399,11 @@ void FakeServer::Private::write(const std::shared_ptr<Connection> &connection,
         return;
     }
     connection->busy = false;
-    connection->socket->write(bytes);
+    connection->write(bytes);
     if (close)
-        this->close(connection);
+        connection->close();
     else if (!connection->input.isEmpty())
-        QTimer::singleShot(0, connection->socket, &QSslSocket::readyRead);
+        QTimer::singleShot(0, connection->socket, &QTcpSocket::readyRead);
 }
 
 void FakeServer::Private::trickle(const std::weak_ptr<Connection> &weak, int interval, bool close)
@@ -399,17 +414,11 @@ void FakeServer::Private::trickle(const std::weak_ptr<Connection> &weak, int int
     if (connection->trickling.isEmpty()) {
         connection->busy = false;
         if (close)
-            this->close(connection);
+            connection->close();
         return;
     }
-    connection->socket->write(connection->trickling.left(1));
+    connection->write(connection->trickling.left(1));
     connection->trickling.remove(0, 1);
     QTimer::singleShot(interval, connection->socket,
                        [this, weak, interval, close] { trickle(weak, interval, close); });
-}
-
-// The bytes written so far still go out.
-void FakeServer::Private::close(const std::shared_ptr<Connection> &connection)
-{
-    connection->socket->disconnectFromHost();
 }

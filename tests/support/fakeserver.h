@@ -19,7 +19,9 @@
 #include <memory>
 #include <utility>
 
-class QSslConfiguration;
+namespace TestCertificates {
+struct KeyPair;
+}
 
 struct FakeRequest
 {
@@ -67,7 +69,7 @@ public:
     // Listens at once, on a free port.
     explicit FakeServer(QObject *parent = nullptr);
     // The same with TLS.
-    explicit FakeServer(const QSslConfiguration &tls, QObject *parent = nullptr);
+    explicit FakeServer(const TestCertificates::KeyPair &tls, QObject *parent = nullptr);
     ~FakeServer() override;
 
     // The host may be another name of the loopback address.

@@ -1,7 +1,5 @@
 #include "tests/support/testcertificates.h"
 
-#include <QSslCertificate>
-#include <QSslKey>
 #include <QTemporaryFile>
 
 #include <openssl/ec.h>
@@ -103,17 +101,13 @@ Identity serverIdentity(TestCertificates::Kind kind)
 
 namespace TestCertificates {
 
-QSslConfiguration server(Kind kind)
+KeyPair server(Kind kind)
 {
     const Identity identity = serverIdentity(kind);
     const QByteArray key = pem([&](BIO *out) {
         PEM_write_bio_PrivateKey(out, identity.key.get(), nullptr, nullptr, 0, nullptr, nullptr);
     });
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setPeerVerifyMode(QSslSocket::VerifyNone); // clients have no certificate
-    configuration.setLocalCertificate(QSslCertificate(certificatePem(identity)));
-    configuration.setPrivateKey(QSslKey(key, QSsl::Ec));
-    return configuration;
+    return {key, certificatePem(identity)};
 }
 
 QByteArray authority()

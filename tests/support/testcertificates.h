@@ -3,7 +3,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QSslConfiguration>
+#include <QString>
 
 namespace TestCertificates {
 
@@ -15,8 +15,13 @@ enum Kind
     WrongHost
 };
 
-// What a server listens with.
-QSslConfiguration server(Kind kind);
+// What a server listens with, as PEM.
+struct KeyPair
+{
+    QByteArray key;
+    QByteArray certificate;
+};
+KeyPair server(Kind kind);
 
 // The authority that signed all but the self-signed one, as PEM.
 QByteArray authority();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/tipbox.h"
+#include "tests/support/testrunner.h"
 #include "tests/virtualteam/teamservice.h"
 #include "virtualteam/dialogs/teamnameedit.h"
 #include "virtualteam/dialogs/virtualteameditwidget.h"
@@ -69,7 +70,7 @@ public:
     // The answers to what has been sent are there and have been dealt with.
     bool settle() const
     {
-        return QTest::qWaitFor([this] { return !isBusy(); });
+        return QTest::qWaitFor([this] { return !isBusy(); }, TestPatience);
     }
 
     TeamService service;

@@ -76,7 +76,7 @@ private slots:
         auto *search = new CHttpVirtualTeamOperation(m_f->page.get());
         QSignalSpy found(search, &CHttpVirtualTeamOperation::signal_GetFuzzySearchFinish);
         search->fuzzySearchVirtualTeamMember(One, QStringLiteral("h"));
-        QVERIFY(found.wait());
+        QVERIFY(found.wait(TestPatience));
         m_f->setMembers(One, {of("a", "C2")});
         open();
         QCOMPARE(company("a"), QStringLiteral("B"));

@@ -32,7 +32,10 @@ struct Running
     }
     ~Running() { delete operation; }
     // Waits for the end, without the pauses of QTRY_VERIFY.
-    bool ends() const { return !operation || QSignalSpy(operation, &QObject::destroyed).wait(); }
+    bool ends() const
+    {
+        return !operation || QSignalSpy(operation, &QObject::destroyed).wait(TestPatience);
+    }
 };
 
 const TeamCase &dissolving()

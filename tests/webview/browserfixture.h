@@ -37,7 +37,7 @@ struct BrowserFixture
     {
         finished.clear();
         widget.open(url);
-        return finished.wait() && finished.first().first().toBool();
+        return finished.wait(TestPatience) && finished.first().first().toBool();
     }
     bool opens(const QByteArray &body)
     {

@@ -21,7 +21,7 @@ struct Network
     {
         std::unique_ptr<QNetworkReply> reply(network.get(QNetworkRequest(url)));
         QSignalSpy finished(reply.get(), &QNetworkReply::finished);
-        finished.wait();
+        finished.wait(TestPatience);
         return reply;
     }
 };
@@ -122,7 +122,7 @@ private slots:
         other.begin(secure.url());
         QSignalSpy failed(&other, &PageNetwork::pageFailed);
         other.get(QNetworkRequest(secure.url(QStringLiteral("/page"))));
-        QVERIFY(failed.wait());
+        QVERIFY(failed.wait(TestPatience));
     }
 
     void ticketsForTheCentreAlone()
