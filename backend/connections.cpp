@@ -1,27 +1,10 @@
 #include "backend/connections.h"
 
+#include "backend/socketcalls.h"
+
 #include <openssl/ssl.h>
 
 #include <memory>
-
-#ifdef _WIN32
-#include <winsock2.h>
-#else
-#include <netinet/in.h>
-#include <netinet/tcp.h>
-#include <sys/socket.h>
-#endif
-
-namespace {
-void shutDown(int socket)
-{
-#ifdef _WIN32
-    ::shutdown(SOCKET(socket), SD_BOTH);
-#else
-    ::shutdown(socket, SHUT_RDWR);
-#endif
-}
-} // namespace
 
 // Goes with its connection, before the socket is closed and its number used again.
 struct Connections::Entry
@@ -71,20 +54,15 @@ void Connections::closeAll()
 {
     const std::lock_guard<std::mutex> lock(m_mutex);
     for (const int socket : m_sockets)
-        shutDown(socket);
+        SocketCalls::shutDown(socket);
 }
 
 void Connections::close(const SSL *connection)
 {
-    shutDown(SSL_get_fd(connection));
+    SocketCalls::shutDown(SSL_get_fd(connection));
 }
 
 void Connections::acknowledge(const SSL *connection)
 {
-#ifdef TCP_QUICKACK
-    const int yes = 1;
-    setsockopt(SSL_get_fd(connection), IPPROTO_TCP, TCP_QUICKACK, &yes, sizeof yes);
-#else
-    (void)connection;
-#endif
+    SocketCalls::acknowledge(SSL_get_fd(connection));
 }

@@ -2,13 +2,13 @@
 #include "backend/commandline.h"
 #include "backend/endwait.h"
 #include "backend/reply.h"
+#include "common/terminal.h"
 
 #include <QCoreApplication>
 
 #include <json/value.h>
 
 #include <cstdio>
-#include <mutex>
 
 namespace {
 enum ExitCode
@@ -20,15 +20,13 @@ enum ExitCode
 
 int fail(ExitCode code, const QString &problem)
 {
-    std::fprintf(stderr, "friendui-backend: %s\n", problem.toLocal8Bit().constData());
+    Terminal::complain(QStringLiteral("friendui-backend: %1\n").arg(problem));
     return code;
 }
 
 void logLine(const std::string &line)
 {
-    static std::mutex mutex;
-    const std::lock_guard<std::mutex> lock(mutex);
-    std::fprintf(stderr, "%s\n", line.c_str());
+    Terminal::complain(QString::fromStdString(line) + QLatin1Char('\n'));
 }
 
 // One line of JSON, for the program that started this one.
@@ -40,7 +38,7 @@ void announce(const BackEnd &backEnd)
     line["address"] = backEnd.address().toStdString();
     line["caFile"] = backEnd.caFile().toStdString();
     line["passwordFile"] = backEnd.passwordFile().toStdString();
-    std::printf("%s\n", jsonLine(line).c_str());
+    std::printf("%s\n", jsonLine(line).c_str()); // UTF-8, whoever reads it
     std::fflush(stdout);
 }
 } // namespace
@@ -54,7 +52,7 @@ int main(int argc, char **argv)
     if (!commandLine.parse(app.arguments().mid(1), &problem))
         return fail(WrongCommandLine, problem);
     if (commandLine.wantsHelp) {
-        std::printf("%s", CommandLine::help().toLocal8Bit().constData());
+        Terminal::say(CommandLine::help());
         return EndedAsAsked;
     }
     if (!commandLine.isQuiet)

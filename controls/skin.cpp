@@ -131,8 +131,10 @@ void followSkinAsField(QWidget *field)
 static QString skinFontFamily()
 {
     const QStringList installed = QFontDatabase().families();
-    for (const char *family : {"Microsoft YaHei", "Noto Sans CJK SC", "WenQuanYi Micro Hei"}) {
-        const QString name = QString::fromLatin1(family);
+    // A Chinese Windows lists its fonts by their Chinese names.
+    for (const char *family :
+         {"Microsoft YaHei", "微软雅黑", "Noto Sans CJK SC", "WenQuanYi Micro Hei"}) {
+        const QString name = QString::fromUtf8(family);
         if (!installed.contains(name, Qt::CaseInsensitive))
             continue;
         // For the style sheets, which name the first.

@@ -79,6 +79,7 @@ bool BackendNotice::read(const QString &folder, SharedBackend *backend)
     if (!source.open(QIODevice::ReadOnly))
         return false;
     const QByteArray content = source.read(MaximumSize);
+    source.close(); // an open file cannot be removed on Windows
     const QJsonObject told = QJsonDocument::fromJson(content).object();
     const std::unique_ptr<QLockFile> lock = lockOf(file);
     if (lock->tryLock(0)) {

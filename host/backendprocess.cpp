@@ -1,6 +1,7 @@
 #include "host/backendprocess.h"
 
 #include "common/logging.h"
+#include "host/childprocess.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -17,12 +18,7 @@ constexpr int MaximumPassword = 1024;
 
 QString defaultProgram()
 {
-#ifdef Q_OS_WIN
-    const QString name = QStringLiteral("/friendui-backend.exe");
-#else
-    const QString name = QStringLiteral("/friendui-backend");
-#endif
-    return QCoreApplication::applicationDirPath() + name;
+    return QCoreApplication::applicationDirPath() + QLatin1String("/" FRIENDUI_BACKEND_NAME);
 }
 } // namespace
 
@@ -82,6 +78,7 @@ void BackendProcess::launch()
                            .arg(m_options.program, m_process->errorString()));
         },
         Qt::QueuedConnection);
+    ChildProcess::startUnseen(m_process);
     m_deadline.start(m_options.readyTimeout);
     m_process->start(m_options.program, arguments);
 }

@@ -3,6 +3,8 @@
 #include "common/context.h"
 #include "common/logfilewriter.h"
 #include "common/logging.h"
+#include "common/terminal.h"
+#include "host/attention.h"
 #include "host/chatlevers.h"
 #include "host/companylevers.h"
 #include "host/core/embeddedcore.h"
@@ -40,15 +42,18 @@
 #include <QGuiApplication>
 #include <QTimer>
 
-#include <cstdio>
-
 namespace {
 
 constexpr quint64 SimulationSeed = 1;
 
+QString line(const QString &text)
+{
+    return QStringLiteral("friendui-host: %1\n").arg(text);
+}
+
 void tell(const QString &text)
 {
-    std::fprintf(stderr, "friendui-host: %s\n", qPrintable(text));
+    Terminal::complain(line(text));
 }
 
 } // namespace
@@ -80,7 +85,7 @@ int HostApplication::start()
 {
     QString problem;
     if (!openFolder(&problem)) {
-        tell(problem);
+        refuse(problem);
         return ExitCode::StorageFailed;
     }
     chooseLook();
@@ -112,6 +117,13 @@ int HostApplication::start()
     // Behind the first picture of the window, which needs no service.
     QTimer::singleShot(0, m_services.get(), &WebServices::start);
     return imported;
+}
+
+// Why the program does not start.
+void HostApplication::refuse(const QString &problem) const
+{
+    const bool isTour = !m_options.tourFolder.isEmpty();
+    Terminal::refuse(line(problem), isTour ? Terminal::Nobody : Terminal::User);
 }
 
 // The lock comes before anything is deleted or read.
@@ -158,7 +170,7 @@ int HostApplication::openCore()
     m_core = std::make_unique<EmbeddedCore>(options);
     QString problem;
     if (!m_core->open(&problem)) {
-        tell(problem);
+        refuse(problem);
         return ExitCode::StorageFailed;
     }
     if (!m_core->notice().isEmpty())
@@ -201,6 +213,10 @@ void HostApplication::buildWindow()
                           m_levers, m_services.get(), m_webLog.get()});
     m_levers->setParent(m_window.get(), m_levers->windowFlags());
     m_notifier = std::make_unique<CoreNotifier>(m_core.get(), m_bus.get(), m_context);
+    const HostContext *context = m_context;
+    new Attention({m_core.get(), m_window->windows()->notices(),
+                   [context](const QString &jid) { return context->sessionNotify(jid) != 0; }},
+                  m_window.get());
 
     addLevers();
     followEvents();
@@ -332,7 +348,10 @@ int HostApplication::importPeople()
     const QStringList details = summary.problems.mid(summary.ok ? 0 : 1);
     for (const QString &problem : details)
         tell(m_options.importFile + QLatin1String(": ") + problem);
-    tell(summary.text());
+    if (summary.ok)
+        tell(summary.text());
+    else
+        refuse(summary.text());
     m_window->showNote(summary.text());
     if (!details.isEmpty()) {
         auto *report =

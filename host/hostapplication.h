@@ -56,6 +56,7 @@ public:
     QStringList tourArguments() const;
 
 private:
+    void refuse(const QString &problem) const;
     bool openFolder(QString *problem);
     void chooseLook();
     int openCore();

@@ -1,5 +1,6 @@
 // friendui-host: a window around the contacts plug-in, with a messaging core that
 // needs no server.
+#include "common/terminal.h"
 #include "host/commandline.h"
 #include "host/hostapplication.h"
 #include "host/hostplace.h"
@@ -8,18 +9,32 @@
 #include "host/tour/tour.h"
 
 #include <QApplication>
+#include <QOperatingSystemVersion>
 #include <QTemporaryDir>
 
-#include <cstdio>
+#include <algorithm>
 #include <vector>
 
 namespace {
 
-int refuseOrShow(const CommandLineResult &commandLine)
+int refuseOrShow(const CommandLineResult &commandLine, Terminal::Reader reader)
 {
-    const bool refused = commandLine.action == CommandLineResult::Refuse;
-    std::fprintf(refused ? stderr : stdout, "%s", qPrintable(commandLine.text));
-    return refused ? ExitCode::BadArguments : ExitCode::Success;
+    if (commandLine.action != CommandLineResult::Refuse) {
+        Terminal::say(commandLine.text);
+        return ExitCode::Success;
+    }
+    Terminal::refuse(commandLine.text, reader);
+    return ExitCode::BadArguments;
+}
+
+// Nobody watches a tour.
+Terminal::Reader readerOf(const QStringList &arguments)
+{
+    const bool isTour =
+        std::any_of(arguments.begin(), arguments.end(), [](const QString &argument) {
+            return argument.startsWith(QLatin1String("--tour"));
+        });
+    return isTour ? Terminal::Nobody : Terminal::User;
 }
 
 // A tour starts from nothing, always looks the same, and leaves the user's own
@@ -46,7 +61,7 @@ int run(QApplication &application, HostOptions options, HostPlace place)
         prepareTour(&options, tourData);
         QString problem;
         if (!settlePlace(&options, &place, &problem))
-            return refuseOrShow(refusal(problem));
+            return refuseOrShow(refusal(problem), Terminal::Nobody);
     }
     HostApplication host(options, place);
     int code = host.start();
@@ -54,6 +69,14 @@ int run(QApplication &application, HostOptions options, HostPlace place)
         code = isTour ? runTour(host) : application.exec();
     host.shutDown();
     return code;
+}
+
+// Asked of the toolkit: those of main() are in the code page of the system on Windows, which
+// lacks most characters.
+QStringList argumentsOf(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    return QCoreApplication::arguments();
 }
 
 // Judged before a display is needed, so that --help and a mistake are told where
@@ -79,15 +102,17 @@ int main(int argc, char **argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("friendui-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FRIENDUI_VERSION));
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const QStringList arguments = argumentsOf(argc, argv);
     const SplitArguments split = splitArguments(arguments);
     HostPlace place;
     const CommandLineResult commandLine = judge(split.own, &place);
     if (commandLine.action != CommandLineResult::Run)
-        return refuseOrShow(commandLine);
-    if (!commandLine.options.tourFolder.isEmpty() && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        return refuseOrShow(commandLine, readerOf(arguments));
+    // On Windows there is always a display, and no text without one.
+    const bool mayHaveNoDisplay =
+        QOperatingSystemVersion::currentType() != QOperatingSystemVersion::Windows;
+    if (!commandLine.options.tourFolder.isEmpty() && mayHaveNoDisplay &&
+        qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
 
     // The toolkit keeps the pointers as long as it lives.

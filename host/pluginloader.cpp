@@ -16,16 +16,7 @@ struct PluginLoader
     Q_DECLARE_TR_FUNCTIONS(PluginLoader)
 };
 
-QString moduleFileName()
-{
-#if defined(Q_OS_WIN)
-    return QStringLiteral("FriendUI.dll");
-#elif defined(Q_OS_MACOS)
-    return QStringLiteral("libFriendUI.dylib");
-#else
-    return QStringLiteral("libFriendUI.so");
-#endif
-}
+const QString ModuleFile = QStringLiteral(FRIENDUI_MODULE_NAME);
 
 // Before the code is loaded: a foreign library is refused by its metadata.
 QString problemOf(const QPluginLoader &loader, const QString &file)
@@ -47,12 +38,12 @@ QString defaultPluginFile()
 {
     const QDir folder(QCoreApplication::applicationDirPath());
     for (const char *place : {".", "plugins", "../lib", "../lib/friendui"}) {
-        const QString file = QDir::cleanPath(
-            folder.filePath(QLatin1String(place) + QLatin1Char('/') + moduleFileName()));
+        const QString file =
+            QDir::cleanPath(folder.filePath(QLatin1String(place) + QLatin1Char('/') + ModuleFile));
         if (QFileInfo::exists(file))
             return file;
     }
-    return folder.filePath(moduleFileName());
+    return folder.filePath(ModuleFile);
 }
 
 LoadedPlugin loadPlugin(const QString &file, ApplicationContext *context, HostBus *bus)

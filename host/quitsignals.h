@@ -5,6 +5,5 @@
 class QObject;
 
 // Call once, after the application object was made. A second signal ends the
-// process at once. Does nothing where there are no such signals. The helper object
-// belongs to `parent`.
+// process at once. The helper object belongs to `parent`.
 void quitOnSignals(QObject *parent);

@@ -19,7 +19,7 @@ LAYERS = {
     "http": {"common", "hostapi", "Resources"},
     "plugin": {"common", "hostapi"},
     "sample": set(),
-    "backend": {"sample"},
+    "backend": {"sample", "common"},
     "controls": {"plugin", "common", "hostapi", "Resources"},
     "messages": {"http", "common", "hostapi"},
     "webview": {"http", "common", "hostapi"},

@@ -21,7 +21,7 @@ constexpr char Card[] = "CSignEx";
 TourMove friendsShown()
 {
     return {"the tree shows groups", [](Stage &s) { s.openPage(QStringLiteral("friends")); },
-            [](Stage &s) { return s.firstGroupWithContacts().isValid(); }};
+            [](Stage &s) { return s.firstGroupWithContacts().isValid(); }, TourMove::Again};
 }
 
 // Remembers a contact, or the own row.
@@ -41,7 +41,8 @@ TourMove rowShown(bool isOwn)
             [](Stage &s) {
                 const QModelIndex row = s.contact(s.jid);
                 return row.isValid() && !s.tree()->visualRect(row).isEmpty();
-            }};
+            },
+            TourMove::Again};
 }
 
 void hideCard(Stage &s)

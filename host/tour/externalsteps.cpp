@@ -73,7 +73,8 @@ TourMove menuOf(bool ofGroup, const char *menu)
                 const QModelIndex row = s.contact(s.jid);
                 s.contextMenu(ofGroup ? row.parent() : row);
             },
-            [menu](Stage &s) { return s.openMenu(QLatin1String(menu)) != nullptr; }};
+            [menu](Stage &s) { return s.openMenu(QLatin1String(menu)) != nullptr; },
+            TourMove::Again};
 }
 
 TourMove chosen(const char *menu, const char *action, const char *window)

@@ -92,7 +92,7 @@ TourMove lightChinese()
 TourMove menuOpened(const char *list, int idRole, const char *menu)
 {
     return {"the row's menu opens", [=](Stage &s) { s.contextMenu(s.row(list, idRole, s.jid)); },
-            [=](Stage &s) { return s.openMenu(QLatin1String(menu)) != nullptr; }};
+            [=](Stage &s) { return s.openMenu(QLatin1String(menu)) != nullptr; }, TourMove::Again};
 }
 
 TourMove chosen(const char *menu, const char *action, const char *dialog)

@@ -123,7 +123,8 @@ std::vector<TourMove> personShown()
 TourMove personMenu()
 {
     return {"the colleague's menu opens", [](Stage &s) { s.contextMenu(orgRow(s, uidOf(s.jid))); },
-            [](Stage &s) { return s.openMenu(QStringLiteral("empMenu")) != nullptr; }};
+            [](Stage &s) { return s.openMenu(QStringLiteral("empMenu")) != nullptr; },
+            TourMove::Again};
 }
 
 TourMove chosen(const char *action, const char *window)

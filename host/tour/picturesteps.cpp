@@ -100,7 +100,8 @@ TourMove ownMenu()
                 s.tree()->scrollTo(row);
                 s.contextMenu(row);
             },
-            [](Stage &s) { return s.openMenu(QStringLiteral("commonSingleMenu")) != nullptr; }};
+            [](Stage &s) { return s.openMenu(QStringLiteral("commonSingleMenu")) != nullptr; },
+            TourMove::Again};
 }
 
 TourMove editPressed()

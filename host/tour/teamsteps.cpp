@@ -98,7 +98,8 @@ TourMove menuOf(const std::function<QModelIndex(Stage &)> &row, const char *menu
                     view->setCurrentIndex(row(s));
                 s.contextMenu(row(s));
             },
-            [menu](Stage &s) { return s.openMenu(QLatin1String(menu)) != nullptr; }};
+            [menu](Stage &s) { return s.openMenu(QLatin1String(menu)) != nullptr; },
+            TourMove::Again};
 }
 
 TourMove teamMenu()

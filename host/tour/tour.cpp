@@ -1,5 +1,6 @@
 #include "host/tour/tour.h"
 
+#include "common/terminal.h"
 #include "host/hostapplication.h"
 #include "host/tour/tourdriver.h"
 #include "host/tour/tourstage.h"
@@ -8,7 +9,6 @@
 #include <QDir>
 
 #include <algorithm>
-#include <cstdio>
 
 int runTour(HostApplication &host)
 {
@@ -19,13 +19,13 @@ int runTour(HostApplication &host)
             return name == QLatin1String(step.name);
         });
         if (!known) {
-            std::fprintf(stderr, "tour: there is no step \"%s\"\n", qPrintable(name));
+            Terminal::complain(QStringLiteral("tour: there is no step \"%1\"\n").arg(name));
             return ExitCode::BadArguments;
         }
     }
     const QString folder = QDir(options.tourFolder).absolutePath();
     if (!QDir().mkpath(folder)) {
-        std::fprintf(stderr, "tour: the folder %s cannot be made\n", qPrintable(folder));
+        Terminal::complain(QStringLiteral("tour: the folder %1 cannot be made\n").arg(folder));
         return ExitCode::StorageFailed;
     }
     TourStage stage(host);
@@ -36,5 +36,8 @@ int runTour(HostApplication &host)
     QCoreApplication::exec();
     if (!host.hasPane())
         return ExitCode::PluginFailed;
+    if (!driver.failures().isEmpty())
+        Terminal::complain(QStringLiteral("tour: these steps failed:\n  %1\n")
+                               .arg(driver.failures().join(QLatin1String("\n  "))));
     return driver.failures().isEmpty() ? ExitCode::Success : ExitCode::TourFailed;
 }

@@ -1,5 +1,6 @@
 #include "host/tour/tourdriver.h"
 
+#include "common/terminal.h"
 #include "host/hostapplication.h"
 #include "host/mainwindow.h"
 #include "host/tour/tourstage.h"
@@ -14,14 +15,16 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <cstdio>
 #include <iterator>
 
 namespace {
 constexpr int TickMs = 10;
 constexpr int TicksToSettle = 3;
-constexpr int MoveDeadlineMs = 15000;
-constexpr int ChildDeadlineMs = 90000;
+// Far longer than anything takes: a slow machine is no fault.
+constexpr int MoveDeadlineMs = 90000;
+constexpr int ChildDeadlineMs = 300000;
+constexpr int AgainMs = 3000;
+constexpr int PatienceMs = 15000; // then it is told what is waited for
 
 struct Look
 {
@@ -81,6 +84,7 @@ void TourDriver::beginStep()
 void TourDriver::beginMove()
 {
     m_acted = false;
+    m_isTold = false;
     m_since.start();
 }
 
@@ -115,11 +119,7 @@ void TourDriver::tick()
     if (!m_acted) {
         m_acted = true;
         m_since.start();
-        // Queued: an action that opens a modal dialog returns only when that
-        // closes, and the ticks must go on meanwhile.
-        if (move.act)
-            QMetaObject::invokeMethod(
-                this, [this, &move] { move.act(*m_stage); }, Qt::QueuedConnection);
+        act(move);
         return;
     }
     if (!move.until || move.until(*m_stage)) {
@@ -129,17 +129,36 @@ void TourDriver::tick()
         fail(QStringLiteral("%1: not within %2 s")
                  .arg(QLatin1String(move.what))
                  .arg(MoveDeadlineMs / 1000));
+    } else if (m_since.elapsed() > PatienceMs && !m_isTold) {
+        m_isTold = true;
+        Terminal::complain(QStringLiteral("tour: %1 still waits: %2\n")
+                               .arg(QLatin1String(step.name), QLatin1String(move.what)));
+    } else if (move.again && m_sinceAct.elapsed() > AgainMs) {
+        act(move);
     }
+}
+
+// Queued: an action that opens a modal dialog returns only when that closes, and the ticks
+// must go on meanwhile.
+void TourDriver::act(const TourMove &move)
+{
+    m_sinceAct.start();
+    if (move.act)
+        QMetaObject::invokeMethod(
+            this, [this, &move] { move.act(*m_stage); }, Qt::QueuedConnection);
 }
 
 void TourDriver::fail(const QString &why)
 {
-    const QString line =
-        QStringLiteral("%1: %2").arg(QLatin1String(m_steps[m_step].step->name), why);
     m_stepFailed = true;
-    m_failures.append(line);
-    std::fprintf(stderr, "tour: FAILED %s\n", qPrintable(line));
+    tellFailure(QStringLiteral("%1: %2").arg(QLatin1String(m_steps[m_step].step->name), why));
     endStep();
+}
+
+void TourDriver::tellFailure(const QString &failure)
+{
+    m_failures.append(failure);
+    Terminal::complain(QStringLiteral("tour: FAILED %1\n").arg(failure));
 }
 
 void TourDriver::endStep()
@@ -204,10 +223,9 @@ void TourDriver::savePicture(const QString &file)
 {
     QDir().mkpath(QFileInfo(file).path());
     if (picture(&m_stage->window()).save(file)) {
-        std::fprintf(stdout, "tour: %s\n", qPrintable(file));
-        std::fflush(stdout);
+        Terminal::say(QStringLiteral("tour: %1\n").arg(file));
     } else {
-        m_failures.append(QStringLiteral("%1 cannot be written").arg(file));
+        tellFailure(QStringLiteral("%1 cannot be written").arg(file));
     }
 }
 
@@ -223,21 +241,25 @@ void TourDriver::runOwnProcess()
                            entry.section(QLatin1Char('='), 1));
     child->setProcessEnvironment(environment);
     child->setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    const auto end = [this, child](bool ok) {
+    const auto end = [this, child](const QString &problem) {
         child->disconnect(this);
         child->kill();
         child->deleteLater();
-        if (ok)
+        if (problem.isEmpty())
             endStep();
         else
-            fail(QStringLiteral("its own process did not succeed"));
+            fail(QStringLiteral("its own process ") + problem);
     };
     connect(child, QOverload<int, QProcess::ExitStatus>::of(&QProcess::finished), this,
             [end](int code, QProcess::ExitStatus status) {
-                end(status == QProcess::NormalExit && code == 0);
+                if (status == QProcess::NormalExit)
+                    end(code == 0 ? QString() : QStringLiteral("ended with %1").arg(code));
             });
-    connect(child, &QProcess::errorOccurred, this, [end] { end(false); });
-    QTimer::singleShot(ChildDeadlineMs, child, [end] { end(false); });
+    connect(child, &QProcess::errorOccurred, this,
+            [end, child] { end(QStringLiteral("failed: ") + child->errorString()); });
+    QTimer::singleShot(ChildDeadlineMs, child, [end] {
+        end(QStringLiteral("did not end within %1 s").arg(ChildDeadlineMs / 1000));
+    });
     child->start(QCoreApplication::applicationFilePath(),
                  QStringList{QStringLiteral("--tour"), m_folder, QStringLiteral("--tour-steps"),
                              QLatin1String(step.name)} +

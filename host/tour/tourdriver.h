@@ -41,7 +41,9 @@ private:
     void beginStep();
     void beginMove();
     void endStep();
+    void act(const TourMove &move);
     void fail(const QString &why);
+    void tellFailure(const QString &failure);
     void runOwnProcess();
     QString pictureFile(const QString &folder) const;
     void nextLook();
@@ -54,12 +56,14 @@ private:
     size_t m_step = 0;
     size_t m_move = 0;
     bool m_acted = false;
+    bool m_isTold = false; // that the move takes long
     bool m_childRunning = false;
     size_t m_look = 0;      // the one to come
     int m_settled = 0;      // ticks since the last change of the look
     bool m_turning = false; // the step has been made; its pictures are taken
     bool m_stepFailed = false;
     QElapsedTimer m_since;
+    QElapsedTimer m_sinceAct;
     QTimer m_ticker;
     QStringList m_failures;
     QString m_skin, m_language; // the step's own

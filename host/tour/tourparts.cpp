@@ -33,7 +33,7 @@ TourMove buttonPressed(const char *window, const char *button)
                 if (found)
                     found->click();
             },
-            [](Stage &s) { return s.done; }};
+            [](Stage &s) { return s.done; }, TourMove::Again};
 }
 
 TourMove windowShown(const char *window)
@@ -44,5 +44,6 @@ TourMove windowShown(const char *window)
 TourMove paneShows(const char *entry, const char *widget)
 {
     return {"the page is shown", [=](Stage &s) { s.openPage(QLatin1String(entry)); },
-            [=](Stage &s) { return s.shownWidget(QLatin1String(widget)) != nullptr; }};
+            [=](Stage &s) { return s.shownWidget(QLatin1String(widget)) != nullptr; },
+            TourMove::Again};
 }

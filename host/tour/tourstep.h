@@ -15,6 +15,10 @@ struct TourMove
     const char *what;                       // told when it does not succeed: "the menu opens"
     std::function<void(TourStage &)> act;   // may be empty; may open a modal dialog
     std::function<bool(TourStage &)> until; // may be missing: done when acted
+    // Acted once more from time to time while it does not show: what it needs may not have
+    // been there yet. For what is harmless to do twice, and opens no modal dialog.
+    bool again = false;
+    static constexpr bool Again = true;
 };
 
 struct TourStep

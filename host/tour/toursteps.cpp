@@ -48,14 +48,16 @@ TourMove treeFilled()
 TourMove groupMenuOf(const QString &group)
 {
     return {"the group's menu opens", [group](Stage &s) { s.contextMenu(s.group(group)); },
-            [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; }};
+            [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; },
+            TourMove::Again};
 }
 
 // Of the contact whose jid the stage remembers.
 TourMove contactMenu()
 {
     return {"the contact's menu opens", [](Stage &s) { s.contextMenu(s.contact(s.jid)); },
-            [](Stage &s) { return s.openMenu(QStringLiteral("commonSingleMenu")) != nullptr; }};
+            [](Stage &s) { return s.openMenu(QStringLiteral("commonSingleMenu")) != nullptr; },
+            TourMove::Again};
 }
 
 TourMove choose(const char *menu, const char *action, const char *dialogClass)
@@ -80,7 +82,8 @@ TourMove expandAndRemember(int position)
             [](Stage &s) {
                 const QModelIndex contact = s.contact(s.jid);
                 return contact.isValid() && !s.tree()->visualRect(contact).isEmpty();
-            }};
+            },
+            TourMove::Again};
 }
 
 TourMove requestListed()
@@ -113,14 +116,16 @@ std::vector<TourStep> treeSteps()
            [](Stage &s) { s.target = Stage::nameOf(s.firstGroupWithContacts()); },
            [](Stage &s) { return !s.target.isEmpty(); }},
           {"the group's menu opens", [](Stage &s) { s.contextMenu(s.group(s.target)); },
-           [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; }},
+           [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; },
+           TourMove::Again},
           choose("commonGroupMenu", "newgroup", "QInputDialog"),
           {"the name is typed", [](Stage &s) { s.fill(newGroupName()); },
            [](Stage &s) { return s.openDialog("QInputDialog") != nullptr; }}}},
         {"new-group-present",
          TourStep::Pane,
          {{"the group's menu opens", [](Stage &s) { s.contextMenu(s.firstGroupWithContacts()); },
-           [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; }},
+           [](Stage &s) { return s.openMenu(QStringLiteral("commonGroupMenu")) != nullptr; },
+           TourMove::Again},
           choose("commonGroupMenu", "newgroup", "QInputDialog"),
           {"the new group is in the tree", [](Stage &s) { s.answer(newGroupName()); },
            [](Stage &s) { return s.group(newGroupName()).isValid() && !s.openDialog("QDialog"); }},

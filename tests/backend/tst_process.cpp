@@ -1,6 +1,7 @@
 // The program: how it is started, what it says, how it ends; and its data folder.
 #include "backend/database.h"
 #include "sample/samplecompany.h"
+#include "tests/backend/consoleprocess.h"
 #include "tests/backend/runningbackend.h"
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
@@ -23,6 +24,7 @@ class Program : public QProcess
 public:
     explicit Program(const QStringList &arguments)
     {
+        ConsoleProcess::prepare(this);
         start(QStringLiteral(BACKEND_PROGRAM), arguments);
     }
     ~Program() override
@@ -84,7 +86,7 @@ private slots:
         if (byStdin)
             program.closeWriteChannel();
         else
-            program.terminate();
+            QVERIFY(ConsoleProcess::askToEnd(&program));
         QVERIFY(program.waitForFinished(Patience));
         QCOMPARE(program.exitStatus(), QProcess::NormalExit);
         QCOMPARE(program.exitCode(), 0);
@@ -98,7 +100,7 @@ private slots:
         Program second(in(folder));
         QVERIFY(second.waitForFinished(Patience));
         QCOMPARE(second.exitCode(), 1);
-        QVERIFY(second.readAllStandardError().contains(folder.path().toLocal8Bit()));
+        QVERIFY(second.readAllStandardError().contains(folder.path().toUtf8()));
         first.kill(); // leaves its lock behind
         QVERIFY(first.waitForFinished(Patience));
         Program third(in(folder));

@@ -3,6 +3,7 @@
 #include "hostapi/baseevent.h"
 #include "hostapi/eventcodes.h"
 #include "hostapi/plugininterface.h"
+#include "tests/e2e/moduleimage.h"
 #include "tests/support/rows.h"
 #include "tests/support/testrunner.h"
 
@@ -10,12 +11,10 @@
 #include <QApplication>
 #include <QDataStream>
 #include <QDir>
-#include <QFile>
 #include <QJsonObject>
 #include <QPluginLoader>
 #include <QPointer>
 #include <QProcess>
-#include <QStandardPaths>
 
 #include <cstdio>
 #include <vector>
@@ -110,23 +109,6 @@ struct Host
     QPointer<QWidget> pane;
 };
 
-QStringList outputLines(const QString &program, const QStringList &arguments)
-{
-    QProcess process;
-    process.start(program, arguments);
-    if (!process.waitForFinished(30000) || process.exitCode() != 0)
-        return {};
-    return QString::fromLocal8Bit(process.readAllStandardOutput())
-        .split(QLatin1Char('\n'), Qt::SkipEmptyParts);
-}
-
-// Whether this process has loaded a library of that name.
-bool isMapped(const char *library)
-{
-    QFile maps(QStringLiteral("/proc/self/maps"));
-    return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(library);
-}
-
 // What the child process does for endsQuietly(), which judges its exit code and
 // its output.
 void runChild()
@@ -134,13 +116,13 @@ void runChild()
     // A sanitizer's build keeps what the test program itself links and does not need.
     std::vector<const char *> absent;
     for (const char *library : {"libssl", "libcrypto"}) {
-        if (!isMapped(library))
+        if (!isLoaded(library))
             absent.push_back(library);
     }
     static auto *const host = new Host; // never destroyed, as by a host in a hurry
     host->show();
     for (const char *library : absent) {
-        if (isMapped(library))
+        if (isLoaded(library))
             std::printf("loaded: %s\n", library);
     }
     host->send(Inbound::GroupList,
@@ -194,28 +176,17 @@ private slots:
 
     void exportsOnlyThePluginEntry()
     {
-        const QString nm = QStandardPaths::findExecutable(QStringLiteral("nm"));
-        if (nm.isEmpty())
-            QSKIP("there is no nm");
-        QStringList names;
-        const QStringList lines = outputLines(nm, {QStringLiteral("-D"), QStringLiteral("-P"),
-                                                   QStringLiteral("--defined-only"), Module});
-        for (const QString &line : lines)
-            names.append(line.section(QLatin1Char(' '), 0, 0));
-        names.sort();
-        QCOMPARE(names, QStringList({QStringLiteral("qt_plugin_instance"),
-                                     QStringLiteral("qt_plugin_query_metadata")}));
+        const ModuleImage image(Module);
+        QVERIFY(image.isValid);
+        QCOMPARE(image.exported, QStringList({QStringLiteral("qt_plugin_instance"),
+                                              QStringLiteral("qt_plugin_query_metadata")}));
     }
 
     void linksNoTls()
     {
-        const QString objdump = QStandardPaths::findExecutable(QStringLiteral("objdump"));
-        if (objdump.isEmpty())
-            QSKIP("there is no objdump");
-        const QStringList needed =
-            outputLines(objdump, {QStringLiteral("-p"), Module}).filter(QStringLiteral("NEEDED"));
-        QVERIFY(!needed.filter(QStringLiteral("libQt5Widgets")).isEmpty());
-        for (const char *library : {"libssl", "libcrypto", "libQt5WebEngine"})
+        const QStringList needed = ModuleImage(Module).needed;
+        QVERIFY(!needed.filter(QStringLiteral("Qt5Widgets")).isEmpty());
+        for (const char *library : {"libssl", "libcrypto", "Qt5WebEngine"})
             QCOMPARE(needed.filter(QLatin1String(library)), QStringList());
     }
 

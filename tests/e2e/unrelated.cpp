@@ -1,5 +1,7 @@
 // A library that is no plug-in.
-extern "C" __attribute__((visibility("default"))) int unrelatedFunction();
+#include <QtGlobal>
+
+extern "C" Q_DECL_EXPORT int unrelatedFunction();
 
 int unrelatedFunction()
 {

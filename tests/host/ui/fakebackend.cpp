@@ -51,7 +51,7 @@ int main(int argc, char **argv)
     std::ifstream(folder + "/mode") >> mode;
     const int starts = countStart(folder);
     for (int i = 1; i < argc; ++i)
-        std::ofstream(folder + "/arguments", std::ios::app) << argv[i] << '\n';
+        std::ofstream(folder + "/arguments", std::ios::app | std::ios::binary) << argv[i] << '\n';
 
     if (mode == "refuses") {
         std::cerr << "the port 443 is in use" << std::endl;

@@ -1,6 +1,8 @@
 // The list of notices, and the people to choose among.
+#include "host/attention.h"
 #include "host/windows/notices.h"
 #include "host/windows/peoplemodel.h"
+#include "tests/host/ui/windowbench.h"
 #include "tests/support/testrunner.h"
 
 #include <QAbstractItemModelTester>
@@ -110,6 +112,32 @@ private slots:
         bench.accept->click();
         QCOMPARE(bench.accepted.first().at(1).toString(), QStringLiteral("2"));
         QCOMPARE(bench.notices.count(), 1); // the plug-in's window does the rest
+    }
+
+    void attentionIsAskedForWhileTheUserIsAway()
+    {
+        WindowBench bench;
+        Notices *notices = bench.window.windows()->notices();
+        const auto isMuted = [](const QString &jid) { return jid == u2(); };
+        const auto *attention = new Attention({&bench.core, notices, isMuted}, &bench.window);
+        const QSignalSpy asked(attention, &Attention::asked);
+        const auto receive = [&bench](const QString &jid, bool fromOthers = true) {
+            emit bench.core.messageReceived(fromOthers, message(jid, jid, QStringLiteral("hello")));
+        };
+        receive(u2());
+        receive(u1(), false);
+        QCOMPARE(asked.count(), 0);
+        receive(u1());
+        QCOMPARE(asked.count(), 1);
+        notices->setAll(Notice::TeamRequest, {team(QStringLiteral("1"))});
+        QCOMPARE(asked.count(), 2);
+        notices->setAll(Notice::TeamRequest, {});
+        QCOMPARE(asked.count(), 2);
+        bench.window.show();
+        bench.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&bench.window));
+        receive(u1());
+        QCOMPARE(asked.count(), 2);
     }
 
     void peopleStandInOrderAndTheChosenOnesFirst()

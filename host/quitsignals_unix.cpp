@@ -3,7 +3,6 @@
 #include <QCoreApplication>
 #include <QSocketNotifier>
 
-#ifdef Q_OS_UNIX
 #include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
@@ -37,6 +36,3 @@ void quitOnSignals(QObject *parent)
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
         sigaction(signal, &action, nullptr);
 }
-#else
-void quitOnSignals(QObject *) {}
-#endif
