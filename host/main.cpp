@@ -56,6 +56,14 @@ int run(QApplication &application, HostOptions options, HostPlace place)
     return code;
 }
 
+// Asked of the toolkit: those of main() are in the code page of the system on Windows, which
+// lacks most characters.
+QStringList argumentsOf(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    return QCoreApplication::arguments();
+}
+
 // Judged before a display is needed, so that --help and a mistake are told where
 // there is none.
 CommandLineResult judge(const QStringList &arguments, HostPlace *place)
@@ -79,9 +87,7 @@ int main(int argc, char **argv)
 {
     QCoreApplication::setApplicationName(QStringLiteral("friendui-host"));
     QCoreApplication::setApplicationVersion(QStringLiteral(FRIENDUI_VERSION));
-    QStringList arguments;
-    for (int i = 0; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
+    const QStringList arguments = argumentsOf(argc, argv);
     const SplitArguments split = splitArguments(arguments);
     HostPlace place;
     const CommandLineResult commandLine = judge(split.own, &place);
