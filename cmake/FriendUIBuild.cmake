@@ -56,6 +56,21 @@ endfunction()
 # friendui_module_options(NAME MAP)
 # A module that is loaded at run time and exports nothing but what the map names.
 function(friendui_module_options name map)
+    if(WIN32)
+        set_target_properties(${name} PROPERTIES PREFIX "")
+        # Windows' linkers take the same names as a list of their own. Without one, MinGW's
+        # exports all that has no other mark.
+        file(STRINGS "${map}" exports REGEX "^ +[A-Za-z0-9_]+;$")
+        list(TRANSFORM exports REPLACE ";$" "")
+        list(JOIN exports "\n" exports)
+        set(definition "${CMAKE_CURRENT_BINARY_DIR}/${name}.def")
+        file(CONFIGURE OUTPUT "${definition}" CONTENT "EXPORTS\n@exports@\n" @ONLY)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS "${map}")
+        target_sources(${name} PRIVATE "${definition}")
+        if(MINGW)
+            target_link_options(${name} PRIVATE $<$<CONFIG:Release>:-Wl,--gc-sections -s>)
+        endif()
+    endif()
     if(UNIX AND NOT APPLE)
         target_link_options(${name} PRIVATE
             "-Wl,--version-script=${map}" -Wl,-z,defs
