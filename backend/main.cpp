@@ -20,7 +20,7 @@ enum ExitCode
 
 int fail(ExitCode code, const QString &problem)
 {
-    std::fprintf(stderr, "friendui-backend: %s\n", problem.toLocal8Bit().constData());
+    std::fprintf(stderr, "friendui-backend: %s\n", problem.toUtf8().constData());
     return code;
 }
 
@@ -54,7 +54,7 @@ int main(int argc, char **argv)
     if (!commandLine.parse(app.arguments().mid(1), &problem))
         return fail(WrongCommandLine, problem);
     if (commandLine.wantsHelp) {
-        std::printf("%s", CommandLine::help().toLocal8Bit().constData());
+        std::printf("%s", CommandLine::help().toUtf8().constData());
         return EndedAsAsked;
     }
     if (!commandLine.isQuiet)

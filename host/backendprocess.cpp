@@ -1,6 +1,7 @@
 #include "host/backendprocess.h"
 
 #include "common/logging.h"
+#include "common/platform.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -17,12 +18,8 @@ constexpr int MaximumPassword = 1024;
 
 QString defaultProgram()
 {
-#ifdef Q_OS_WIN
-    const QString name = QStringLiteral("/friendui-backend.exe");
-#else
-    const QString name = QStringLiteral("/friendui-backend");
-#endif
-    return QCoreApplication::applicationDirPath() + name;
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') +
+           Platform::programFileName(QStringLiteral("friendui-backend"));
 }
 } // namespace
 

@@ -1,5 +1,6 @@
 #include "host/pluginloader.h"
 
+#include "common/platform.h"
 #include "host/hostbus.h"
 #include "hostapi/plugininterface.h"
 
@@ -18,13 +19,7 @@ struct PluginLoader
 
 QString moduleFileName()
 {
-#if defined(Q_OS_WIN)
-    return QStringLiteral("FriendUI.dll");
-#elif defined(Q_OS_MACOS)
-    return QStringLiteral("libFriendUI.dylib");
-#else
-    return QStringLiteral("libFriendUI.so");
-#endif
+    return Platform::libraryFileName(QStringLiteral("FriendUI"));
 }
 
 // Before the code is loaded: a foreign library is refused by its metadata.

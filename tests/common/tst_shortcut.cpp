@@ -20,7 +20,7 @@ QString desktop()
 // Never the desktop of whoever runs the tests: it is emptied.
 bool isOwnDesktop()
 {
-    const QString home = QDir::fromNativeSeparators(qEnvironmentVariable("HOME"));
+    const QString home = qEnvironmentVariable("HOME");
     return !home.isEmpty() && desktop().startsWith(home + QLatin1Char('/'));
 }
 } // namespace

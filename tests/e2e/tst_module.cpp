@@ -9,7 +9,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDataStream>
-#include <QDir>
 #include <QFile>
 #include <QJsonObject>
 #include <QPluginLoader>
@@ -39,7 +38,7 @@ class Context : public ApplicationContext
 public:
     QString userId() const override { return QStringLiteral("me"); }
     QString serverDomain() const override { return QStringLiteral("corp.example"); }
-    QString userBaseFolder() const override { return QDir::homePath(); }
+    QString userBaseFolder() const override { return qEnvironmentVariable("HOME"); }
 };
 
 class Receiver : public QObject
