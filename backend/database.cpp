@@ -2,6 +2,7 @@
 
 #include "backend/datafolder.h"
 #include "backend/schema.h"
+#include "common/platform.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -87,7 +88,8 @@ bool Database::openOnce(const QString &file, QString *problem)
         return false;
     // Its locking is the Transaction's, so that SQLite need not lock as well.
     const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX;
-    if (sqlite3_open_v2(file.toUtf8().constData(), &m_handle, flags, nullptr) != SQLITE_OK)
+    if (sqlite3_open_v2(Platform::nativePath(file).toUtf8().constData(), &m_handle, flags,
+                        nullptr) != SQLITE_OK)
         raise(m_handle);
     sqlite3_busy_timeout(m_handle, BusyTimeout);
     execute(m_handle, "PRAGMA journal_mode = WAL");

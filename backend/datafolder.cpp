@@ -1,5 +1,8 @@
 #include "backend/datafolder.h"
 
+#include "common/lockfile.h"
+#include "common/platform.h"
+
 #include <QDir>
 #include <QFile>
 #include <QSaveFile>
@@ -9,12 +12,9 @@
 #include <stdexcept>
 
 namespace {
-constexpr QFile::Permissions OwnerOnly = QFile::ReadOwner | QFile::WriteOwner;
-constexpr QFile::Permissions OwnerFolder = OwnerOnly | QFile::ExeOwner;
-
 bool makeFolder(const QString &folder)
 {
-    return QDir().mkpath(folder) && QFile::setPermissions(folder, OwnerFolder);
+    return QDir().mkpath(folder) && Platform::restrictFolderToOwner(folder);
 }
 
 QString failure(const QFileDevice &file)
@@ -33,8 +33,9 @@ QByteArray randomBytes(int count)
 
 bool touchOwnerOnly(const QString &file, QString *problem)
 {
+    const bool isOwners = Platform::makeFileForOwner(file);
     QFile target(file);
-    if (target.open(QIODevice::ReadWrite) && target.setPermissions(OwnerOnly))
+    if (target.open(QIODevice::ReadWrite) && isOwners)
         return true;
     *problem = failure(target);
     return false;
@@ -43,8 +44,9 @@ bool touchOwnerOnly(const QString &file, QString *problem)
 bool writeOwnerOnly(const QString &file, const QByteArray &content, QString *problem)
 {
     QSaveFile target(file);
-    if (target.open(QIODevice::WriteOnly) && target.setPermissions(OwnerOnly) &&
-        target.write(content) == content.size() && target.commit())
+    if (target.open(QIODevice::WriteOnly) && Platform::restrictToOwner(target) &&
+        target.write(content) == content.size() && Platform::waitUntilClosed(file) &&
+        target.commit())
         return true;
     if (problem)
         *problem = failure(target);
@@ -60,7 +62,7 @@ bool DataFolder::open(const QString &folder, QString *problem)
     }
     m_lock = std::make_unique<QLockFile>(path(QStringLiteral("lock")));
     m_lock->setStaleLockTime(0); // only a process that is gone leaves a stale lock
-    if (m_lock->tryLock(0))
+    if (tryLockFile(m_lock.get()))
         return true;
     *problem = m_lock->error() == QLockFile::LockFailedError
                    ? QStringLiteral("Another back end uses the data folder ")
@@ -97,7 +99,7 @@ QString DataFolder::password(QString *problem) const
     if (file.open(QIODevice::ReadOnly)) {
         const QString kept = QString::fromUtf8(file.readAll()).trimmed();
         if (!kept.isEmpty()) {
-            file.setPermissions(OwnerOnly);
+            Platform::restrictToOwner(file);
             return kept;
         }
     }

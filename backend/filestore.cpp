@@ -4,6 +4,7 @@
 #include "backend/eventlog.h"
 #include "backend/numbers/serviceicon.h"
 #include "backend/portrait.h"
+#include "common/platform.h"
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -63,7 +64,7 @@ QString FileStore::adopt(const QString &uid, const QString &ending, const QStrin
 {
     return add({uid, QStringLiteral("file"), ending, size, md5}, [&file](const QString &target) {
         QFile::remove(target);
-        return QFile::rename(file, target);
+        return Platform::waitUntilClosed(file) && QFile::rename(file, target);
     });
 }
 

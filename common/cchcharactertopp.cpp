@@ -1,6 +1,6 @@
 #include "common/cchcharactertopp.h"
 
-#include <QTextCodec>
+#include "common/codepage936.h"
 
 #include <algorithm>
 #include <array>
@@ -85,8 +85,7 @@ inline QString convertedRun(const ushort *from, int count)
 QString walkedBytes(const QString &text)
 {
     QString result;
-    const QTextCodec *gbk = QTextCodec::codecForName("GBK");
-    const QByteArray bytes = gbk ? gbk->fromUnicode(text) : QByteArray();
+    const QByteArray bytes = toCodePage936(text);
     for (int i = 0; i < bytes.size(); ++i) {
         const auto high = uchar(bytes.at(i));
         if (high < 0x80) {
@@ -97,9 +96,8 @@ QString walkedBytes(const QString &text)
             break;
         if (high < 0xA1 || uchar(bytes.at(i)) < 0xA1)
             continue;
-        const QString character = gbk->toUnicode(bytes.constData() + i - 1, 2);
         const QStringView syllable =
-            CChCharacterToPP::syllable(character.isEmpty() ? QChar() : character.at(0));
+            CChCharacterToPP::syllable(fromCodePage936(bytes.constData() + i - 1));
         if (syllable.isEmpty())
             result += QLatin1Char('?');
         else

@@ -22,7 +22,8 @@ QString ClientPaths::normalized(const QString &path)
     result.replace(QLatin1Char('\\'), QLatin1Char('/'));
     while (result.contains(QLatin1String("//")))
         result.replace(QLatin1String("//"), QLatin1String("/"));
-    return result;
+    // Where two slashes lead to a server, one leads nowhere.
+    return Platform::isNetworkPath(path) ? QLatin1Char('/') + result : result;
 }
 
 QString ClientPaths::documentsFolder()

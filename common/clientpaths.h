@@ -10,8 +10,7 @@
 
 namespace ClientPaths {
 
-// Every "\\" as "/", and no doubled "/". Not for network paths: it takes the
-// doubled slash that begins them.
+// Every "\\" as "/", and no doubled "/" but that at the beginning of a network path.
 QString normalized(const QString &path);
 
 QString documentsFolder();

@@ -8,6 +8,9 @@
 #include <QThread>
 
 namespace {
+// ms. Nobody stands still meanwhile.
+constexpr int Patience = 2000;
+
 // A line in one call: the pieces of the other form may mix with those of the GUI
 // thread.
 void logLine(int level, int line, const QString &text)
@@ -100,7 +103,7 @@ void CModifyConfigFile::slot_changeConfigValue(const QString &file, const QStrin
                             __LINE__);
     SettingsFile settings(file, formatOf(format));
     settings.setValue(key, value);
-    settings.save();
+    settings.save(Patience);
 }
 
 void CModifyConfigFile::slot_changeConfigValues(const QString &file,
@@ -112,7 +115,7 @@ void CModifyConfigFile::slot_changeConfigValues(const QString &file,
     SettingsFile settings(file, formatOf(format));
     for (auto at = values.constBegin(); at != values.constEnd(); ++at)
         settings.setValue(at.key(), at.value());
-    settings.save();
+    settings.save(Patience);
 }
 
 void CModifyConfigFile::slot_removeConfigKey(const QString &file, const QString &key, int format)
@@ -122,5 +125,5 @@ void CModifyConfigFile::slot_removeConfigKey(const QString &file, const QString 
                             __LINE__);
     SettingsFile settings(file, formatOf(format));
     settings.remove(key);
-    settings.save();
+    settings.save(Patience);
 }

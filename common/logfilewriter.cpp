@@ -4,6 +4,10 @@
 
 #include <QDateTime>
 
+namespace {
+constexpr qint64 PostponedMs = 1000; // until the next attempt to roll over
+} // namespace
+
 LogFileWriter::LogFileWriter(const QString &fileName) : m_fileName(fileName)
 {
     open();
@@ -17,6 +21,7 @@ LogFileWriter::~LogFileWriter()
 void LogFileWriter::open()
 {
     const QMutexLocker lock(&m_mutex);
+    Platform::makeFileForOwner(m_fileName);
     m_file = std::make_unique<QFile>(m_fileName);
     // Unbuffered, since the buffer of a file on a full disk keeps what it cannot
     // write, and grows with every line.
@@ -25,7 +30,6 @@ void LogFileWriter::open()
         m_file.reset();
         return;
     }
-    Platform::restrictToOwner(m_fileName);
     m_stream = std::make_unique<QTextStream>(m_file.get());
     m_stream->setCodec("UTF-8");
     // One byte before the end: a continued file's last line break is overwritten
@@ -78,7 +82,8 @@ void LogFileWriter::write(qint32 level, const QString &location, const QString &
         m_stream->flush();
         // After a line that failed, the stream would refuse all others.
         m_stream->resetStatus();
-        rollOverDue = m_file->size() >= m_maximumSize;
+        rollOverDue = m_file->size() >= m_maximumSize &&
+                      (!m_postponed.isValid() || m_postponed.hasExpired(PostponedMs));
     }
     if (rollOverDue)
         rollOver();
@@ -110,19 +115,39 @@ void LogFileWriter::close()
 void LogFileWriter::clear()
 {
     close();
+    Platform::waitUntilClosed(m_fileName);
     QFile::remove(m_fileName);
     open();
+}
+
+QString LogFileWriter::backup(qint32 index) const
+{
+    return m_fileName + QLatin1Char('.') + QString::number(index);
+}
+
+// A file that stays where it is, because another program has it open, would be in the
+// way of the others: with each attempt, one of them would be lost.
+bool LogFileWriter::canRollOver() const
+{
+    const QMutexLocker lock(&m_mutex);
+    bool canMove = Platform::waitUntilClosed(m_fileName);
+    for (qint32 i = 1; i <= m_maximumBackupIndex && canMove; ++i)
+        canMove = Platform::waitUntilClosed(backup(i));
+    return canMove;
 }
 
 void LogFileWriter::rollOver()
 {
     close();
+    if (!canRollOver()) {
+        m_postponed.start();
+        open();
+        return;
+    }
+    m_postponed.invalidate();
     {
         const QMutexLocker lock(&m_mutex);
         if (m_maximumBackupIndex > 0) {
-            const auto backup = [this](qint32 index) {
-                return m_fileName + QLatin1Char('.') + QString::number(index);
-            };
             QString target = backup(m_maximumBackupIndex);
             QFile::remove(target);
             for (qint32 i = m_maximumBackupIndex - 1; i >= 1; --i) {

@@ -1,6 +1,7 @@
 // Writes log lines to a file and rolls it over by size. Thread-safe.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QMutex>
 #include <QString>
@@ -39,6 +40,8 @@ private:
     void open();
     void closeLocked();
     void rollOver();
+    QString backup(qint32 index) const;
+    bool canRollOver() const;
 
     const QString m_fileName;
     qint32 m_threshold = 0;
@@ -47,5 +50,6 @@ private:
     std::unique_ptr<QFile> m_file;
     std::unique_ptr<QTextStream> m_stream;
     bool m_open = false;
+    QElapsedTimer m_postponed; // since a roll-over for which the files were not free
     mutable QMutex m_mutex;
 };

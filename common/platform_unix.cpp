@@ -6,17 +6,24 @@
 
 #include <dlfcn.h>
 
+bool Platform::hasRegistry()
+{
+    return false;
+}
+
 QString Platform::registryText(const QString &, const QString &)
 {
     return QString();
 }
 
-bool Platform::restrictToOwner(const QString &file)
+bool Platform::isNetworkPath(const QString &)
 {
-    // A device keeps its mode: it may be everybody's.
-    if (!QFileInfo(file).isFile())
-        return false;
-    return QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
+    return false;
+}
+
+QString Platform::nativePath(const QString &path)
+{
+    return path;
 }
 
 QString Platform::moduleFolder()
@@ -26,4 +33,24 @@ QString Platform::moduleFolder()
     const QFileInfo file(isKnown ? QFile::decodeName(module.dli_fname) : QString());
     // An executable is known by what it was called with.
     return file.isAbsolute() ? file.path() : QCoreApplication::applicationDirPath();
+}
+
+QString Platform::libraryFileName(const QString &name)
+{
+#ifdef Q_OS_MACOS
+    const QLatin1String suffix(".dylib");
+#else
+    const QLatin1String suffix(".so");
+#endif
+    return QLatin1String("lib") + name + suffix;
+}
+
+QString Platform::programFileName(const QString &name)
+{
+    return name;
+}
+
+bool Platform::waitUntilClosed(const QString &, int)
+{
+    return true;
 }

@@ -23,13 +23,9 @@ bool hasFormat(const QString &path, SettingsFile::Format format)
 {
     if (path.isEmpty())
         return false;
-#ifdef Q_OS_WIN
-    Q_UNUSED(format)
-    return true;
-#else
     // QSettings would make a file of that name in the working folder.
-    return format == SettingsFile::Ini && !path.startsWith(QLatin1String("HKEY_"));
-#endif
+    return format == SettingsFile::Ini ? !path.startsWith(QLatin1String("HKEY_"))
+                                       : Platform::hasRegistry();
 }
 
 std::unique_ptr<QSettings> openIni(const QString &path)
@@ -208,15 +204,21 @@ bool SettingsFile::remove(const QString &key)
     return true;
 }
 
-bool SettingsFile::save()
+bool SettingsFile::save(int patience)
 {
     if (!isWritable()) {
         logFailure(__LINE__, QLatin1Char('"') + m_path + QLatin1String("\" is left as it is"));
         return false;
     }
-    if (m_settings->format() == QSettings::IniFormat)
+    const bool isIni = m_settings->format() == QSettings::IniFormat;
+    if (isIni) {
         makeFileForOwner();
+        Platform::waitUntilClosed(m_path, patience);
+    }
     m_settings->sync();
+    // The new file has not everywhere the old one's rights.
+    if (isIni)
+        Platform::restrictToOwner(m_path);
     if (m_settings->status() == QSettings::NoError)
         return true;
     logFailure(__LINE__, m_path + QLatin1String(" cannot be written, status ") +
@@ -228,9 +230,7 @@ bool SettingsFile::save()
 // permissions that the system has by default, and keeps those of an old one.
 void SettingsFile::makeFileForOwner() const
 {
-    if (!QFile::exists(m_path)) {
+    if (!QFile::exists(m_path))
         QDir().mkpath(QFileInfo(m_path).path());
-        QFile(m_path).open(QIODevice::WriteOnly | QIODevice::NewOnly);
-    }
-    Platform::restrictToOwner(m_path);
+    Platform::makeFileForOwner(m_path);
 }

@@ -11,6 +11,8 @@
 // leading slash may be missing. A value that holds ";" must stand in quotes.
 #pragma once
 
+#include "common/platform.h"
+
 #include <QSettings>
 #include <QString>
 #include <QStringList>
@@ -52,9 +54,9 @@ public:
     bool setValue(const QString &key, const QVariant &value);
     bool remove(const QString &key);
 
-    // Writes the changes, readable by the owner only. False, with a line in the
-    // log, when that failed.
-    bool save();
+    // Writes the changes, readable by the owner only; waits so long for another program
+    // that has the file open. False, with a line in the log, when that failed.
+    bool save(int patience = Platform::FilePatience); // ms
 
 private:
     QVariant value(const QString &key) const;

@@ -100,13 +100,11 @@ SqliteFile::Outcome SqliteFile::make(QString *problem)
     // Before SQLite does: the journals take over the permissions.
     QFile file(m_fileName);
     // Another process may make it at this moment, which is as good.
-    if (!file.exists() && file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        file.close();
+    Platform::makeFileForOwner(m_fileName);
     if (!file.open(QIODevice::ReadWrite | QIODevice::ExistingOnly)) {
         *problem = QStringLiteral("%1: %2").arg(m_fileName, file.errorString());
         return Refused;
     }
-    Platform::restrictToOwner(m_fileName);
     // Found here, and not by SQLite, which would take the journal away.
     const QByteArray magic = QByteArrayLiteral("SQLite format 3\0");
     if (file.size() == 0 || file.read(magic.size()) == magic)
@@ -126,7 +124,7 @@ SqliteFile::Outcome SqliteFile::tryOpen(const Schema &schema, QString *problem)
         return isDamage(error) ? Damaged : Refused;
     };
     base.close();
-    base.setDatabaseName(m_fileName);
+    base.setDatabaseName(Platform::nativePath(m_fileName));
     base.setConnectOptions(QStringLiteral("QSQLITE_BUSY_TIMEOUT=%1").arg(BusyTimeout));
     if (!base.open())
         return failure(base.lastError());
@@ -154,15 +152,21 @@ bool SqliteFile::setAside(QString *problem)
     QString target = stem;
     for (int i = 2; QFile::exists(target); ++i)
         target = stem + QLatin1Char('-') + QString::number(i);
-    if (!QFile::rename(m_fileName, target)) {
-        *problem = QStringLiteral("%1 is damaged and cannot be renamed.").arg(m_fileName);
+    // The journals belong to the damaged file and would be replayed into the new one.
+    const QStringList suffixes{QString(), QStringLiteral("-wal"), QStringLiteral("-shm"),
+                               QStringLiteral("-journal")};
+    for (const QString &suffix : suffixes) {
+        if (Platform::waitUntilClosed(m_fileName + suffix))
+            continue;
+        *problem = QStringLiteral("%1 is damaged and in use.").arg(m_fileName);
         return false;
     }
-    // They belong to the damaged file and would be replayed into the new one.
-    for (const char *suffix : {"-wal", "-shm", "-journal"}) {
-        const QString journal = m_fileName + QString::fromLatin1(suffix);
-        if (QFile::exists(journal))
-            QFile::rename(journal, target + QString::fromLatin1(suffix));
+    for (const QString &suffix : suffixes) {
+        if ((suffix.isEmpty() || QFile::exists(m_fileName + suffix)) &&
+            !QFile::rename(m_fileName + suffix, target + suffix) && suffix.isEmpty()) {
+            *problem = QStringLiteral("%1 is damaged and cannot be renamed.").arg(m_fileName);
+            return false;
+        }
     }
     m_setAsideAs = target;
     LOG_ERROR(logText(*problem) << ": the damaged file is kept as " << logText(target));

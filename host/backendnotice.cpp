@@ -1,5 +1,8 @@
 #include "host/backendnotice.h"
 
+#include "common/lockfile.h"
+#include "common/platform.h"
+
 #include <QCoreApplication>
 #include <QFile>
 #include <QJsonDocument>
@@ -50,9 +53,9 @@ bool BackendNotice::publish(const QString &folder, const SharedBackend &backend,
     };
     QSaveFile target(file);
     const QByteArray content = QJsonDocument(told).toJson(QJsonDocument::Compact) + '\n';
-    if (lock->tryLock(LockMs) && target.open(QIODevice::WriteOnly) &&
-        target.setPermissions(QFile::ReadOwner | QFile::WriteOwner) &&
-        target.write(content) == content.size() && target.commit()) {
+    if (tryLockFile(lock.get(), LockMs) && target.open(QIODevice::WriteOnly) &&
+        Platform::restrictToOwner(target) && target.write(content) == content.size() &&
+        Platform::waitUntilClosed(file) && target.commit()) {
         m_lock = std::move(lock);
         m_file = file;
         return true;
@@ -82,7 +85,7 @@ bool BackendNotice::read(const QString &folder, SharedBackend *backend)
     source.close(); // an open file cannot be removed on Windows
     const QJsonObject told = QJsonDocument::fromJson(content).object();
     const std::unique_ptr<QLockFile> lock = lockOf(file);
-    if (lock->tryLock(0)) {
+    if (tryLockFile(lock.get())) {
         // Without an owner: that one was killed.
         QFile::remove(file);
         return false;

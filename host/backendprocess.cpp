@@ -1,6 +1,7 @@
 #include "host/backendprocess.h"
 
 #include "common/logging.h"
+#include "common/platform.h"
 #include "host/childprocess.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,8 @@ constexpr int MaximumPassword = 1024;
 
 QString defaultProgram()
 {
-    return QCoreApplication::applicationDirPath() + QLatin1String("/" FRIENDUI_BACKEND_NAME);
+    return QCoreApplication::applicationDirPath() + QLatin1Char('/') +
+           Platform::programFileName(QStringLiteral("friendui-backend"));
 }
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "host/datafolder.h"
 
+#include "common/lockfile.h"
+#include "common/platform.h"
 #include "sample/samplecompany.h"
 
 #include <QDir>
@@ -40,7 +42,7 @@ bool prepareDataFolder(const QString &folder, const QString &user, QString *prob
 {
     // What people say to each other is nobody else's business.
     if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
-        QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        Platform::restrictFolderToOwner(folder);
     const QByteArray owner = user.toUtf8() + '\n';
     QFile mark(folder + QLatin1Char('/') + markName());
     if (QDir().mkpath(folder) &&
@@ -55,7 +57,7 @@ std::unique_ptr<QLockFile> lockDataFolder(const QString &folder, QString *proble
 {
     auto lock = std::make_unique<QLockFile>(folder + QLatin1String("/host.lock"));
     lock->setStaleLockTime(0); // however long it runs
-    if (lock->tryLock(0))
+    if (tryLockFile(lock.get()))
         return lock;
     qint64 process = 0;
     QString machine, program;
@@ -82,7 +84,7 @@ bool resetDataFolder(const QString &folder, QString *problem)
     }
     QLockFile backend(folder + QLatin1String("/backend/lock"));
     backend.setStaleLockTime(0);
-    if (QFileInfo::exists(folder + QLatin1String("/backend")) && !backend.tryLock(0)) {
+    if (QFileInfo::exists(folder + QLatin1String("/backend")) && !tryLockFile(&backend)) {
         *problem = QStringLiteral("The back end in \"%1\" is in use by another host; nothing was "
                                   "deleted.")
                        .arg(folder);

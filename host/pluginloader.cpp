@@ -1,5 +1,6 @@
 #include "host/pluginloader.h"
 
+#include "common/platform.h"
 #include "host/hostbus.h"
 #include "hostapi/plugininterface.h"
 
@@ -16,7 +17,10 @@ struct PluginLoader
     Q_DECLARE_TR_FUNCTIONS(PluginLoader)
 };
 
-const QString ModuleFile = QStringLiteral(FRIENDUI_MODULE_NAME);
+QString moduleFileName()
+{
+    return Platform::libraryFileName(QStringLiteral("FriendUI"));
+}
 
 // Before the code is loaded: a foreign library is refused by its metadata.
 QString problemOf(const QPluginLoader &loader, const QString &file)
@@ -38,12 +42,12 @@ QString defaultPluginFile()
 {
     const QDir folder(QCoreApplication::applicationDirPath());
     for (const char *place : {".", "plugins", "../lib", "../lib/friendui"}) {
-        const QString file =
-            QDir::cleanPath(folder.filePath(QLatin1String(place) + QLatin1Char('/') + ModuleFile));
+        const QString file = QDir::cleanPath(
+            folder.filePath(QLatin1String(place) + QLatin1Char('/') + moduleFileName()));
         if (QFileInfo::exists(file))
             return file;
     }
-    return folder.filePath(ModuleFile);
+    return folder.filePath(moduleFileName());
 }
 
 LoadedPlugin loadPlugin(const QString &file, ApplicationContext *context, HostBus *bus)

@@ -1,6 +1,7 @@
 #include "http/fileservices.h"
 
 #include "common/logging.h"
+#include "common/platform.h"
 #include "http/chttpsession.h"
 #include "http/requesttext.h"
 #include "http/serviceaddresses.h"
@@ -38,8 +39,7 @@ std::unique_ptr<QSaveFile> openForOwner(const QString &target)
 {
     QDir().mkpath(QFileInfo(target).path());
     auto file = std::make_unique<QSaveFile>(target);
-    if (!file->open(QIODevice::WriteOnly) ||
-        !file->setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner))
+    if (!file->open(QIODevice::WriteOnly) || !Platform::restrictToOwner(*file))
         return nullptr;
     return file;
 }
@@ -126,6 +126,8 @@ void FileDownload::arrived(QNetworkReply *reply)
         giveUp(QStringLiteral("the file cannot be written: ") + d->file->errorString());
     else if (!isComplete(reply, d->received))
         giveUp(QStringLiteral("the connection was cut off"));
+    else if (!Platform::waitUntilClosed(d->target))
+        giveUp(QStringLiteral("another program has the file open"));
     else if (!d->file->commit())
         giveUp(QStringLiteral("the file cannot be written: ") + d->file->errorString());
     else

@@ -9,12 +9,6 @@
 #include <optional>
 
 namespace {
-#ifdef Q_OS_WIN
-constexpr char FileName[] = "/FriendUIWeb.dll";
-#else
-constexpr char FileName[] = "/libFriendUIWeb.so";
-#endif
-
 std::optional<MakeBrowser> &known()
 {
     static std::optional<MakeBrowser> maker;
@@ -31,7 +25,8 @@ MakeBrowser BrowserModule::load()
 
 MakeBrowser BrowserModule::loadFrom(const QString &folder)
 {
-    const QFileInfo file(folder + QLatin1String(FileName));
+    const QFileInfo file(folder + QLatin1Char('/') +
+                         Platform::libraryFileName(QStringLiteral("FriendUIWeb")));
     if (folder.isEmpty() || !file.isAbsolute() || !file.isFile()) {
         LOG_INFO("there is no browser module");
         return nullptr;

@@ -1,6 +1,7 @@
 #include "detail/avatar/headfile.h"
 
 #include "common/logging.h"
+#include "common/platform.h"
 #include "detail/avatar/headpicture.h"
 
 #include <QDateTime>
@@ -52,7 +53,7 @@ QString HeadFile::store(const QImage &picture, const QString &folder)
     }
     QSaveFile file(unusedName(place));
     if (file.open(QIODevice::WriteOnly)) {
-        file.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+        Platform::restrictToOwner(file);
         QImageWriter writer(&file, "jpg");
         writer.setQuality(BestQuality);
         if (writer.write(picture) && file.commit())

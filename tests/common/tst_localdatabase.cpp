@@ -1,5 +1,6 @@
 // The local database: whose it is, older and damaged files, disks that take nothing.
 #include "common/localtables.h"
+#include "common/platform.h"
 #include "common/sessionsettings.h"
 #include "tests/support/files.h"
 #include "tests/support/localuser.h"
@@ -84,9 +85,8 @@ private slots:
     void filesAreTheOwnersOnly()
     {
         QVERIFY(SessionSettings::setMuted(QStringLiteral("a@d"), true));
-        const auto others = QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther;
         for (const QFileInfo &file : QFileInfo(m_user->file()).dir().entryInfoList(QDir::Files))
-            QVERIFY2(!(file.permissions() & others), qPrintable(file.fileName()));
+            QVERIFY2(Platform::isOwnerOnly(file.filePath()), qPrintable(file.fileName()));
     }
 
     void olderFilesAreUpgradedToTheFreshShape_data()

@@ -29,7 +29,8 @@ private:
     // A message that makes a line of so many bytes.
     QString messageForLineOf(int bytes) const
     {
-        const int frame = int(qstrlen("[2026-01-01 00:00:00.000][DEBUG][]: \n")) + location.size();
+        const int frame = int(qstrlen("[2026-01-01 00:00:00.000][DEBUG][]: ") + qstrlen(LineEnd)) +
+                          location.size();
         return QString(bytes - frame, QLatin1Char('m'));
     }
 
@@ -57,10 +58,12 @@ private slots:
         writer.write(level, location, QString::fromUtf8("组名 %1 %2"));
         const QRegularExpression line(
             QString::fromUtf8("^\\[\\d{4}-\\d\\d-\\d\\d \\d\\d:\\d\\d:\\d\\d\\.\\d{3}\\]\\[%1\\]"
-                              "\\[tst\\.cpp:7\\]: 组名 %1 %2\n$")
+                              "\\[tst\\.cpp:7\\]: 组名 %1 %2\r?\n$")
                 .replace(QLatin1String("\\[%1\\]"),
                          QLatin1String("\\[") + name + QLatin1String("\\]")));
-        QVERIFY2(line.match(QString::fromUtf8(contentOf(m_log))).hasMatch(), contentOf(m_log));
+        const QByteArray written = contentOf(m_log);
+        QVERIFY2(line.match(QString::fromUtf8(written)).hasMatch(), written);
+        QVERIFY(written.endsWith(QByteArrayLiteral("%2") + LineEnd));
     }
 
     void continuedFileLosesItsLastByte()
@@ -68,7 +71,7 @@ private slots:
         writeFile(m_log, "abc\n");
         LogFileWriter writer(m_log);
         writer.write(2, location, QStringLiteral("next"));
-        const QByteArray content = contentOf(m_log);
+        const QByteArray content = textOf(m_log);
         QVERIFY2(content.startsWith("abc[2"), content);
         QVERIFY(content.endsWith("]: next\n"));
     }
@@ -101,7 +104,7 @@ private slots:
         QCOMPARE(QFileInfo(m_log + QLatin1String(".1")).size(), qint64(rolls ? bytes : 0));
         if (rolls) {
             writer.write(2, location, QStringLiteral("goes on"));
-            QVERIFY(contentOf(m_log).endsWith("]: goes on\n"));
+            QVERIFY(textOf(m_log).endsWith("]: goes on\n"));
         }
     }
 
@@ -141,7 +144,7 @@ private slots:
         QVERIFY(QDir(m_folder->path()).mkdir(QStringLiteral("later")));
         writer.clear(); // opens it again
         writer.write(5, location, QStringLiteral("kept"));
-        QVERIFY(contentOf(file).endsWith("]: kept\n"));
+        QVERIFY(textOf(file).endsWith("]: kept\n"));
     }
 
     void clearEmptiesTheLog()
@@ -151,7 +154,7 @@ private slots:
         writer.clear();
         writer.write(2, location, QStringLiteral("new"));
         QCOMPARE(contentOf(m_log).count('\n'), 1);
-        QVERIFY(contentOf(m_log).endsWith("]: new\n"));
+        QVERIFY(textOf(m_log).endsWith("]: new\n"));
         writer.close();
         writer.write(2, location, QStringLiteral("closed"));
         QVERIFY(!contentOf(m_log).contains("closed"));

@@ -101,7 +101,7 @@ private slots:
         QVERIFY(thread.wait(10000));
 
         QFile log(file);
-        QVERIFY(log.open(QIODevice::ReadOnly));
+        QVERIFY(log.open(QIODevice::ReadOnly | QIODevice::Text));
         const QString warning = QString::fromUtf8(log.readLine());
         QVERIFY2(warning.contains(QLatin1String("][WARN][")), qPrintable(warning));
         QVERIFY2(messageOf(warning).startsWith(QStringLiteral("5 ")), qPrintable(warning));
@@ -122,7 +122,7 @@ private slots:
         QVERIFY(thread.isRunning());
         thread.enqueue(2, QStringLiteral("a.cpp:1"), QStringLiteral("last"));
         QVERIFY(thread.wait(10000));
-        QVERIFY(contentOf(file).endsWith("]: last\n"));
+        QVERIFY(textOf(file).endsWith("]: last\n"));
     }
 
     void foreignTextCannotForgeLines_data()

@@ -1,5 +1,6 @@
 // Where the files lie, and user ids that would lead elsewhere.
 #include "common/clientpaths.h"
+#include "common/platform.h"
 #include "tests/support/fakecontext.h"
 #include "tests/support/files.h"
 #include "tests/support/testrunner.h"
@@ -18,7 +19,10 @@ private slots:
         row("backslashes", "C:\\Users\\u\\Documents", "C:/Users/u/Documents");
         row("doubled separator", "C:\\Users\\\\u//Documents", "C:/Users/u/Documents");
         row("many", "a/////b\\\\\\/c", "a/b/c");
-        row("network path", "\\\\srv\\x", "/srv/x");
+        const QString network = QLatin1String(Platform::hasRegistry() ? "//srv/x" : "/srv/x");
+        row("network path", "\\\\srv\\x", network);
+        row("network path, more slashes", "//srv\\\\x", network);
+        row("three slashes", "\\\\/srv", "/srv");
         row("empty", "", "");
     }
     void documentsPathsHaveSingleForwardSlashes()

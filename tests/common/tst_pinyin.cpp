@@ -1,21 +1,17 @@
-// Pinyin: the table against a walk over the bytes of the GBK codec, and the
+// Pinyin: the table against a walk over the bytes of code page 936, and the
 // readings themselves.
 #include "common/cchcharactertopp.h"
+#include "common/codepage936.h"
 #include "tests/support/testrunner.h"
 
+#include <QCryptographicHash>
 #include <QRandomGenerator>
-#include <QTextCodec>
 
 namespace {
-const QTextCodec *gbk()
-{
-    return QTextCodec::codecForName("GBK");
-}
-
 // Row * 100 + cell of a GB2312 character; 0 for everything else.
 int numberOf(const QString &character)
 {
-    const QByteArray bytes = gbk()->fromUnicode(character);
+    const QByteArray bytes = toCodePage936(character);
     if (bytes.size() != 2 || uchar(bytes.at(0)) < 0xA1 || uchar(bytes.at(1)) < 0xA1)
         return 0;
     return (uchar(bytes.at(0)) - 160) * 100 + uchar(bytes.at(1)) - 160;
@@ -24,7 +20,7 @@ int numberOf(const QString &character)
 QString characterOf(int number)
 {
     const char bytes[] = {char(number / 100 + 160), char(number % 100 + 160)};
-    return gbk()->toUnicode(bytes, 2);
+    return fromCodePage936(bytes);
 }
 
 bool hasSyllable(int number)
@@ -37,7 +33,7 @@ bool hasSyllable(int number)
 QString byteWalk(const QString &text)
 {
     QString result;
-    const QByteArray bytes = gbk()->fromUnicode(text);
+    const QByteArray bytes = toCodePage936(text);
     int i = 0;
     while (i < bytes.size()) {
         const auto high = uchar(bytes.at(i));
@@ -88,6 +84,35 @@ class TstPinyin : public QObject
     Q_OBJECT
 
 private slots:
+    void bytesAreThoseOfTheCodePageEverywhere_data()
+    {
+        const Rows<QString, QByteArray> row{"text", "hex"};
+        row("mixed", QString::fromUtf8("a张，镕é"), "61d5c5a3ace946a8a6");
+        row("euro", QString::fromUtf8("€"), "80");
+        row("single byte at the end", QString(QChar(0xF8F5)), "ff");
+        row("none", QString::fromUtf8("ñǹ⺁€㑇⿰😀"), "3f3f3f803f3f3f");
+        row("private", QString::fromUtf8("\ue000\ue234\ue4c6\ue766\ue76c\ue7c8\ue7f3\ue843\ue844"),
+            "aaa1f8a1a140a2aba2e3a8bfa995fe7efe80");
+        row("invisible", QString::fromUtf8("\u200b\ufeff\U000E0067"), "");
+        row("half a pair", QString(QChar(0xDE00)) + QLatin1Char('a'), "3f61");
+    }
+    void bytesAreThoseOfTheCodePageEverywhere()
+    {
+        QFETCH(QString, text);
+        QTEST(toCodePage936(text).toHex(), "hex");
+    }
+
+    // As two libraries agree on them.
+    void noUnitHasOtherBytes()
+    {
+        QCryptographicHash all(QCryptographicHash::Sha1);
+        for (int unit = 0; unit <= 0xFFFF; ++unit) {
+            if (!QChar::isSurrogate(uint(unit)))
+                all.addData(toCodePage936(QString(QChar(ushort(unit)))) + '\n');
+        }
+        QCOMPARE(all.result().toHex(), QByteArray("a05005693565716d7665c13001836e4fad736ac7"));
+    }
+
     void everyUnitAnswersAsTheBytesDo()
     {
         int syllables = 0;

@@ -24,7 +24,7 @@ private:
     QString m_file;
     std::unique_ptr<CModifyConfigFile> m_writer;
 
-    QByteArray content() const { return contentOf(m_file); }
+    QByteArray content() const { return textOf(m_file); }
     void change(const char *key, const QVariant &value)
     {
         emit m_writer->signal_changeConfigValue(m_file, QString::fromLatin1(key), value,

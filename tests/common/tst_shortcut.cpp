@@ -16,6 +16,13 @@ QString desktop()
 {
     return QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
 }
+
+// Never the desktop of whoever runs the tests: it is emptied.
+bool isOwnDesktop()
+{
+    const QString home = qEnvironmentVariable("HOME");
+    return !home.isEmpty() && desktop().startsWith(home + QLatin1Char('/'));
+}
 } // namespace
 
 class TstShortcut : public QObject
@@ -23,8 +30,16 @@ class TstShortcut : public QObject
     Q_OBJECT
 
 private slots:
-    void init() { QVERIFY(QDir().mkpath(desktop())); }
-    void cleanup() { QDir(desktop()).removeRecursively(); }
+    void init()
+    {
+        QVERIFY2(isOwnDesktop(), qPrintable(desktop()));
+        QVERIFY(QDir().mkpath(desktop()));
+    }
+    void cleanup()
+    {
+        if (isOwnDesktop())
+            QDir(desktop()).removeRecursively();
+    }
 
     void createdAndRemovedOnTheDesktop_data()
     {

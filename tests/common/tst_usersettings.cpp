@@ -26,7 +26,7 @@ private:
         QVERIFY(QDir().mkpath(ClientPaths::userFolder()));
         writeFile(ClientPaths::userSettingsFile(), content);
     }
-    static QByteArray content() { return contentOf(ClientPaths::userSettingsFile()); }
+    static QByteArray content() { return textOf(ClientPaths::userSettingsFile()); }
 
 private slots:
     void initTestCase() { setHostContext(&m_host); }

@@ -10,7 +10,6 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QDataStream>
-#include <QDir>
 #include <QJsonObject>
 #include <QPluginLoader>
 #include <QPointer>
@@ -38,7 +37,7 @@ class Context : public ApplicationContext
 public:
     QString userId() const override { return QStringLiteral("me"); }
     QString serverDomain() const override { return QStringLiteral("corp.example"); }
-    QString userBaseFolder() const override { return QDir::homePath(); }
+    QString userBaseFolder() const override { return qEnvironmentVariable("HOME"); }
 };
 
 class Receiver : public QObject

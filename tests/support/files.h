@@ -10,6 +10,19 @@ inline QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+// What ends a line in files that the system's programs read.
+#ifdef Q_OS_WIN
+constexpr char LineEnd[] = "\r\n";
+#else
+constexpr char LineEnd[] = "\n";
+#endif
+
+// As contentOf(); lines end with "\n" on every system.
+inline QByteArray textOf(const QString &path)
+{
+    return contentOf(path).replace(LineEnd, "\n");
+}
+
 // A file of the source tree, by its path from the root.
 QString sourceFile(const char *path);
 

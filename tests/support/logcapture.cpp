@@ -2,17 +2,16 @@
 
 #include "common/clogthread.h"
 #include "common/logfilewriter.h"
+#include "tests/support/files.h"
 
 #include <QCoreApplication>
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 namespace {
 
 struct ProcessLog
 {
-    QString path = QDir::homePath() + QStringLiteral("/capture.log");
+    QString path = qEnvironmentVariable("HOME") + QStringLiteral("/capture.log");
     LogFileWriter writer{path};
     CLogThread thread;
 
@@ -48,10 +47,7 @@ QStringList writtenLines()
     if (!QTest::qWaitFor([&log] { return log.thread.isDrained(); }, 30000))
         QTest::qFail("the log thread does not come to an end", __FILE__, __LINE__);
     log.writer.flush();
-    QFile file(log.path);
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    return QString::fromUtf8(textOf(log.path)).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "tests/support/testrunner.h"
 
+#include "tests/support/ownhome.h"
+
 #include <QApplication>
 #include <QCursor>
 #include <QMap>
@@ -27,9 +29,12 @@ bool registerTestClass(const char *name, const TestFactory &factory)
 
 int runTestClasses(int argc, char **argv)
 {
-    QTemporaryDir home;
-    for (const char *variable : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"})
-        qputenv(variable, home.path().toUtf8());
+    QTemporaryDir folder;
+    const OwnHome home(folder.path());
+    if (!home.isInForce()) {
+        std::fprintf(stderr, "the user's folders are not those of the tests\n");
+        return 1;
+    }
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
