@@ -74,10 +74,6 @@ void HostSkin::setFont()
                       QStringLiteral("Noto Sans"), font.family()});
     font.setPointSizeF(10);
     QApplication::setFont(font);
-    // Windows has fonts of its own for some widgets.
-    for (const char *widget : {"QMenu", "QMenuBar", "QMessageBox", "QStatusBar", "QTipLabel",
-                               "QTitleBar", "QDockWidgetTitle", "QAbstractItemView"})
-        QApplication::setFont(font, widget);
 }
 
 void HostSkin::apply(const QString &name)
