@@ -1,8 +1,7 @@
-// The client against the real back end, while this one answers as its levers say,
-// shows wrong certificates, or goes away.
-#include "http/chttpsession.h"
+// The client against the real back end, while this one answers as its levers say, or
+// goes away. What the client makes of each status, redirect and certificate is seen with
+// a fake server.
 #include "http/cpassportloginserver.h"
-#include "http/requestheaders.h"
 #include "org/httporgfun.h"
 #include "tests/backend/runningbackend.h"
 #include "tests/support/fakecontext.h"
@@ -10,7 +9,6 @@
 
 #include <QFile>
 #include <QPointer>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <json/writer.h>
@@ -22,13 +20,11 @@ constexpr int Long = 60000; // ms; for a machine that does much else
 constexpr int AtLeastFour = -4;
 constexpr char ChildrenPath[] = "/center/org/searchOrg.do";
 constexpr char LocatePath[] = "/center/org/locateOrg.do";
-constexpr char SearchPath[] = "/center/org/fuzzySearchOrg.do";
 
 enum Kind
 {
     Children,
-    Locate,
-    Search
+    Locate
 };
 
 std::string quoted(const std::string &text)
@@ -58,8 +54,8 @@ public:
             qFatal("the address file cannot be written");
         file.write("[Hosts]\ncenter=" + address + "\nids=" + address + "\n[searchOrg]\n" +
                    "searchorgurl=" + address + ChildrenPath + "\nlocateorgurl=" + address +
-                   LocatePath + "\nfuzzysearchorgurl=" + address + SearchPath +
-                   "\n[Passport]\nloginurl=" + address + "/ids/login\nclient_id=friendui-host\n");
+                   LocatePath + "\n[Passport]\nloginurl=" + address +
+                   "/ids/login\nclient_id=friendui-host\n");
     }
     void logIn()
     {
@@ -80,7 +76,6 @@ public:
         if (done.status != 200)
             qFatal("%s", done.body.c_str());
     }
-    QUrl url(const char *path) { return QUrl(backEnd->address() + QLatin1String(path)); }
     Json::Value log()
     {
         return WebClient(backEnd->controlPort()).get("/_ctl/log").json["requests"];
@@ -103,7 +98,7 @@ private:
     QTemporaryDir m_folder;
 };
 
-// A request and what came of it: "elements", "failed", "not there" or "silent".
+// A request and what came of it: "elements", "failed" or "silent".
 struct Asked
 {
     QPointer<HttpOrgFun> request = new HttpOrgFun;
@@ -111,7 +106,7 @@ struct Asked
     OrgElementList elements;
     int status = -1;
 
-    explicit Asked(Kind kind = Children, const QString &id = QStringLiteral("C1"))
+    explicit Asked(Kind kind = Children)
     {
         const auto arrived = [this](const OrgElementList &list) {
             elements += list;
@@ -121,28 +116,16 @@ struct Asked
         const QObject *scope = request;
         QObject::connect(request, &HttpOrgFun::signal_searchOrgElements, scope, arrived);
         QObject::connect(request, &HttpOrgFun::signal_locateOrgElements, scope, arrived);
-        QObject::connect(request, &HttpOrgFun::signal_searchFinished, scope,
-                         [this] { news.append(QStringLiteral("elements")); });
         QObject::connect(request, &HttpOrgFun::searchOrgFail, scope,
                          [this, failed](const QString &, int code) {
                              status = code;
                              failed();
                          });
         QObject::connect(request, &HttpOrgFun::signal_locateOrgFail, scope, failed);
-        QObject::connect(request, &HttpOrgFun::signal_fuzzySearchFail, scope, failed);
-        QObject::connect(request, &HttpOrgFun::signal_noLocate, scope,
-                         [this] { news.append(QStringLiteral("not there")); });
-        switch (kind) {
-        case Children:
-            request->searchOrg(id, QStringLiteral("C1"));
-            break;
-        case Locate:
+        if (kind == Children)
+            request->searchOrg(QStringLiteral("C1"), QStringLiteral("C1"));
+        else
             request->locateOrg(QStringLiteral("u000001"), false);
-            break;
-        case Search:
-            request->fuzzySearchOrg(QStringLiteral("a"), true, 1, 20);
-            break;
-        }
     }
     ~Asked() { delete request; }
     Asked(const Asked &) = delete;
@@ -173,75 +156,16 @@ private slots:
     }
     void cleanupTestCase() { m_client.reset(); }
 
-    void statusTable_data();
-    void statusTable();
     void replies_data();
     void replies();
-    void redirects_data();
-    void redirects();
     void endsWithItsOwner();
     void hangsAndIsGivenUp();
     void twoOfFourAttemptsAreEnough();
     void restartedWhileRequestsRun();
-    void certificates_data();
-    void certificates();
 
 private:
     std::unique_ptr<Client> m_client; // made anew by the tests that spoil it
 };
-
-void TstClientFaults::statusTable_data()
-{
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<int>("status");
-    QTest::addColumn<int>("sends");
-    QTest::addColumn<QString>("outcome");
-    QTest::addColumn<int>("exchanges"); // of the ticket
-    struct Row
-    {
-        int status;
-        int sends[3];
-        const char *outcome[3];
-        int exchanges;
-    };
-    const Row rows[] = {
-        {200, {1, 1, 1}, {"elements", "elements", "elements"}, 0},
-        {204, {4, 1, 4}, {"failed", "not there", "failed"}, 0},
-        {302, {4, 4, 4}, {"failed", "failed", "failed"}, 4},
-        {400, {4, 4, 4}, {"failed", "failed", "failed"}, 0},
-        {401, {1, 1, 4}, {"failed", "not there", "failed"}, 0},
-        {403, {1, 1, 4}, {"failed", "not there", "failed"}, 0},
-        {404, {4, 4, 4}, {"failed", "failed", "failed"}, 0},
-        {480, {1, 1, 1}, {"silent", "silent", "silent"}, 1},
-        {500, {4, 4, 4}, {"failed", "failed", "failed"}, 0},
-        {503, {4, 4, 4}, {"failed", "failed", "failed"}, 0},
-    };
-    const char *const names[] = {"children", "locate", "search"};
-    for (const Row &row : rows) {
-        for (const int kind : {Children, Locate, Search})
-            QTest::addRow("%s %d", names[kind], row.status)
-                << kind << row.status << row.sends[kind] << QString::fromLatin1(row.outcome[kind])
-                << row.exchanges;
-    }
-}
-
-void TstClientFaults::statusTable()
-{
-    QFETCH(const int, kind);
-    QFETCH(const int, status);
-    static const char *const paths[] = {ChildrenPath, LocatePath, SearchPath};
-    // A 204 with a body would spoil the connection for the request after it.
-    const std::string body = status == 204 ? "\"\"" : "\"{}\"";
-    m_client->rule(paths[kind], "\"status\":" + std::to_string(status) + ",\"body\":" + body +
-                                    ",\"headers\":{\"Location\":\"/elsewhere\"}");
-    const Asked asked(Kind(kind), QStringLiteral("C1"));
-    QVERIFY(asked.waitForEnd());
-    QTRY_VERIFY(!m_client->passport.isRefreshing());
-    QTEST(m_client->seen(paths[kind]), "sends");
-    QTEST(asked.outcome(), "outcome");
-    QTEST(m_client->seen("/ids/login"), "exchanges");
-    QCOMPARE(m_client->seen("/elsewhere"), 0);
-}
 
 void TstClientFaults::replies_data()
 {
@@ -287,45 +211,6 @@ void TstClientFaults::replies()
     QVERIFY(next.waitForEnd());
     QCOMPARE(next.outcome(), QStringLiteral("elements"));
     QVERIFY(!next.elements.isEmpty());
-}
-
-void TstClientFaults::redirects_data()
-{
-    QTest::addColumn<QByteArray>("target");
-    QTest::addColumn<int>("error");
-    QTest::addColumn<int>("sends");
-    const auto row = [](const char *name, const QByteArray &target, int error, int sends) {
-        QTest::newRow(name) << target << error << sends;
-    };
-    row("to itself", ChildrenPath, QNetworkReply::TooManyRedirectsError,
-        CHttpSession::MaximumRedirects + 1);
-    row("to plain HTTP", "http://127.0.0.1:%1/center/x", QNetworkReply::InsecureRedirectError, 1);
-    row("to a file", "file:///etc/hostname", QNetworkReply::ProtocolUnknownError, 1);
-    row("to a script", "javascript:alert(1)", QNetworkReply::ProtocolUnknownError, 1);
-    row("to another host", "%2/center/org/searchOrg.do", QNetworkReply::SslHandshakeFailedError, 1);
-}
-
-void TstClientFaults::redirects()
-{
-    QFETCH(QByteArray, target);
-    QFETCH(const int, error);
-    RunningBackEnd other(withLevers()); // with an authority of its own, which is not known
-    target.replace("%1", QByteArray::number(other->port()));
-    target.replace("%2", other->address().toUtf8());
-    m_client->rule(ChildrenPath, "\"status\":302,\"headers\":{\"Location\":" +
-                                     quoted(target.toStdString()) + "}");
-    CHttpSession session;
-    session.addRawHeader("Authorization", "Basic c2VjcmV0");
-    QSignalSpy finished(&session, &CHttpSession::signal_finished);
-    int ended = -1;
-    connect(&session, &CHttpSession::signal_finished, this,
-            [&ended](const QNetworkReply *reply) { ended = reply->error(); });
-    session.post(RequestHeaders::formRequest(m_client->url(ChildrenPath)),
-                 QStringLiteral("orgId=C1"));
-    QTRY_COMPARE_WITH_TIMEOUT(ended, error, Long);
-    QTEST(m_client->seen(ChildrenPath), "sends");
-    QVERIFY(WebClient(other->controlPort()).get("/_ctl/log").json["requests"].empty());
-    QCOMPARE(finished.size(), 1);
 }
 
 // Whoever is gone gets no answer, and nothing is sent for him again.
@@ -390,57 +275,6 @@ void TstClientFaults::restartedWhileRequestsRun()
     const Asked next;
     QVERIFY(next.waitForEnd());
     QCOMPARE(next.outcome(), QStringLiteral("elements"));
-}
-
-void TstClientFaults::certificates_data()
-{
-    QTest::addColumn<bool>("authorityKnown");
-    QTest::addColumn<QStringList>("hosts");
-    QTest::addColumn<int>("validUntil"); // seconds from now
-    QTest::addColumn<bool>("good");
-    const QStringList here{QStringLiteral("127.0.0.1")};
-    const QStringList elsewhere{QStringLiteral("im.corp.example")};
-    QTest::newRow("proper") << true << here << 3600 << true;
-    QTest::newRow("unknown authority") << false << here << 3600 << false;
-    QTest::newRow("expired") << true << here << -60 << false;
-    QTest::newRow("another host's") << true << elsewhere << 3600 << false;
-}
-
-void TstClientFaults::certificates()
-{
-    QFETCH(const bool, authorityKnown);
-    QFETCH(const QStringList, hosts);
-    QFETCH(const int, validUntil);
-    QFETCH(const bool, good);
-    m_client.reset();
-    BackEndOptions options = withLevers();
-    CertificateOptions certificate;
-    certificate.hosts = hosts;
-    certificate.validUntil = validUntil;
-    options.specialCertificate = certificate;
-    RunningBackEnd backEnd(options);
-    FakeContext context;
-    CPassportLoginServer passport;
-    QTemporaryDir folder;
-    context.programFolder = folder.path();
-    context.passportServer = &passport;
-    context.authorities = authorityKnown ? backEnd->caFile() : QString();
-    passport.setAuthId(QStringLiteral("secret"));
-    const HostContextScope scope(&context);
-    QFile file(folder.filePath(QStringLiteral("allurl.ini")));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("[searchOrg]\nsearchorgurl=" + backEnd->address().toUtf8() + ChildrenPath + "\n");
-    file.close();
-    {
-        const Asked asked;
-        QVERIFY(asked.waitForEnd());
-        // Nobody with that log-in: what counts is whether it was told at all.
-        QCOMPARE(asked.outcome(), QStringLiteral("failed"));
-    }
-    const Json::Value requests =
-        WebClient(backEnd->controlPort()).get("/_ctl/log").json["requests"];
-    QCOMPARE(requests.empty(), !good);
-    m_client = std::make_unique<Client>();
 }
 
 FRIENDUI_TEST(TstClientFaults)
