@@ -177,8 +177,7 @@ bool Platform::restrictToOwner(QFileDevice &file)
 
 bool Platform::restrictFolderToOwner(const QString &folder)
 {
-    // What the folder holds would be gone through.
-    return isOwnerOnly(folder) || restrict(nativePath(folder), true);
+    return restrict(nativePath(folder), true);
 }
 
 bool Platform::makeFileForOwner(const QString &file)
