@@ -7,6 +7,16 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+namespace {
+// A link whose target is gone does not "exist", but is still one. Where links are files,
+// the toolkit takes every file of such a name for one until it reads the target.
+bool isLink(const QString &file)
+{
+    const QFileInfo info(file);
+    return info.isSymLink() && !info.symLinkTarget().isEmpty();
+}
+} // namespace
+
 QString DesktopShortcut::file(const QString &jid)
 {
     const QString desktop = QStandardPaths::writableLocation(QStandardPaths::DesktopLocation);
@@ -20,13 +30,14 @@ bool DesktopShortcut::create(const QString &jid)
     const QString link = file(jid);
     if (link.isEmpty())
         return false;
-    remove(jid); // the client may have moved since
+    // The client may have moved since. What is no link of ours would be written over.
+    if (!remove(jid) && QFile(link).open(QIODevice::ReadOnly))
+        return false;
     return QFile::link(QCoreApplication::applicationFilePath(), link);
 }
 
 bool DesktopShortcut::remove(const QString &jid)
 {
     const QString link = file(jid);
-    // A link whose target is gone does not "exist", but is still one.
-    return !link.isEmpty() && QFileInfo(link).isSymLink() && QFile::remove(link);
+    return !link.isEmpty() && isLink(link) && QFile::remove(link);
 }

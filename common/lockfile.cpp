@@ -2,6 +2,14 @@
 
 #include <QSysInfo>
 
+namespace {
+// On Windows the toolkit writes the name that the environment tells.
+bool isThisMachine(const QString &name)
+{
+    return name == QSysInfo::machineHostName() || name == qEnvironmentVariable("COMPUTERNAME");
+}
+} // namespace
+
 bool tryLockFile(QLockFile *lock, int timeout)
 {
     if (lock->tryLock(timeout))
@@ -11,7 +19,6 @@ bool tryLockFile(QLockFile *lock, int timeout)
     // A file that tells no owner is only just being made. One that does is held open or
     // locked as long as its owner lives, which this machine's system keeps from removal.
     return lock->error() == QLockFile::LockFailedError &&
-           lock->getLockInfo(&process, &machine, &program) &&
-           machine == QSysInfo::machineHostName() && lock->removeStaleLockFile() &&
-           lock->tryLock(0);
+           lock->getLockInfo(&process, &machine, &program) && isThisMachine(machine) &&
+           lock->removeStaleLockFile() && lock->tryLock(0);
 }

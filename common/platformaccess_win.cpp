@@ -148,11 +148,8 @@ bool restrict(const QString &path, bool folder)
         if (GetFileType(changed) != FILE_TYPE_DISK || isFolder(changed) != folder)
             return false;
         const Descriptor rights = ownersRights(folder);
-        BOOL present = FALSE, defaulted = FALSE;
-        PACL list = nullptr;
-        if (rights && GetSecurityDescriptorDacl(rights.get(), &present, &list, &defaulted) &&
-            SetSecurityInfo(changed, SE_FILE_OBJECT, Rights, nullptr, nullptr, list, nullptr) ==
-                ERROR_SUCCESS)
+        // No other function leaves alone what the folder holds.
+        if (rights && SetKernelObjectSecurity(changed, Rights, rights.get()))
             return true;
     }
     const Handle kept(open(path, READ_CONTROL | FILE_READ_ATTRIBUTES));
@@ -180,8 +177,7 @@ bool Platform::restrictToOwner(QFileDevice &file)
 
 bool Platform::restrictFolderToOwner(const QString &folder)
 {
-    // What the folder holds would be gone through.
-    return isOwnerOnly(folder) || restrict(nativePath(folder), true);
+    return restrict(nativePath(folder), true);
 }
 
 bool Platform::makeFileForOwner(const QString &file)

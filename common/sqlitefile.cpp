@@ -142,6 +142,11 @@ SqliteFile::Outcome SqliteFile::tryOpen(const Schema &schema, QString *problem)
     if (outcome == Usable &&
         ((!query.exec(WriteAhead) && !isBusy(query.lastError())) || !query.exec(FasterSync)))
         return failure(query.lastError());
+    // Not every system gives them the permissions of their file. Reading makes them.
+    query.exec(QStringLiteral("SELECT 1 FROM sqlite_master LIMIT 1"));
+    query.finish();
+    for (const char *suffix : {"-wal", "-shm"})
+        Platform::restrictToOwner(m_fileName + QLatin1String(suffix));
     return outcome;
 }
 
