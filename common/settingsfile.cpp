@@ -5,6 +5,7 @@
 #include "common/logging.h"
 #include "common/platform.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -210,20 +211,33 @@ bool SettingsFile::save(int patience)
         logFailure(__LINE__, QLatin1Char('"') + m_path + QLatin1String("\" is left as it is"));
         return false;
     }
-    const bool isIni = m_settings->format() == QSettings::IniFormat;
-    if (isIni) {
-        makeFileForOwner();
-        Platform::waitUntilClosed(m_path, patience);
-    }
-    m_settings->sync();
-    // The new file has not everywhere the old one's rights.
-    if (isIni)
-        Platform::restrictToOwner(m_path);
+    if (m_settings->format() == QSettings::IniFormat)
+        replaceFile(patience);
+    else
+        m_settings->sync();
     if (m_settings->status() == QSettings::NoError)
         return true;
     logFailure(__LINE__, m_path + QLatin1String(" cannot be written, status ") +
                              QString::number(m_settings->status()));
     return false;
+}
+
+// Somebody may open the file between the look and the replacement. QSettings keeps the
+// changes for the process, and the error for its object: another one tries again.
+void SettingsFile::replaceFile(int patience)
+{
+    constexpr int Attempts = 3;
+    makeFileForOwner();
+    const QDeadlineTimer deadline(patience);
+    for (int attempt = 1;; ++attempt) {
+        Platform::waitUntilClosed(m_path, int(deadline.remainingTime()));
+        m_settings->sync();
+        if (m_settings->status() == QSettings::NoError || attempt == Attempts)
+            break;
+        m_settings = openIni(m_path);
+    }
+    // The new file has not everywhere the old one's rights.
+    Platform::restrictToOwner(m_path);
 }
 
 // The file is made before its content, since QSettings gives a new file the

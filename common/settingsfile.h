@@ -62,6 +62,7 @@ private:
     QVariant value(const QString &key) const;
     bool examine(); // false for a file that is refused
     void makeFileForOwner() const;
+    void replaceFile(int patience); // ms
 
     const QString m_path;
     std::unique_ptr<QSettings> m_settings;
