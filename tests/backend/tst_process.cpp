@@ -1,5 +1,6 @@
 // The program: how it is started, what it says, how it ends; and its data folder.
 #include "backend/database.h"
+#include "common/platform.h"
 #include "sample/samplecompany.h"
 #include "tests/backend/consoleprocess.h"
 #include "tests/backend/runningbackend.h"
@@ -222,13 +223,11 @@ private slots:
     void filesAreTheOwnersOnly()
     {
         RunningBackEnd backEnd;
-        const QFile::Permissions others =
-            QFile::ReadGroup | QFile::WriteGroup | QFile::ReadOther | QFile::WriteOther;
-        QVERIFY(!(QFile::permissions(backEnd.folder()) & (others | QFile::ExeOther)));
+        QVERIFY(Platform::isOwnerOnly(backEnd.folder()));
         for (const char *name : {"backend.sqlite", "ca-key.pem", "server-key.pem", "password"}) {
             const QString file = backEnd.folder() + QLatin1Char('/') + QLatin1String(name);
             QVERIFY2(QFileInfo::exists(file), name);
-            QVERIFY2(!(QFile::permissions(file) & others), name);
+            QVERIFY2(Platform::isOwnerOnly(file), name);
         }
     }
 
