@@ -48,7 +48,9 @@ std::string Answer::header(const std::string &name) const
 
 WebClient::WebClient(const BackEnd &backEnd)
 {
-    auto client = std::make_unique<httplib::SSLClient>("127.0.0.1", backEnd.port());
+    // By name: built with MinGW, the library knows no addresses in certificates.
+    auto client = std::make_unique<httplib::SSLClient>("localhost", backEnd.port());
+    client->set_hostname_addr_map({{"localhost", "127.0.0.1"}});
     client->set_ca_cert_path(backEnd.caFile().toStdString(), std::string());
     client->enable_server_certificate_verification(true);
     client->set_keep_alive(true);
