@@ -25,6 +25,12 @@ QString DesktopShortcut::file(const QString &jid)
     return desktop + QLatin1Char('/') + safeFileName(jid) + QLatin1String(".lnk");
 }
 
+bool DesktopShortcut::exists(const QString &jid)
+{
+    const QString link = file(jid);
+    return !link.isEmpty() && isLink(link);
+}
+
 bool DesktopShortcut::create(const QString &jid)
 {
     const QString link = file(jid);
@@ -38,6 +44,5 @@ bool DesktopShortcut::create(const QString &jid)
 
 bool DesktopShortcut::remove(const QString &jid)
 {
-    const QString link = file(jid);
-    return !link.isEmpty() && isLink(link) && QFile::remove(link);
+    return exists(jid) && QFile::remove(file(jid));
 }

@@ -9,6 +9,9 @@ namespace DesktopShortcut {
 // system has no desktop folder.
 QString file(const QString &jid);
 
+// Whether the shortcut of this jid is there.
+bool exists(const QString &jid);
+
 // Makes the shortcut, or renews one that is there. False when it cannot be made,
 // or when something that is no link has its name.
 bool create(const QString &jid);

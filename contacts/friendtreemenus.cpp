@@ -13,7 +13,6 @@
 #include "plugin/paneactions.h"
 
 #include <QContextMenuEvent>
-#include <QFileInfo>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -147,7 +146,7 @@ void FriendTreeView::prepareContactMenu(const QString &jid)
     m_contactMenu->action("changeRemarkName")->setEnabled(other);
     const PaneActions *actions = paneActions();
     m_contactMenu->action("viewdetail")->setEnabled(actions && actions->canOpenContactDetail());
-    const bool hasShortcut = QFileInfo(DesktopShortcut::file(jid)).isSymLink();
+    const bool hasShortcut = DesktopShortcut::exists(jid);
     m_contactMenu->action("createDesktopShortcut")->setVisible(!hasShortcut);
     m_contactMenu->action("removeDesktopShortcut")->setVisible(hasShortcut);
     m_moveMenu->menuAction()->setEnabled(other);

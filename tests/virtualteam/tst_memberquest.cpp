@@ -53,8 +53,12 @@ private slots:
         QVERIFY(m_tree->isExpanded(m_f->model->groupIndex(One, m_where)));
         QVERIFY(!m_tree->isExpanded(m_f->model->groupIndex(One, QStringLiteral("g"))));
         QVERIFY(!m_f->visible<QWidget>("noticeText"));
-        QCOMPARE(asked(), (QStringList{rootGroupId(), QStringLiteral("g"), QStringLiteral("h"),
-                                       QStringLiteral("hh")}));
+        // In any order: each has a connection of its own.
+        const QStringList groups = asked();
+        QCOMPARE(groups.size(), 4);
+        QCOMPARE(QSet<QString>(groups.begin(), groups.end()),
+                 (QSet<QString>{rootGroupId(), QStringLiteral("g"), QStringLiteral("h"),
+                                QStringLiteral("hh")}));
     }
 
     void stopsForWhoGoesOn_data()

@@ -220,7 +220,7 @@ private slots:
             context.logThread()->enqueue(3, QStringLiteral("t.cpp:1"), QString::number(i));
         context.shutDown();
         QVERIFY(context.logThread()->isFinished());
-        const QByteArray text = contentOf(context.logFile());
+        const QByteArray text = textOf(context.logFile());
         QVERIFY(text.contains("]: 249\n"));
         QVERIFY(text.trimmed().endsWith("the log ends with the host"));
         context.shutDown(); // a second time does nothing
